@@ -1,0 +1,14 @@
+#pragma once
+// Looking at the first line of a file that is not blank: is this Visual Basic source at all, and
+// which dialect does it say it is ("?" when it does not say).
+#include <string>
+
+namespace hlyd {
+
+void BabValidateFile(const std::string& fileName, std::string& dialect);
+
+// The dialect code that the first non-blank line gives: "?" when it says nothing; empty when
+// the line is no Visual Basic source. Pure, for the validation and its tests.
+std::string dialectOfFirstLine(const std::string& line);
+
+}  // namespace hlyd

@@ -1,0 +1,196 @@
+#include "analysis/keywords.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "analysis/basiclan_state.h"
+#include "analysis/keyword_file.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/hlyd_error.h"
+#include "shell/message_box.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr std::int32_t kKeyWordsInitialUBound = 4500;
+
+struct FlagRule {
+    const char* name;
+    const char* allowed;
+};
+constexpr FlagRule kFlagRules[6] = {
+    {"Class-code", "-CEMDBOPVX"},     {"Indent-flag", "-NY"},
+    {"Outdent-flag", "-NY"},          {"ClassOverride-flag", "-NY"},
+    {"KeepLeadingComments-flag", "-NY"}, {"ScanForVerb-flag", "-NY"},
+};
+
+KeyWord sentinelKeyWord() {
+    KeyWord k;
+    k.ClassCode = '\0';
+    k.Word = std::string(1, '\0');
+    return k;
+}
+
+struct EntryFault {
+    std::string name;
+};
+
+// Checks one entry and fills `entry`; returns the fault's name, or empty when the entry is good.
+std::string parseEntry(const std::string& word, const std::string& dialect, const std::string& flags,
+                       const KeyWord& previous, KeyWord& entry) {
+    entry.Word = upperCase(word);
+    if (!(previous.Word < entry.Word)) return "File sequence";
+    if (dialect.empty()) return "Dialect";
+    entry.Dialect = dialect;
+    std::string f = upperCase(flags) + "------";
+    for (int i = 0; i < 6; ++i)
+        if (!std::strchr(kFlagRules[i].allowed, f[i]) || f[i] == '\0') return kFlagRules[i].name;
+    entry.ClassCode = f[0];
+    entry.Indent = f[1] == 'Y';
+    entry.Outdent = f[2] == 'Y';
+    entry.ClassOverride = f[3] == 'Y';
+    entry.KeepLeadingComments = f[4] == 'Y';
+    entry.ScanForVerb = f[5] == 'Y';
+    return {};
+}
+
+[[noreturn]] void missingKeywordFile(const std::string& directory) {
+    const std::string& title = theAppInfo().Title;
+    std::string text = std::string("The file ") + kKeywordFileName + "was not found in the directory \n" +
+                       directory + "\n\n" + kKeywordFileName + " is required for " + title +
+                       " to operate.\n\nPlease install this file in the directory " + directory;
+    showMessage(text, title, MsgButtons::OK, MsgIcon::Critical);
+    theDebug().setStatus(-7, 0);
+    raiseInternal("BabInit");
+}
+
+[[noreturn]] void keywordFileUnreadable(const std::string& path, int err) {
+    BasiclanModule& m = basiclan();
+    m.KeyWords.assign(1, sentinelKeyWord());
+    std::string text = "The following error occurred processing " + path + ".\n\n" +
+                       errorDescription(runtimeErrorFromErrno(err));
+    showMessage(text, "BabInit -- I/O Error", MsgButtons::OK, MsgIcon::Warning);
+    theDebug().setStatus(-12, 0);
+    raiseInternal("BabInit");
+}
+
+[[noreturn]] void badKeywordEntry(const std::string& path, const std::string& fault, int entry,
+                                  const std::string& word) {
+    BasiclanModule& m = basiclan();
+    m.KeyWords.assign(1, sentinelKeyWord());
+    m.KeyWordTotal = 0;
+    std::string text = "BabInit\n" + path + "\n\nInvalid " + fault + "\n\nRecord=" +
+                       std::to_string(entry) + " KeyWord=|" + word + "|";
+    showMessage(text, "BabInit", MsgButtons::OK, MsgIcon::Critical);
+    theDebug().setStatus(4, entry);
+    raiseInternal("BabInit");
+}
+
+void readKeywordFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) keywordFileUnreadable(path, errno);
+    std::ostringstream buffer;
+    buffer << in.rdbuf();
+    if (in.bad()) keywordFileUnreadable(path, errno);
+    std::string content = buffer.str();
+
+    BasiclanModule& m = basiclan();
+    DelimitedReader reader(content);
+    std::int32_t count = 0;
+    while (!reader.atEnd()) {
+        std::string word = reader.readValue();
+        std::string dialect = reader.readValue();
+        std::string flags = reader.readValue();
+        ++count;
+        if (count >= static_cast<std::int32_t>(m.KeyWords.size())) m.KeyWords.resize(count + 101);
+        KeyWord entry;
+        std::string fault = parseEntry(word, dialect, flags, m.KeyWords[count - 1], entry);
+        if (!fault.empty()) badKeywordEntry(path, fault, count, word);
+        m.KeyWords[count] = std::move(entry);
+    }
+    m.KeyWords.resize(count + 1);
+    m.KeyWordTotal = count;
+}
+
+}  // namespace
+
+void BabInitFrom(const std::string& path) {
+    TraceScope trace(theDebug().TracePackages, "BabInit");
+    BasiclanModule& m = basiclan();
+    if (m.BabInitDone) {
+        theDebug().setStatus(1, 0);
+        return;
+    }
+    m.BabInitDone = true;
+    theLog().LogData("BASICLAN.BAS Version 87 Dated 19-Dec-95\n BASICLAN.BE Version 29 Dated 18-Dec-95");
+    m.KeyWords.assign(kKeyWordsInitialUBound + 1, KeyWord{});
+    m.KeyWords[0] = sentinelKeyWord();
+    m.KeyWordTotal = 0;
+    m.CurrentDialect.clear();
+
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(path, ec))
+        missingKeywordFile(std::filesystem::path(path).parent_path().string());
+    readKeywordFile(path);
+    BuildKeyWordsForDialect("6");
+}
+
+void BabInit() { BabInitFrom(dataFilePath(kKeywordFileName)); }
+
+void BuildKeyWordsForDialect(const std::string& dialect) {
+    BasiclanModule& m = basiclan();
+    if (dialect != "3" && dialect != "4" && dialect != "5" && dialect != "6") {
+        theDebug().setStatus(3, 1);
+        raiseInternal("BuildKeyWordsForDialect");
+    }
+    if (dialect == m.CurrentDialect) return;
+    if (m.KeyWords.empty()) m.KeyWords.assign(1, sentinelKeyWord());
+    m.DialectKeyWords.clear();
+    m.DialectKeyWords.reserve(m.KeyWords.size());
+    for (const KeyWord& k : m.KeyWords)
+        if (k.Dialect == "*" || !(k.Dialect > dialect)) m.DialectKeyWords.push_back(k);
+    m.CurrentDialect = dialect;
+    m.DialectKeyWordCount = static_cast<std::int32_t>(m.DialectKeyWords.size());
+    m.LetKeyWord = 0;
+    SearchForKeyWord("LET", m.LetKeyWord);
+}
+
+void SearchForKeyWord(std::string_view word, std::int32_t& index) {
+    const BasiclanModule& m = basiclan();
+    index = 0;
+    std::int32_t low = 1;
+    std::int32_t high = m.DialectKeyWordCount - 1;
+    while (high >= low) {
+        std::int32_t mid = (high + low) / 2;
+        const std::string& entry = m.DialectKeyWords[mid].Word;
+        int cmp = 0;
+        std::size_t n = std::min(word.size(), entry.size());
+        for (std::size_t i = 0; i < n && cmp == 0; ++i)
+            cmp = int(upperChar(static_cast<unsigned char>(word[i]))) - int(static_cast<unsigned char>(entry[i]));
+        if (cmp == 0) cmp = word.size() < entry.size() ? -1 : (word.size() > entry.size() ? 1 : 0);
+        if (cmp > 0) low = mid + 1;
+        else if (cmp < 0) high = mid - 1;
+        else { index = mid; return; }
+    }
+}
+
+bool BabIsKeyWord(std::string_view word) {
+    std::int32_t index = 0;
+    SearchForKeyWord(word, index);
+    return index != 0;
+}
+
+const KeyWord& dialectKeyWord(std::int32_t index) {
+    static const KeyWord empty = sentinelKeyWord();
+    const BasiclanModule& m = basiclan();
+    if (index < 0 || index >= static_cast<std::int32_t>(m.DialectKeyWords.size())) return empty;
+    return m.DialectKeyWords[index];
+}
+
+}  // namespace hlyd

@@ -1,0 +1,157 @@
+#include "analysis/record_reader.h"
+
+#include <new>
+
+#include "analysis/basiclan_state.h"
+#include "analysis/tokenizer.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/hlyd_error.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr const char* kProcName = "ReadRecordExtractTokens";
+
+bool continuesComment(const SourceTables& t, bool inContinuedComment) {
+    if (inContinuedComment) return true;
+    if (t.TokenCount < 1) return false;
+    const Token& last = t.Tokens[t.TokenCount];
+    return last.is(kTokCommentish, kDetComment) && last.Continued == 1;
+}
+
+// The whole line, blanks and all, is one more piece of the comment above it.
+void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanModule& m) {
+    if (t.TokenCount + 1 > m.TokensUBound || t.RecordCount + 1 > m.RecordsUBound) raiseRuntime(9, kProcName);
+    Token& token = t.Tokens[++t.TokenCount];
+    token = Token{};
+    token.Class = kTokCommentish;
+    token.Detail = kDetComment;
+    token.Text.assign(line);
+    if (!token.Text.empty() && token.Text.back() == '_') {
+        token.Continued = 1;
+        token.Text.pop_back();
+    }
+    m.RecordIndex = ++t.RecordCount;
+    Record record;
+    record.FirstT = record.LastT = t.TokenCount;
+    t.Records[m.RecordIndex] = record;
+}
+
+void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
+    if (t.TokenCount + incoming <= m.TokensUBound) return;
+    m.TokensUBound += kTokensStep;
+    if (m.TokensUBound <= kTokensLimit) {
+        t.Tokens.redimPreserve(m.TokensUBound);
+        return;
+    }
+    m.TokensUBound = kTokensLimit;
+    theDebug().setStatus(-4, 0);
+    raiseInternal(kProcName);
+}
+
+void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
+    std::int32_t count = 0;
+    ExtractTokens(line, m.WorkTokens, count);
+    if (theDebug().BabStatus == 4) {
+        theDebug().setStatus(-3, 0);
+        raiseInternal(kProcName);
+    }
+    AnalyzeTokens(m.WorkTokens, count);
+    growTokensFor(t, m, count);
+    if (++m.RecordIndex > m.RecordsUBound - kGrowthMargin) {
+        m.RecordsUBound += kRecordsStep;
+        t.Records.redimPreserve(m.RecordsUBound);
+    }
+    for (std::int32_t i = 1; i <= count; ++i) t.Tokens[t.TokenCount + i] = m.WorkTokens[i];
+    Record record;
+    record.FirstT = t.TokenCount + 1;
+    record.LastT = t.TokenCount + count;
+    t.TokenCount += count;
+    t.Records[m.RecordIndex] = record;
+}
+
+std::string failureMessage(int status) {
+    switch (status) {
+        case -1: return "Invalid Token -- could not be processed";
+        case -2: return "Record too big -- greater than 2048 characters";
+        case -3: return "Record too complex -- contains more than " + std::to_string(kWorkTokensUBound) + " tokens";
+        case -4: return "Too many tokens -- more than 500000";
+        default: return "Unknown error";
+    }
+}
+
+// What was read stays; a marker token and record stand in for the line, and reading ends.
+void recover(SourceTables& t, BasiclanModule& m, int number, const std::string& description) {
+    cDebug& debug = theDebug();
+    std::string message;
+    if (number == kInternalError) {
+        message = failureMessage(debug.BabStatus);
+        debug.BabStatusDetail = debug.BabStatus;
+    } else {
+        message = description;
+        debug.BabStatusDetail = static_cast<std::int16_t>(number);
+    }
+    theLog().LogData(std::string("The following error occurred in proc ") + kProcName + " reading record:" +
+                     std::to_string(m.RecordIndex + 1) + ". \n===>" + message);
+    if (t.TokenCount < kTokensLimit) ++t.TokenCount;
+    if (t.TokenCount > m.TokensUBound) {
+        if (++m.TokensUBound > kTokensLimit) {
+            m.TokensUBound = t.TokenCount = kTokensLimit;
+        } else {
+            t.Tokens.redimPreserve(m.TokensUBound);
+        }
+    }
+    Token& marker = t.Tokens[t.TokenCount];
+    marker = Token{};
+    marker.Class = kTokInvalid;
+    marker.Text = kInvalidRecordText;
+    if (++m.RecordIndex > m.RecordsUBound - kGrowthMargin) {
+        ++m.RecordsUBound;
+        t.Records.redimPreserve(m.RecordsUBound);
+    }
+    t.Records[m.RecordIndex].FirstT = t.TokenCount;
+    t.Records[m.RecordIndex].LastT = t.TokenCount;
+    debug.BabStatus = 4;
+}
+
+// The empty Record after the last line marks the end of the file.
+void addSentinelAtEnd(SourceFile& file, SourceTables& t, BasiclanModule& m) {
+    if (!file.atEnd() && theDebug().BabStatus != 4) return;
+    if (++m.RecordIndex > m.RecordsUBound - kGrowthMargin) {
+        m.RecordsUBound = m.RecordIndex;
+        t.Records.redimPreserve(m.RecordsUBound);
+    }
+    t.Records[m.RecordIndex] = Record{};
+}
+
+}  // namespace
+
+void ReadRecordExtractTokens(SourceFile& file, SourceTables& t, bool& inContinuedComment) {
+    BasiclanModule& m = basiclan();
+    cDebug& debug = theDebug();
+    debug.BabStatus = 0;
+    if (file.atEnd()) {
+        debug.BabStatus = 11;
+        return;
+    }
+    if (t.RecordCount == 0) m.RecordIndex = 0;
+    try {
+        std::string_view line = file.readLine();
+        if (line.size() > static_cast<std::size_t>(kMaxRecordLength)) {
+            debug.setStatus(-2, 0);
+            raiseInternal(kProcName);
+        }
+        if (continuesComment(t, inContinuedComment)) readCommentContinuation(line, t, m);
+        else readCodeLine(line, t, m);
+    } catch (const HlydError& e) {
+        recover(t, m, e.Number, e.Description);
+    } catch (const std::bad_alloc&) {
+        recover(t, m, 7, errorDescription(7));
+    }
+    addSentinelAtEnd(file, t, m);
+    t.RecordCount = m.RecordIndex;
+}
+
+}  // namespace hlyd

@@ -1,0 +1,69 @@
+#include "analysis/source_model.h"
+
+#include "analysis/basiclan_state.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/hlyd_error.h"
+
+namespace hlyd {
+
+namespace {
+
+void requireInit(const char* proc) {
+    if (basiclan().BabInitDone) return;
+    theDebug().setStatus(2, 0);
+    raiseInternal(proc);
+}
+
+template <class T>
+void blankRange(VbArray<T>& table, std::int32_t first, std::int32_t last, const char* proc) {
+    requireInit(proc);
+    if (first < 0 || first > last || last > table.UBound()) {
+        theDebug().setStatus(3, 23);
+        raiseInternal(proc);
+    }
+    for (std::int32_t i = first; i <= last; ++i) table[i] = T{};
+}
+
+}  // namespace
+
+void BabInitRecord(Record& record) {
+    requireInit("BabInitRecord");
+    record = Record{};
+}
+
+void BabInitToken(Token& token) {
+    requireInit("BabInitToken");
+    token = Token{};
+}
+
+void BabInitRecords(VbArray<Record>& records, std::int32_t first, std::int32_t last) {
+    blankRange(records, first, last, "BabInitRecords");
+}
+
+void BabInitStatements(VbArray<Statement>& statements, std::int32_t first, std::int32_t last) {
+    blankRange(statements, first, last, "BabInitStatements");
+}
+
+void BabInitTokens(VbArray<Token>& tokens, std::int32_t first, std::int32_t last) {
+    blankRange(tokens, first, last, "BabInitTokens");
+}
+
+void BabInitFile(SourceTables& t, const std::string& dialect) {
+    TraceScope trace(theDebug().TracePackages, "BabInitFile");
+    requireInit("BabInitFile");
+    BuildKeyWordsForDialect(dialect);
+    BasiclanModule& m = basiclan();
+    t.RecordCount = 0;
+    m.RecordsUBound = kRecordsStep;
+    t.Records.redim(m.RecordsUBound);
+    t.StatementCount = 0;
+    m.StatementsUBound = kStatementsStep;
+    t.Statements.redim(m.StatementsUBound);
+    t.TokenCount = 0;
+    m.TokensUBound = kTokensStep;
+    t.Tokens.redim(m.TokensUBound);
+    m.InClassHeader = m.InEnum = m.InFormHeader = m.InProc = m.InType = false;
+}
+
+}  // namespace hlyd

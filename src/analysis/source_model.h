@@ -1,0 +1,119 @@
+#pragma once
+// What a source file becomes once read: Records (physical lines), Statements and Tokens, three
+// parallel tables indexed from 1 (element 0 is never used; index 0 means "none").
+#include <cstdint>
+#include <string>
+
+#include "analysis/vb_array.h"
+
+namespace hlyd {
+
+struct Record {
+    std::int32_t FirstS = 0;
+    std::int32_t FirstT = 0;
+    std::int32_t Indent = 0;
+    std::int32_t LastS = 0;
+    std::int32_t LastT = 0;
+    std::int32_t TiedTo = 0;
+    std::int32_t TiedStart = 0;
+};
+
+// Statement classes.
+enum : std::int32_t {
+    kStmtOrdinary = 0,
+    kStmtComment = 1,
+    kStmtDeclaration = 2,
+    kStmtBlank = 3,
+    kStmtProcEnd = 4,
+    kStmtProcStart = 5,
+    kStmtHeader = 6,
+};
+
+// Statement flags.
+enum : std::int32_t {
+    kFlagProcListingStart = 1,
+    kFlagFormDescription = 2,
+    kFlagIndent = 4,
+    kFlagKeepLeadingComments = 8,
+    kFlagLabel = 16,
+    kFlagOutdent = 32,
+};
+
+struct Statement {
+    std::int32_t Class = 0;
+    std::int32_t Detail = 0;
+    std::int32_t FirstToken = 0;
+    std::int32_t Flags = 0;
+    std::int32_t LastSignificant = 0;
+    std::int32_t LastToken = 0;
+    std::int32_t FirstRecord = 0;
+    std::int32_t LastRecord = 0;
+    std::int32_t Verb = 0;
+};
+
+// Token classes and details.
+enum : std::int32_t {
+    kTokKeyword = 0,
+    kTokIdentifier = 1,
+    kTokInvalid = 2,
+    kTokLiteral = 3,
+    kTokOperator = 4,
+    kTokCommentish = 5,  // comments, empty lines, labels
+    kTokColon = 6,
+};
+enum : std::int32_t {
+    kDetIdentifier = 8,
+    kDetDate = 1,
+    kDetNumber = 2,
+    kDetString = 3,
+    kDetNamedArg = 2,
+    kDetOperator = 6,
+    kDetComment = 1,
+    kDetEmpty = 3,
+    kDetLabel = 4,
+    kDetLabelRef = 5,
+    kDetLabelColon = 1,
+    kDetSeparator = 2,
+};
+
+struct Token {
+    std::int32_t Class = 0;
+    std::int32_t Detail = 0;
+    std::int32_t Flags = 0;
+    std::int32_t Continued = 0;
+    bool KeyWordSeen = false;
+    bool KeyWordKept = false;
+    std::string Text;
+    std::int32_t pKeyWord = 0;
+    std::int32_t Statement = 0;
+    std::int32_t Column = 0;
+    std::string LeadingSpace;
+
+    bool is(std::int32_t cls, std::int32_t detail) const { return Class == cls && Detail == detail; }
+};
+
+constexpr const char* kInvalidRecordText = "???InvalidRecord???";
+
+// The tables of the one current file and their counts.
+struct SourceTables {
+    VbArray<Record> Records;
+    std::int32_t RecordCount = 0;
+    VbArray<Statement> Statements;
+    std::int32_t StatementCount = 0;
+    VbArray<Token> Tokens;
+    std::int32_t TokenCount = 0;
+};
+
+// The tables of the selected file, shared by every consumer.
+SourceTables& theSourceTables();
+
+void BabInitRecord(Record& record);
+void BabInitRecords(VbArray<Record>& records, std::int32_t first, std::int32_t last);
+void BabInitStatements(VbArray<Statement>& statements, std::int32_t first, std::int32_t last);
+void BabInitTokens(VbArray<Token>& tokens, std::int32_t first, std::int32_t last);
+void BabInitToken(Token& token);
+
+// Makes the tables ready for a new file of the dialect ("3" to "6").
+void BabInitFile(SourceTables& tables, const std::string& dialect);
+
+}  // namespace hlyd

@@ -1,0 +1,221 @@
+#include "analysis/statement_analysis.h"
+
+#include <string>
+
+#include "analysis/basiclan_state.h"
+
+namespace hlyd {
+
+namespace {
+
+const std::string kNoText;
+
+const std::string& upperWordAt(const SourceTables& t, std::int32_t index, std::string& scratch) {
+    if (index < 1 || index > t.TokenCount) return kNoText;
+    scratch = upperCase(t.Tokens[index].Text);
+    return scratch;
+}
+
+int declarationOffset(const std::string& w) {
+    static const char* const kWords[] = {"CONST", "DECLARE", "DIM", "PRIVATE", "GLOBAL",
+                                         "PUBLIC", "REDIM", "STATIC", "EVENT"};
+    static const int kOffsets[] = {1, 2, 3, 4, 5, 5, 6, 7, 8};
+    for (int i = 0; i < 9; ++i)
+        if (w == kWords[i]) return kOffsets[i];
+    return 0;
+}
+
+bool isOneOf(const std::string& w, std::initializer_list<const char*> words) {
+    for (const char* candidate : words)
+        if (w == candidate) return true;
+    return false;
+}
+
+class StatementBuilder {
+public:
+    StatementBuilder(SourceTables& t, std::int32_t n) : t_(t), m_(basiclan()), n_(n) {}
+    void build(std::int32_t& nextToken, std::int32_t lastToken);
+
+private:
+    std::int32_t findStart();
+    void findEnd(std::int32_t lastToken);
+    void findVerb();
+    void fileHeaders();
+    void procedureBounds(const std::string& w);
+    void blockMembers(const std::string& w);
+    void declaration(const std::string& w);
+    void indentFlag(const KeyWord& k, const std::string& w);
+    void outdentFlag(const KeyWord& k, const std::string& w);
+    const std::string& nextWord() { return upperWordAt(t_, s_.Verb + 1, scratch_); }
+    bool inHeader() const { return m_.InFormHeader || m_.InClassHeader; }
+
+    SourceTables& t_;
+    BasiclanModule& m_;
+    std::int32_t n_;
+    Statement s_;
+    std::int32_t start_ = 0;
+    std::string scratch_;
+};
+
+void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
+    s_.FirstToken = nextToken;
+    Token& first = t_.Tokens[nextToken];
+    first.Flags += 2;
+    if (first.is(kTokCommentish, kDetComment) || first.is(kTokCommentish, kDetEmpty)) {
+        s_.Class = first.Detail;
+        first.Statement = n_;
+        s_.LastToken = lastToken;
+        nextToken = lastToken + 1;
+        t_.Statements[n_] = s_;
+        return;
+    }
+    start_ = findStart();
+    findEnd(lastToken);
+    nextToken = s_.LastToken + 1;
+    findVerb();
+    if (s_.Verb != 0 && !m_.InType && t_.Tokens[s_.Verb].pKeyWord != 0) fileHeaders();
+    if (m_.InFormHeader) s_.Flags |= kFlagFormDescription;
+    else if (m_.InClassHeader) s_.Class = kStmtHeader;
+    if (s_.Verb == 0) {
+        if (m_.InType) s_.Class = kStmtDeclaration, s_.Detail = 109;
+        else if (m_.InEnum) s_.Class = kStmtDeclaration, s_.Detail = 112;
+        t_.Statements[n_] = s_;
+        return;
+    }
+    std::int32_t pKeyWord = t_.Tokens[s_.Verb].pKeyWord;
+    const KeyWord& k = dialectKeyWord(pKeyWord);
+    const std::string w = k.Word;
+    procedureBounds(w);
+    if (declarationOffset(w) == 0) blockMembers(w);
+    else declaration(w);
+    if (isOneOf(w, {"GOSUB", "GOTO", "IF", "ON", "RESUME"})) ScanForLabelReferences(pKeyWord, s_, t_);
+    if (k.Indent) indentFlag(k, w);
+    if (k.KeepLeadingComments) s_.Flags |= kFlagKeepLeadingComments;
+    if (k.Outdent) outdentFlag(k, w);
+    t_.Statements[n_] = s_;
+}
+
+// A label and its ":" (or a line number) belong to the statement that follows them.
+std::int32_t StatementBuilder::findStart() {
+    Token& first = t_.Tokens[s_.FirstToken];
+    if (!first.is(kTokCommentish, kDetLabel)) return s_.FirstToken;
+    s_.Flags |= kFlagLabel;
+    first.Statement = n_;
+    if (!first.Text.empty() && static_cast<unsigned char>(first.Text[0]) > '9') return s_.FirstToken + 2;
+    if (s_.FirstToken + 1 <= t_.TokenCount) t_.Tokens[s_.FirstToken + 1].Statement = n_;
+    return s_.FirstToken + 1;
+}
+
+void StatementBuilder::findEnd(std::int32_t lastToken) {
+    s_.LastToken = lastToken;
+    for (std::int32_t i = start_; i <= lastToken; ++i) {
+        Token& token = t_.Tokens[i];
+        token.Statement = n_;
+        if (token.Class != kTokCommentish && token.Class != kTokColon) s_.LastSignificant = i;
+        if (token.is(kTokColon, kDetSeparator)) {
+            s_.LastToken = i;
+            return;
+        }
+    }
+}
+
+void StatementBuilder::findVerb() {
+    for (std::int32_t i = start_; i <= s_.LastToken; ++i) {
+        Token& token = t_.Tokens[i];
+        if (token.pKeyWord != 0) {
+            const KeyWord& k = dialectKeyWord(token.pKeyWord);
+            if (k.ClassCode != 'V') continue;
+            const KeyWord& before = dialectKeyWord(i > 1 ? t_.Tokens[i - 1].pKeyWord : 0);
+            bool isVerb = i == start_ || (i == start_ + 1 && t_.Tokens[i - 1].Text == "#") ||
+                          before.ScanForVerb || before.ClassOverride;
+            if (!isVerb) continue;
+            s_.Verb = i;
+            if (!k.ClassOverride) return;
+        } else if (token.Text == "=") {
+            s_.Verb = i;
+            token.pKeyWord = m_.LetKeyWord;
+            return;
+        }
+    }
+}
+
+void StatementBuilder::fileHeaders() {
+    const std::string& w = dialectKeyWord(t_.Tokens[s_.Verb].pKeyWord).Word;
+    if (w == "ATTRIBUTE") {
+        s_.Class = kStmtHeader;
+    } else if (w == "BEGIN") {
+        if (start_ == s_.LastToken) m_.InClassHeader = true;
+        else m_.InFormHeader = true;
+    } else if (w == "VERSION") {
+        s_.Class = kStmtHeader;
+        if (s_.LastToken == 2) m_.InFormHeader = true;
+    }
+}
+
+void StatementBuilder::procedureBounds(const std::string& w) {
+    if (w == "FUNCTION" || w == "SUB" || (w == "PROPERTY" && isOneOf(nextWord(), {"LET", "GET", "SET"}))) {
+        s_.Class = kStmtProcStart;
+        m_.InProc = true;
+    } else if (w == "END" && s_.Verb < s_.LastToken && isOneOf(nextWord(), {"PROPERTY", "FUNCTION", "SUB"})) {
+        s_.Class = kStmtProcEnd;
+        m_.InProc = false;
+    }
+}
+
+// Type and Enum are tracked one step ahead, by the tokenizer: so an "End Type" is recognised by
+// the member line before it.
+void StatementBuilder::blockMembers(const std::string& w) {
+    std::int32_t before = n_ > 1 ? t_.Statements[n_ - 1].Detail : 0;
+    if (m_.InType) s_.Class = kStmtDeclaration, s_.Detail = 111;
+    else if (w == "END" && before == 109) s_.Class = kStmtDeclaration, s_.Detail = 110;
+    if (m_.InEnum) s_.Class = kStmtDeclaration, s_.Detail = 114;
+    else if (w == "END" && before == 112) s_.Class = kStmtDeclaration, s_.Detail = 113;
+}
+
+void StatementBuilder::declaration(const std::string& w) {
+    s_.Class = kStmtDeclaration;
+    const std::string& p = dialectKeyWord(s_.Verb > 1 ? t_.Tokens[s_.Verb - 1].pKeyWord : 0).Word;
+    int base = 200;
+    if (isOneOf(p, {"PUBLIC", "GLOBAL"}) || isOneOf(w, {"PUBLIC", "GLOBAL"})) base = 100;
+    else if (m_.InProc) base = 300;
+    s_.Detail = base + declarationOffset(w);
+}
+
+void StatementBuilder::indentFlag(const KeyWord& k, const std::string& w) {
+    if (w == "BEGIN" || w == "BEGINPROPERTY") {
+        if (inHeader()) s_.Flags |= kFlagIndent;
+    } else if (w == "IF") {
+        std::string scratch;
+        if (s_.LastSignificant != 0 && upperWordAt(t_, s_.LastSignificant, scratch) == "THEN")
+            s_.Flags |= kFlagIndent;
+    } else if (!inHeader()) {
+        s_.Flags |= kFlagIndent;
+    }
+}
+
+void StatementBuilder::outdentFlag(const KeyWord& k, const std::string& w) {
+    if (w == "END") {
+        if (s_.LastSignificant == 0) return;
+        std::string scratch;
+        const std::string& last = upperWordAt(t_, s_.LastSignificant, scratch);
+        if (!isOneOf(last, {"END", "FUNCTION", "PROPERTY", "SUB"}) || inHeader()) s_.Flags |= kFlagOutdent;
+    } else if (w == "ENDPROPERTY") {
+        if (m_.InFormHeader) s_.Flags |= kFlagOutdent;
+    } else if ((!m_.InFormHeader && !m_.InType) || w == "ELSE") {
+        s_.Flags |= kFlagOutdent;
+    }
+}
+
+}  // namespace
+
+void AnalyzeStatement(SourceTables& t, std::int32_t& nextToken, std::int32_t lastToken) {
+    BasiclanModule& m = basiclan();
+    std::int32_t n = ++t.StatementCount;
+    if (n > m.StatementsUBound - kGrowthMargin) {
+        m.StatementsUBound += kStatementsStep;
+        t.Statements.redimPreserve(m.StatementsUBound);
+    }
+    StatementBuilder(t, n).build(nextToken, lastToken);
+}
+
+}  // namespace hlyd

@@ -1,0 +1,172 @@
+// Classifying the raw tokens of one line: literals, operators, comments, labels, keywords, and the
+// Type and Enum block state that the statements of the line will see.
+#include "analysis/tokenizer.h"
+
+namespace hlyd {
+
+namespace {
+
+inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+void setClass(Token& t, std::int32_t cls, std::int32_t detail) {
+    t.Class = cls;
+    t.Detail = detail;
+}
+
+class LineClassifier {
+public:
+    LineClassifier(WorkTokenArray& work, std::int32_t count) : w_(work), n_(count), m_(basiclan()) {}
+    void classify();
+    std::int32_t compact();
+
+private:
+    void classifyOne(std::int32_t k);
+    void typeSuffix(std::int32_t k);
+    void labelColon(std::int32_t k);
+    void continuation(std::int32_t k);
+    void keyword(std::int32_t k);
+    void trackBlocks(std::int32_t k, const std::string& word);
+    bool secondTokenIs(const char* upperWord) const { return n_ >= 2 && equalsUpper(w_[2].Text, upperWord); }
+
+    WorkTokenArray& w_;
+    std::int32_t n_;
+    BasiclanModule& m_;
+    bool labelSeen_ = false;
+};
+
+void LineClassifier::classify() {
+    for (std::int32_t k = 1; k <= n_; ++k) classifyOne(k);
+}
+
+void LineClassifier::classifyOne(std::int32_t k) {
+    Token& t = w_[k];
+    if (t.Text.empty()) {
+        if (k == 1) setClass(t, kTokCommentish, kDetEmpty);
+        return;
+    }
+    char c = t.Text[0];
+    if (isLetter(c)) {
+        if (t.Class == 0) keyword(k);
+    } else if (isDigit(c)) {
+        if (k == 1) setClass(t, kTokCommentish, kDetLabel);
+        else setClass(t, kTokLiteral, kDetNumber);
+    } else {
+        switch (c) {
+            case '"': setClass(t, kTokLiteral, kDetString); break;
+            case '.':
+            case '+':
+            case '-':
+            case '&':
+                if (t.Text.size() > 1) setClass(t, kTokLiteral, kDetNumber);
+                else setClass(t, kTokOperator, kDetOperator);
+                break;
+            case '<':
+            case '>': setClass(t, kTokOperator, kDetOperator); break;
+            case '!':
+                setClass(t, kTokOperator, kDetOperator);
+                typeSuffix(k);
+                break;
+            case '\'': setClass(t, kTokCommentish, kDetComment); break;
+            case '#':
+                if (t.Text.size() == 1) setClass(t, kTokOperator, kDetOperator);
+                else setClass(t, kTokLiteral, kDetDate);
+                break;
+            case ':': labelColon(k); break;
+            case '_':
+            case '\\': continuation(k); break;
+            default:
+                if (t.Class == 0) setClass(t, kTokOperator, kDetOperator);
+        }
+    }
+}
+
+// "x!" written without blanks is a Single-typed name, not the bang operator.
+void LineClassifier::typeSuffix(std::int32_t k) {
+    Token& bang = w_[k];
+    if (k == 1 || k == n_ || !bang.LeadingSpace.empty()) return;
+    const std::string& next = w_[k + 1].Text;
+    unsigned char nextFirst = next.empty() ? 0 : upperChar(static_cast<unsigned char>(next[0]));
+    if (nextFirst >= 'A' && nextFirst <= 'Z') return;
+    Token& before = w_[k - 1];
+    before.Text += '!';
+    before.Flags += bang.Flags;
+    bang.Text.clear();
+}
+
+void LineClassifier::labelColon(std::int32_t k) {
+    Token& t = w_[k];
+    if (m_.InFormHeader) {
+        setClass(t, kTokOperator, kDetOperator);
+        return;
+    }
+    if (k == 1) return;
+    Token& before = w_[k - 1];
+    bool nameBefore = before.Class == kTokIdentifier || before.is(kTokLiteral, kDetNumber);
+    if (nameBefore && !labelSeen_ && (k == 2 || w_[k - 2].Text == ":")) {
+        setClass(t, kTokColon, kDetLabelColon);
+        setClass(before, kTokCommentish, kDetLabel);
+        labelSeen_ = true;
+        return;
+    }
+    labelSeen_ = false;
+    t.Detail = kDetSeparator;
+    t.Class = t.Text == ":=" ? kTokOperator : kTokColon;
+}
+
+// A lone "_" or "\" at the very end of a line continues it on the next.
+void LineClassifier::continuation(std::int32_t k) {
+    Token& t = w_[k];
+    if (t.Text.size() == 1 && k == n_ && k >= 2) {
+        w_[k - 1].Continued += 1;
+        t.Text.clear();
+        return;
+    }
+    setClass(t, kTokOperator, kDetOperator);
+}
+
+void LineClassifier::keyword(std::int32_t k) {
+    Token& t = w_[k];
+    bool lookup = k > 1 || !m_.InType;
+    if (!lookup && k == 1 && n_ >= 2 && (equalsUpper(t.Text, "PRIVATE") || equalsUpper(t.Text, "END")))
+        lookup = secondTokenIs("TYPE") || secondTokenIs("ENUM");
+    std::int32_t index = 0;
+    if (lookup) SearchForKeyWord(t.Text, index);
+    if (index == 0) {
+        setClass(t, kTokIdentifier, kDetIdentifier);
+        return;
+    }
+    t.pKeyWord = index;
+    t.KeyWordSeen = t.KeyWordKept = true;
+    setClass(t, kTokKeyword, 0);
+    trackBlocks(k, m_.DialectKeyWords[index].Word);
+}
+
+void LineClassifier::trackBlocks(std::int32_t k, const std::string& word) {
+    bool first = k == 1 || equalsUpper(w_[1].Text, "PRIVATE") || equalsUpper(w_[1].Text, "PUBLIC");
+    bool endLine = word == "END" && k == 1 && n_ >= 2;
+    if (word == "TYPE" && !m_.InProc && !m_.InFormHeader && first) m_.InType = true;
+    else if (endLine && secondTokenIs("TYPE")) m_.InType = false;
+    if (word == "ENUM" && first) m_.InEnum = true;
+    else if (endLine && secondTokenIs("ENUM")) m_.InEnum = false;
+}
+
+std::int32_t LineClassifier::compact() {
+    std::int32_t kept = 1;
+    for (std::int32_t k = 2; k <= n_; ++k) {
+        if (w_[k].Text.empty()) continue;
+        ++kept;
+        if (kept != k) std::swap(w_[kept], w_[k]);
+    }
+    return kept;
+}
+
+}  // namespace
+
+void AnalyzeTokens(WorkTokenArray& workTokens, std::int32_t& workTokenCount) {
+    LineClassifier line(workTokens, workTokenCount);
+    line.classify();
+    workTokenCount = line.compact();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,261 @@
+#include "analysis/tokenizer.h"
+
+#include <string>
+
+#include "shell/c_debug.h"
+
+namespace hlyd {
+
+namespace {
+
+struct CharSets {
+    bool blank[256] = {};
+    bool dateStop[256] = {};
+    bool numberEnd[256] = {};
+    bool wordEnd[256] = {};
+    CharSets() {
+        auto set = [](bool* table, std::string_view chars) {
+            for (char c : chars) table[static_cast<unsigned char>(c)] = true;
+        };
+        set(blank, " \t");
+        set(dateStop, std::string_view("\t\0#'\"", 5));
+        set(numberEnd, std::string_view(" \t\0()':,\"=<>\\/*[];", 19));
+        set(wordEnd, std::string_view(" \t\0()':,.\"=<>\\/*[];+-!", 23));
+    }
+};
+const CharSets kSets;
+
+inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+void blankToken(Token& t) {
+    t.Class = t.Detail = t.Flags = t.Continued = 0;
+    t.KeyWordSeen = t.KeyWordKept = false;
+    t.Text.clear();
+    t.pKeyWord = t.Statement = t.Column = 0;
+    t.LeadingSpace.clear();
+}
+
+// The line with one NUL after it, walked by position; Rest is [pos, len], empty once pos > len.
+class LineCutter {
+public:
+    LineCutter(std::string_view line, WorkTokenArray& work) : src_(line), len_(line.size()), work_(work) {
+        blankToken(work_[1]);
+    }
+
+    void cut(std::int32_t& count);
+
+private:
+    char at(std::size_t i) const { return i < len_ ? src_[i] : '\0'; }
+    std::size_t scanUntil(std::size_t from, const bool* stopSet) const {
+        while (from < len_ && !stopSet[static_cast<unsigned char>(src_[from])]) ++from;
+        return from;  // len_ stands for the final NUL, which is in every stop set
+    }
+    Token& building() { return work_[index_ + 1]; }
+    void store() {
+        ++index_;
+        blankToken(work_[index_ + 1]);
+    }
+    std::size_t restLength() const { return pos_ <= len_ ? len_ - pos_ + 1 : 0; }
+    void cutComment(Token& t, std::string_view opener);
+    void cutString();
+    char takeWord();
+    char extendNumber(char delim);
+    char dateOrHash(char delim);
+    void cutDelimiter(char delim);
+
+    std::string_view src_;
+    std::size_t len_;
+    std::size_t pos_ = 0;
+    std::int32_t p_ = 0;  // the running column arithmetic; approximate by design
+    std::int32_t index_ = 0;
+    std::string word_;
+    WorkTokenArray& work_;
+};
+
+// Text is the opener and the rest of the line; a final "_" continues the comment.
+void LineCutter::cutComment(Token& t, std::string_view opener) {
+    t.Text.assign(opener);
+    if (restLength() >= 2) t.Text.append(src_.substr(pos_, len_ - pos_));
+    pos_ = len_;
+    if (!t.Text.empty() && t.Text.back() == '_') {
+        t.Continued = 1;
+        t.Text.pop_back();
+    }
+}
+
+char LineCutter::takeWord() {
+    std::size_t end = scanUntil(pos_, kSets.wordEnd);
+    word_.assign(src_.substr(pos_, end - pos_));
+    char delim = at(end);
+    p_ += static_cast<std::int32_t>(end - pos_ + 1);
+    pos_ = end + 1;
+    if (delim == '\0' && pos_ <= len_) word_.push_back('\0');
+    return delim;
+}
+
+char LineCutter::extendNumber(char delim) {
+    --pos_;  // the delimiter goes back to the front
+    std::size_t end = scanUntil(pos_, kSets.numberEnd);
+    word_.append(src_.substr(pos_, end - pos_));
+    p_ += static_cast<std::int32_t>(end - pos_ + 1) + 1;
+    pos_ = end + 1;
+    return at(end);
+}
+
+char LineCutter::dateOrHash(char delim) {
+    std::size_t stop = pos_ <= len_ ? scanUntil(pos_, kSets.dateStop) : pos_;
+    if (stop <= len_ && at(stop) == '#') {
+        word_.push_back(delim);
+        word_.append(src_.substr(pos_, stop - pos_ + 1));
+        p_ += static_cast<std::int32_t>(stop - pos_ + 1) + 1;
+        pos_ = stop + 1;
+        return '\0';
+    }
+    Token& hash = building();
+    hash.Text = "#";
+    std::int32_t column = hash.Column;
+    store();
+    building().Column = column + 1;
+    word_.erase(0, 1);
+    return delim;
+}
+
+void LineCutter::cutString() {
+    Token& t = building();
+    t.Column = p_;
+    t.Text = "\"";
+    for (;;) {
+        std::size_t end = pos_;
+        while (end < len_ && src_[end] != '"' && src_[end] != '\0') ++end;
+        t.Text.append(src_.substr(pos_, end - pos_));
+        t.Text.push_back(at(end));
+        std::int32_t j = static_cast<std::int32_t>(end - pos_ + 1);
+        p_ += j + j + 1;
+        pos_ = end + 1;
+        if (pos_ < len_ && src_[pos_] == '"') {
+            t.Text.push_back('"');
+            ++pos_;
+            ++p_;
+            continue;
+        }
+        break;
+    }
+    if (t.Text.back() != '"') t.Text.push_back('"');
+    store();
+}
+
+void LineCutter::cutDelimiter(char delim) {
+    Token& t = building();
+    switch (delim) {
+        case '\'':
+            t.Column = p_;
+            cutComment(t, "'");
+            store();
+            return;
+        case '"':
+            cutString();
+            return;
+        case '+':
+        case '-':
+        case '.':
+            t.Column = p_;
+            t.Text.assign(1, delim);
+            if (pos_ < len_ && isDigit(src_[pos_])) {
+                std::size_t end = scanUntil(pos_, kSets.numberEnd);
+                t.Text.append(src_.substr(pos_, end - pos_));
+                p_ += static_cast<std::int32_t>(end - pos_ + 1);
+                pos_ = end;
+            }
+            store();
+            return;
+        case '<':
+        case '>':
+        case ':':
+            t.Column = p_;
+            t.Text.assign(1, delim);
+            if (pos_ < len_ && (src_[pos_] == '=' || (delim != ':' && src_[pos_] == '>'))) {
+                t.Text.push_back(src_[pos_]);
+                ++pos_;
+                ++p_;
+            }
+            store();
+            return;
+        case '\0':
+            if (t.Text.empty() && !t.LeadingSpace.empty()) {
+                t.Text.swap(t.LeadingSpace);
+                t.Class = kTokCommentish;
+                t.Detail = kDetEmpty;
+                store();
+            }
+            return;
+        case ' ':
+        case '\t':
+            --pos_;
+            --p_;
+            return;
+        default:
+            t.Column = p_;
+            t.Text.assign(1, delim);
+            store();
+    }
+}
+
+void LineCutter::cut(std::int32_t& count) {
+    while (pos_ <= len_) {
+        if (index_ >= kWorkTokensUBound - 3) {
+            theDebug().BabStatus = 4;
+            break;
+        }
+        Token& t = building();
+        std::size_t firstNonBlank = pos_;
+        while (firstNonBlank < len_ && kSets.blank[static_cast<unsigned char>(src_[firstNonBlank])]) ++firstNonBlank;
+        t.LeadingSpace.assign(src_.substr(pos_, firstNonBlank - pos_));
+        t.Column = p_ + static_cast<std::int32_t>(firstNonBlank - pos_) + 1;
+        pos_ = firstNonBlank;
+
+        char delim = takeWord();
+        if (!word_.empty()) {
+            char first = word_[0];
+            if (isDigit(first) || first == '&') {
+                delim = extendNumber(delim);
+            } else if (first == '#') {
+                delim = dateOrHash(delim);
+            } else if (word_.size() == 3 && (word_[0] | 0x20) == 'r' && (word_[1] | 0x20) == 'e' &&
+                       (word_[2] | 0x20) == 'm') {
+                Token& rem = building();
+                if (restLength() >= 2) {
+                    word_.push_back(' ');
+                    word_.append(src_.substr(pos_, len_ - pos_));
+                }
+                delim = '\0';
+                pos_ = len_;
+                if (word_.back() == '_') {
+                    rem.Continued = 1;
+                    word_.pop_back();
+                }
+                rem.Class = kTokCommentish;
+                rem.Detail = kDetComment;
+            }
+            if (!word_.empty()) {
+                building().Text = word_;
+                store();
+            }
+        }
+        cutDelimiter(delim);
+    }
+    if (index_ == 0) {
+        blankToken(work_[1]);
+        index_ = 1;
+    }
+    work_[index_].Flags |= 1;
+    count = index_;
+}
+
+}  // namespace
+
+void ExtractTokens(std::string_view sourceRec, WorkTokenArray& workTokens, std::int32_t& workTokenCount) {
+    LineCutter(sourceRec, workTokens).cut(workTokenCount);
+}
+
+}  // namespace hlyd

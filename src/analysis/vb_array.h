@@ -1,0 +1,53 @@
+#pragma once
+// A table indexed from 0 to an upper bound that grows and shrinks like a preserved re-dimension,
+// but never moves what it holds: storage comes in fixed chunks. A file at the token limit thus
+// never needs the old and the new table at once, and growth costs no copying.
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace hlyd {
+
+template <class T>
+class VbArray {
+public:
+    static constexpr int kChunkBits = 12;
+    static constexpr std::int32_t kChunkSize = 1 << kChunkBits;
+
+    std::int32_t UBound() const { return ubound_; }
+
+    T& operator[](std::int32_t i) { return chunks_[i >> kChunkBits][i & (kChunkSize - 1)]; }
+    const T& operator[](std::int32_t i) const { return chunks_[i >> kChunkBits][i & (kChunkSize - 1)]; }
+
+    bool inBounds(std::int32_t i) const { return i >= 0 && i <= ubound_; }
+
+    // Keeps elements 0..min(old, new) bound; elements that come new are blank.
+    void redimPreserve(std::int32_t newUBound) {
+        std::size_t needed = newUBound < 0 ? 0 : static_cast<std::size_t>(newUBound / kChunkSize + 1);
+        if (newUBound < ubound_) blankRange(newUBound + 1, lastInChunk(newUBound));
+        chunks_.resize(needed);
+        for (auto& chunk : chunks_)
+            if (!chunk) chunk = std::make_unique<T[]>(kChunkSize);
+        ubound_ = newUBound;
+    }
+
+    // A fresh table: all elements blank.
+    void redim(std::int32_t newUBound) {
+        chunks_.clear();
+        ubound_ = -1;
+        redimPreserve(newUBound);
+    }
+
+private:
+    static std::int32_t lastInChunk(std::int32_t i) { return (i < 0 ? -1 : (i | (kChunkSize - 1))); }
+    void blankRange(std::int32_t first, std::int32_t last) {
+        if (first < 0) first = 0;
+        for (std::int32_t i = first; i <= last && (i >> kChunkBits) < static_cast<std::int32_t>(chunks_.size()); ++i)
+            (*this)[i] = T{};
+    }
+
+    std::vector<std::unique_ptr<T[]>> chunks_;
+    std::int32_t ubound_ = -1;
+};
+
+}  // namespace hlyd

@@ -1,0 +1,35 @@
+#include "platform/console_ui.h"
+
+#include <cstdio>
+
+namespace hlyd {
+
+MsgAnswer defaultAnswer(const MessageBoxRequest& request) {
+    static const MsgAnswer answers[][3] = {
+        {MsgAnswer::OK, MsgAnswer::OK, MsgAnswer::OK},
+        {MsgAnswer::OK, MsgAnswer::Cancel, MsgAnswer::Cancel},
+        {MsgAnswer::Abort, MsgAnswer::Retry, MsgAnswer::Ignore},
+        {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::Cancel},
+        {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::No},
+        {MsgAnswer::Retry, MsgAnswer::Cancel, MsgAnswer::Cancel},
+    };
+    int which = request.defaultButton;
+    if (which < 1 || which > 3) which = 1;
+    return answers[static_cast<int>(request.buttons)][which - 1];
+}
+
+MsgAnswer ConsoleUi::messageBox(const MessageBoxRequest& request) {
+    std::fprintf(stderr, "%s%s%s\n", request.title.c_str(), request.title.empty() ? "" : ": ",
+                 request.text.c_str());
+    return defaultAnswer(request);
+}
+
+namespace {
+ConsoleUi consoleUi;
+Ui* currentUi = &consoleUi;
+}  // namespace
+
+Ui& theUi() { return *currentUi; }
+void setUi(Ui* ui) { currentUi = ui ? ui : &consoleUi; }
+
+}  // namespace hlyd

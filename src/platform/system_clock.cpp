@@ -1,0 +1,29 @@
+#include <chrono>
+
+#include "platform/clock.h"
+
+namespace hlyd {
+
+namespace {
+class SystemClock : public Clock {
+public:
+    std::time_t now() const override { return std::time(nullptr); }
+    std::int64_t ticksMs() const override {
+        using namespace std::chrono;
+        return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+    }
+};
+SystemClock systemClock;
+Clock* currentClock = &systemClock;
+}  // namespace
+
+Clock& theClock() { return *currentClock; }
+void setClock(Clock* clock) { currentClock = clock ? clock : &systemClock; }
+
+std::tm localTime(std::time_t t) {
+    std::tm result{};
+    localtime_r(&t, &result);
+    return result;
+}
+
+}  // namespace hlyd

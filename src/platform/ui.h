@@ -1,0 +1,36 @@
+#pragma once
+// The user-interface port: everything the core asks of a person goes through here, so that the
+// logic runs the same in the window, in the command-line tools and under test.
+#include <string>
+
+namespace hlyd {
+
+enum class MsgButtons { OK, OKCancel, AbortRetryIgnore, YesNoCancel, YesNo, RetryCancel };
+enum class MsgIcon { None, Critical, Question, Warning, Information };
+// The values of the answers are those of the classic message box, so that logs stay comparable.
+enum class MsgAnswer { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+
+struct MessageBoxRequest {
+    std::string text;
+    std::string title;
+    MsgButtons buttons = MsgButtons::OK;
+    MsgIcon icon = MsgIcon::None;
+    int defaultButton = 1;  // 1, 2 or 3: which of the buttons answers Enter
+};
+
+// The answer that the default button of a request stands for.
+MsgAnswer defaultAnswer(const MessageBoxRequest& request);
+
+class Ui {
+public:
+    virtual ~Ui() = default;
+    virtual MsgAnswer messageBox(const MessageBoxRequest& request) = 0;
+    virtual void processEvents() {}
+    virtual void beep() {}
+};
+
+// The port in force; a console implementation until the program installs another.
+Ui& theUi();
+void setUi(Ui* ui);  // nullptr restores the console implementation
+
+}  // namespace hlyd

@@ -1,0 +1,133 @@
+#include "shell/app_start.h"
+
+#include <filesystem>
+
+#include "analysis/basiclan.h"
+#include "platform/clock.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/error_report.h"
+#include "shell/hlyd_error.h"
+#include "shell/message_box.h"
+#include "shell/start_mode.h"
+
+namespace hlyd {
+
+namespace {
+
+HlydMainState mainState;
+
+long secondsSinceMidnight(std::time_t t) {
+    std::tm tm = localTime(t);
+    return tm.tm_hour * 3600L + tm.tm_min * 60L + tm.tm_sec;
+}
+
+// Unexpected failures end in the report, unless the debug switch lets them through.
+template <class Body>
+void trapped(const char* where, Body body) {
+    if (theDebug().DontTrapErrors) return body();
+    try {
+        body();
+    } catch (const HlydError& e) {
+        ERHandler(e.Number, e.Description, e.Source, where);
+    } catch (const std::exception& e) {
+        ERHandler(5, e.what(), "", where);
+    }
+}
+
+// The keyword file's own failures have told the user already; the run goes on without keywords,
+// or, when the file is missing, Main ends it.
+void initKeywords() {
+    try {
+        BabInit();
+    } catch (const HlydError& e) {
+        int status = theDebug().BabStatus;
+        if (e.Number != kInternalError || (status != -7 && status != 4 && status != -12)) throw;
+    }
+}
+
+void clearPerRunState() {
+    SourceTables& tables = theSourceTables();
+    tables.Records.redim(0);
+    tables.RecordCount = tables.StatementCount = tables.TokenCount = 0;
+}
+
+void processCommandLineFile() {
+    std::string name = commandLineFileName(mainState.CommandLine);
+    if (name.empty()) return;
+    std::error_code ec;
+    if (!std::filesystem::exists(name, ec)) {
+        showMessage("Halyard cannot print the requested file\n\nThe file does not exist.\n" + name +
+                        "\nPlease check your request",
+                    theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+    } else {
+        theLog().LogData("Command-line printing is not part of this build: " + name);
+    }
+    HlydMNTerminateApp();
+}
+
+}  // namespace
+
+HlydMainState& hlydMain() { return mainState; }
+void resetHlydMain() { mainState = HlydMainState{}; }
+
+void InitApp() {
+    trapped("InitApp", [] {
+        const cAppInfo& app = theAppInfo();
+        theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
+        mainState.HelpFile = app.Path + "/" + app.EXEName + ".HLP";
+        mainState.ElementClassNames = {"Display",         "Print",        "Comments",   "Identifiers", "KeyWords",
+                                       "Literals",        "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
+        TraceScope trace(theDebug().TraceApplication, "InitApp");
+        theLog().LogData("HLYD.BI Version 88 Dated 31-Aug-95\n hlyd.bm Version 35 Dated 31-Aug-95");
+        initKeywords();
+        clearPerRunState();
+    });
+}
+
+void HLYDStart() {
+    trapped("HLYDStart", [] {
+        theDebug().setStatus(0, 0);
+        InitApp();
+        if (theDebug().BabStatus == -7) return;
+        std::int32_t mode = mainState.StartMode;
+        if (mode == kStartStandalone || mode == kStartCommandLineFile || mode == kStartIdeMode) HLYDShow();
+        theUi().processEvents();
+    });
+}
+
+void HLYDShow() {
+    trapped("HLYDShow", [] {
+        theDebug().setStatus(0, 0);
+        theUi().processEvents();
+        if (mainState.StartMode != kStartAutomation) processCommandLineFile();
+        theUi().processEvents();
+    });
+}
+
+void HlydMNTerminateApp() {
+    std::int32_t mode = mainState.StartMode;
+    if (mode == kStartStandalone || mode == kStartCommandLineFile) HLYDEndApplication();
+}
+
+void HLYDEndApplication() {
+    mainState.ApplicationEnding = true;
+    theLog().LogEnd();
+}
+
+int Main(const std::string& commandLine, std::int32_t platformMode) {
+    mainState.CommandLine = commandLine;
+    mainState.StartMode = decideStartMode(platformMode, commandLine);
+    theLog();
+    theDebug();
+    mainState.StartTime = secondsSinceMidnight(theClock().now());
+    if (mainState.StartMode == kStartInit) return 0;
+    HLYDStart();
+    if (theDebug().BabStatus == -7) return 1;
+    // Without a window the standalone run has nothing to wait for; it ends as the window would.
+    if (mainState.StartMode == kStartStandalone && !mainState.ApplicationEnding) HlydMNTerminateApp();
+    return 0;
+}
+
+}  // namespace hlyd

@@ -1,0 +1,13 @@
+#include "shell/message_box.h"
+
+#include "shell/c_log.h"
+
+namespace hlyd {
+
+MsgAnswer showMessage(const std::string& text, const std::string& title, MsgButtons buttons,
+                      MsgIcon icon, int defaultButton) {
+    logBlock(text);
+    return theUi().messageBox(MessageBoxRequest{text, title, buttons, icon, defaultButton});
+}
+
+}  // namespace hlyd

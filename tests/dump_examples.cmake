@@ -1,0 +1,11 @@
+# Runs hlyd-dump on every example file and fails on a crash or a non-zero exit.
+file(GLOB_RECURSE files ${DIR}/*.bas ${DIR}/*.cls ${DIR}/*.frm ${DIR}/*.ctl)
+foreach(f ${files})
+  execute_process(COMMAND ${DUMP} ${f} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "hlyd-dump ${f} exited with ${rc}: ${err}")
+  endif()
+  if(NOT out MATCHES "\"kind\":\"end\",\"BabStatus\":11")
+    message(FATAL_ERROR "hlyd-dump ${f} did not reach the end of the file")
+  endif()
+endforeach()

@@ -1,0 +1,69 @@
+#include "test_support.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+
+namespace hlyd::test {
+
+MsgAnswer ScriptedUi::messageBox(const MessageBoxRequest& request) {
+    shown.push_back(request);
+    if (answers.empty()) return defaultAnswer(request);
+    MsgAnswer a = answers.front();
+    answers.pop_front();
+    return a;
+}
+
+std::string keywordFilePath() { return std::string(HLYD_SOURCE_DIR) + "/data/BASICLAN.KEY"; }
+
+std::string writeTempFile(const std::string& name, const std::string& content) {
+    std::filesystem::path dir = std::filesystem::temp_directory_path() / "hlyd-tests";
+    std::filesystem::create_directories(dir);
+    std::filesystem::path path = dir / name;
+    std::ofstream(path, std::ios::binary) << content;
+    return path.string();
+}
+
+void AnalysisTest::SetUp() {
+    setUi(&ui);
+    setClock(&clock);
+    resetDebug();
+    resetLog();
+    resetBasiclan();
+    BabInitFrom(keywordFilePath());
+}
+
+void AnalysisTest::TearDown() {
+    setUi(nullptr);
+    setClock(nullptr);
+}
+
+int AnalysisTest::analyze(const std::string& text, const std::string& dialect) {
+    SourceFile file;
+    file.openText(text);
+    BabInitFile(theSourceTables(), dialect);
+    for (int guard = 0; guard < 10000000; ++guard) {
+        BabParseRecord(file, theSourceTables());
+        int status = theDebug().BabStatus;
+        if (status == 11 || status == 4) return status;
+    }
+    ADD_FAILURE() << "analysis did not end";
+    return -1;
+}
+
+std::vector<std::string> AnalysisTest::texts(std::int32_t r) const {
+    std::vector<std::string> out;
+    const Record& rec = record(r);
+    for (std::int32_t i = rec.FirstT; i >= 1 && i <= rec.LastT; ++i) out.push_back(token(i).Text);
+    return out;
+}
+
+std::int32_t AnalysisTest::find(const std::string& text) const {
+    for (std::int32_t i = 1; i <= tables().TokenCount; ++i)
+        if (token(i).Text == text) return i;
+    return 0;
+}
+
+}  // namespace hlyd::test

@@ -1,0 +1,57 @@
+#pragma once
+// Shared helpers of the test suites: a scripted Ui, a fixed clock, and the analysis of a text.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <ctime>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "analysis/basiclan.h"
+#include "platform/clock.h"
+#include "platform/ui.h"
+
+namespace hlyd::test {
+
+// Answers message boxes from a queue (the default button when it is empty) and keeps every text.
+class ScriptedUi : public Ui {
+public:
+    MsgAnswer messageBox(const MessageBoxRequest& request) override;
+    std::deque<MsgAnswer> answers;
+    std::vector<MessageBoxRequest> shown;
+};
+
+class FixedClock : public Clock {
+public:
+    std::time_t now() const override { return moment; }
+    std::int64_t ticksMs() const override { return ticks; }
+    std::time_t moment = 1700000000;
+    std::int64_t ticks = 0;
+};
+
+// Every test starts from a fresh run: state reset, scripted Ui, fixed clock, keywords loaded.
+class AnalysisTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Analyses the text as a whole file and returns the last status.
+    int analyze(const std::string& text, const std::string& dialect = "6");
+    const Token& token(std::int32_t n) const { return theSourceTables().Tokens[n]; }
+    const Statement& statement(std::int32_t n) const { return theSourceTables().Statements[n]; }
+    const Record& record(std::int32_t n) const { return theSourceTables().Records[n]; }
+    SourceTables& tables() const { return theSourceTables(); }
+    // The texts of the tokens of a record.
+    std::vector<std::string> texts(std::int32_t record) const;
+    // The number of the first token whose text is `text`, 0 when none.
+    std::int32_t find(const std::string& text) const;
+
+    ScriptedUi ui;
+    FixedClock clock;
+};
+
+std::string keywordFilePath();
+std::string writeTempFile(const std::string& name, const std::string& content);
+
+}  // namespace hlyd::test

@@ -1,0 +1,64 @@
+// hlyd-dump: prints what the analysis made of a file, as JSON Lines, for people and scripts.
+#include <iostream>
+#include <string>
+
+#include "analysis/basiclan.h"
+#include "analysis_dump.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/hlyd_error.h"
+
+namespace {
+
+int usage(const std::string& problem) {
+    std::cerr << "hlyd-dump: " << problem << "\n"
+              << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n";
+    return 2;
+}
+
+// The keyword file's faults have been told through the Ui; only a missing file stops the tool.
+bool initKeywords() {
+    try {
+        hlyd::BabInit();
+    } catch (const hlyd::HlydError&) {
+        if (hlyd::theDebug().BabStatus == -7) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    hlyd::initAppInfo(argv[0]);
+    hlyd::AnalysisDumpOptions options;
+    std::string file;
+    for (int i = 1; i < argc; ++i) {
+        std::string arg = argv[i];
+        if (arg == "--summary") {
+            options.summary = true;
+        } else if (arg == "--dialect") {
+            if (++i >= argc) return usage("--dialect needs a value");
+            options.dialect = argv[i];
+            if (options.dialect != "auto" && options.dialect != "3" && options.dialect != "4" &&
+                options.dialect != "5" && options.dialect != "6")
+                return usage("unknown dialect " + options.dialect);
+        } else if (arg.size() > 1 && arg[0] == '-') {
+            return usage("unknown option " + arg);
+        } else if (file.empty()) {
+            file = arg;
+        } else {
+            return usage("only one FILE");
+        }
+    }
+    if (file.empty()) return usage("no FILE given");
+    if (!initKeywords()) {
+        std::cerr << "hlyd-dump: the keyword file " << hlyd::kKeywordFileName << " is missing\n";
+        return 2;
+    }
+    try {
+        return hlyd::dumpFileAnalysis(file, options, std::cout, std::cerr);
+    } catch (const hlyd::HlydError& e) {
+        std::cerr << "hlyd-dump: error " << e.Number << " in " << e.Source << ": " << e.Description << '\n';
+        return 1;
+    }
+}
