@@ -54,15 +54,16 @@ void BabInitFile(SourceTables& t, const std::string& dialect) {
     requireInit("BabInitFile");
     BuildKeyWordsForDialect(dialect);
     BasiclanModule& m = basiclan();
-    t.RecordCount = 0;
+    // Nothing beyond the counts (and the sentinel record) is ever written, so only that is blanked.
     m.RecordsUBound = kRecordsStep;
-    t.Records.redim(m.RecordsUBound);
-    t.StatementCount = 0;
+    t.Records.reuse(m.RecordsUBound, t.RecordCount + 1);
+    t.RecordCount = 0;
     m.StatementsUBound = kStatementsStep;
-    t.Statements.redim(m.StatementsUBound);
-    t.TokenCount = 0;
+    t.Statements.reuse(m.StatementsUBound, t.StatementCount);
+    t.StatementCount = 0;
     m.TokensUBound = kTokensStep;
-    t.Tokens.redim(m.TokensUBound);
+    t.Tokens.reuse(m.TokensUBound, t.TokenCount);
+    t.TokenCount = 0;
     m.InClassHeader = m.InEnum = m.InFormHeader = m.InProc = m.InType = false;
 }
 

@@ -31,6 +31,18 @@ public:
         ubound_ = newUBound;
     }
 
+    // A fresh table whose elements above `usedUpTo` were never written since they were blank:
+    // only the used part is blanked again, so that a small file after a small file costs little.
+    void reuse(std::int32_t newUBound, std::int32_t usedUpTo) {
+        std::int32_t last = usedUpTo < ubound_ ? usedUpTo : ubound_;
+        for (std::int32_t i = 0; i <= last; ++i) (*this)[i] = T{};
+        std::size_t needed = newUBound < 0 ? 0 : static_cast<std::size_t>(newUBound / kChunkSize + 1);
+        chunks_.resize(needed);
+        for (auto& chunk : chunks_)
+            if (!chunk) chunk = std::make_unique<T[]>(kChunkSize);
+        ubound_ = newUBound;
+    }
+
     // A fresh table: all elements blank.
     void redim(std::int32_t newUBound) {
         chunks_.clear();

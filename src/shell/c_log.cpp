@@ -84,7 +84,8 @@ void cLog::LogOpen(const std::string& fileName, int mode) {
     if (!fileName.empty()) logFileName = fileName;
     const cAppInfo& app = theAppInfo();
     if (logFileName.empty()) logFileName = app.Path + "/" + app.EXEName + ".LOG";
-    LogClose();
+    if (file) std::fclose(file);  // the queue stays: it is what the new file must receive
+    file = nullptr;
     std::FILE* opened = std::fopen(logFileName.c_str(), mode == 1 ? "w" : "a");
     if (!opened) {
         std::string text = "Unable to open Log-file\n\n" + logFileName +
@@ -135,8 +136,9 @@ void cLog::LogGetProcs(std::string& result) {
     if (callDepth <= 0) return;
     LogData("Procedure Call-list...");
     result = "Procedure Call-list...";
+    // Written as plain lines: the entries begin with "->", and as traces they would deepen the stack.
     for (int i = 1; i <= callDepth && i < static_cast<int>(callStack.size()); ++i) {
-        LogData(callStack[i]);
+        writeLine(" " + callStack[i]);
         result += "\n" + callStack[i];
     }
 }

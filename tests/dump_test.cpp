@@ -1,0 +1,56 @@
+#include <sstream>
+
+#include "analysis_dump.h"
+#include "json_lines.h"
+#include "test_support.h"
+
+namespace hlyd::test {
+namespace {
+
+class DumpTest : public AnalysisTest {};
+
+TEST(JsonLinesTest, ConvertsWindows1252AndEscapesControls) {
+    EXPECT_EQ(jsonString(std::string("a\0b", 3)), "\"a\\u0000b\"");
+    EXPECT_EQ(jsonString("\"q\"\\\t"), "\"\\\"q\\\"\\\\\\u0009\"");
+    EXPECT_EQ(jsonString("\x80\xE9\x81"), "\"\xE2\x82\xAC\xC3\xA9\\u0081\"");  // euro, e-acute, undefined
+}
+
+TEST_F(DumpTest, PrintsValidateRecordsStatementsTokensAndEnd) {
+    std::string path = writeTempFile("dump.bas", "Attribute VB_Name = \"M\"\r\nx = 1\r\n");
+    std::ostringstream out, err;
+    ASSERT_EQ(dumpFileAnalysis(path, {}, out, err), 0);
+    std::string text = out.str();
+    EXPECT_EQ(text.rfind("{\"kind\":\"validate\",\"BabStatus\":0,\"BabStatusDetail\":0,\"Dialect\":\"6\"}\n", 0), 0u);
+    EXPECT_NE(text.find("{\"kind\":\"record\",\"n\":2,\"FirstS\":2,\"LastS\":2,\"FirstT\":5,\"LastT\":7,\"Indent\":0,"
+                        "\"TiedTo\":0,\"TiedStart\":0}\n"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("{\"kind\":\"token\",\"n\":6,\"Class\":4,\"Detail\":6,\"Flags\":0,\"Continued\":0,"
+                        "\"KeyWordSeen\":false,\"pKeyWord\":"),
+              std::string::npos);
+    EXPECT_NE(text.find("\"KeyWord\":\"LET\",\"Statement\":2,\"Column\":"), std::string::npos);
+    EXPECT_NE(text.find("{\"kind\":\"end\",\"BabStatus\":11,\"BabStatusDetail\":0,\"Dialect\":\"6\",\"RecordCount\":3,"
+                        "\"StatementCount\":2,\"TokenCount\":7}\n"),
+              std::string::npos);
+}
+
+TEST_F(DumpTest, FailedValidationIsReportedAndTheFileStillAnalysed) {
+    std::string path = writeTempFile("notes.txt", "Public Foo\r\n");
+    std::ostringstream out, err;
+    AnalysisDumpOptions options;
+    options.summary = true;
+    ASSERT_EQ(dumpFileAnalysis(path, options, out, err), 0);
+    EXPECT_EQ(out.str(),
+              "{\"kind\":\"validate\",\"BabStatus\":20,\"BabStatusDetail\":1,\"Dialect\":\"?\"}\n"
+              "{\"kind\":\"end\",\"BabStatus\":11,\"BabStatusDetail\":0,\"Dialect\":\"6\",\"RecordCount\":2,"
+              "\"StatementCount\":1,\"TokenCount\":2}\n");
+}
+
+TEST_F(DumpTest, UnopenableFileExitsWithTwo) {
+    std::ostringstream out, err;
+    EXPECT_EQ(dumpFileAnalysis("/nonexistent/x.bas", {}, out, err), 2);
+    EXPECT_NE(err.str().find("cannot open /nonexistent/x.bas"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace hlyd::test
