@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <unistd.h>
+
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 
@@ -19,7 +21,9 @@ MsgAnswer ScriptedUi::messageBox(const MessageBoxRequest& request) {
 std::string keywordFilePath() { return std::string(HLYD_SOURCE_DIR) + "/data/BASICLAN.KEY"; }
 
 std::string writeTempFile(const std::string& name, const std::string& content) {
-    std::filesystem::path dir = std::filesystem::temp_directory_path() / "hlyd-tests";
+    // One directory per process: CTest runs the tests of a suite in parallel processes.
+    std::filesystem::path dir =
+        std::filesystem::temp_directory_path() / ("hlyd-tests-" + std::to_string(::getpid()));
     std::filesystem::create_directories(dir);
     std::filesystem::path path = dir / name;
     std::ofstream(path, std::ios::binary) << content;
