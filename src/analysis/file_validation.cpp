@@ -51,16 +51,22 @@ std::string versionDialect(const std::vector<std::string>& words) {
 // Returns 0 or the errno of a failure; `line` is empty when the file holds only blank lines.
 int firstNonBlankLine(std::ifstream& in, std::string& line) {
     std::string current;
+    bool blankSoFar = true;
     int c;
     while ((c = in.get()) != EOF) {
         if (c == '\r' || c == '\n') {
             if (c == '\r' && in.peek() == '\n') in.get();
-            if (!trimSpaces(current).empty()) break;
+            if (!blankSoFar) break;
             current.clear();
             continue;
         }
         current += static_cast<char>(c);
-        if (current.size() >= kBinaryLineLength) break;
+        blankSoFar = blankSoFar && c == ' ';
+        if (current.size() < kBinaryLineLength) continue;
+        if (!blankSoFar) break;
+        // A blank line is skipped whatever its length; a shorter stand-in still makes any text
+        // after it too long, as the whole line would be.
+        current.pop_back();
     }
     if (in.bad()) return errno ? errno : EIO;
     line = trimSpaces(current).empty() ? std::string() : current;

@@ -1,0 +1,305 @@
+// Limits and hostile input: whatever a file holds, the analysis ends, keeps what it read before a
+// fault, and says why in the status; and the first-line check tells source from anything else.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "test_support.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class BadInputTest : public hlyd::test::AnalysisTest {
+protected:
+    std::string logPath() const {
+        static const std::string path = hlyd::test::writeTempFile("bad_input.log", "");
+        return path;
+    }
+    std::string readLog() {
+        hlyd::theLog().LogClose();
+        std::ifstream in(logPath(), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }
+    std::int16_t status() const { return hlyd::theDebug().BabStatus; }
+    std::int16_t detail() const { return hlyd::theDebug().BabStatusDetail; }
+
+    // Every Record points at tokens that exist, and the sentinel closes the table.
+    void expectConsistentTables() {
+        for (std::int32_t r = 1; r < tables().RecordCount; ++r) {
+            ASSERT_GE(record(r).FirstT, 1) << "record " << r;
+            ASSERT_LE(record(r).FirstT, record(r).LastT) << "record " << r;
+            ASSERT_LE(record(r).LastT, tables().TokenCount) << "record " << r;
+        }
+        if (tables().RecordCount > 0) {
+            EXPECT_EQ(record(tables().RecordCount).FirstT, 0);
+        }
+    }
+
+    std::string validate(const std::string& name, const std::string& content) {
+        std::string dialect = "unset";
+        hlyd::BabValidateFile(hlyd::test::writeTempFile(name, content), dialect);
+        return dialect;
+    }
+};
+
+std::string lines(const std::string& line, int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += line + "\n";
+    return text;
+}
+
+TEST_F(BadInputTest, LineLengthLimit) {
+    std::string longest = "s = \"" + std::string(2042, 'a') + "\"";
+    ASSERT_EQ(longest.size(), 2048u);
+    ASSERT_EQ(analyze("x = 1\n" + longest + "\ny = 2\n"), 11);
+    EXPECT_EQ(token(record(2).LastT).Text.size(), 2044u);
+
+    hlyd::theLog().LogOpen(logPath(), 1);
+    std::string tooLong = "s = \"" + std::string(2043, 'a') + "\"";
+    ASSERT_EQ(analyze("x = 1\n" + tooLong + "\ny = 2\n"), 4);
+    EXPECT_EQ(detail(), -2);
+    EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
+    ASSERT_EQ(record(2).FirstT, record(2).LastT);
+    EXPECT_EQ(token(record(2).FirstT).Text, "???InvalidRecord???");
+    EXPECT_EQ(token(record(2).FirstT).Class, 2);
+    EXPECT_EQ(tables().RecordCount, 3) << "the marker, then the sentinel; nothing after is read";
+    EXPECT_EQ(find("y"), 0);
+    expectConsistentTables();
+    EXPECT_NE(readLog().find("The following error occurred in proc ReadRecordExtractTokens reading record:2. \n"
+                             "===>Record too big -- greater than 2048 characters"),
+              std::string::npos);
+}
+
+// Every character of a line may be a token, so the token limit is reached within the length limit.
+TEST_F(BadInputTest, TokenLimitOfALine) {
+    ASSERT_EQ(analyze("x = 1\n" + std::string(1996, ',') + "\n"), 11);
+    EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, 1996);
+
+    hlyd::theLog().LogOpen(logPath(), 1);
+    ASSERT_EQ(analyze("x = 1\n" + std::string(1997, ',') + "\nz = 3\n"), 4);
+    EXPECT_EQ(detail(), -3);
+    EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
+    EXPECT_EQ(texts(2), (Texts{"???InvalidRecord???"}));
+    EXPECT_EQ(tables().TokenCount, 4);
+    expectConsistentTables();
+    EXPECT_NE(readLog().find("reading record:2. \n===>Record too complex -- contains more than 2000 tokens"),
+              std::string::npos);
+
+    // The longest line of the most tokens: the length limit comes first.
+    ASSERT_EQ(analyze(std::string(2100, ',')), 4);
+    EXPECT_EQ(detail(), -2);
+}
+
+TEST_F(BadInputTest, TokenLimitOfAFile) {
+    // 97 tokens a line: 5154 lines fill 499938 tokens, the next line would pass 500000.
+    std::string line = "a";
+    for (int i = 0; i < 48; ++i) line += ",a";
+    ASSERT_EQ(analyze(lines(line, 6200)), 4);
+    EXPECT_EQ(detail(), -4);
+    EXPECT_LE(tables().TokenCount, 500000);
+    EXPECT_EQ(tables().TokenCount, 5154 * 97 + 1);
+    EXPECT_EQ(hlyd::basiclan().TokensUBound, 500000);
+    EXPECT_EQ(texts(1).size(), 97u);
+    EXPECT_EQ(texts(5154).size(), 97u);
+    EXPECT_EQ(token(record(5154).LastT).Text, "a");
+    EXPECT_EQ(texts(5155), (Texts{"???InvalidRecord???"}));
+    EXPECT_EQ(tables().RecordCount, 5156);
+    expectConsistentTables();
+}
+
+// A comment continued line after line is never tokenized, and so never grows the tables: past the
+// bound of Records() the read fails like any other, and what was read stays.
+TEST_F(BadInputTest, EndlessContinuedComment) {
+    ASSERT_EQ(analyze("' start _\n" + lines("  more _", 3100)), 4);
+    EXPECT_EQ(detail(), 9);
+    EXPECT_EQ(texts(3000), (Texts{"  more "}));
+    EXPECT_EQ(texts(3001), (Texts{"???InvalidRecord???"}));
+    EXPECT_EQ(tables().RecordCount, 3002);
+    expectConsistentTables();
+}
+
+TEST_F(BadInputTest, NulAndHighBytesInLines) {
+    ASSERT_EQ(analyze("ab\0cd = 1\n"s
+                      "s = \"a\0b\"\n"s
+                      "y\xE9 = \xFF\x80\n"
+                      "\xE9x = 1\n"
+                      "\0\n"s),
+              11);
+    // A NUL inside a line ends a word and stays on it.
+    EXPECT_EQ(texts(1), (Texts{"ab\0"s, "cd", "=", "1"}));
+    EXPECT_EQ(texts(2), (Texts{"s", "=", "\"a\0\""s, "b", "\"\0\""s}));
+    EXPECT_EQ(texts(3), (Texts{"y\xE9", "=", "\xFF\x80"}));
+    EXPECT_EQ(token(record(3).FirstT).Class, 1);
+    EXPECT_EQ(token(record(4).FirstT).Class, 4);
+    expectConsistentTables();
+}
+
+TEST_F(BadInputTest, GarbageNeverCrashesOrHangs) {
+    std::mt19937 random(19980827);
+    std::string bytes(200000, '\0');
+    for (char& c : bytes) c = static_cast<char>(random() & 0xFF);
+    int result = analyze(bytes);
+    EXPECT_TRUE(result == 11 || result == 4) << result;
+    EXPECT_GT(tables().RecordCount, 100);
+    expectConsistentTables();
+
+    // Only the characters that the rules treat specially, densely packed.
+    const std::string alphabet = "\"#:_\\!'&.+-<>=()  \tabREMTypeEnd01\r\n\n";
+    std::string dense(100000, ' ');
+    for (char& c : dense) c = alphabet[random() % alphabet.size()];
+    result = analyze(dense);
+    EXPECT_TRUE(result == 11 || result == 4) << result;
+    expectConsistentTables();
+
+    const std::vector<std::string> oddFiles = {"_", "\\", ":", "\"", "#", "REM _", "' _", "x = 1 _", "!",
+                                               "_\n_\n_", ":=", "End Type", "Type", "\r", "\n\n\n"};
+    for (const std::string& text : oddFiles) {
+        EXPECT_EQ(analyze(text), 11) << text;
+        expectConsistentTables();
+    }
+}
+
+TEST_F(BadInputTest, AllLineEndsReadTheSame) {
+    const std::string body = "Sub S()|  x = 1 ' c||  y = \"a\" _|    & b|End Sub|";
+    auto withEnds = [&](const std::string& end) {
+        std::string text;
+        for (char c : body) text += c == '|' ? end : std::string(1, c);
+        return text;
+    };
+    ASSERT_EQ(analyze(withEnds("\r\n")), 11);
+    std::vector<Texts> expected;
+    for (std::int32_t r = 1; r <= tables().RecordCount; ++r) expected.push_back(texts(r));
+    ASSERT_EQ(expected.size(), 7u);
+    for (const char* end : {"\n", "\r"}) {
+        ASSERT_EQ(analyze(withEnds(end)), 11);
+        std::vector<Texts> got;
+        for (std::int32_t r = 1; r <= tables().RecordCount; ++r) got.push_back(texts(r));
+        EXPECT_EQ(got, expected) << (end[0] == '\n' ? "LF" : "CR");
+    }
+}
+
+TEST_F(BadInputTest, EmptyFileEndsAtOnce) {
+    EXPECT_EQ(analyze(""), 11);
+    EXPECT_EQ(tables().RecordCount, 0);
+    EXPECT_EQ(tables().TokenCount, 0);
+
+    // Element 0 of each table stays blank through an analysis.
+    ASSERT_EQ(analyze("Sub S()\n  x = 1: y = 2\nEnd Sub\n"), 11);
+    EXPECT_EQ(record(0).FirstT, 0);
+    EXPECT_EQ(record(0).FirstS, 0);
+    EXPECT_TRUE(token(0).Text.empty());
+    EXPECT_EQ(statement(0).FirstToken, 0);
+}
+
+TEST_F(BadInputTest, TablesGrowPastTheMargin) {
+    hlyd::SourceFile file;
+    file.openText(lines("x = 1", 2760));
+    hlyd::BabInitFile(tables(), "6");
+    hlyd::BasiclanModule& m = hlyd::basiclan();
+    while (tables().RecordCount < 2751) {
+        hlyd::BabParseRecord(file, tables());
+        ASSERT_EQ(status(), 0);
+        if (tables().RecordCount == 2750) {
+            EXPECT_EQ(m.RecordsUBound, 3000) << "record 2750 is within the margin";
+            EXPECT_EQ(m.StatementsUBound, 3000);
+        }
+    }
+    EXPECT_EQ(m.RecordsUBound, 6000);
+    EXPECT_EQ(m.StatementsUBound, 6000);
+    EXPECT_EQ(tables().Records.UBound(), 6000);
+    EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
+    EXPECT_EQ(texts(2751), (Texts{"x", "=", "1"}));
+    EXPECT_EQ(record(2751).FirstS, 2751);
+
+    // The sentinel after line 2750 lies past the margin: the table is cut to end exactly at it.
+    ASSERT_EQ(analyze(lines("x = 1", 2750)), 11);
+    EXPECT_EQ(tables().RecordCount, 2751);
+    EXPECT_EQ(m.RecordsUBound, 2751);
+    EXPECT_EQ(tables().Records.UBound(), 2751);
+    EXPECT_EQ(texts(2750), (Texts{"x", "=", "1"}));
+}
+
+// Each case: file content, the dialect it gives, the status and detail it leaves.
+struct FirstLineCase {
+    std::string content;
+    std::string dialect;
+    int status;
+    int detail;
+};
+
+TEST_F(BadInputTest, FirstLineDecidesSourceAndDialect) {
+    const std::vector<FirstLineCase> cases = {
+        {lines("", 10) + "VERSION 5.00\nBegin VB.Form F\n", "6", 0, 0},
+        {"VERSION 2.00\n", "3", 0, 0},
+        {"VERSION 4.00\r\n", "4", 0, 0},
+        {"VERSION 1.0 CLASS\n", "6", 0, 0},
+        {"VERSION 1.0\n", "?", 0, 0},
+        {"Attribute VB_Name = \"Module1\"\n", "6", 0, 0},
+        {"Attribute VB_Name  = x\n", "?", 0, 0},  // two blanks make five words
+        {"   \n\nOption Explicit\n", "?", 0, 0},
+        {"' a comment\n", "?", 0, 0},
+        {"Public Foo\n", "?", 20, 1},
+        {"Dear reader,\nthis is no program.\n", "?", 20, 1},
+        {"  VERSION 5.00\n", "?", 20, 1},  // an indented first line has an empty first word
+        {lines("   ", 5), "?", 4, 1},
+        {"", "?", 4, 1},
+    };
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const FirstLineCase& c = cases[i];
+        EXPECT_EQ(validate("first-line-" + std::to_string(i) + ".bas", c.content), c.dialect) << c.content;
+        EXPECT_EQ(status(), c.status) << c.content;
+        EXPECT_EQ(detail(), c.detail) << c.content;
+    }
+    EXPECT_TRUE(ui.shown.empty());
+}
+
+TEST_F(BadInputTest, BinaryFirstLineIsAReadFault) {
+    const std::vector<std::pair<std::string, std::string>> files = {
+        {"nul.bin", "VERSION\0 5.00\n"s},
+        {"ff.bin", "\n\nOption \xFF\n"},
+        {"long.bin", std::string(3000, 'A')},
+    };
+    for (const auto& [name, content] : files) {
+        ui.shown.clear();
+        std::string path = hlyd::test::writeTempFile(name, content);
+        std::string dialect;
+        hlyd::BabValidateFile(path, dialect);
+        EXPECT_EQ(dialect, "?") << name;
+        EXPECT_EQ(status(), 4) << name;
+        EXPECT_EQ(detail(), 2) << name;
+        ASSERT_EQ(ui.shown.size(), 1u) << name;
+        EXPECT_EQ(ui.shown[0].text, "Module BabValidateFile diagnosed VBErr=14 on file " + path);
+    }
+    // Exactly 2048 characters on the first line is no binary, and a blank line of any length is skipped.
+    EXPECT_EQ(validate("long-ok.bas", "'" + std::string(2047, 'a')), "?");
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(validate("long-blank.frm", std::string(3000, ' ') + "\nVERSION 5.00\n"), "6");
+    EXPECT_EQ(status(), 0);
+    validate("long-blank.bin", std::string(3000, ' ') + "x\n");
+    EXPECT_EQ(status(), 4);
+    EXPECT_EQ(detail(), 2);
+}
+
+TEST_F(BadInputTest, MissingFileIsReported) {
+    std::filesystem::path dir = std::filesystem::path(hlyd::test::writeTempFile("present.bas", "")).parent_path();
+    std::string path = (dir / "no-such-file.bas").string();
+    std::filesystem::remove(path);
+    std::string dialect;
+    hlyd::BabValidateFile(path, dialect);
+    EXPECT_EQ(status(), 7);
+    EXPECT_EQ(dialect, "?");
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text.rfind("The following error occurred processing " + path + ".\n\n", 0), 0u)
+        << ui.shown[0].text;
+}
+
+}  // namespace
