@@ -10,7 +10,10 @@
 #include "shell/error_report.h"
 #include "shell/hlyd_error.h"
 #include "shell/message_box.h"
+#include "shell/mru.h"
 #include "shell/start_mode.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
 
 namespace hlyd {
 
@@ -76,13 +79,17 @@ void InitApp() {
     trapped("InitApp", [] {
         const cAppInfo& app = theAppInfo();
         theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
+        queryLocaleSeparators();
         mainState.HelpFile = app.Path + "/" + app.EXEName + ".HLP";
         mainState.ElementClassNames = {"Display",         "Print",        "Comments",   "Identifiers", "KeyWords",
                                        "Literals",        "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
+        loadSettingsAtStartup();
         TraceScope trace(theDebug().TraceApplication, "InitApp");
         theLog().LogData("HLYD.BI Version 88 Dated 31-Aug-95\n hlyd.bm Version 35 Dated 31-Aug-95");
         initKeywords();
         clearPerRunState();
+        hlydSettings().MetricUnits = fbIsMetric();
+        GetMRU();
     });
 }
 
@@ -107,11 +114,14 @@ void HLYDShow() {
 }
 
 void HlydMNTerminateApp() {
+    saveWindowState();
     std::int32_t mode = mainState.StartMode;
     if (mode == kStartStandalone || mode == kStartCommandLineFile) HLYDEndApplication();
 }
 
 void HLYDEndApplication() {
+    // Only the window and printer state change outside the dialogs' own saves.
+    savePrinterState();
     mainState.ApplicationEnding = true;
     theLog().LogEnd();
 }

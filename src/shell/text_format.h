@@ -18,5 +18,7 @@ std::string formatTime(std::time_t t);  // hh:mm:ss
 // Blanks (not tabs) off both ends, as the classic Trim does.
 std::string trimSpaces(const std::string& s);
 std::string lowerCaseAscii(std::string s);
+// Blanks and tabs off both ends.
+std::string trimBlanks(const std::string& s);
 
 }  // namespace hlyd

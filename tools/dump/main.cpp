@@ -4,6 +4,7 @@
 
 #include "analysis/basiclan.h"
 #include "analysis_dump.h"
+#include "settings_dump.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
 #include "shell/hlyd_error.h"
@@ -12,7 +13,8 @@ namespace {
 
 int usage(const std::string& problem) {
     std::cerr << "hlyd-dump: " << problem << "\n"
-              << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n";
+              << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n"
+              << "       hlyd-dump --settings\n";
     return 2;
 }
 
@@ -32,9 +34,12 @@ int main(int argc, char** argv) {
     hlyd::initAppInfo(argv[0]);
     hlyd::AnalysisDumpOptions options;
     std::string file;
+    bool settings = false;
     for (int i = 1; i < argc; ++i) {
         std::string arg = argv[i];
-        if (arg == "--summary") {
+        if (arg == "--settings") {
+            settings = true;
+        } else if (arg == "--summary") {
             options.summary = true;
         } else if (arg == "--dialect") {
             if (++i >= argc) return usage("--dialect needs a value");
@@ -49,6 +54,11 @@ int main(int argc, char** argv) {
         } else {
             return usage("only one FILE");
         }
+    }
+    if (settings) {
+        if (!file.empty()) return usage("--settings takes no FILE");
+        hlyd::dumpSettings(std::cout);
+        return 0;
     }
     if (file.empty()) return usage("no FILE given");
     if (!initKeywords()) {

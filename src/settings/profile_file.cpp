@@ -1,0 +1,287 @@
+#include "settings/profile_file.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <unordered_map>
+#include <vector>
+
+#include "shell/text_format.h"
+
+namespace hlyd {
+
+namespace {
+
+std::string lowerKey(const std::string& s) { return lowerCaseAscii(trimBlanks(s)); }
+
+// One parsed file: its lines as they stand, and where each section and key is.
+struct ProfileDocument {
+    std::vector<std::string> lines;
+    std::string lineEnd = "\n";
+    // lower-cased section -> line of its header; first occurrence wins, as lookups stop there
+    std::unordered_map<std::string, std::size_t> sections;
+    // lower-cased "section\nkey" -> line of the key
+    std::unordered_map<std::string, std::size_t> keys;
+};
+
+bool sectionHeader(const std::string& line, std::string& name) {
+    std::string t = trimBlanks(line);
+    if (t.size() < 2 || t.front() != '[') return false;
+    std::size_t close = t.find(']');
+    if (close == std::string::npos) return false;
+    name = t.substr(1, close - 1);
+    return true;
+}
+
+bool keyLine(const std::string& line, std::string& key, std::string& value) {
+    std::size_t eq = line.find('=');
+    if (eq == std::string::npos) return false;
+    std::string t = trimBlanks(line);
+    if (t.empty() || t[0] == ';') return false;
+    key = trimBlanks(line.substr(0, eq));
+    value = trimBlanks(line.substr(eq + 1));
+    return !key.empty();
+}
+
+void index(ProfileDocument& doc) {
+    doc.sections.clear();
+    doc.keys.clear();
+    std::string section;
+    bool inSection = false;
+    std::string name, key, value;
+    for (std::size_t i = 0; i < doc.lines.size(); ++i) {
+        if (sectionHeader(doc.lines[i], name)) {
+            section = lowerKey(name);
+            inSection = true;
+            doc.sections.emplace(section, i);
+        } else if (inSection && keyLine(doc.lines[i], key, value)) {
+            doc.keys.emplace(section + '\n' + lowerKey(key), i);
+        }
+    }
+}
+
+ProfileDocument parse(const std::string& content) {
+    ProfileDocument doc;
+    std::size_t crlf = content.find("\r\n");
+    if (crlf != std::string::npos && crlf == content.find('\n') - 1) doc.lineEnd = "\r\n";
+    std::size_t pos = 0;
+    while (pos < content.size()) {
+        std::size_t end = content.find_first_of("\r\n", pos);
+        if (end == std::string::npos) end = content.size();
+        doc.lines.push_back(content.substr(pos, end - pos));
+        pos = end;
+        if (pos < content.size() && content[pos] == '\r' && pos + 1 < content.size() && content[pos + 1] == '\n') ++pos;
+        if (pos < content.size()) ++pos;
+    }
+    index(doc);
+    return doc;
+}
+
+// The file is read again only when it changed on the disk; a load of many keys from a large
+// file then costs one parse, and a save of many keys one write when they come in a batch.
+struct CachedDocument {
+    std::string path;
+    struct timespec mtime {};
+    off_t size = -1;
+    ino_t inode = 0;
+    ProfileDocument doc;
+    bool valid = false;
+    bool batching = false;
+    int batchDepth = 0;  // batches nest: only the outermost end writes
+    bool dirty = false;
+};
+CachedDocument cache;
+
+bool sameOnDisk(const struct stat& st) {
+    return cache.size == st.st_size && cache.inode == st.st_ino && cache.mtime.tv_sec == st.st_mtim.tv_sec &&
+           cache.mtime.tv_nsec == st.st_mtim.tv_nsec;
+}
+
+void rememberDiskState(const std::string& path) {
+    struct stat st {};
+    if (stat(path.c_str(), &st) != 0) {
+        cache.valid = false;
+        return;
+    }
+    cache.size = st.st_size;
+    cache.inode = st.st_ino;
+    cache.mtime = st.st_mtim;
+}
+
+ProfileDocument readDocument(const std::string& path, bool& ok) {
+    std::ifstream in(path, std::ios::binary);
+    ok = static_cast<bool>(in);
+    std::ostringstream all;
+    if (ok) all << in.rdbuf();
+    return parse(all.str());
+}
+
+// Another file touched while a batch is open is read afresh each time and never cached, so
+// that the batch's document is not lost.
+ProfileDocument* loadOutsideBatch(const std::string& path) {
+    static ProfileDocument scratch;
+    struct stat st {};
+    bool ok = true;
+    if (stat(path.c_str(), &st) != 0) scratch = ProfileDocument{};
+    else if (!S_ISREG(st.st_mode)) return nullptr;
+    else scratch = readDocument(path, ok);
+    return ok ? &scratch : nullptr;
+}
+
+// The document of the file, parsed; an empty one when the file does not exist. Null when the
+// file exists but is no regular file or cannot be read.
+ProfileDocument* load(const std::string& path) {
+    if (cache.batching) return cache.path == path ? &cache.doc : loadOutsideBatch(path);
+    struct stat st {};
+    if (stat(path.c_str(), &st) != 0) {
+        cache = CachedDocument{path};
+        cache.valid = true;
+        return &cache.doc;
+    }
+    if (!S_ISREG(st.st_mode)) return nullptr;
+    if (cache.valid && cache.path == path && sameOnDisk(st)) return &cache.doc;
+    bool ok = true;
+    ProfileDocument doc = readDocument(path, ok);
+    if (!ok) return nullptr;
+    cache = CachedDocument{path};
+    cache.doc = std::move(doc);
+    cache.size = st.st_size;
+    cache.inode = st.st_ino;
+    cache.mtime = st.st_mtim;
+    cache.valid = true;
+    return &cache.doc;
+}
+
+std::string unquote(const std::string& value) {
+    if (value.size() >= 2 && value.front() == '"' && value.back() == '"') return value.substr(1, value.size() - 2);
+    return value;
+}
+
+// The line after the last line of the section that is not blank.
+std::size_t endOfSection(const ProfileDocument& doc, std::size_t header) {
+    std::size_t last = header;
+    std::string name;
+    for (std::size_t i = header + 1; i < doc.lines.size() && !sectionHeader(doc.lines[i], name); ++i)
+        if (!trimBlanks(doc.lines[i]).empty()) last = i;
+    return last + 1;
+}
+
+std::size_t nextSection(const ProfileDocument& doc, std::size_t header) {
+    std::string name;
+    std::size_t i = header + 1;
+    while (i < doc.lines.size() && !sectionHeader(doc.lines[i], name)) ++i;
+    return i;
+}
+
+void appendKey(ProfileDocument& doc, const std::string& section, const std::string& key, const std::string& value) {
+    doc.keys.emplace(lowerKey(section) + '\n' + lowerKey(key), doc.lines.size());
+    doc.lines.push_back(key + "=" + value);
+}
+
+// Applies one write; the index is kept in step without a new parse where lines do not move.
+void applyWrite(ProfileDocument& doc, const std::string& section, const std::optional<std::string>& key,
+                const std::optional<std::string>& value) {
+    auto header = doc.sections.find(lowerKey(section));
+    if (!key) {
+        if (header == doc.sections.end()) return;
+        doc.lines.erase(doc.lines.begin() + header->second, doc.lines.begin() + nextSection(doc, header->second));
+        return index(doc);
+    }
+    auto existing = doc.keys.find(lowerKey(section) + '\n' + lowerKey(*key));
+    if (existing != doc.keys.end()) {
+        if (value) return void(doc.lines[existing->second] = *key + "=" + *value);
+        doc.lines.erase(doc.lines.begin() + existing->second);
+        return index(doc);
+    }
+    if (!value) return;
+    if (header == doc.sections.end()) {
+        if (!doc.lines.empty() && !trimBlanks(doc.lines.back()).empty()) doc.lines.emplace_back();
+        doc.sections.emplace(lowerKey(section), doc.lines.size());
+        doc.lines.push_back("[" + section + "]");
+        return appendKey(doc, section, *key, *value);
+    }
+    std::size_t at = endOfSection(doc, header->second);
+    if (at == doc.lines.size()) return appendKey(doc, section, *key, *value);
+    doc.lines.insert(doc.lines.begin() + at, *key + "=" + *value);
+    index(doc);
+}
+
+bool replaceFile(const std::string& path, const ProfileDocument& doc) {
+    std::string temp = path + ".tmp" + std::to_string(::getpid());
+    {
+        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+        if (!out) return false;
+        for (const std::string& line : doc.lines) out << line << doc.lineEnd;
+        out.flush();
+        if (!out) {
+            std::remove(temp.c_str());
+            return false;
+        }
+    }
+    if (std::rename(temp.c_str(), path.c_str()) != 0) {
+        std::remove(temp.c_str());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string getProfileString(const std::string& file, const std::string& section, const std::string& key,
+                             const std::string& defaultValue) {
+    const ProfileDocument* doc = load(file);
+    if (!doc) return defaultValue;
+    auto at = doc->keys.find(lowerKey(section) + '\n' + lowerKey(key));
+    if (at == doc->keys.end()) return defaultValue;
+    std::string k, value;
+    keyLine(doc->lines[at->second], k, value);
+    return unquote(value);
+}
+
+bool writeProfileString(const std::string& file, const std::string& section,
+                        const std::optional<std::string>& key, const std::optional<std::string>& value) {
+    ProfileDocument* doc = load(file);
+    if (!doc) return false;
+    applyWrite(*doc, section, key, value);
+    if (doc != &cache.doc) return replaceFile(file, *doc);
+    if (cache.batching) {
+        cache.dirty = true;
+        return true;
+    }
+    if (!replaceFile(file, *doc)) {
+        cache.valid = false;  // the write is lost; the next read sees the disk as it stands
+        return false;
+    }
+    rememberDiskState(file);
+    return true;
+}
+
+void beginProfileBatch(const std::string& file) {
+    if (cache.batching) {
+        ++cache.batchDepth;
+        return;
+    }
+    if (!load(file)) return;
+    cache.batching = true;
+    cache.batchDepth = 1;
+}
+
+bool endProfileBatch() {
+    if (!cache.batching || --cache.batchDepth > 0) return true;
+    cache.batching = false;
+    if (!cache.dirty) return true;
+    cache.dirty = false;
+    if (!replaceFile(cache.path, cache.doc)) {
+        cache.valid = false;
+        return false;
+    }
+    rememberDiskState(cache.path);
+    return true;
+}
+
+void clearProfileCache() { cache = CachedDocument{}; }
+
+}  // namespace hlyd

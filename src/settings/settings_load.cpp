@@ -1,0 +1,298 @@
+// Reading the settings at start-up, in the order the file's sections were laid out, with the
+// defaults, the older keys that stand in for newer ones, and the sanity rules.
+#include <filesystem>
+#include <memory>
+
+#include "analysis/keywords.h"
+#include "display/attributes.h"
+#include "printing/page_settings.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/text_format.h"
+
+namespace hlyd {
+
+namespace {
+
+std::unique_ptr<HlydSettings> settings = std::make_unique<HlydSettings>();
+std::unique_ptr<cINIHandler> ini;
+std::int32_t screenWidthTwips = 1920 * 15;
+std::int32_t screenHeightTwips = 1080 * 15;
+
+const char* const kHeadingDefaults[3] = {"@FileName;|;<File Date: >; @FileDate; @FileTime",
+                                         "@VBName ;|; @ProcName",
+                                         "<Page >; @Page ;|<Printed: >;@Date; @Time"};
+const char* const kFootingCenterDefault = "<Listed by Halyard>|<Visual Basic source, as it stands>";
+const char* const kDisplayFontName = "Courier New";
+constexpr double kDisplayFontSize = 10;
+constexpr double kPrintFontSize = 12;
+
+// A value more than four times its reference is taken for a slip and replaced by it.
+std::int32_t sane(double value, std::int32_t reference) {
+    return value > 4.0 * reference ? reference : static_cast<std::int32_t>(value);
+}
+
+std::vector<std::string> blankSeparated(const std::string& text) {
+    std::vector<std::string> words(1);
+    for (char c : text) {
+        if (c == ' ') words.emplace_back();
+        else words.back() += c;
+    }
+    return words;
+}
+
+std::int16_t readInt16(const std::string& key, double defaultValue) {
+    return static_cast<std::int16_t>(iniHandler().ReadNumber(key, defaultValue));
+}
+
+std::int16_t readClamped(const std::string& key, double defaultValue, double lower, double upper) {
+    return static_cast<std::int16_t>(iniHandler().ReadNumber(key, defaultValue, lower, upper));
+}
+
+void readGeneralHead(HlydSettings& s) {
+    cINIHandler& i = iniHandler();
+    i.setSection("General");
+    s.DebugMenu = i.ReadBool("DebugMenu", false);
+    s.WindowState = readInt16("WindowState", 0);
+    if (s.WindowState < 0 || s.WindowState > 2) s.WindowState = 0;
+    s.CDLGFileIndex = readInt16("CDLGFileIndex", 1);
+    s.DoNotShowPrintDialog = i.ReadBool("DoNotShowPrintDialog", false);
+    s.ShowOpenDialog = i.ReadBool("ShowOpenDialog", true);
+}
+
+void readDebug(HlydSettings& s) {
+    cINIHandler& i = iniHandler();
+    cDebug& d = theDebug();
+    i.setSection("Debug");
+    d.DontTrapErrors = i.ReadBool("DontTrapErrors", false);
+    d.DontFixDataErrors = i.ReadBool("DontFixDataErrors", false);
+    s.LogFile = i.ReadString("LogFile", (std::filesystem::path(settingsDirectory()) / "DB_HY.LOG").string());
+    s.LoggingIsOn = i.ReadBool("LoggingIsOn", false);
+    d.TraceEvents = i.ReadBool("TraceEvents", false);
+    d.TraceApplication = i.ReadBool("TraceApplication", false);
+    d.TracePackages = i.ReadBool("TracePackages", false);
+    d.TraceClasses = i.ReadBool("TraceClasses", false);
+    d.TraceMouseMove = i.ReadBool("TraceMouseMove", false);
+}
+
+void readPrinterAndColumns(HlydSettings& s) {
+    cINIHandler& i = iniHandler();
+    s.DefaultFileLoc = i.ReadString("DefaultFileLoc", "", "General");
+    s.CurrentPrinter = i.ReadString("CurrentPrinter", systemDefaultPrinter(), "General");
+    ColumnSpec& c = pageSettings().Columns;
+    i.setSection(printerSection());
+    c.Columns = readInt16("Columns", 1);
+    c.Separator = i.ReadBool("ColumnSeparator", true);
+    c.Gutter = sane(i.ReadNumber("ColumnSpacing", 720), 720);
+    c.Width = sane(i.ReadNumber("ColumnWidth", 0), 12240);
+}
+
+// A list of extensions: the new key, else the older one, else the default; the older form
+// separated its extensions by blanks.
+std::string extensionList(const std::string& newKey, const std::string& oldKey, const std::string& fallback) {
+    cINIHandler& i = iniHandler();
+    std::string value = i.ReadString(newKey, "", "Files");
+    if (value.empty()) value = i.ReadString(oldKey, fallback, "Files");
+    if (value.empty()) value = fallback;
+    if (value.find('|') == std::string::npos)
+        for (char& c : value)
+            if (c == ' ') c = '|';
+    return value;
+}
+
+void readDialectAndFiles(HlydSettings& s) {
+    cINIHandler& i = iniHandler();
+    s.Dialect = i.ReadString("Dialect", "6", "Dialect");
+    s.DetectDialect = upperCase(i.ReadString("Detect", "Auto", "Dialect")) == "AUTO";
+    s.BasicExt = extensionList("BasicExtNew", "BasicExt", "BAS|CLS");
+    s.FormExt = extensionList("FormExtNew", "FormExt", "FRM|CTL|PAG|DOB|DSR");
+    s.ProjectExt = extensionList("ProjectExtNew", "ProjectExt", "VBP|MAK|VBG");
+    s.ResourceExt.clear();
+}
+
+void readFormat(int dest) {
+    cINIHandler& i = iniHandler();
+    FormatRecord& f = displayAttributes().Format[dest];
+    std::string d = std::string(".") + destinationName(dest);
+    i.setSection("Format");
+    f.SkipAttributes = i.ReadBool("SkipAttributes" + d, false);
+    f.ConnectControls = i.ReadBool("ConnectControls" + d, true);
+    f.ContinueGenerate = i.ReadBool("ContinueGenerate" + d, true);
+    f.ContinueHonor = i.ReadBool("ContinueHonor" + d, true);
+    f.Separator = i.ReadBool("Separator" + d, true);
+    f.SeparatorBold = i.ReadBool("SeparatorBold" + d, true);
+    std::string skip = i.ReadString("ProcSkip" + d, "");
+    if (skip.empty()) skip = i.ReadBool("NewPage" + d, false) ? "P" : "N";
+    f.ProcSkip = static_cast<unsigned char>(skip[0]);
+    f.IndentAmount = readInt16("IndentAmount" + d, 4);
+    f.TabWidth = readInt16("TabWidth" + d, 4);
+    f.Indent = i.ReadBool("Indent" + d, true);
+    f.Orphan = readInt16("Orphan" + d, 1);
+}
+
+void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
+    cINIHandler& i = iniHandler();
+    i.setSection("General");
+    s.SaveHYInfo = i.ReadBool("SaveHYInfo", false);
+    s.SaveHYFile = i.ReadString("SaveHYFile", (std::filesystem::path(settingsDirectory()) / "TMRHIST.TMR").string());
+    s.LineNumbers = i.ReadBool("LineNumbers", false);
+    s.LineNumberHow = readInt16("LineNumberHow", 2);
+    s.LineNumberStart = static_cast<std::int32_t>(i.ReadNumber("LineNumberStart", 1));
+    s.LineNumberIncrement = static_cast<std::int32_t>(i.ReadNumber("LineNumberIncrement", 1));
+    s.PageNumberAsk = i.ReadBool("PageNumberAsk", false);
+    s.PageNumberHow = readInt16("PageNumberHow", 1);
+    // Defaults only on a first run: a heading the user cleared stays cleared.
+    auto heading = [&](const char* key, const char* firstRunDefault) {
+        return i.ReadString(key, firstRun ? firstRunDefault : "");
+    };
+    s.HeadingLeft = heading("HeadingLeft", kHeadingDefaults[0]);
+    s.HeadingCenter = heading("HeadingCenter", kHeadingDefaults[1]);
+    s.HeadingRight = heading("HeadingRight", kHeadingDefaults[2]);
+    s.FootingLeft = heading("FootingLeft", "@User");
+    s.FootingCenter = heading("FootingCenter", kFootingCenterDefault);
+    s.FootingRight = heading("FootingRight", "@Company");
+    s.FileDate = i.ReadBool("FileDate", true);
+    s.FileName = i.ReadBool("FileName", true);
+    s.FullFileName = i.ReadBool("FullFileName", true);
+    s.PrintDate = i.ReadBool("PrintDate", true);
+    s.OptionalHeading = i.ReadString("OptionalHeading", "");
+    s.ProcName = i.ReadBool("ProcName", true);
+    std::string screenDefault = std::to_string(screenWidthTwips / 10) + " " + std::to_string(screenHeightTwips / 6) +
+                                " " + std::to_string(screenWidthTwips * 4 / 5) + " " +
+                                std::to_string(screenHeightTwips * 2 / 3);
+    std::vector<std::string> screen = i.ReadWords("Screen", screenDefault, std::string("General"));
+    std::vector<std::string> fallback = blankSeparated(screenDefault);
+    for (int k = 0; k < 4; ++k)
+        s.Screen[k] = static_cast<std::int32_t>(valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]));
+    s.ToolBar = i.ReadBool("ToolBar", true);
+    s.ToolTips = i.ReadBool("ToolTips", true);
+    s.StatusBar = i.ReadBool("StatusBar", true);
+}
+
+std::uint32_t colourOf(double value) {
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
+}
+
+bool fontAttrFlag(const std::string& word) { return upperCase(word) == "YES" || word == "-1"; }
+
+void readElements(int dest, const std::string& section, const std::string& defaultFont, double defaultSize) {
+    cINIHandler& i = iniHandler();
+    for (int e = 1; e <= kElementCount; ++e) {
+        AttributeRecord& a = displayAttributes().Elements[e].slot[dest];
+        const std::string& name = elementName(e);
+        bool green = e == kElemComments || e == kElemLineNumbers;
+        bool bold = e == kElemKeyWords || e == kElemProcedures || e == kElemHeadersFooters;
+        double background = dest == kDisplay ? kSystemWindowBackground : kWhite;
+        double foreground = green ? 65280 : (e == kElemKeyWords ? 16711680 : 0);
+        i.setSection(section);
+        a.BackColor = colourOf(i.ReadNumber("Color.Background." + name, background));
+        if (dest == kDisplay && a.BackColor == kWhite) a.BackColor = kSystemWindowBackground;
+        a.ForeColor = colourOf(i.ReadNumber("Color.Foreground." + name, foreground));
+        a.FontName = i.ReadString("FontName." + name, defaultFont);
+        std::string defaults = std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(defaultSize);
+        std::vector<std::string> words = i.ReadWords("FontAttr." + name, defaults, section);
+        std::vector<std::string> fallback = blankSeparated(defaults);
+        auto word = [&](int k) { return k < static_cast<int>(words.size()) ? words[k] : fallback[k]; };
+        a.Font.Name = a.FontName;
+        a.Font.Bold = fontAttrFlag(word(0));
+        a.Font.Italic = fontAttrFlag(word(1));
+        a.Font.Underline = fontAttrFlag(word(2));
+        a.Font.Strikethrough = fontAttrFlag(word(3));
+        a.Font.Size = valOf(word(4));
+    }
+}
+
+void readMargins() {
+    static const std::int32_t kReference[4] = {720, 1440, 720, 720};
+    std::vector<std::string> words = iniHandler().ReadWords("Margins", "720 1440 720 720", printerSection());
+    std::int32_t value[4];
+    for (int k = 0; k < 4; ++k) {
+        double number = k < static_cast<int>(words.size()) ? GetNumberFromString(words[k]) : kReference[k];
+        value[k] = sane(number, kReference[k]);
+    }
+    MarginRecord& m = pageSettings().Margins;
+    m.Bottom = value[0];
+    m.Left = value[1];
+    m.Right = value[2];
+    m.Top = value[3];
+}
+
+void readContentsViewAndPrintState(HlydSettings& s) {
+    cINIHandler& i = iniHandler();
+    i.setSection("General");
+    s.TableOfContents = i.ReadBool("TableOfContents", false);
+    s.PrintContinuous = i.ReadBool("PrintContinuous", false);
+    s.ProcContentsPrint = i.ReadBool("ProcContents", false);
+    s.ProcContentsDisplay = i.ReadBool("ProcContents", false, std::string("Display"));
+    for (int dest : {kDisplay, kPrint}) {
+        s.ViewCode[dest] = i.ReadBool(std::string("Code.") + destinationName(dest), true, std::string("View"));
+        s.ViewFormDef[dest] = i.ReadBool(std::string("FormDef.") + destinationName(dest), true, std::string("View"));
+    }
+    i.setSection("General");
+    s.Orientation = readClamped("Orientation", 1, 1, 2);
+    s.Duplex = readClamped("Duplex", 1, 1, 3);
+    s.Copies = readClamped("Copies", 1, 1, 10);
+    s.PaperSize = readClamped("PaperSize", 1, 1, 265);
+    s.PrintQuality = readInt16("PrintQuality", -4);
+    s.VBLevel = i.ReadString("VBLevel", "", "Special");
+}
+
+}  // namespace
+
+HlydSettings& hlydSettings() { return *settings; }
+
+cINIHandler& iniHandler() {
+    if (!ini) sbInitINI();
+    return *ini;
+}
+
+void resetSettings() {
+    settings = std::make_unique<HlydSettings>();
+    ini.reset();
+    resetDisplayAttributes();
+    resetPageSettings();
+}
+
+std::string printerSection() { return settings->CurrentPrinter + ".Print"; }
+
+void setScreenSizeTwips(std::int32_t width, std::int32_t height) {
+    screenWidthTwips = width;
+    screenHeightTwips = height;
+}
+
+void sbInitINI() {
+    if (!ini) ini = std::make_unique<cINIHandler>();
+    ini->setINIFileName(kSettingsFileName);
+}
+
+void sbGetINIUser() {
+    sbInitINI();
+    HlydSettings& s = *settings;
+    s.UserName = ini->ReadString("User Name", "", "General");
+    s.UserCompany = ini->ReadString("User Company", "", "General");
+    if (s.UserName.empty()) s.UserName = UserCoDef("DefName");
+    if (s.UserCompany.empty()) s.UserCompany = UserCoDef("DefCompany");
+    theAppInfo().UserName = s.UserName;
+    theAppInfo().UserCompany = s.UserCompany;
+}
+
+void sbINIGetInfo(bool firstRun) {
+    TraceScope trace(theDebug().TraceApplication, "sbINIGetInfo");
+    HlydSettings& s = *settings;
+    readGeneralHead(s);
+    readDebug(s);
+    readPrinterAndColumns(s);
+    readDialectAndFiles(s);
+    readFormat(kDisplay);
+    readFormat(kPrint);
+    readHistoryNumberingHeadings(s, firstRun);
+    readElements(kDisplay, "Display", kDisplayFontName, kDisplayFontSize);
+    readElements(kPrint, printerSection(), kDisplayFontName, kPrintFontSize);
+    readMargins();
+    readContentsViewAndPrintState(s);
+}
+
+}  // namespace hlyd

@@ -1,0 +1,87 @@
+// The save routines: each dialog's group of keys, the element attributes, the debug keys, the
+// window and printer state, the full save; and the load of start-up that may end in a full save.
+#include <filesystem>
+#include <fstream>
+
+#include <unistd.h>
+
+#include "settings/settings_keys.h"
+#include "settings/settings_store.h"
+#include "settings/profile_file.h"
+#include "shell/app_info.h"
+#include "shell/c_log.h"
+#include "shell/message_box.h"
+
+namespace hlyd {
+
+namespace {
+
+// The settings directory exists and takes a new file; otherwise the reason, for the user.
+std::string settingsDirectoryProblem() {
+    namespace fs = std::filesystem;
+    fs::path dir = settingsDirectory();
+    std::error_code ec;
+    fs::create_directories(dir, ec);
+    if (ec) return ec.message();
+    fs::path probe = dir / (".hlyd-write-test-" + std::to_string(::getpid()));
+    std::ofstream(probe) << "x";
+    if (!fs::exists(probe, ec)) return "the directory cannot be written";
+    fs::remove(probe, ec);
+    return {};
+}
+
+void tellSettingsCannotBeSaved(const std::string& reason) {
+    const std::string& title = theAppInfo().Title;
+    showMessage(title + " cannot save its settings in " + settingsDirectory() + " (" + reason + ").\n\n" + title +
+                    " starts with the settings it can read, and changes made in this run will not be kept.",
+                title, MsgButtons::OK, MsgIcon::Warning);
+}
+
+}  // namespace
+
+void sbDisplayINISave() { writeSettingGroups(kSaveDisplay); }
+void sbPrintINISave() { writeSettingGroups(kSavePrint); }
+void sbPrintOptionsINISave() { writeSettingGroups(kSavePrintOptions); }
+void saveElementAttributes(int displayOrPrint, int element) { writeSettingGroups(kSaveElement, displayOrPrint, element); }
+void saveDebugSettings() { writeSettingGroups(kSaveDebug); }
+void saveWindowState() { writeSettingGroups(kSaveWindow); }
+void savePrinterState() { writeSettingGroups(kSavePrinterState); }
+
+void saveAllSettings() {
+    HlydSettings& s = hlydSettings();
+    if (!s.SettingsWritable) return;
+    cINIHandler& ini = iniHandler();
+    beginProfileBatch(ini.resolvedPath());
+    writeSettingGroups(kSaveDisplay | kSavePrint | kSavePrintOptions | kSaveElement | kSaveDebug | kSaveWindow |
+                       kSavePrinterState | kSaveFullOnly);
+    s.Version = theAppInfo().Version;
+    ini.WriteString("Version", s.Version, std::string("General"));
+    endProfileBatch();
+}
+
+void loadSettingsAtStartup() {
+    HlydSettings& s = hlydSettings();
+    std::string problem = settingsDirectoryProblem();
+    s.SettingsWritable = problem.empty();
+    sbInitINI();
+    sbGetINIUser();
+    cINIHandler& ini = iniHandler();
+    s.FirstRun = ini.ReadString("Version", "<none>", "General") == "<none>";
+    sbINIGetInfo(s.FirstRun);
+    theLog().setLogFileName(s.LogFile);
+    if (s.LoggingIsOn && !s.LogFile.empty()) theLog().LogOpen(s.LogFile, 1);
+    s.Version = ini.ReadString("Version", "", "General");
+    if (!s.SettingsWritable) {
+        tellSettingsCannotBeSaved(problem);
+    } else if (s.Version != theAppInfo().Version) {
+        saveAllSettings();
+    }
+}
+
+std::vector<SettingShown> settingsAsLoaded() {
+    std::vector<SettingShown> shown;
+    for (const SettingKey& key : settingKeys()) shown.push_back(key.show());
+    return shown;
+}
+
+}  // namespace hlyd
