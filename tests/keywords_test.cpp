@@ -1,1 +1,223 @@
+// The keyword table: the shipped data file, the checks made while reading a keyword file, and the
+// cutting and searching of one dialect's table.
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <sstream>
+
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/hlyd_error.h"
 #include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+class KeywordTableTest : public test::AnalysisTest {
+protected:
+    // Loads the keyword file into a fresh module; returns the error number raised, 0 when none.
+    int load(const std::string& path) {
+        resetBasiclan();
+        try {
+            BabInitFrom(path);
+        } catch (const HlydError& e) {
+            return e.Number;
+        }
+        return 0;
+    }
+    std::int32_t indexOf(const std::string& word) const {
+        std::int32_t index = -1;
+        SearchForKeyWord(word, index);
+        return index;
+    }
+    const KeyWord& entry(const std::string& word) const {
+        std::int32_t index = indexOf(word);
+        EXPECT_NE(index, 0) << word << " is missing";
+        return dialectKeyWord(index);
+    }
+};
+
+TEST_F(KeywordTableTest, ShippedFileLoadsWithEveryLineAnEntry) {
+    EXPECT_EQ(theDebug().BabStatus, 0);
+    EXPECT_TRUE(ui.shown.empty());
+    std::ifstream in(test::keywordFilePath());
+    std::int32_t lines = 0;
+    for (std::string line; std::getline(in, line);)
+        if (line.find_first_not_of(" \t\r") != std::string::npos) ++lines;
+    EXPECT_EQ(basiclan().KeyWordTotal, lines);
+    EXPECT_EQ(basiclan().KeyWords.size(), static_cast<std::size_t>(lines) + 1);
+    EXPECT_EQ(basiclan().CurrentDialect, "6");
+    ASSERT_NE(basiclan().LetKeyWord, 0);
+    EXPECT_EQ(dialectKeyWord(basiclan().LetKeyWord).Word, "LET");
+}
+
+// The analysis compares these words by name, so the file must hold them with the flags the
+// block and verb logic relies on.
+TEST_F(KeywordTableTest, ShippedFileHoldsTheWordsTheAnalysisNeeds) {
+    for (const char* w : {"ATTRIBUTE", "BEGIN", "BEGINPROPERTY", "VERSION", "ENDPROPERTY", "CONST",
+                          "DECLARE", "DIM", "GLOBAL", "PRIVATE", "PUBLIC", "REDIM", "STATIC", "EVENT",
+                          "FUNCTION", "SUB", "PROPERTY", "GET", "LET", "SET", "END", "IF", "ELSE",
+                          "NEXT", "GOSUB", "GOTO", "ON", "RESUME", "ERROR", "TYPE", "ENUM"})
+        EXPECT_EQ(entry(w).ClassCode, 'V') << w;
+    EXPECT_NE(indexOf("THEN"), 0);
+    for (const char* w : {"IF", "FOR", "DO", "WHILE", "SELECT", "WITH", "TYPE", "ENUM", "BEGIN", "BEGINPROPERTY"}) {
+        EXPECT_TRUE(entry(w).Indent) << w;
+        EXPECT_FALSE(entry(w).Outdent) << w;
+    }
+    for (const char* w : {"END", "NEXT", "LOOP", "WEND", "ENDPROPERTY"}) {
+        EXPECT_TRUE(entry(w).Outdent) << w;
+        EXPECT_FALSE(entry(w).Indent) << w;
+    }
+    for (const char* w : {"ELSE", "ELSEIF", "CASE"}) EXPECT_TRUE(entry(w).Indent && entry(w).Outdent) << w;
+    for (const char* w : {"PUBLIC", "PRIVATE", "GLOBAL", "STATIC", "FRIEND"})
+        EXPECT_TRUE(entry(w).ScanForVerb && entry(w).ClassOverride) << w;
+    for (const char* w : {"SUB", "FUNCTION", "PROPERTY"}) EXPECT_FALSE(entry(w).Indent) << w;
+}
+
+TEST_F(KeywordTableTest, EntriesAreReadQuotedOrBareInAnyCase) {
+    std::string path = test::writeTempFile("kw-good.KEY", "abs,*,b\n\"Dim\",\"*\",\"vn-y\"\n\"ZZZ\",\"4\",\"V\"\n");
+    ASSERT_EQ(load(path), 0);
+    EXPECT_EQ(theDebug().BabStatus, 0);
+    EXPECT_EQ(basiclan().KeyWordTotal, 3);
+    const KeyWord& abs = entry("ABS");
+    EXPECT_EQ(abs.ClassCode, 'B');
+    EXPECT_FALSE(abs.Indent || abs.Outdent || abs.ClassOverride || abs.KeepLeadingComments || abs.ScanForVerb);
+    const KeyWord& dim = entry("dim");
+    EXPECT_EQ(dim.ClassCode, 'V');
+    EXPECT_FALSE(dim.Indent);
+    EXPECT_TRUE(dim.ClassOverride);
+    EXPECT_FALSE(dim.KeepLeadingComments || dim.ScanForVerb);
+    const KeyWord& zzz = entry("ZZZ");  // the last entry of a tiny table is found too
+    EXPECT_FALSE(zzz.Indent || zzz.Outdent || zzz.ClassOverride || zzz.KeepLeadingComments || zzz.ScanForVerb);
+    EXPECT_EQ(basiclan().LetKeyWord, 0);  // a file without LET gives assignments no keyword
+    BuildKeyWordsForDialect("3");
+    EXPECT_EQ(indexOf("ZZZ"), 0);
+}
+
+TEST_F(KeywordTableTest, TableGrowsPastItsFirstAllocation) {
+    std::ostringstream content;
+    for (int i = 0; i < 4600; ++i) content << "\"W" << 10000 + i << "\",\"*\",\"V\"\n";
+    ASSERT_EQ(load(test::writeTempFile("kw-big.KEY", content.str())), 0);
+    EXPECT_EQ(basiclan().KeyWordTotal, 4600);
+    EXPECT_EQ(basiclan().KeyWords.size(), 4601u);
+    EXPECT_EQ(indexOf("W10000"), 1);
+    EXPECT_EQ(indexOf("W14599"), 4600);
+}
+
+TEST_F(KeywordTableTest, BadEntryStopsReadingWithItsNumberAndName) {
+    struct Case {
+        std::string content;
+        std::string fault;
+        int entry;
+        std::string word;
+    };
+    const std::string good = "\"ABC\",\"*\",\"V\"\n";
+    std::vector<Case> cases = {
+        {good + good, "File sequence", 2, "ABC"},
+        {good + "\"DEF\",\"*\",\"\"\n\"abc\",\"*\",\"\"\n", "File sequence", 3, "abc"},
+        {"\"ABC\",\"\",\"V\"\n", "Dialect", 1, "ABC"},
+        {good + "\"def\",\"*\",\"A\"\n", "Class-code", 2, "def"},
+    };
+    const char* flagNames[] = {"Indent-flag", "Outdent-flag", "ClassOverride-flag",
+                               "KeepLeadingComments-flag", "ScanForVerb-flag"};
+    for (int i = 0; i < 5; ++i) {
+        std::string flags = "V-----";
+        flags[i + 1] = 'X';  // a class letter is no flag value
+        cases.push_back({good + "\"DEF\",\"*\",\"" + flags + "\"\n", flagNames[i], 2, "DEF"});
+    }
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.fault + " in " + c.content);
+        ui.shown.clear();
+        std::string path = test::writeTempFile("kw-bad.KEY", c.content);
+        EXPECT_EQ(load(path), kInternalError);
+        EXPECT_EQ(theDebug().BabStatus, 4);
+        EXPECT_EQ(theDebug().BabStatusDetail, c.entry);
+        ASSERT_EQ(ui.shown.size(), 1u);
+        EXPECT_EQ(ui.shown[0].text, "BabInit\n" + path + "\n\nInvalid " + c.fault + "\n\nRecord=" +
+                                        std::to_string(c.entry) + " KeyWord=|" + c.word + "|");
+        EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
+    }
+    // A run that goes on after a bad keyword file knows no keywords at all.
+    analyze("Dim x\n");
+    EXPECT_TRUE(token(1).is(kTokIdentifier, kDetIdentifier));
+}
+
+TEST_F(KeywordTableTest, MissingFileIsFatalAndSaysWhereItBelongs) {
+    std::string dir = std::filesystem::path(test::writeTempFile("kw-placeholder", "")).parent_path().string() + "/none";
+    EXPECT_EQ(load(dir + "/BASICLAN.KEY"), kInternalError);
+    EXPECT_EQ(theDebug().BabStatus, -7);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text, "The file BASICLAN.KEYwas not found in the directory \n" + dir +
+                                    "\n\nBASICLAN.KEY is required for " + theAppInfo().Title +
+                                    " to operate.\n\nPlease install this file in the directory " + dir);
+    EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
+}
+
+TEST_F(KeywordTableTest, SecondInitDoesNothing) {
+    std::int32_t total = basiclan().KeyWordTotal;
+    EXPECT_NO_THROW(BabInitFrom("/nonexistent/BASICLAN.KEY"));
+    EXPECT_EQ(theDebug().BabStatus, 1);
+    EXPECT_EQ(basiclan().KeyWordTotal, total);
+    EXPECT_TRUE(ui.shown.empty());
+}
+
+TEST_F(KeywordTableTest, DialectKeepsOnlyWordsOfItsVersionAndBefore) {
+    std::int32_t all = basiclan().DialectKeyWordCount;
+    BuildKeyWordsForDialect("4");
+    EXPECT_FALSE(BabIsKeyWord("ENUM"));  // marked "5"
+    EXPECT_TRUE(BabIsKeyWord("WITH"));   // marked "4"
+    EXPECT_TRUE(BabIsKeyWord("DIM"));
+    EXPECT_EQ(dialectKeyWord(basiclan().LetKeyWord).Word, "LET");
+    BuildKeyWordsForDialect("3");
+    EXPECT_FALSE(BabIsKeyWord("WITH"));
+    EXPECT_LT(basiclan().DialectKeyWordCount, all);
+    EXPECT_EQ(basiclan().DialectKeyWords[0].Word, std::string(1, '\0'));
+
+    analyze("Private x\n", "3");
+    EXPECT_TRUE(token(1).is(kTokIdentifier, kDetIdentifier));
+    EXPECT_FALSE(token(1).KeyWordSeen);
+    analyze("Private x\n", "4");
+    EXPECT_TRUE(token(1).KeyWordSeen);
+    EXPECT_EQ(statement(1).Class, kStmtDeclaration);
+}
+
+TEST_F(KeywordTableTest, SearchAtTheEdgesOfTheTable) {
+    std::int32_t count = basiclan().DialectKeyWordCount;
+    EXPECT_EQ(indexOf(""), 0);
+    EXPECT_EQ(indexOf(std::string(1, '\0')), 0);  // the sentinel is no keyword
+    EXPECT_EQ(indexOf(basiclan().DialectKeyWords[1].Word), 1);
+    EXPECT_EQ(indexOf(basiclan().DialectKeyWords[count - 1].Word), count - 1);
+    EXPECT_EQ(indexOf("dim"), indexOf("DIM"));
+    EXPECT_EQ(indexOf("DI"), 0);
+    EXPECT_EQ(indexOf("DIMS"), 0);
+}
+
+TEST_F(KeywordTableTest, RebuildingADialectKeepsIndexes) {
+    std::vector<std::int32_t> before;
+    for (const char* w : {"DIM", "LET", "YEAR", "ABS"}) before.push_back(indexOf(w));
+    BuildKeyWordsForDialect("6");
+    BuildKeyWordsForDialect("4");
+    BuildKeyWordsForDialect("6");
+    std::vector<std::int32_t> after;
+    for (const char* w : {"DIM", "LET", "YEAR", "ABS"}) after.push_back(indexOf(w));
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(KeywordTableTest, UnknownDialectIsABadArgument) {
+    for (const char* dialect : {"7", "", "*", "2"}) {
+        SCOPED_TRACE(dialect);
+        try {
+            BuildKeyWordsForDialect(dialect);
+            ADD_FAILURE() << "no error raised";
+        } catch (const HlydError& e) {
+            EXPECT_EQ(e.Number, kInternalError);
+        }
+        EXPECT_EQ(theDebug().BabStatus, 3);
+        EXPECT_EQ(theDebug().BabStatusDetail, 1);
+    }
+    EXPECT_EQ(basiclan().CurrentDialect, "6");
+    EXPECT_TRUE(BabIsKeyWord("ENUM"));
+}
+
+}  // namespace
+}  // namespace hlyd

@@ -100,6 +100,7 @@ bool LogicalLineParser::leadingComments() {
         if (inContinuedComment_) {
             inContinuedComment_ = false;
             t_.Statements[t_.StatementCount].LastToken = t_.Records[r].FirstT;
+            t_.Tokens[t_.Records[r].FirstT].Statement = t_.StatementCount;
         } else {
             commentStatement = t_.StatementCount + 1;
             std::int32_t next = t_.Records[r].FirstT;

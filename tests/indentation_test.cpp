@@ -1,0 +1,252 @@
+// Record parsing: indent levels of blocks, conditional compilation, continued lines, and which
+// comments travel with the code or procedure below them.
+#include <fstream>
+#include <sstream>
+
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+class IndentationTest : public test::AnalysisTest {
+protected:
+    // The Indent of the first `count` Records (the sentinel at the end is left out).
+    std::vector<int> indents(std::int32_t count) const {
+        std::vector<int> out;
+        for (std::int32_t r = 1; r <= count; ++r) out.push_back(record(r).Indent);
+        return out;
+    }
+    const Statement& lineStatement(std::int32_t r) const { return statement(record(r).FirstS); }
+};
+
+TEST_F(IndentationTest, NestedBlocks) {
+    analyze(
+        "Sub Foo()\n"        // 0
+        "If a Then\n"        // 0
+        "For i = 1 To 3\n"   // 1
+        "Do While x\n"       // 2
+        "With obj\n"         // 3
+        "lbl: .y = 1\n"      // 4: a label keeps the level
+        "End With\n"         // 3
+        "Loop\n"             // 2
+        "Do: x = 1: Loop\n"  // 2: opened and closed on one line
+        "If a Then b\n"      // 2
+        "Next i\n"           // 1
+        "ElseIf b Then\n"    // 0
+        "Select Case x\n"    // 1
+        "Case 1\n"           // 1
+        "y = 1\n"            // 2
+        "Case Else\n"        // 1
+        "y = 2\n"            // 2
+        "End Select\n"       // 1
+        "Else\n"             // 0
+        "While z\n"          // 1
+        "Wend\n"             // 1
+        "End If\n"           // 0
+        "End Sub\n");        // 0
+    EXPECT_EQ(indents(23), (std::vector<int>{0, 0, 1, 2, 3, 4, 3, 2, 2, 2, 1, 0, 1, 1, 2, 1, 2, 1, 0, 1, 1, 0, 0}));
+    EXPECT_EQ(basiclan().IndentLevel, 0);
+    EXPECT_EQ(lineStatement(9).Flags & kFlagIndent, 0);  // the one-line loop opens nothing
+}
+
+TEST_F(IndentationTest, NextWithSeveralVariables) {
+    analyze(
+        "If a Then\n"         // 0
+        "For i = 1 To 3\n"    // 1
+        "For j = 1 To 3\n"    // 2
+        "x = 1\n"             // 3
+        "Next j, i\n"         // 1
+        "y = 1\n"             // 1
+        "End If\n");          // 0
+    EXPECT_EQ(indents(7), (std::vector<int>{0, 1, 2, 3, 1, 1, 0}));
+
+    analyze(
+        "If a Then\n"              // 0
+        "For i = 1 To 3\n"         // 1
+        "For a(1, 2) = 1 To 3\n"   // 2
+        "x = 1\n"                  // 3
+        "Next a(1, 2), i\n"        // 1: the comma in the parentheses separates no variable
+        "y = 1\n"                  // 1
+        "End If\n");               // 0
+    EXPECT_EQ(indents(7), (std::vector<int>{0, 1, 2, 3, 1, 1, 0}));
+}
+
+TEST_F(IndentationTest, ConditionalCompilationStandsAtTheMargin) {
+    analyze(
+        "If a Then\n"     // 0
+        "#If A Then\n"    // 0
+        "x = 1\n"         // 1
+        "#End If\n"       // 0
+        "y = 1\n"         // 1: the level comes back
+        "End If\n");      // 0
+    EXPECT_EQ(indents(6), (std::vector<int>{0, 0, 1, 0, 1, 0}));
+    EXPECT_EQ(lineStatement(2).Flags, 0);  // "#If" opens no block
+    EXPECT_FALSE(basiclan().RestoreIndent);
+
+    analyze(
+        "If a Then\n"       // 0
+        "#If A Then\n"      // 0
+        "x = 1\n"           // 1
+        "#Else\n"           // 0
+        "y = 1\n"           // 0: the level stays at the margin
+        "For i = 1 To 2\n"  // 0
+        "z = 1\n"           // 1: until the next opener
+        "Next i\n"          // 0
+        "#End If\n"         // 0
+        "w = 1\n");         // 0
+    EXPECT_EQ(indents(10), (std::vector<int>{0, 0, 1, 0, 0, 0, 1, 0, 0, 0}));
+}
+
+TEST_F(IndentationTest, UnbalancedCloserIsLoggedAndReadingGoesOn) {
+    std::string logPath = test::writeTempFile("indentation-test.log", "");
+    theLog().LogOpen(logPath, 1);
+    EXPECT_EQ(analyze("x = 1\nEnd If\ny = 1\n"), 11);
+    theLog().LogClose();
+    EXPECT_EQ(indents(3), (std::vector<int>{0, 0, 0}));
+    EXPECT_TRUE(ui.shown.empty());
+    std::stringstream log;
+    log << std::ifstream(logPath).rdbuf();
+    EXPECT_NE(log.str().find("=====>\nIndent-level < 0.\nMore information follows...\n<====="), std::string::npos);
+
+    theDebug().DontFixDataErrors = true;
+    SourceFile file;
+    file.openText("x = 1\nEnd If\ny = 1\n");
+    BabInitFile(tables(), "6");
+    BabParseRecord(file, tables());
+    EXPECT_EQ(theDebug().BabStatus, 0);
+    BabParseRecord(file, tables());
+    EXPECT_EQ(theDebug().BabStatus, 6);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].title, "BabParseRecord -- Internal Error");
+    EXPECT_EQ(ui.shown[0].text, "Indent-level < 0.\nMore information follows...");
+    BabParseRecord(file, tables());
+    EXPECT_EQ(theDebug().BabStatus, 0);
+    EXPECT_EQ(record(3).Indent, 0);
+}
+
+TEST_F(IndentationTest, ContinuedStatementKeepsOneIndent) {
+    analyze(
+        "If a Then\n"        // 0
+        "x = 1 + _\n"        // 1
+        "    2 + _\n"        // 1
+        "    3\n"            // 1
+        "If b And _\n"       // 1
+        "    c Then\n"       // 1
+        "y = 1\n"            // 2
+        "End If\n"           // 1
+        "End If\n");         // 0
+    EXPECT_EQ(indents(9), (std::vector<int>{0, 1, 1, 1, 1, 1, 2, 1, 0}));
+    for (std::int32_t r = 2; r <= 4; ++r) {
+        EXPECT_EQ(record(r).FirstS, record(2).FirstS) << r;
+        EXPECT_EQ(record(r).LastS, record(2).FirstS) << r;
+    }
+    EXPECT_EQ(lineStatement(2).FirstRecord, 2);
+    EXPECT_EQ(lineStatement(2).LastRecord, 4);
+}
+
+TEST_F(IndentationTest, FileEndingInACommentGivesItTwoStatements) {
+    analyze("x = 1\n' last\n");
+    ASSERT_EQ(tables().RecordCount, 3);
+    ASSERT_EQ(tables().StatementCount, 3);
+    EXPECT_EQ(statement(2).Class, kStmtComment);
+    EXPECT_EQ(statement(3).Class, kStmtComment);
+    EXPECT_EQ(statement(2).FirstToken, statement(3).FirstToken);
+    EXPECT_EQ(statement(3).FirstRecord, 2);
+    EXPECT_EQ(statement(3).LastRecord, 2);
+    EXPECT_EQ(record(3).FirstS, record(2).FirstS);
+    EXPECT_EQ(record(3).LastS, record(2).LastS);
+    EXPECT_EQ(record(3).FirstS, 3);
+}
+
+TEST_F(IndentationTest, OnlyCommentsDirectlyAboveCodeAreTied) {
+    analyze("x = 1\n' one\n' two\n\n' three\ny = 2\n");
+    for (std::int32_t r = 2; r <= 4; ++r) EXPECT_EQ(record(r).TiedTo, 0) << r;
+    EXPECT_EQ(record(5).TiedTo, 6);
+    EXPECT_EQ(record(5).TiedStart, 1);  // the Record ahead of the run of comments
+    EXPECT_EQ(record(6).TiedTo, 0);
+
+    analyze("' one\n' two\nIf a Then\nEnd If\n");
+    EXPECT_EQ(record(1).TiedTo, 3);
+    EXPECT_EQ(record(2).TiedTo, 3);
+    EXPECT_EQ(record(1).TiedStart, 0);
+}
+
+TEST_F(IndentationTest, CommentsAboveAProcedureFromTheFirstBlankLine) {
+    analyze(
+        "x = 1\n"       // 1
+        "Sub A()\n"     // 2: nothing above it
+        "End Sub\n"     // 3
+        "' free\n"      // 4
+        "\n"            // 5
+        "' tied\n"      // 6
+        "Sub B()\n"     // 7
+        "End Sub\n"     // 8
+        "' one\n"       // 9
+        "' two\n"       // 10
+        "Sub C()\n"     // 11
+        "End Sub\n");   // 12
+    EXPECT_NE(lineStatement(2).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(record(1).TiedTo, 0);
+
+    EXPECT_EQ(record(4).TiedTo, 0);
+    EXPECT_EQ(lineStatement(4).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(record(5).TiedTo, 7);
+    EXPECT_EQ(record(6).TiedTo, 7);
+    EXPECT_NE(lineStatement(5).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(lineStatement(7).Flags & kFlagProcListingStart, 0);
+
+    EXPECT_EQ(record(9).TiedTo, 11);
+    EXPECT_EQ(record(10).TiedTo, 11);
+    EXPECT_NE(lineStatement(9).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(lineStatement(11).Flags & kFlagProcListingStart, 0);
+
+    // The procedure takes the run from its first blank line, not from the one nearest to it.
+    analyze("' a\n\n' b\n\n' c\nSub D()\nEnd Sub\n");
+    EXPECT_EQ(record(1).TiedTo, 0);
+    for (std::int32_t r = 2; r <= 5; ++r) EXPECT_EQ(record(r).TiedTo, 6) << r;
+    EXPECT_NE(lineStatement(2).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(lineStatement(4).Flags & kFlagProcListingStart, 0);
+}
+
+TEST_F(IndentationTest, ProcedureStartsAtTheMargin) {
+    analyze(
+        "Sub A()\n"     // 0
+        "If a Then\n"   // 0: never closed
+        "x = 1\n"       // 1
+        "End Sub\n"     // 1: a procedure's end does not outdent
+        "Sub B()\n"     // 1
+        "y = 1\n"       // 0
+        "End Sub\n");   // 0
+    EXPECT_EQ(indents(7), (std::vector<int>{0, 0, 1, 1, 1, 0, 0}));
+}
+
+TEST_F(IndentationTest, FormAndClassHeaders) {
+    analyze(
+        "VERSION 5.00\n"                  // 0
+        "Begin VB.Form Form1\n"           // 0
+        "Caption = \"Form1\"\n"           // 1
+        "BeginProperty Font\n"            // 1
+        "Name = \"Arial\"\n"              // 2
+        "EndProperty\n"                   // 1
+        "Begin VB.CommandButton C1\n"     // 1
+        "Caption = \"OK\"\n"              // 2
+        "End\n"                           // 1
+        "End\n"                           // 0
+        "Attribute VB_Name = \"Form1\"\n" // 0
+        "Private Sub C1_Click()\n"        // 0
+        "If a Then\n"                     // 0
+        "x = 1\n"                         // 1
+        "End If\n"                        // 0
+        "End Sub\n");                     // 0
+    EXPECT_EQ(indents(16), (std::vector<int>{0, 0, 1, 1, 2, 1, 1, 2, 1, 0, 0, 0, 0, 1, 0, 0}));
+    EXPECT_FALSE(basiclan().InFormHeader);
+
+    analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");
+    EXPECT_EQ(indents(6), (std::vector<int>{0, 0, 1, 0, 0, 0}));
+    EXPECT_FALSE(basiclan().InClassHeader);
+}
+
+}  // namespace
+}  // namespace hlyd

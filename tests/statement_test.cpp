@@ -1,0 +1,214 @@
+// What one statement is: its verb, class, detail, flags, and the jump targets it names.
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+class StatementTest : public test::AnalysisTest {
+protected:
+    // The first Statement of a physical line.
+    const Statement& lineStatement(std::int32_t r) const { return statement(record(r).FirstS); }
+    // The text of a Statement's verb token, empty when it has none.
+    std::string verbText(const Statement& s) const { return s.Verb == 0 ? "" : token(s.Verb).Text; }
+    bool isLabelRef(const std::string& text) const {
+        std::int32_t t = find(text);
+        EXPECT_NE(t, 0) << text;
+        return t != 0 && token(t).is(kTokCommentish, kDetLabelRef);
+    }
+    bool anyLabelRef() const {
+        for (std::int32_t i = 1; i <= tables().TokenCount; ++i)
+            if (token(i).is(kTokCommentish, kDetLabelRef)) return true;
+        return false;
+    }
+};
+
+TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
+    analyze("x = 1\n");
+    const Statement& s = statement(1);
+    EXPECT_EQ(s.Verb, find("="));
+    EXPECT_EQ(s.Class, kStmtOrdinary);
+    ASSERT_NE(basiclan().LetKeyWord, 0);
+    EXPECT_EQ(token(s.Verb).pKeyWord, basiclan().LetKeyWord);
+}
+
+TEST_F(StatementTest, ModifiersLetALaterVerbTakeOver) {
+    analyze("Public Sub Foo()\nEnd Sub\nStatic Function G()\nEnd Function\n");
+    EXPECT_EQ(lineStatement(1).Class, kStmtProcStart);
+    EXPECT_EQ(verbText(lineStatement(1)), "Sub");
+    EXPECT_EQ(lineStatement(2).Class, kStmtProcEnd);
+    EXPECT_EQ(lineStatement(2).Flags & kFlagOutdent, 0);  // a procedure's end never outdents
+    EXPECT_EQ(lineStatement(3).Class, kStmtProcStart);
+    EXPECT_EQ(verbText(lineStatement(3)), "Function");
+    EXPECT_EQ(lineStatement(4).Class, kStmtProcEnd);
+    EXPECT_FALSE(basiclan().InProc);
+}
+
+TEST_F(StatementTest, DeclarationsTakeScopeFromTheirPlace) {
+    analyze(
+        "Public Foo As Long\n"
+        "Private Const A = 1\n"
+        "Public Const B = 2\n"
+        "Global G As Integer\n"
+        "Private Declare Sub Beep Lib \"k\" ()\n"
+        "Dim m As Long\n"
+        "Public Event Changed()\n"
+        "Sub Foo()\n"
+        "Dim i\n"
+        "Static s\n"
+        "ReDim a(3)\n"
+        "End Sub\n"
+        "Private p As Long\n");
+    const int expected[] = {105, 201, 101, 105, 202, 203, 108, 0, 303, 307, 306, 0, 204};
+    for (std::int32_t r = 1; r <= 13; ++r) {
+        SCOPED_TRACE(r);
+        const Statement& s = lineStatement(r);
+        if (expected[r - 1] == 0) continue;
+        EXPECT_EQ(s.Class, kStmtDeclaration);
+        EXPECT_EQ(s.Detail, expected[r - 1]);
+    }
+    EXPECT_EQ(verbText(lineStatement(1)), "Public");
+    EXPECT_EQ(verbText(lineStatement(2)), "Const");
+}
+
+TEST_F(StatementTest, PropertyStartsAProcedureOnlyWithGetLetOrSet) {
+    analyze("Property Get X()\nProperty = 1\nEnd Property\nProperty Let X(v)\nEnd Property\n");
+    EXPECT_EQ(lineStatement(1).Class, kStmtProcStart);
+    EXPECT_EQ(lineStatement(2).Class, kStmtOrdinary);
+    EXPECT_EQ(lineStatement(3).Class, kStmtProcEnd);
+    EXPECT_EQ(lineStatement(4).Class, kStmtProcStart);
+    analyze("Sub A()\nEnd\nEnd Sub\n");
+    EXPECT_EQ(lineStatement(2).Class, kStmtOrdinary);  // the End statement stops the program
+    EXPECT_EQ(lineStatement(2).Flags & kFlagOutdent, 0);
+    EXPECT_EQ(lineStatement(3).Class, kStmtProcEnd);
+}
+
+TEST_F(StatementTest, VerbAfterHashAndIndentOfIf) {
+    analyze("#If A Then\n#End If\n");
+    EXPECT_EQ(statement(1).Verb, 2);
+    EXPECT_EQ(token(2).Text, "If");
+
+    analyze("If a Then b\nIf a Then\nEnd If\nIf a Then ' note\nEnd If\nIf a Then: b\n");
+    EXPECT_EQ(lineStatement(1).Flags & kFlagIndent, 0);
+    EXPECT_NE(lineStatement(2).Flags & kFlagIndent, 0);
+    EXPECT_NE(lineStatement(3).Flags & kFlagOutdent, 0);
+    EXPECT_NE(lineStatement(4).Flags & kFlagIndent, 0);  // a comment is not significant
+    EXPECT_EQ(lineStatement(6).Flags & kFlagIndent, 0);  // more statements follow Then
+}
+
+TEST_F(StatementTest, LabelsBelongToTheirStatement) {
+    analyze("10 Print x\nlbl: x = 1\na = 1: b = 2\n");
+    const Statement& numbered = lineStatement(1);
+    EXPECT_NE(numbered.Flags & kFlagLabel, 0);
+    EXPECT_TRUE(token(1).is(kTokCommentish, kDetLabel));
+    EXPECT_EQ(verbText(numbered), "Print");
+
+    EXPECT_EQ(record(2).FirstS, record(2).LastS);
+    const Statement& named = lineStatement(2);
+    EXPECT_NE(named.Flags & kFlagLabel, 0);
+    EXPECT_EQ(named.FirstToken, find("lbl"));
+    EXPECT_TRUE(token(find("lbl")).is(kTokCommentish, kDetLabel));
+    EXPECT_TRUE(token(find("lbl") + 1).is(kTokColon, kDetLabelColon));
+    EXPECT_EQ(named.LastToken, record(2).LastT);
+    EXPECT_EQ(verbText(named), "=");
+
+    ASSERT_EQ(record(3).LastS, record(3).FirstS + 1);
+    const Statement& first = statement(record(3).FirstS);
+    const Statement& second = statement(record(3).LastS);
+    EXPECT_TRUE(token(first.LastToken).is(kTokColon, kDetSeparator));
+    EXPECT_EQ(first.LastSignificant, first.LastToken - 1);
+    EXPECT_EQ(second.FirstToken, find("b"));
+    EXPECT_EQ(verbText(second), "=");
+    EXPECT_EQ(second.LastToken, record(3).LastT);
+    EXPECT_EQ(first.Flags & kFlagLabel, 0);
+
+    analyze("lbl: Print x\n");
+    EXPECT_EQ(verbText(statement(1)), "Print");  // the verb may stand right after the label
+}
+
+TEST_F(StatementTest, FormFileHeaderIsMarked) {
+    analyze("VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\nAttribute VB_Name = \"F\"\nOption Explicit\n");
+    EXPECT_EQ(statement(1).Class, kStmtHeader);
+    for (std::int32_t r = 1; r <= 4; ++r) EXPECT_NE(lineStatement(r).Flags & kFlagFormDescription, 0) << r;
+    EXPECT_NE(lineStatement(2).Flags & kFlagIndent, 0);
+    EXPECT_NE(lineStatement(4).Flags & kFlagOutdent, 0);  // a lone End closes a header block
+    EXPECT_EQ(lineStatement(5).Class, kStmtHeader);
+    EXPECT_EQ(lineStatement(5).Flags & kFlagFormDescription, 0);
+    EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
+}
+
+TEST_F(StatementTest, ClassFileHeaderBlockIsHeader) {
+    analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");
+    for (std::int32_t r = 1; r <= 5; ++r) {
+        SCOPED_TRACE(r);
+        EXPECT_EQ(lineStatement(r).Class, kStmtHeader);
+        EXPECT_EQ(lineStatement(r).Flags & kFlagFormDescription, 0);
+    }
+    EXPECT_NE(lineStatement(2).Flags & kFlagIndent, 0);
+    EXPECT_NE(lineStatement(4).Flags & kFlagOutdent, 0);
+    EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
+}
+
+TEST_F(StatementTest, TypeAndEnumMembers) {
+    analyze(
+        "Type Point\n"       // 1
+        "Name As String\n"   // 2: a member may be named like a keyword
+        "Y As Long\n"        // 3
+        "End Type\n"         // 4
+        "Type Empty\n"       // 5
+        "End Type\n"         // 6
+        "Enum Color\n"       // 7
+        "Red\n"              // 8
+        "Green = 2\n"        // 9
+        "Blue\n"             // 10
+        "End Enum\n"         // 11
+        "Enum Size\n"        // 12
+        "Big = 1\n"          // 13
+        "End Enum\n");       // 14
+    const int detail[] = {111, 109, 109, 110, 111, 0, 114, 112, 114, 112, 113, 114, 114, 0};
+    for (std::int32_t r = 1; r <= 14; ++r) {
+        SCOPED_TRACE(r);
+        EXPECT_EQ(lineStatement(r).Detail, detail[r - 1]);
+        EXPECT_EQ(lineStatement(r).Class, detail[r - 1] == 0 ? kStmtOrdinary : kStmtDeclaration);
+    }
+    EXPECT_NE(lineStatement(1).Flags & kFlagIndent, 0);
+    EXPECT_NE(lineStatement(4).Flags & kFlagOutdent, 0);
+    EXPECT_NE(lineStatement(11).Flags & kFlagOutdent, 0);
+}
+
+TEST_F(StatementTest, JumpTargetsAreMarked) {
+    analyze("GoTo Done\n");
+    EXPECT_TRUE(isLabelRef("Done"));
+    analyze("On Error GoTo Handler\n");
+    EXPECT_TRUE(isLabelRef("Handler"));
+    analyze("On Error GoTo 0\n");
+    EXPECT_TRUE(isLabelRef("0"));
+    analyze("On Error Resume Next\n");
+    EXPECT_FALSE(anyLabelRef());
+    analyze("On x GoSub a, b, c\n");
+    for (const char* t : {"a", "b", "c"}) EXPECT_TRUE(isLabelRef(t)) << t;
+    EXPECT_TRUE(token(find(",")).is(kTokOperator, kDetOperator));
+    analyze("Resume Next\n");
+    EXPECT_FALSE(anyLabelRef());
+    analyze("Resume Retry\n");
+    EXPECT_TRUE(isLabelRef("Retry"));
+    analyze("Resume: x = 1\n");  // nothing after the verb within the statement
+    EXPECT_FALSE(anyLabelRef());
+}
+
+TEST_F(StatementTest, OnlyLineNumbersAreTargetsInASingleLineIf) {
+    analyze("If a Then 100 Else 200\n");
+    EXPECT_TRUE(isLabelRef("100"));
+    EXPECT_TRUE(isLabelRef("200"));
+    analyze("If a Then GoTo 100\n");
+    EXPECT_TRUE(isLabelRef("100"));
+    analyze("If a Then GoTo Fail\n");
+    EXPECT_FALSE(anyLabelRef());
+    EXPECT_TRUE(token(find("Fail")).is(kTokIdentifier, kDetIdentifier));
+    analyze("If a Then\nEnd If\n");
+    EXPECT_FALSE(anyLabelRef());
+    analyze("If a Then b = 100\n");
+    EXPECT_FALSE(anyLabelRef());
+}
+
+}  // namespace
+}  // namespace hlyd
