@@ -1,4 +1,7 @@
+#include <filesystem>
 #include <sstream>
+
+#include "shell/c_debug.h"
 
 #include "analysis_dump.h"
 #include "json_lines.h"
@@ -50,6 +53,12 @@ TEST_F(DumpTest, UnopenableFileExitsWithTwo) {
     std::ostringstream out, err;
     EXPECT_EQ(dumpFileAnalysis("/nonexistent/x.bas", {}, out, err), 2);
     EXPECT_NE(err.str().find("cannot open /nonexistent/x.bas"), std::string::npos);
+    // A directory is no file: refused, not read as an endless one.
+    std::string dir = std::filesystem::temp_directory_path().string();
+    EXPECT_EQ(dumpFileAnalysis(dir, {}, out, err), 2);
+    std::string dialect;
+    BabValidateFile(dir, dialect);
+    EXPECT_EQ(theDebug().BabStatus, 7);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "analysis/file_validation.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <vector>
 
@@ -83,9 +84,11 @@ void readFailure(const std::string& fileName, int number) {
 bool openFile(const std::string& fileName, std::ifstream& in) {
     for (;;) {
         errno = 0;
-        in.open(fileName, std::ios::binary);
-        if (in) return true;
-        int number = runtimeErrorFromErrno(errno ? errno : ENOENT);
+        std::error_code ec;
+        bool directory = std::filesystem::is_directory(fileName, ec);
+        if (!directory) in.open(fileName, std::ios::binary);
+        if (in.is_open()) return true;
+        int number = runtimeErrorFromErrno(directory ? EISDIR : (errno ? errno : ENOENT));
         std::string description = errorDescription(number);
         if (number == 68 || number == 71 || number == 55) {
             MsgAnswer answer = showMessage(fileName + "\n\n" + description, "BabValidateFile",

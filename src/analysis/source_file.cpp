@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -9,6 +10,8 @@ namespace hlyd {
 
 int SourceFile::open(const std::string& path) {
     close();
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) return EISDIR;
     std::ifstream in(path, std::ios::binary);
     if (!in) return errno ? errno : ENOENT;
     in.seekg(0, std::ios::end);
