@@ -27,6 +27,8 @@ public:
     virtual MsgAnswer messageBox(const MessageBoxRequest& request) = 0;
     virtual void processEvents() {}
     virtual void beep() {}
+    // The hourglass while the program is busy, the default pointer after.
+    virtual void setBusy(bool busy) {}
 };
 
 // The port in force; a console implementation until the program installs another.

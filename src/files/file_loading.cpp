@@ -1,0 +1,137 @@
+#include "files/file_loading.h"
+
+#include "analysis/basiclan.h"
+#include "files/file_table.h"
+#include "files/proc_list.h"
+#include "files/status_progress.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/hlyd_error.h"
+#include "shell/message_box.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr const char* kLoadDialect = "6";
+
+[[noreturn]] void indexOutOfBounds(std::int16_t wWhich) {
+    logBlock(std::string("ProcessSelectedFile -- Assertion Failure\nSpecified File-index not within bounds of oFile()\n") +
+             "Specified File-index =" + std::to_string(wWhich) + "\noFile() bounds = (1," +
+             std::to_string(oFile().Count()) + ")");
+    theDebug().setStatus(-6, 0);
+    raiseInternal("ProcessSelectedFile");
+}
+
+[[noreturn]] void readPastEnd(std::int32_t record) {
+    showMessage("Trying to read Record # " + std::to_string(record) + " after EOF.", "Internal Error",
+                MsgButtons::OKCancel, MsgIcon::Critical);
+    theDebug().BabStatus = 6;
+    raiseInternal("sbParseRecord");
+}
+
+void resetLoadState() {
+    FileTableModule& f = fileTable();
+    f.TokenElements.assign(1, 0);
+    f.yProc.assign(1, ProcEntry{});
+    f.sVBName.clear();
+    BabInitFile(theSourceTables(), kLoadDialect);
+}
+
+// The element a token is drawn with.
+std::int32_t elementOf(const Token& t) {
+    if (t.KeyWordSeen || t.Class == kTokOperator || t.Class == kTokColon) return 3;
+    if (t.Class == kTokIdentifier) return 2;
+    if (t.Class == kTokLiteral) return 4;
+    if (t.Class == kTokCommentish && (t.Detail == kDetLabelRef || t.Detail == kDetLabel)) return 2;
+    return 1;
+}
+
+void trackConditional(std::int32_t firstNewToken) {
+    const SourceTables& t = theSourceTables();
+    if (firstNewToken + 1 > t.TokenCount || t.Tokens[firstNewToken].Text != "#") return;
+    const std::string word = upperCase(t.Tokens[firstNewToken + 1].Text);
+    if (word == "IF") fileTable().bInConditional = true;
+    else if (word == "END") fileTable().bInConditional = false;
+}
+
+void assignElements(std::int32_t oldTokenCount) {
+    const SourceTables& t = theSourceTables();
+    std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    elements.resize(static_cast<std::size_t>(t.TokenCount) + 1, 0);
+    for (std::int32_t i = oldTokenCount + 1; i <= t.TokenCount; ++i) elements[i] = elementOf(t.Tokens[i]);
+}
+
+bool atEndRecord() {
+    const SourceTables& t = theSourceTables();
+    return t.Records[t.RecordCount].FirstT == 0;
+}
+
+// Ties the comment lines above each procedure to it; each entry ends where the next begins.
+void completeProcedureRanges() {
+    const SourceTables& t = theSourceTables();
+    std::vector<ProcEntry>& procs = yProc();
+    std::size_t last = procs.size() - 1;
+    for (std::size_t k = 0; k <= last; ++k) {
+        ProcEntry& p = procs[k];
+        std::int32_t h = p.FirstRecord;
+        while (p.FirstRecord > 1 && t.Records[p.FirstRecord - 1].TiedTo == h && h != 0) --p.FirstRecord;
+        p.FirstStatement = t.Records[p.FirstRecord].FirstS;
+        if (k > 0) {
+            procs[k - 1].LastRecord = p.FirstRecord - 1;
+            procs[k - 1].LastStatement = t.Records[procs[k - 1].LastRecord].LastS;
+        }
+        if (k == last && k > 0) {
+            p.LastRecord = t.RecordCount;
+            p.LastStatement = t.StatementCount;
+        }
+    }
+}
+
+}  // namespace
+
+void sbParseRecord(std::int32_t& record) {
+    FileTableModule& f = fileTable();
+    SourceTables& t = theSourceTables();
+    if (record < 2) f.bInConditional = false;
+    if (t.RecordCount >= 1 && t.Records[t.RecordCount].FirstS == 0 && t.Records[t.RecordCount].FirstT == 0)
+        readPastEnd(record);
+    do {
+        std::int32_t firstNewRecord = t.RecordCount + 1;
+        std::int32_t firstNewStatement = t.StatementCount + 1;
+        std::int32_t oldTokenCount = t.TokenCount;
+        BabParseRecord(f.source, t);
+        int status = theDebug().BabStatus;
+        bool covered = static_cast<std::int32_t>(f.TokenElements.size()) - 1 >= t.TokenCount;
+        if (status != 0 && status != 11 && covered) break;
+        assignElements(oldTokenCount);
+        trackConditional(oldTokenCount + 1);
+        scanNewRecordsForProcedures(firstNewRecord, firstNewStatement);
+        if (status == 11) break;
+    } while (!((record != -1 && t.RecordCount >= record) || atEndRecord()));
+    if (atEndRecord()) f.source.close();
+    if (record == -1 || record > t.RecordCount) record = t.RecordCount - 1;
+}
+
+void ProcessSelectedFile(std::int16_t wWhich) {
+    TraceScope trace(theDebug().TraceApplication, "ProcessSelectedFile");
+    FileTableModule& f = fileTable();
+    if (wWhich > f.oFile.Count() || wWhich < 0) indexOutOfBounds(wWhich);
+    f.wCurrentFile = wWhich;
+    f.source.close();
+    const cFileDesc& entry = f.oFile.Item(wWhich);
+    if (entry.FileType != kFileSource) return;
+    if (int err = f.source.open(entry.FileName); err != 0) raiseRuntime(runtimeErrorFromErrno(err), "ProcessSelectedFile");
+    resetLoadState();
+    const SourceTables& t = theSourceTables();
+    for (std::int32_t k = 1;; ++k) {
+        std::int32_t wanted = k;
+        sbParseRecord(wanted);
+        if (theDebug().BabStatus != 0) break;
+        StatusBarUpdate(true, t.RecordCount);
+        if (k > t.RecordCount || t.Records[k].FirstT == 0 || !f.source.isOpen()) break;
+    }
+    completeProcedureRanges();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,110 @@
+#include "files/file_show.h"
+
+#include <algorithm>
+
+#include "files/file_loading.h"
+#include "files/file_table.h"
+#include "platform/ui.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/main_window_model.h"
+#include "shell/text_format.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr int kWindowMenuSize = 7;
+
+std::string withoutPath(const std::string& name) {
+    std::size_t at = name.find_last_of("\\/");
+    return at == std::string::npos ? name : name.substr(at + 1);
+}
+
+// The list box sorts the names; each entry learns the position its name took.
+void fillProcedureList() {
+    MainWindowModel& w = mainWindow();
+    std::vector<ProcEntry>& procs = yProc();
+    for (const ProcEntry& p : procs) w.cboProc.AddItem(p.Name);
+    for (int i = 0; i < w.cboProc.ListCount(); ++i) {
+        auto hit = std::find_if(procs.begin(), procs.end(), [&](const ProcEntry& p) { return p.Name == w.cboProc.List(i); });
+        if (hit != procs.end()) hit->ListIndex = i;
+    }
+}
+
+void showNothing() {
+    MainWindowModel& w = mainWindow();
+    w.clearDisplay();
+    w.cboProc.Clear();
+    w.Caption = theAppInfo().Title;
+}
+
+}  // namespace
+
+void rebuildWindowMenu() {
+    MainWindowModel& w = mainWindow();
+    w.windowMenu.clear();
+    const FileCollection& files = oFile();
+    for (int i = files.Count(), n = 1; i >= 1 && n <= kWindowMenuSize; --i, ++n)
+        w.windowMenu.push_back(std::to_string(n) + ". " + trimSpaces(files.Item(i).FileName));
+}
+
+void HlydFLProcessSelectedFile(std::int16_t wWhich) {
+    TraceScope trace(theDebug().TraceApplication, "HlydFLProcessSelectedFile");
+    MainWindowModel& w = mainWindow();
+    theUi().setBusy(true);
+    w.lblStatus = "Line:";
+    w.clearDisplay();
+    theUi().processEvents();
+    FileTableModule& f = fileTable();
+    if (wWhich < 1) {
+        w.Caption = theAppInfo().Title;
+    } else {
+        ProcessSelectedFile(wWhich);
+        w.Caption = theAppInfo().Title + " - " + withoutPath(f.oFile.Item(wWhich).FileName);
+    }
+    w.firstLine = 0;
+    w.cboProc.Clear();
+    if (f.wCurrentFile < 1) f.wCurrentFile = 1;
+    bool source = f.oFile.Count() >= f.wCurrentFile && f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
+    if (source) fillProcedureList();
+    w.vsbDisplay = ScrollBarModel{};
+    if (source) w.emitRequestedData();
+    else w.showProject();
+    theUi().setBusy(false);
+}
+
+void cHLYD::CloseFile() {
+    TraceScope trace(theDebug().TraceApplication, "HlydFLCloseFile");
+    FileTableModule& f = fileTable();
+    if (f.projectOpen) return CloseFiles();
+    f.source.close();
+    if (f.oFile.Count() > 0 && f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count()) f.oFile.Remove(f.wCurrentFile);
+    rebuildWindowMenu();
+    if (f.oFile.Count() == 0) {
+        mainWindow().clearDisplay();
+        f.wCurrentFile = 0;
+    }
+    std::int16_t next = f.wCurrentFile > f.oFile.Count() ? static_cast<std::int16_t>(f.oFile.Count()) : f.wCurrentFile;
+    if (f.oFile.Count() == 0) {
+        showNothing();
+        mainWindow().enableControls();
+        return;
+    }
+    HlydFLProcessSelectedFile(next);
+}
+
+void cHLYD::CloseFiles() {
+    TraceScope trace(theDebug().TraceApplication, "HlydFLCloseFiles");
+    FileTableModule& f = fileTable();
+    f.source.close();
+    mainWindow().windowMenu.clear();
+    f.oFile.Clear();
+    f.wCurrentFile = 0;
+    f.projectOpen = false;
+    showNothing();
+    mainWindow().enableControls();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,65 @@
+#include "files/navigation.h"
+
+#include "analysis/source_model.h"
+#include "files/file_table.h"
+#include "platform/ui.h"
+#include "shell/c_debug.h"
+#include "shell/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+NavigationState state;
+constexpr std::int32_t kCaptionJump = 26;    // smaller jumps would make the caption flicker
+constexpr std::int32_t kStatusEvery = 50;
+}  // namespace
+
+NavigationState& navigation() { return state; }
+void resetNavigation() { state = NavigationState{}; }
+
+void HlydCFGetRecord(std::int32_t& record, std::string& control) {
+    const SourceTables& t = theSourceTables();
+    bool wasEnd = record == -1;
+    if (wasEnd) record = t.RecordCount;
+    if (record == 1) state.emitterPassFlag = 0;
+    if ((record > t.RecordCount || wasEnd) && t.Records.UBound() >= 0 && record - t.RecordCount >= kCaptionJump)
+        control = "Line:" + std::to_string(t.RecordCount);
+    if (state.runState == kRunCancelled) {
+        theDebug().BabStatus = 8;
+        theUi().setBusy(false);
+    }
+}
+
+void HlydPCGetNext(std::int32_t& record) {
+    const SourceTables& t = theSourceTables();
+    MainWindowModel& w = mainWindow();
+    std::int32_t lastShown = record;
+    w.disableControls();
+    theUi().setBusy(true);
+    for (;;) {
+        if (record > lastShown + kStatusEvery) {
+            w.lblStatus = "Line:" + std::to_string(record);
+            lastShown = record;
+        }
+        ++record;
+        HlydCFGetRecord(record, w.lblRecord);
+        if (record > t.RecordCount || t.Records[record].FirstT == 0) break;
+        if ((t.Statements[t.Records[record].FirstS].Flags & kFlagProcListingStart) || state.stopRequested) break;
+    }
+    w.enableControls();
+    theUi().setBusy(false);
+}
+
+void HlydPCGetAssociatedProc(std::int32_t record, std::int16_t& which) {
+    const SourceTables& t = theSourceTables();
+    const std::vector<ProcEntry>& procs = yProc();
+    std::int32_t tiedTo = record >= 0 && record <= t.Records.UBound() ? t.Records[record].TiedTo : 0;
+    which = static_cast<std::int16_t>(procs.size() - 1);
+    while (which > 0) {
+        const ProcEntry& p = procs[which];
+        if (p.FirstRecord <= record || p.FirstRecord <= tiedTo) break;
+        --which;
+    }
+}
+
+}  // namespace hlyd

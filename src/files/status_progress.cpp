@@ -1,0 +1,20 @@
+#include "files/status_progress.h"
+
+#include "platform/ui.h"
+#include "shell/main_window_model.h"
+
+namespace hlyd {
+
+std::string groupedNumber(std::int64_t value) {
+    std::string digits = std::to_string(value < 0 ? -value : value);
+    for (int at = static_cast<int>(digits.size()) - 3; at > 0; at -= 3) digits.insert(at, ",");
+    return value < 0 ? "-" + digits : digits;
+}
+
+void StatusBarUpdate(bool parsing, std::int32_t lines) {
+    if (lines % 10 != 0) return;
+    mainWindow().lblStatus = std::string(" Lines ") + (parsing ? "parsed: " : "output: ") + groupedNumber(lines) + " ";
+    theUi().processEvents();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,54 @@
+#pragma once
+// The window controls that the logic drives, as plain models: the Qt window binds to them, and
+// the logic runs the same without a window.
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace hlyd {
+
+struct ScrollBarModel {
+    std::int32_t Min = 0;
+    std::int32_t Max = 0;
+    std::int32_t Value = 0;
+    std::int32_t LargeChange = 1;
+    std::int32_t SmallChange = 1;
+};
+
+// A list box that keeps its items sorted, as the procedure list relies on.
+class SortedListModel {
+public:
+    int AddItem(const std::string& text);  // returns the position it took
+    void Clear() { items_.clear(); }
+    int ListCount() const { return static_cast<int>(items_.size()); }
+    const std::string& List(int index) const { return items_.at(index); }
+    const std::vector<std::string>& items() const { return items_; }
+    int ListIndex = -1;
+
+private:
+    std::vector<std::string> items_;
+};
+
+struct MainWindowModel {
+    std::string Caption;
+    std::string lblStatus;
+    std::string lblRecord;
+    SortedListModel cboProc;
+    std::vector<std::string> windowMenu;  // captions of the open-files menu, at most 7
+    ScrollBarModel vsbDisplay;
+    std::int32_t firstLine = 0;  // the display's first-line position
+    bool controlsEnabled = true;
+
+    // What the window layer does when the logic asks; no-ops until it is there.
+    std::function<void()> clearDisplay = [] {};
+    std::function<void()> emitRequestedData = [] {};
+    std::function<void()> showProject = [] {};
+    std::function<void()> enableControls = [] {};
+    std::function<void()> disableControls = [] {};
+};
+
+MainWindowModel& mainWindow();
+void resetMainWindow();
+
+}  // namespace hlyd

@@ -1,0 +1,214 @@
+// The settings file through cINIHandler: typed reads with their odd spellings, and writes that
+// keep everything else in the file and never leave a half-written file behind.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <random>
+#include <sstream>
+
+#include <unistd.h>
+
+#include "settings/ini_handler.h"
+#include "settings/profile_file.h"
+#include "settings/settings_store.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+class IniHandlerTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        static int counter = 0;
+        const char* previous = std::getenv("HLYD_CONFIG_DIR");
+        previousConfigDir = previous ? std::optional<std::string>(previous) : std::nullopt;
+        dir = fs::temp_directory_path() /
+              ("hlyd-ini-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+        fs::create_directories(dir);
+        setenv("HLYD_CONFIG_DIR", dir.c_str(), 1);
+        resetSettings();
+        resetDebug();
+        resetLog();
+        clearProfileCache();
+        setUi(&ui);
+        setClock(&clock);
+        ini.setINIFileName((dir / "TEST.INI").string());
+    }
+    void TearDown() override {
+        if (previousConfigDir) setenv("HLYD_CONFIG_DIR", previousConfigDir->c_str(), 1);
+        else unsetenv("HLYD_CONFIG_DIR");
+        setUi(nullptr);
+        setClock(nullptr);
+        clearProfileCache();
+        std::error_code ec;
+        fs::remove_all(dir, ec);
+    }
+    void writeFile(const std::string& text) {
+        std::ofstream(ini.INIFileName(), std::ios::binary) << text;
+        clearProfileCache();
+    }
+    std::string fileText() const {
+        std::ifstream in(ini.INIFileName(), std::ios::binary);
+        std::ostringstream all;
+        all << in.rdbuf();
+        return all.str();
+    }
+
+    fs::path dir;
+    std::optional<std::string> previousConfigDir;  // other suites of this process keep theirs
+    cINIHandler ini;
+    test::ScriptedUi ui;
+    test::FixedClock clock;
+};
+
+TEST_F(IniHandlerTest, BooleanSpellingsAndDefaults) {
+    writeFile("[B]\nf1=no\nf2= No \nf3=False\nf4=0\nt1=yes\nt2=True\nt3=-1\nother=maybe\nempty=\n");
+    for (const char* key : {"f1", "f2", "f3", "f4"}) EXPECT_FALSE(ini.ReadBool(key, true, std::string("B"))) << key;
+    for (const char* key : {"t1", "t2", "t3"}) EXPECT_TRUE(ini.ReadBool(key, false, std::string("B"))) << key;
+    for (bool def : {false, true}) {
+        EXPECT_EQ(ini.ReadBool("other", def, std::string("B")), def);
+        EXPECT_EQ(ini.ReadBool("empty", def, std::string("B")), def);
+        EXPECT_EQ(ini.ReadBool("missing", def, std::string("B")), def);
+    }
+}
+
+TEST_F(IniHandlerTest, NumbersReadAsValAndClamped) {
+    writeFile("[N]\nmixed=720abc\nletters=abc\nneg=-4\nbig=50\n");
+    EXPECT_EQ(ini.ReadNumber("mixed", 5, std::nullopt, std::nullopt, "N"), 720);
+    // The default stands in only for a missing key, not for a value that holds no number.
+    EXPECT_EQ(ini.ReadNumber("letters", 5), 0);
+    EXPECT_EQ(ini.ReadNumber("missing", 5), 5);
+    EXPECT_EQ(ini.ReadNumber("neg", 0), -4);
+    EXPECT_EQ(ini.ReadNumber("big", 1, 1, 10), 10);
+    EXPECT_EQ(ini.ReadNumber("neg", 1, 1, 10), 1);
+    EXPECT_EQ(ini.ReadNumber("mixed", 1, 1, 1000), 720);
+}
+
+TEST_F(IniHandlerTest, LongValueIsCutAt255) {
+    writeFile("[S]\nlong=" + std::string(300, 'x') + "\n");
+    EXPECT_EQ(ini.ReadString("long", "", "S"), std::string(255, 'x'));
+}
+
+TEST_F(IniHandlerTest, ReadWordsCollapsesDoubleBlanksOnce) {
+    writeFile("[W]\nthree=A   B\nsingle=X Y Z\n");
+    EXPECT_EQ(ini.ReadWords("three", "", std::string("W")), (std::vector<std::string>{"A", "", "B"}));
+    EXPECT_EQ(ini.ReadWords("single"), (std::vector<std::string>{"X", "Y", "Z"}));
+    EXPECT_EQ(ini.ReadWords("missing", "1 2"), (std::vector<std::string>{"1", "2"}));
+}
+
+TEST_F(IniHandlerTest, SectionBracketsAndCaseInsensitiveLookup) {
+    ini.setSection("[A]");
+    EXPECT_EQ(ini.Section(), "|A|");
+    writeFile("[MixedCase]\nSomeKey=found\n");
+    EXPECT_EQ(ini.ReadString("somekey", "dflt", "MIXEDCASE"), "found");
+    EXPECT_EQ(ini.ReadString("SOMEKEY", "dflt", "mixedcase"), "found");
+    EXPECT_EQ(ini.ReadString("SomeKey", "dflt", "Other"), "dflt");
+}
+
+TEST_F(IniHandlerTest, WriteCreatesFileSectionAndKey) {
+    ASSERT_FALSE(fs::exists(ini.INIFileName()));
+    ini.WriteString("Name", "hello world", std::string("New"));
+    ini.WriteBool("Flag", true);
+    ini.WriteNumber("Count", 42);
+    EXPECT_EQ(fileText(), "[New]\nName=hello world\nFlag=Yes\nCount=42\n");
+    ini.WriteString("Name", "again", std::string("Second"));
+    EXPECT_EQ(ini.ReadString("Name", "", "New"), "hello world");
+    EXPECT_EQ(ini.ReadString("Name", "", "Second"), "again");
+}
+
+TEST_F(IniHandlerTest, WriteKeepsEveryOtherLineInOrder) {
+    const std::string before =
+        "; leading comment\n"
+        "stray line without equals\n"
+        "[One]\n"
+        "a = 1\n"
+        "; comment inside\n"
+        "??? unknown\n"
+        "\n"
+        "[Two]\n"
+        "b=2\n"
+        "c=\"quoted\"\n";
+    writeFile(before);
+    ini.WriteString("b", "3", std::string("Two"));
+    std::string expected = before;
+    expected.replace(expected.find("b=2"), 3, "b=3");
+    EXPECT_EQ(fileText(), expected);
+
+    ini.WriteString("n", "new", std::string("one"));
+    expected.insert(expected.find("\n\n[Two]") + 1, "n=new\n");
+    EXPECT_EQ(fileText(), expected);
+    // Quotes are taken off on reading; a written value goes out as it stands.
+    EXPECT_EQ(ini.ReadString("c", "", "Two"), "quoted");
+    EXPECT_EQ(ini.ReadString("a", "", "One"), "1");
+}
+
+TEST_F(IniHandlerTest, DeleteKeyAndSection) {
+    writeFile("[One]\na=1\nb=2\n\n[Two]\nc=3\n\n[Three]\nd=4\n");
+    ini.DeleteKey("A", std::string("one"));
+    EXPECT_EQ(fileText(), "[One]\nb=2\n\n[Two]\nc=3\n\n[Three]\nd=4\n");
+    ini.DeleteSection("TWO");
+    EXPECT_EQ(fileText(), "[One]\nb=2\n\n[Three]\nd=4\n");
+    EXPECT_EQ(ini.ReadString("c", "gone", "Two"), "gone");
+    ini.DeleteKey("missing", std::string("Three"));
+    ini.DeleteSection("Nowhere");
+    EXPECT_EQ(fileText(), "[One]\nb=2\n\n[Three]\nd=4\n");
+}
+
+TEST_F(IniHandlerTest, FailedWriteIsLostAndLeavesOldFile) {
+    const std::string before = "[Keep]\nk=v\n";
+    writeFile(before);
+    // The temporary file cannot be made when a directory stands in its place.
+    fs::path blocker = ini.INIFileName() + ".tmp" + std::to_string(::getpid());
+    fs::create_directory(blocker);
+    EXPECT_EQ(ini.WriteString("k", "changed", std::string("Keep")), 0);
+    EXPECT_EQ(fileText(), before);
+    EXPECT_EQ(ini.ReadString("k", "", "Keep"), "v");
+    fs::remove(blocker);
+
+    // A file under a regular file cannot even have a directory.
+    std::ofstream(dir / "plain") << "x";
+    cINIHandler lost;
+    lost.setINIFileName((dir / "plain" / "sub" / "X.INI").string());
+    EXPECT_EQ(lost.WriteString("k", "v", std::string("S")), 0);
+    EXPECT_EQ(lost.ReadString("k", "dflt", "S"), "dflt");
+}
+
+TEST_F(IniHandlerTest, NoTemporaryFileStaysBehind) {
+    writeFile("[A]\nx=1\n");
+    ini.WriteString("y", "2", std::string("A"));
+    ini.WriteString("x", "3", std::string("B"));
+    ini.DeleteKey("y", std::string("A"));
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(dir)) names.push_back(entry.path().filename().string());
+    EXPECT_EQ(names, std::vector<std::string>{"TEST.INI"});
+}
+
+TEST_F(IniHandlerTest, TenMegabytesOfJunkReadAndWritten) {
+    std::mt19937 random(20240611);
+    std::uniform_int_distribution<int> printable(0x20, 0x7e);
+    std::uniform_int_distribution<int> lineLength(0, 200000);
+    std::string junk;
+    junk.reserve(10'500'000);
+    while (junk.size() < 10'000'000) {
+        int length = lineLength(random);
+        for (int i = 0; i < length; ++i) junk += static_cast<char>(printable(random));
+        junk += '\n';
+    }
+    writeFile(junk);
+    EXPECT_EQ(ini.ReadString("Key", "dflt", "Target"), "dflt");
+    EXPECT_NE(ini.WriteString("Key", "value", std::string("Target")), 0);
+    EXPECT_EQ(ini.ReadString("Key", "dflt", "Target"), "value");
+    std::string after = fileText();
+    ASSERT_GE(after.size(), junk.size());
+    EXPECT_TRUE(after.compare(0, junk.size(), junk) == 0) << "the junk was changed";
+    std::string added = after.substr(junk.size());
+    EXPECT_TRUE(added == "\n[Target]\nKey=value\n" || added == "[Target]\nKey=value\n") << added;
+}
+
+}  // namespace
+}  // namespace hlyd

@@ -1,0 +1,294 @@
+// The settings store: first run against later run, a file of another version brought up to
+// date, the older keys and the sanity rules on reading, and save routines that each write
+// exactly their own keys.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <random>
+#include <set>
+#include <sstream>
+
+#include <unistd.h>
+
+#include "display/attributes.h"
+#include "printing/page_settings.h"
+#include "settings/profile_file.h"
+#include "settings/settings_store.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+const char* const kHeadingLeftDefault = "@FileName;|;<File Date: >; @FileDate; @FileTime";
+
+class SettingsStoreTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        static int counter = 0;
+        const char* previous = std::getenv("HLYD_CONFIG_DIR");
+        previousConfigDir = previous ? std::optional<std::string>(previous) : std::nullopt;
+        base = fs::temp_directory_path() /
+               ("hlyd-store-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+        fs::create_directories(base);
+        useConfigDir(base / "config");
+        setUi(&ui);
+        setClock(&clock);
+    }
+    void TearDown() override {
+        if (previousConfigDir) setenv("HLYD_CONFIG_DIR", previousConfigDir->c_str(), 1);
+        else unsetenv("HLYD_CONFIG_DIR");
+        setUi(nullptr);
+        setClock(nullptr);
+        resetSettings();
+        clearProfileCache();
+        std::error_code ec;
+        fs::remove_all(base, ec);
+    }
+    void useConfigDir(const fs::path& dir) {
+        setenv("HLYD_CONFIG_DIR", dir.c_str(), 1);
+        resetSettings();
+        resetDebug();
+        resetLog();
+        clearProfileCache();
+    }
+    fs::path iniPath() const { return fs::path(settingsDirectory()) / kSettingsFileName; }
+    void writeIni(const std::string& text) {
+        fs::create_directories(settingsDirectory());
+        std::ofstream(iniPath(), std::ios::binary) << text;
+        clearProfileCache();
+    }
+    std::string iniText() const {
+        std::ifstream in(iniPath(), std::ios::binary);
+        std::ostringstream all;
+        all << in.rdbuf();
+        return all.str();
+    }
+    // The settings as a fresh run reads them from this file, without the start-up save.
+    void loadFrom(const std::string& text) {
+        resetSettings();
+        writeIni(text);
+        sbInitINI();
+        sbINIGetInfo(false);
+    }
+    // "Section/Key" of every key line of the file.
+    std::set<std::string> keysInFile() const {
+        std::set<std::string> keys;
+        std::istringstream in(iniText());
+        std::string line, section;
+        while (std::getline(in, line)) {
+            if (!line.empty() && line[0] == '[') section = line.substr(1, line.find(']') - 1);
+            else if (line.find('=') != std::string::npos) keys.insert(section + "/" + line.substr(0, line.find('=')));
+        }
+        return keys;
+    }
+    AttributeRecord& element(int dest, int e) { return displayAttributes().Elements[e].slot[dest]; }
+
+    fs::path base;
+    std::optional<std::string> previousConfigDir;  // other suites of this process keep theirs
+    test::ScriptedUi ui;
+    test::FixedClock clock;
+};
+
+TEST_F(SettingsStoreTest, FirstRunWritesTheWholeFile) {
+    loadSettingsAtStartup();
+    const HlydSettings& s = hlydSettings();
+    EXPECT_TRUE(s.FirstRun);
+    EXPECT_EQ(s.HeadingLeft, kHeadingLeftDefault);
+    EXPECT_EQ(s.HeadingCenter, "@VBName ;|; @ProcName");
+    EXPECT_EQ(s.FootingLeft, "@User");
+    EXPECT_EQ(s.FootingRight, "@Company");
+    EXPECT_TRUE(ui.shown.empty());
+    ASSERT_TRUE(fs::exists(iniPath()));
+    std::set<std::string> keys = keysInFile();
+    for (const char* key : {"General/HeadingLeft", "General/CDLGFileIndex", "Debug/LoggingIsOn", "Files/BasicExtNew",
+                            "PDF.Print/Margins", "Display/FontAttr.KeyWords", "Format/Orphan.Print"})
+        EXPECT_TRUE(keys.count(key)) << key;
+    clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("Version", "", "General"), theAppInfo().Version);
+}
+
+TEST_F(SettingsStoreTest, LaterRunKeepsClearedHeadingsAndFile) {
+    const std::string text = "[General]\nVersion=" + theAppInfo().Version + "\nWindowState=3\n";
+    writeIni(text);
+    loadSettingsAtStartup();
+    const HlydSettings& s = hlydSettings();
+    EXPECT_FALSE(s.FirstRun);
+    EXPECT_EQ(s.HeadingLeft, "");
+    EXPECT_EQ(s.HeadingRight, "");
+    EXPECT_EQ(s.FootingCenter, "");
+    EXPECT_EQ(s.WindowState, 0);
+    EXPECT_EQ(iniText(), text);
+}
+
+TEST_F(SettingsStoreTest, OtherVersionIsBroughtUpToDate) {
+    writeIni("; kept comment\n[General]\nVersion=0.0.1\nHeadingLeft=mine\n\n[Files]\nBasicExt=BAS CLS\n");
+    loadSettingsAtStartup();
+    const HlydSettings& s = hlydSettings();
+    EXPECT_FALSE(s.FirstRun);
+    EXPECT_EQ(s.BasicExt, "BAS|CLS");
+    EXPECT_EQ(s.FormExt, "FRM|CTL|PAG|DOB|DSR");
+    EXPECT_EQ(s.HeadingLeft, "mine");
+    EXPECT_EQ(s.Version, theAppInfo().Version);
+    clearProfileCache();
+    cINIHandler& ini = iniHandler();
+    EXPECT_EQ(ini.ReadString("Version", "", "General"), theAppInfo().Version);
+    EXPECT_EQ(ini.ReadString("BasicExtNew", "", "Files"), "BAS|CLS");
+    EXPECT_EQ(ini.ReadString("HeadingLeft", "", "General"), "mine");
+    EXPECT_EQ(ini.ReadString("HeadingCenter", "<none>", "General"), "");
+    std::set<std::string> keys = keysInFile();
+    EXPECT_TRUE(keys.count("PDF.Print/ColumnWidth"));
+    EXPECT_TRUE(keys.count("General/Copies"));
+    EXPECT_EQ(iniText().rfind("; kept comment\n", 0), 0u);
+}
+
+TEST_F(SettingsStoreTest, OutOfRangeNumbersAndSanityRules) {
+    const std::string head = "[General]\nCurrentPrinter=P1\n";
+    loadFrom(head + "WindowState=3\nCopies=50\n[P1.Print]\nColumnWidth=48961\nColumnSpacing=3000\n"
+                    "Margins=99999 1440 720 720\n");
+    EXPECT_EQ(printerSection(), "P1.Print");
+    EXPECT_EQ(hlydSettings().WindowState, 0);
+    EXPECT_EQ(hlydSettings().Copies, 10);
+    EXPECT_EQ(pageSettings().Columns.Width, 12240);
+    EXPECT_EQ(pageSettings().Columns.Gutter, 720);
+    EXPECT_EQ(pageSettings().Margins.Bottom, 720);
+    EXPECT_EQ(pageSettings().Margins.Left, 1440);
+
+    loadFrom(head + "WindowState=2\nCopies=0\n[P1.Print]\nColumnWidth=48960\nColumnSpacing=2880\n"
+                    "Margins=1000 5761 2880 abc\n");
+    EXPECT_EQ(hlydSettings().WindowState, 2);
+    EXPECT_EQ(hlydSettings().Copies, 1);
+    EXPECT_EQ(pageSettings().Columns.Width, 48960);
+    EXPECT_EQ(pageSettings().Columns.Gutter, 2880);
+    EXPECT_EQ(pageSettings().Margins.Bottom, 1000);
+    EXPECT_EQ(pageSettings().Margins.Left, 1440);
+    EXPECT_EQ(pageSettings().Margins.Right, 2880);
+    EXPECT_EQ(pageSettings().Margins.Top, 0);
+}
+
+TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {
+    loadFrom("[General]\nCurrentPrinter=P1\n"
+             "[Display]\nFontAttr.Comments=True Yes -1 no 9\nColor.Background.Comments=16777215\n"
+             "[P1.Print]\nColor.Background.Comments=16777215\nFontAttr.KeyWords=YES\n"
+             "[Format]\nProcSkip.Display=\nNewPage.Display=Yes\n");
+    const FontSpec& f = element(kDisplay, kElemComments).Font;
+    EXPECT_FALSE(f.Bold);  // True is not the word of the Yes/No form
+    EXPECT_TRUE(f.Italic);
+    EXPECT_TRUE(f.Underline);
+    EXPECT_FALSE(f.Strikethrough);
+    EXPECT_EQ(f.Size, 9);
+    EXPECT_EQ(element(kDisplay, kElemComments).BackColor, 2147483653u);
+    EXPECT_EQ(element(kPrint, kElemComments).BackColor, 16777215u);
+    // A short list takes the rest of the element's defaults.
+    const FontSpec& k = element(kPrint, kElemKeyWords).Font;
+    EXPECT_TRUE(k.Bold);
+    EXPECT_FALSE(k.Italic);
+    EXPECT_EQ(k.Size, 12);
+    EXPECT_EQ(element(kPrint, kElemKeyWords).ForeColor, 16711680u);
+    EXPECT_EQ(displayAttributes().Format[kDisplay].ProcSkip, 'P');
+    EXPECT_EQ(displayAttributes().Format[kPrint].ProcSkip, 'N');
+}
+
+TEST_F(SettingsStoreTest, DialectReadFromDialectSavedUnderDefault) {
+    loadFrom("[Dialect]\nDialect=4\nDefault=5\nDetect=manual\n");
+    EXPECT_EQ(hlydSettings().Dialect, "4");
+    EXPECT_FALSE(hlydSettings().DetectDialect);
+    hlydSettings().Dialect = "3";
+    sbDisplayINISave();
+    clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("Dialect", "", "Dialect"), "4");
+    EXPECT_EQ(iniHandler().ReadString("Default", "", "Dialect"), "3");
+    EXPECT_EQ(iniHandler().ReadString("Detect", "", "Dialect"), "MANUAL");
+}
+
+TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
+    auto keysAfter = [&](void (*save)()) {
+        resetSettings();
+        clearProfileCache();
+        fs::remove(iniPath());
+        sbInitINI();
+        sbINIGetInfo(true);
+        EXPECT_FALSE(fs::exists(iniPath())) << "reading must not write";
+        save();
+        return keysInFile();
+    };
+    using Keys = std::set<std::string>;
+    fs::create_directories(settingsDirectory());
+    EXPECT_EQ(keysAfter(sbPrintINISave),
+              (Keys{"General/OptionalHeading", "General/ProcContents", "General/TableOfContents",
+                    "General/PrintContinuous", "View/Code.Print", "View/FormDef.Print", "Format/SkipAttributes.Print"}));
+    EXPECT_EQ(keysAfter(savePrinterState),
+              (Keys{"General/Orientation", "General/CurrentPrinter", "General/Duplex", "General/PaperSize",
+                    "General/Copies", "General/PrintQuality"}));
+    EXPECT_EQ(keysAfter(saveWindowState),
+              (Keys{"General/Screen", "General/ToolBar", "General/ToolTips", "General/StatusBar"}));
+    EXPECT_EQ(keysAfter([] { saveElementAttributes(kPrint, kElemKeyWords); }),
+              (Keys{"PDF.Print/Color.Background.KeyWords", "PDF.Print/Color.Foreground.KeyWords",
+                    "PDF.Print/FontName.KeyWords", "PDF.Print/FontAttr.KeyWords"}));
+    Keys display = keysAfter(sbDisplayINISave);
+    for (const char* key : {"General/User Name", "General/ShowOpenDialog", "Format/ContinueGenerate.Display",
+                            "Format/TabWidth.Display", "View/Code.Display", "Dialect/Default", "Dialect/Detect",
+                            "Files/ProjectExtNew"})
+        EXPECT_TRUE(display.count(key)) << key;
+    for (const char* key : {"Format/ContinueHonor.Display", "Format/ProcSkip.Display", "Format/Orphan.Display",
+                            "Dialect/Dialect", "View/Code.Print", "Format/SkipAttributes.Print"})
+        EXPECT_FALSE(display.count(key)) << key;
+    Keys options = keysAfter(sbPrintOptionsINISave);
+    for (const char* key : {"General/HeadingLeft", "General/FootingRight", "PDF.Print/Margins",
+                            "PDF.Print/ColumnWidth", "Format/Orphan.Print", "General/SaveHYFile"})
+        EXPECT_TRUE(options.count(key)) << key;
+    for (const char* key : {"Format/Orphan.Display", "General/Copies", "General/OptionalHeading"})
+        EXPECT_FALSE(options.count(key)) << key;
+    Keys debug = keysAfter(saveDebugSettings);
+    EXPECT_EQ(debug.size(), 9u);
+    EXPECT_TRUE(debug.count("Debug/LogFile"));
+}
+
+TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaults) {
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> byte(0, 255);
+    std::string junk;
+    while (junk.size() < 2'000'000) junk += static_cast<char>(byte(random));
+    writeIni(junk);
+    loadSettingsAtStartup();
+    const HlydSettings& s = hlydSettings();
+    EXPECT_TRUE(s.FirstRun);
+    EXPECT_EQ(s.HeadingLeft, kHeadingLeftDefault);
+    EXPECT_EQ(s.Copies, 1);
+    EXPECT_EQ(s.BasicExt, "BAS|CLS");
+    EXPECT_EQ(pageSettings().Margins.Left, 1440);
+    EXPECT_EQ(displayAttributes().Format[kDisplay].IndentAmount, 4);
+    EXPECT_TRUE(ui.shown.empty());
+}
+
+TEST_F(SettingsStoreTest, UncreatableDirectoryStartsWithDefaultsAndTellsOnce) {
+    std::ofstream(base / "plain") << "not a directory";
+    useConfigDir(base / "plain" / "config");
+    loadSettingsAtStartup();
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find(settingsDirectory()), std::string::npos);
+    const HlydSettings& s = hlydSettings();
+    EXPECT_FALSE(s.SettingsWritable);
+    EXPECT_EQ(s.HeadingLeft, kHeadingLeftDefault);
+    EXPECT_EQ(s.WindowState, 0);
+    // Later saves are skipped quietly: the user was told once.
+    saveAllSettings();
+    sbPrintINISave();
+    savePrinterState();
+    EXPECT_EQ(ui.shown.size(), 1u);
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(base)) names.push_back(entry.path().filename().string());
+    EXPECT_EQ(names, std::vector<std::string>{"plain"});
+    std::ifstream in(base / "plain");
+    std::string content;
+    std::getline(in, content);
+    EXPECT_EQ(content, "not a directory");
+}
+
+}  // namespace
+}  // namespace hlyd

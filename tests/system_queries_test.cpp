@@ -1,0 +1,123 @@
+// The answers the logic takes from the system: separators with their fallback, numbers read
+// from free text, file checks, name splitting and the version text.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include <unistd.h>
+
+#include "settings/profile_file.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+class SystemQueriesTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        static int counter = 0;
+        const char* previous = std::getenv("HLYD_CONFIG_DIR");
+        previousConfigDir = previous ? std::optional<std::string>(previous) : std::nullopt;
+        dir = fs::temp_directory_path() /
+              ("hlyd-sysq-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+        fs::create_directories(dir);
+        setenv("HLYD_CONFIG_DIR", dir.c_str(), 1);
+        resetSettings();
+        resetDebug();
+        resetLog();
+        clearProfileCache();
+        setUi(&ui);
+        setClock(&clock);
+        saved = localeTexts();
+        localeTexts().DecimalSeparator = ".";
+        localeTexts().GroupSeparator = ",";
+    }
+    void TearDown() override {
+        if (previousConfigDir) setenv("HLYD_CONFIG_DIR", previousConfigDir->c_str(), 1);
+        else unsetenv("HLYD_CONFIG_DIR");
+        localeTexts() = saved;
+        setUi(nullptr);
+        setClock(nullptr);
+        std::error_code ec;
+        fs::remove_all(dir, ec);
+    }
+
+    fs::path dir;
+    std::optional<std::string> previousConfigDir;  // other suites of this process keep theirs
+    LocaleTexts saved;
+    test::ScriptedUi ui;
+    test::FixedClock clock;
+};
+
+TEST_F(SystemQueriesTest, SeparatorReplyOfOnlyTheTerminatorFallsBack) {
+    EXPECT_EQ(separatorOrFallback(std::string("\0", 1), "."), ".");
+    EXPECT_EQ(separatorOrFallback(std::string(), "."), ".");
+    EXPECT_EQ(separatorOrFallback(std::string(",\0", 2), "."), ",");
+}
+
+TEST_F(SystemQueriesTest, NumberFromFreeText) {
+    EXPECT_DOUBLE_EQ(GetNumberFromString("1 1/2"), 1.5);
+    EXPECT_DOUBLE_EQ(GetNumberFromString("3/4"), 0.75);
+    EXPECT_DOUBLE_EQ(GetNumberFromString("(12)"), -12);
+    EXPECT_DOUBLE_EQ(GetNumberFromString("$1,000"), 1000);
+    EXPECT_DOUBLE_EQ(GetNumberFromString("1-2"), -12);
+    EXPECT_DOUBLE_EQ(GetNumberFromString("abc"), 0);
+    EXPECT_DOUBLE_EQ(GetNumberFromString(""), 0);
+    // The numerator has left the result, and a zero denominator adds nothing back.
+    EXPECT_DOUBLE_EQ(GetNumberFromString("1/0"), 0);
+    EXPECT_DOUBLE_EQ(GetNumberFromString("1.5.5"), 1.55);
+    // Four decimals, the rest rounded away.
+    EXPECT_DOUBLE_EQ(GetNumberFromString("0.123456"), 0.1235);
+}
+
+TEST_F(SystemQueriesTest, NumberFollowsTheLocaleSeparators) {
+    localeTexts().DecimalSeparator = ",";
+    localeTexts().GroupSeparator = ".";
+    EXPECT_DOUBLE_EQ(GetNumberFromString("1.234,5"), 1234.5);
+}
+
+TEST_F(SystemQueriesTest, FileExistsOnlyForReadableFiles) {
+    fs::path file = dir / "present.txt";
+    std::ofstream(file) << "x";
+    EXPECT_TRUE(FileExists(file.string()));
+    EXPECT_FALSE(FileExists((dir / "absent.txt").string()));
+    EXPECT_FALSE(FileExists(dir.string()));
+    EXPECT_FALSE(FileExists(""));
+}
+
+TEST_F(SystemQueriesTest, FileNameSplitAtLastSeparator) {
+    std::string name = "old", directory = "old";
+    sbFileNameFromDir("A.BAS", name, directory);
+    EXPECT_EQ(name, "A.BAS");
+    EXPECT_EQ(directory, "");
+    sbFileNameFromDir("C:\\A.BAS", name, directory);
+    EXPECT_EQ(name, "A.BAS");
+    EXPECT_EQ(directory, "C:\\");
+    sbFileNameFromDir("/home/u/src/Main.frm", name, directory);
+    EXPECT_EQ(name, "Main.frm");
+    EXPECT_EQ(directory, "/home/u/src/");
+    sbFileNameFromDir("C:\\VB\\", name, directory);
+    EXPECT_EQ(name, "");
+    EXPECT_EQ(directory, "C:\\VB\\");
+}
+
+TEST_F(SystemQueriesTest, WindowHelpers) {
+    std::string version = cWindow().WinVersion();
+    EXPECT_FALSE(version.empty());
+    EXPECT_NE(version.find("Linux"), std::string::npos) << version;
+    std::string temp = cWindow().GetTempFile("hly");
+    EXPECT_EQ(temp.find('\0'), std::string::npos);
+    EXPECT_TRUE(fs::exists(temp)) << temp;
+    EXPECT_EQ(fs::path(temp).filename().string().rfind("hly", 0), 0u);
+    fs::remove(temp);
+}
+
+}  // namespace
+}  // namespace hlyd
