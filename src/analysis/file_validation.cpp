@@ -74,9 +74,16 @@ int firstNonBlankLine(std::ifstream& in, std::string& line) {
     return 0;
 }
 
+bool tellUserNow = true;
+
+void tell(const std::string& text, MsgButtons buttons = MsgButtons::OK) {
+    if (tellUserNow) showMessage(text, "BabValidateFile", buttons, MsgIcon::Warning);
+    else logBlock(text);
+}
+
 void readFailure(const std::string& fileName, int number) {
     std::string text = "Module BabValidateFile diagnosed VBErr=" + std::to_string(number) + " on file " + fileName;
-    showMessage(text, "BabValidateFile", MsgButtons::OK, MsgIcon::Warning);
+    tell(text);
     theDebug().setStatus(4, 2);
 }
 
@@ -98,7 +105,7 @@ bool openFile(const std::string& fileName, std::ifstream& in) {
             return false;
         }
         std::string text = "The following error occurred processing " + fileName + ".\n\n" + description;
-        showMessage(text, "BabValidateFile", MsgButtons::OK, MsgIcon::Warning);
+        tell(text);
         theLog().LogData("VBErr=" + std::to_string(number));
         theDebug().setStatus(7, 0);
         return false;
@@ -120,7 +127,7 @@ std::string dialectOfFirstLine(const std::string& line) {
     return {};
 }
 
-void BabValidateFile(const std::string& fileName, std::string& dialect) {
+void BabValidateFile(const std::string& fileName, std::string& dialect, bool tellUser) {
     TraceScope trace(theDebug().TracePackages, "BabValidateFile");
     if (theDebug().TracePackages) theLog().LogData("File=" + fileName);
     if (!basiclan().BabInitDone) {
@@ -132,6 +139,7 @@ void BabValidateFile(const std::string& fileName, std::string& dialect) {
         raiseInternal("BabValidateFile");
     }
     theDebug().setStatus(0, 0);
+    tellUserNow = tellUser;
     dialect = "?";
     std::ifstream in;
     if (!openFile(fileName, in)) return;

@@ -5,7 +5,9 @@
 
 namespace hlyd {
 
-void BabValidateFile(const std::string& fileName, std::string& dialect);
+// With `tellUser` false the boxes are written to the log only: a caller that sums up the
+// failures of many files tells the user once.
+void BabValidateFile(const std::string& fileName, std::string& dialect, bool tellUser = true);
 
 // The dialect code that the first non-blank line gives: "?" when it says nothing; empty when
 // the line is no Visual Basic source. Pure, for the validation and its tests.

@@ -73,7 +73,7 @@ private:
     bool openForReading(const std::string& fileName, std::string& content);
     void addMember(cProjectLine& line);
     bool memberExists(cProjectLine& line);
-    void parseValues(cProjectLine& line, const std::string& key, const std::string& value);
+    void parseValues(cProjectLine& line, const std::string& value);
     int filesFound_ = 0;
     int filesNotFound_ = 0;
 };

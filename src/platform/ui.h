@@ -2,6 +2,7 @@
 // The user-interface port: everything the core asks of a person goes through here, so that the
 // logic runs the same in the window, in the command-line tools and under test.
 #include <string>
+#include <vector>
 
 namespace hlyd {
 
@@ -21,12 +22,27 @@ struct MessageBoxRequest {
 // The answer that the default button of a request stands for.
 MsgAnswer defaultAnswer(const MessageBoxRequest& request);
 
+// A member of a project as the choice of members shows it.
+struct ProjectMemberOption {
+    int project = 0;  // position in the listing's projects
+    int line = 0;     // line of the project file
+    int lineType = 0;
+    std::string fileName;
+    std::string vbName;
+    bool checked = true;
+};
+
 class Ui {
 public:
     virtual ~Ui() = default;
     virtual MsgAnswer messageBox(const MessageBoxRequest& request) = 0;
     virtual void processEvents() {}
     virtual void beep() {}
+    // The choice of a project's members; false when the user cancels. Without a dialog every
+    // member stays checked.
+    virtual bool chooseProjectMembers(const std::string& caption, std::vector<ProjectMemberOption>& members) {
+        return true;
+    }
     // The hourglass while the program is busy, the default pointer after.
     virtual void setBusy(bool busy) {}
 };

@@ -4,6 +4,7 @@
 
 #include "analysis/basiclan.h"
 #include "analysis_dump.h"
+#include "files_dump.h"
 #include "settings_dump.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -14,7 +15,8 @@ namespace {
 int usage(const std::string& problem) {
     std::cerr << "hlyd-dump: " << problem << "\n"
               << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n"
-              << "       hlyd-dump --settings\n";
+              << "       hlyd-dump --settings\n"
+              << "       hlyd-dump --procs FILE | --project FILE\n";
     return 2;
 }
 
@@ -35,10 +37,13 @@ int main(int argc, char** argv) {
     hlyd::AnalysisDumpOptions options;
     std::string file;
     bool settings = false;
+    std::string mode;
     for (int i = 1; i < argc; ++i) {
         std::string arg = argv[i];
         if (arg == "--settings") {
             settings = true;
+        } else if (arg == "--procs" || arg == "--project") {
+            mode = arg;
         } else if (arg == "--summary") {
             options.summary = true;
         } else if (arg == "--dialect") {
@@ -66,6 +71,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
+        if (mode == "--procs") return hlyd::dumpProcedures(file, std::cout, std::cerr);
+        if (mode == "--project") return hlyd::dumpProject(file, std::cout, std::cerr);
         return hlyd::dumpFileAnalysis(file, options, std::cout, std::cerr);
     } catch (const hlyd::HlydError& e) {
         std::cerr << "hlyd-dump: error " << e.Number << " in " << e.Source << ": " << e.Description << '\n';

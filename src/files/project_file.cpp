@@ -1,0 +1,226 @@
+#include "files/project_file.h"
+
+#include <fstream>
+#include <sstream>
+
+#include "analysis/keywords.h"
+#include "files/member_paths.h"
+#include "settings/system_queries.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/hlyd_error.h"
+#include "shell/message_box.h"
+#include "shell/app_info.h"
+#include "shell/text_format.h"
+
+#include <filesystem>
+
+namespace hlyd {
+
+namespace {
+
+std::unique_ptr<cProjectFiles> projects = std::make_unique<cProjectFiles>();
+
+void growRecordList(std::vector<std::int16_t>& list, std::int16_t& count, std::int16_t lineNumber) {
+    ++count;
+    if (count >= static_cast<std::int16_t>(list.size())) list.resize(list.size() + 5);
+    list[count] = lineNumber;
+}
+
+// The module name of a form-like member: the last word of its first line that holds "Begin".
+std::string formModuleName(cProjectLine& line) {
+    std::ifstream in(line.WholeFile, std::ios::binary);
+    if (!in) {
+        line.FileType = kLineNone;
+        theLog().LogData("Error processing file " + line.WholeFile + " " +
+                         errorDescription(runtimeErrorFromErrno(errno)));
+        std::string name, dir;
+        sbFileNameFromDir(line.WholeFile, name, dir);
+        return name;
+    }
+    std::string text;
+    while (std::getline(in, text)) {
+        if (!text.empty() && text.back() == '\r') text.pop_back();
+        if (text.find("Begin") == std::string::npos) continue;
+        text = text.substr(0, text.find_last_not_of(' ') + 1);
+        std::size_t blank = text.find_last_of(' ');
+        return blank == std::string::npos ? text : text.substr(blank + 1);
+    }
+    return {};
+}
+
+}  // namespace
+
+const std::array<const char*, 68>& projectKeywords() {
+    static const std::array<const char*, 68> kTable = {
+        "",
+        "AUTOINCREMENTVER", "AUTOREFRESH", "BOUNDSCHECK", "CLASS", "CODEVIEWDEBUGINFO", "COMMAND", "COMMAND32",
+        "COMPATIBLEEXE", "COMPATIBLEEXE32", "COMPATIBLEMODE", "COMPILATIONTYPE", "CONDCOMP", "CONTROL",
+        "DEBUGSTARTUPCOMPONENT", "DEBUGSTARTUPOPTION", "DESCRIPTION", "DESIGNER", "DLLBASEADDRESS", "EXENAME",
+        "EXENAME32", "FAVORPENTIUMPRO", "FDIVCHECK", "FLPOINTCHECK", "FORM", "HELPCONTEXTID", "HELPFILE",
+        "ICONFORM", "MAJORVER", "MAXNUMBEROFTHREADS", "MINORVER", "MODULE", "NAME", "NOALIASING", "OBJECT",
+        "OPTIMIZATIONTYPE", "OVERFLOWCHECK", "PATH", "PATH32", "PROJWINSHOW", "PROJWINSIZE", "PROPERTYPAGE",
+        "REFERENCE", "RELATEDDOC", "RESFILE16", "RESFILE32", "RETAINED", "REVISIONVER", "SERVERSUPPORTFILES",
+        "STARTMODE", "STARTUP", "THREADINGMODEL", "THREADPEROBJECT", "TITLE", "TYPE", "UNATTENDED", "UNROUNDEDFP",
+        "USEEXISTINGBROWSER", "USERCONTROL", "USERDOCUMENT", "VERSIONCOMMENTS", "VERSIONCOMPANYNAME",
+        "VERSIONCOMPATIBLE", "VERSIONCOMPATIBLE32", "VERSIONFILEDESCRIPTION", "VERSIONLEGALCOPYRIGHT",
+        "VERSIONLEGALTRADEMARKS", "VERSIONPRODUCTNAME"};
+    return kTable;
+}
+
+cProjectFiles& oProjectFiles() { return *projects; }
+void resetProjectFiles() { projects = std::make_unique<cProjectFiles>(); }
+
+void ParseFileName(const std::string& file, std::string& drive, std::string& path, std::string& base,
+                   std::string& ext, bool& bad) {
+    std::string rest = trimSpaces(file);
+    if (rest.empty()) {
+        bad = true;
+        return;
+    }
+    drive.clear();
+    path.clear();
+    base.clear();
+    ext.clear();
+    if (std::size_t colon = rest.find(':'); colon != std::string::npos) {
+        drive = rest.substr(0, colon + 1);
+        rest = rest.substr(colon + 1);
+    }
+    // A point in a directory name (as in "..\") is no extension.
+    std::size_t separator = rest.find_last_of("\\/");
+    std::size_t dot = rest.find_last_of('.');
+    if (dot != std::string::npos && (separator == std::string::npos || dot > separator)) {
+        ext = rest.substr(dot);
+        rest = rest.substr(0, dot);
+    }
+    separator = rest.find_last_of("\\/");
+    if (separator == std::string::npos) {
+        base = rest;
+    } else {
+        path = rest.substr(0, separator + 1);
+        base = rest.substr(separator + 1);
+    }
+}
+
+cProjectFile::cProjectFile() : Classes(11), Forms(11), Modules(11) {}
+
+bool cProjectFile::openForReading(const std::string& fileName, std::string& content) {
+    for (;;) {
+        errno = 0;
+        std::error_code ec;
+        std::ifstream in;
+        if (!std::filesystem::is_directory(fileName, ec)) in.open(fileName, std::ios::binary);
+        if (in) {
+            std::ostringstream all;
+            all << in.rdbuf();
+            content = all.str();
+            return true;
+        }
+        int number = runtimeErrorFromErrno(errno ? errno : EISDIR);
+        theDebug().setStatus(12, number);
+        logBlock("VBErr=" + std::to_string(number));
+        std::string text = "The following error occurred processing " + fileName + ".\n\n" + errorDescription(number);
+        MsgButtons buttons = number == 53 ? MsgButtons::RetryCancel : MsgButtons::OK;
+        if (theUi().messageBox({text, theAppInfo().Title, buttons, MsgIcon::Warning, 1}) != MsgAnswer::Retry) return false;
+    }
+}
+
+void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string formExt, std::string moduleExt) {
+    TraceScope trace(theDebug().TraceApplication, "ProcessProjectFile");
+    if (fileName.empty()) throw HlydError(kProjectArgumentError, "Invalid FileName", "ProcessProjectFile");
+    const std::string& checked = formExt.empty() ? moduleExt : formExt;
+    if (!checked.empty() && checked[0] != '.') throw HlydError(kProjectArgumentError, "Invalid FileExt", "ProcessProjectFile");
+    Dialect = "6";
+    FileName = fileName;
+    FileType = 1;
+    Forms.assign(11, 0);
+    Classes.assign(11, 0);
+    Modules.assign(11, 0);
+    formExt = upperCase(formExt) + ".";
+    moduleExt = upperCase(moduleExt) + ".";
+    bool bad = false;
+    ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
+    std::string content;
+    if (!openForReading(FileName, content)) return;
+    ProjectRecords.clear();
+    std::istringstream lines(content);
+    std::string text;
+    while (std::getline(lines, text)) {
+        if (!text.empty() && text.back() == '\r') text.pop_back();
+        cProjectLine line;
+        ++Records;
+        line.AsRecord = text;
+        line.FileNameBase = FileNameBase;
+        line.FileNameDrive = FileNameDrive;
+        line.FileNamePath = FileNamePath;
+        ParseProjectRecord(line, formExt, moduleExt);
+        ProjectRecords.push_back(std::move(line));
+        addMember(ProjectRecords.back());
+    }
+    if (filesNotFound_ == 0) return;
+    std::string text2 = "For the project file " + FileName + "\n" + std::to_string(filesNotFound_) +
+                        " files were not found and\n" + std::to_string(filesFound_) + " files were found.";
+    if (filesFound_ == 0) {
+        theDebug().BabStatus = 19;
+        text2 += "\n\nNo further processing will occur.";
+    }
+    showMessage(text2, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+}
+
+// Files the line: members that exist are counted by kind and keyed; the others stay plain lines.
+void cProjectFile::addMember(cProjectLine& line) {
+    if (line.FileType < kLineForm || line.FileType > kLineDesigner) return;
+    if (!memberExists(line)) {
+        line.FileType = kLineNone;
+        return;
+    }
+    std::int16_t number = Records;
+    if (line.FileType == kLineModule) {
+        growRecordList(Modules, ModuleCount, number);
+    } else if (line.FileType == kLineClass) {
+        growRecordList(Classes, ClassCount, number);
+    } else {
+        std::string name = formModuleName(line);
+        line.VBName = name.empty() ? line.FileNameBase : name;
+        growRecordList(Forms, FormCount, number);
+    }
+    line.Key = std::to_string(line.FileType) + line.VBName;
+}
+
+bool cProjectFile::memberExists(cProjectLine& line) {
+    if (line.FileNameBase.empty()) line.FileNameBase = FileNameBase;
+    if (line.FileNameDrive.empty()) line.FileNameDrive = FileNameDrive;
+    if (line.FileNamePath.empty()) line.FileNamePath = FileNamePath;
+    if (line.WholeFile.empty())
+        line.WholeFile = line.FileName.find(':') != std::string::npos ? line.FileName
+                                                                      : FileNameDrive + FileNamePath + line.FileName;
+    line.WholeFile = resolveMemberPath(FileNameDrive + FileNamePath, line.WholeFile);
+    if (FileExists(line.WholeFile)) {
+        ++filesFound_;
+        return true;
+    }
+    line.SyntaxError = true;
+    ++filesNotFound_;
+    return false;
+}
+
+void cProjectFile::ProcessProjectGroupFile(const std::string& fileName) {
+    if (fileName.empty()) throw HlydError(kProjectArgumentError, "Invalid FileName", "ProcessProjectGroupFile");
+    FileName = fileName;
+    FileType = 0;
+    bool bad = false;
+    ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
+    std::string content;
+    if (!openForReading(FileName, content)) return;
+    std::istringstream lines(content);
+    std::string text;
+    while (std::getline(lines, text)) {
+        if (!text.empty() && text.back() == '\r') text.pop_back();
+        cProjectLine line;
+        line.AsRecord = text;
+        ++Records;
+        ProjectRecords.push_back(std::move(line));
+    }
+}
+
+}  // namespace hlyd

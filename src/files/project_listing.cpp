@@ -1,0 +1,215 @@
+#include "files/project_listing.h"
+
+#include <fstream>
+
+#include "analysis/file_validation.h"
+#include "files/member_paths.h"
+#include "files/project_file.h"
+#include "settings/settings_store.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/main_window_model.h"
+#include "shell/message_box.h"
+#include "shell/text_format.h"
+
+namespace hlyd {
+
+namespace {
+
+std::string pointList(const std::string& barList) {
+    std::string list = "." + barList;
+    for (char& c : list)
+        if (c == '|') c = '.';
+    return list;
+}
+
+std::string directoryOf(const std::string& name) {
+    std::size_t at = name.find_last_of("\\/");
+    return at == std::string::npos ? std::string() : name.substr(0, at + 1);
+}
+
+// A group file names its member projects, one to a line after "=".
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::ifstream& in) {
+    cFileDesc& group = projects[i];
+    group.FileType = kFileGroup;
+    std::int16_t position = static_cast<std::int16_t>(i + 1);
+    oFile().Add({group.FileName, kFileGroup, true, position, position});
+    std::string directory = directoryOf(group.FileName);
+    std::string text;
+    std::int16_t count = 0;
+    while (std::getline(in, text)) {
+        if (!text.empty() && text.back() == '\r') text.pop_back();
+        std::size_t eq = text.find('=');
+        if (eq == std::string::npos) continue;
+        std::string member = resolveMemberPath(directory, directory + text.substr(eq + 1));
+        projects.push_back({member, kFileProject, true, 0, ++count});
+    }
+}
+
+void findGroups(std::vector<cFileDesc>& projects) {
+    for (std::size_t i = 0; i < projects.size(); ++i) {
+        std::ifstream in(projects[i].FileName, std::ios::binary);
+        std::string first;
+        if (!in || !std::getline(in, first)) continue;
+        if (first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0) expandGroup(projects, i, in);
+    }
+}
+
+// Returns false when the user cancelled; counts the members that are no text source.
+bool checkMembers(cProjectFile& project, const std::vector<std::int16_t>& lines, int count, int& binary) {
+    for (int k = 1; k <= count; ++k) {
+        if (lines[k] == 0) continue;
+        cProjectLine& line = project.line(lines[k]);
+        std::vector<std::string> names{line.WholeFile};
+        VBFileValidate(names, false);
+        if (theDebug().BabStatus == 8) return false;
+        if (names[0].empty()) {
+            ++binary;
+            line.FileType = kLineNone;
+        }
+    }
+    return true;
+}
+
+void tellBinaryMembers(int binary) {
+    std::string text = std::to_string(binary) + " Code/Form Files in the Project File " +
+                       "are binary or couldn't be opened. \n\nIf the files are Visual Basic 3.0 binary files " +
+                       "and you want to be able to display or print them, " +
+                       "then within Visual Basic choose File / Save As ... and check the Save As Text box.";
+    showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+}
+
+// False when the listing must stop: the project could not be read, or the user cancelled.
+bool readProject(const cFileDesc& entry, const std::string& formExt, const std::string& moduleExt) {
+    auto project = std::make_unique<cProjectFile>();
+    project->ProcessProjectFile(entry.FileName, formExt, moduleExt);
+    cDebug& d = theDebug();
+    if (d.BabStatus == 12) {
+        std::string text = d.BabStatusDetail == 1 ? "Unable to open " + entry.FileName + "."
+                                                  : "Error occurred reading " + entry.FileName + ".";
+        showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+        return false;
+    }
+    if (d.BabStatus == 13) {
+        showMessage("Syntax error on file " + entry.FileName + "\nreading record #" + std::to_string(project->Records),
+                    theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+        return false;
+    }
+    if (d.BabStatus == 19) return false;
+    int binary = 0;
+    if (!checkMembers(*project, project->Forms, project->FormCount, binary) ||
+        !checkMembers(*project, project->Classes, project->ClassCount, binary) ||
+        !checkMembers(*project, project->Modules, project->ModuleCount, binary))
+        return false;
+    if (binary > 0) tellBinaryMembers(binary);
+    oProjectFiles().Add(std::move(project));
+    return true;
+}
+
+// The members in the order the choice shows them: by kind, then as the project lists them.
+std::vector<ProjectMemberOption> memberOptions() {
+    static const int kKinds[] = {kLineForm, kLineModule, kLineClass, kLineUserControl, kLinePropertyPage,
+                                 kLineUserDocument, kLineDesigner};
+    std::vector<ProjectMemberOption> options;
+    for (int p = 1; p <= oProjectFiles().Count(); ++p) {
+        cProjectFile& project = oProjectFiles().Item(p);
+        for (int kind : kKinds)
+            for (int n = 1; n <= static_cast<int>(project.ProjectRecords.size()); ++n) {
+                const cProjectLine& line = project.line(n);
+                if (line.FileType == kind) options.push_back({p, n, kind, line.WholeFile, line.VBName, true});
+            }
+    }
+    return options;
+}
+
+// A project's own entry stands ahead of its members; only members count as chosen.
+void addChosenFiles(const std::vector<ProjectMemberOption>& options) {
+    for (int p = 1; p <= oProjectFiles().Count(); ++p) {
+        cProjectFile& project = oProjectFiles().Item(p);
+        if (project.FileType != 0) oFile().Add({project.FileName, kFileProject, true, static_cast<std::int16_t>(p), 0});
+        for (const ProjectMemberOption& o : options) {
+            if (o.project != p || !o.checked) continue;
+            const cProjectLine& line = project.line(o.line);
+            if (line.FileType >= kLineForm && line.FileType <= kLineDesigner)
+                oFile().Add({line.WholeFile, kFileSource, true, static_cast<std::int16_t>(p), static_cast<std::int16_t>(o.line)});
+        }
+    }
+}
+
+}  // namespace
+
+void PFParseFile(std::vector<cFileDesc> projects) {
+    TraceScope trace(theDebug().TraceApplication, "PFParseFile");
+    resetProjectFiles();
+    const HlydSettings& s = hlydSettings();
+    std::string moduleExt = pointList(s.BasicExt);
+    std::string formExt = pointList(s.FormExt);
+    findGroups(projects);
+    for (const cFileDesc& entry : projects) {
+        if (entry.FileType == kFileProject) {
+            if (!readProject(entry, formExt, moduleExt)) return;
+        } else if (entry.FileType == kFileGroup) {
+            auto group = std::make_unique<cProjectFile>();
+            group->ProcessProjectGroupFile(entry.FileName);
+            oProjectFiles().Add(std::move(group));
+        }
+    }
+    if (oProjectFiles().Count() == 0) return;
+    std::vector<ProjectMemberOption> options = memberOptions();
+    if (!theUi().chooseProjectMembers("Project File - " + oProjectFiles().Item(1).FileName, options)) return;
+    addChosenFiles(options);
+}
+
+void VBFileValidate(std::vector<std::string>& names, bool canOverride) {
+    cDebug& d = theDebug();
+    for (std::string& name : names) {
+        if (trimSpaces(name).empty()) continue;
+        std::string dialect;
+        std::string file = name;
+        BabValidateFile(file, dialect, canOverride);
+        if (d.BabStatus == 12 || d.BabStatus == 7) {
+            std::string text = "There are errors in processing";
+            if (d.BabStatus == 7) text += "\nFile: " + file + "\nWas Not Found";
+            text += "\n\nDo you want to cancel processing?";
+            name.clear();
+            if (showMessage(text, theAppInfo().Title, MsgButtons::YesNo, MsgIcon::Question, 2) == MsgAnswer::Yes) {
+                d.BabStatus = 8;
+                return;
+            }
+        } else if (d.BabStatus == 4) {
+            if (d.BabStatusDetail == 2) {
+                std::string text = file + "\nis not a Visual Basic source-file and cannot be processed.";
+                // A caller that cannot override sums these files up in one box of its own.
+                if (canOverride) showMessage(text, theAppInfo().Title, MsgButtons::OKCancel, MsgIcon::Warning);
+                else logBlock(text);
+                name.clear();
+            } else if (canOverride) {
+                const std::string& title = theAppInfo().Title;
+                std::string text = file + "\nis not a text mode Visual Basic source file.\n\n" +
+                                   "If this is a Visual Basic 3 binary mode file, resave it in Visual Basic 3 " +
+                                   "by using the File/Save File As menu item with the Save as Text box checked.  \n\n" +
+                                   "If this file is from another dialect of Basic, " + title +
+                                   " can attempt to process it.\n\nDo you want to process it anyway?";
+                if (showMessage(text, title, MsgButtons::YesNo, MsgIcon::Question) == MsgAnswer::No) {
+                    if (d.TraceApplication) theLog().LogData("File removed=" + file);
+                    name.clear();
+                    d.BabStatus = 8;
+                } else {
+                    d.BabStatus = 0;
+                }
+            } else {
+                name.clear();
+            }
+        }
+        d.setStatus(0, 0);
+    }
+}
+
+void HlydPFProcess() {
+    MainWindowModel& w = mainWindow();
+    if (w.vsbDisplay.Value != 1) w.vsbDisplay.Value = 1;
+    w.emitRequestedData();
+}
+
+}  // namespace hlyd
