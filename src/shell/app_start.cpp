@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "analysis/basiclan.h"
+#include "files/file_table.h"
 #include "platform/clock.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -51,6 +52,12 @@ void initKeywords() {
 }
 
 void clearPerRunState() {
+    resetFileTable();
+    setCurrentFileNameSource([] {
+        const FileTableModule& f = fileTable();
+        bool current = f.oFile.Count() > 0 && f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count();
+        return current ? f.oFile.Item(f.wCurrentFile).FileName : std::string();
+    });
     SourceTables& tables = theSourceTables();
     tables.Records.redim(0);
     tables.RecordCount = tables.StatementCount = tables.TokenCount = 0;

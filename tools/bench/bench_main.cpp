@@ -10,6 +10,10 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "files/file_loading.h"
+#include "files/file_table.h"
+#include "files/project_listing.h"
+#include "settings/settings_store.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
 
@@ -83,11 +87,54 @@ void BM_AnalyseExamples(benchmark::State& state) {
 }
 BENCHMARK(BM_AnalyseExamples)->Unit(benchmark::kMicrosecond);
 
+// Loading as the program does: the analysis plus token elements and the procedure list.
+void BM_LoadLargeFile(benchmark::State& state) {
+    static const std::string path = [] {
+        std::string file = (std::filesystem::temp_directory_path() / "hlyd-bench-large.bas").string();
+        std::ofstream(file, std::ios::binary) << generatedModule(490000);
+        return file;
+    }();
+    hlyd::resetFileTable();
+    hlyd::oFile().Add({path, hlyd::kFileSource, false, 0, 0});
+    for (auto _ : state) hlyd::ProcessSelectedFile(1);
+    auto size = std::filesystem::file_size(path);
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(size));
+    state.counters["procs"] = static_cast<double>(hlyd::yProc().size());
+    state.counters["peakKB"] = static_cast<double>(peakMemoryKb());
+}
+BENCHMARK(BM_LoadLargeFile)->Unit(benchmark::kMillisecond);
+
+// A project of 500 members, every one of them checked on the disk.
+void BM_ReadProjectOf500Members(benchmark::State& state) {
+    static const std::string path = [] {
+        namespace fs = std::filesystem;
+        fs::path dir = fs::temp_directory_path() / "hlyd-bench-project";
+        fs::create_directories(dir);
+        std::ofstream vbp(dir / "Big.vbp", std::ios::binary);
+        vbp << "Type=Exe\r\n";
+        for (int i = 1; i <= 500; ++i) {
+            std::string name = "Mod" + std::to_string(i);
+            vbp << "Module=" << name << "; " << name << ".bas\r\n";
+            std::ofstream(dir / (name + ".bas"), std::ios::binary) << "Attribute VB_Name = \"" << name
+                                                                    << "\"\r\nOption Explicit\r\n";
+        }
+        return (dir / "Big.vbp").string();
+    }();
+    for (auto _ : state) {
+        hlyd::resetFileTable();
+        hlyd::PFParseFile({hlyd::cFileDesc{path, hlyd::kFileProject, true, 0, 0}});
+    }
+    state.counters["files"] = static_cast<double>(hlyd::oFile().Count());
+}
+BENCHMARK(BM_ReadProjectOf500Members)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argv[0]);
     hlyd::BabInit();
+    hlyd::hlydSettings().BasicExt = "BAS|CLS";
+    hlyd::hlydSettings().FormExt = "FRM|CTL|PAG|DOB|DSR";
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     std::printf("peak memory of the run: %ld KB\n", peakMemoryKb());
