@@ -21,32 +21,11 @@ namespace fs = std::filesystem;
 namespace hlyd {
 namespace {
 
-class IniHandlerTest : public ::testing::Test {
+class IniHandlerTest : public test::ConfigDirTest {
 protected:
     void SetUp() override {
-        static int counter = 0;
-        const char* previous = std::getenv("HLYD_CONFIG_DIR");
-        previousConfigDir = previous ? std::optional<std::string>(previous) : std::nullopt;
-        dir = fs::temp_directory_path() /
-              ("hlyd-ini-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
-        fs::create_directories(dir);
-        setenv("HLYD_CONFIG_DIR", dir.c_str(), 1);
-        resetSettings();
-        resetDebug();
-        resetLog();
-        clearProfileCache();
-        setUi(&ui);
-        setClock(&clock);
-        ini.setINIFileName((dir / "TEST.INI").string());
-    }
-    void TearDown() override {
-        if (previousConfigDir) setenv("HLYD_CONFIG_DIR", previousConfigDir->c_str(), 1);
-        else unsetenv("HLYD_CONFIG_DIR");
-        setUi(nullptr);
-        setClock(nullptr);
-        clearProfileCache();
-        std::error_code ec;
-        fs::remove_all(dir, ec);
+        ConfigDirTest::SetUp();
+        ini.setINIFileName((fs::path(dir) / "TEST.INI").string());
     }
     void writeFile(const std::string& text) {
         std::ofstream(ini.INIFileName(), std::ios::binary) << text;
@@ -59,11 +38,7 @@ protected:
         return all.str();
     }
 
-    fs::path dir;
-    std::optional<std::string> previousConfigDir;  // other suites of this process keep theirs
     cINIHandler ini;
-    test::ScriptedUi ui;
-    test::FixedClock clock;
 };
 
 TEST_F(IniHandlerTest, BooleanSpellingsAndDefaults) {
@@ -171,9 +146,9 @@ TEST_F(IniHandlerTest, FailedWriteIsLostAndLeavesOldFile) {
     fs::remove(blocker);
 
     // A file under a regular file cannot even have a directory.
-    std::ofstream(dir / "plain") << "x";
+    std::ofstream(fs::path(dir) / "plain") << "x";
     cINIHandler lost;
-    lost.setINIFileName((dir / "plain" / "sub" / "X.INI").string());
+    lost.setINIFileName((fs::path(dir) / "plain" / "sub" / "X.INI").string());
     EXPECT_EQ(lost.WriteString("k", "v", std::string("S")), 0);
     EXPECT_EQ(lost.ReadString("k", "dflt", "S"), "dflt");
 }

@@ -24,19 +24,16 @@ namespace fs = std::filesystem;
 constexpr std::time_t kSaved = 1678007224;     // 2023-03-05 09:07:04
 constexpr std::time_t kMidnight = 1704153600;  // 2024-01-02 00:00:00
 
-class PrintHistoryTest : public ::testing::Test {
+class PrintHistoryTest : public test::ConfigDirTest {
 protected:
     void SetUp() override {
+        ConfigDirTest::SetUp();
         const char* tz = std::getenv("TZ");
         oldTz_ = tz ? std::optional<std::string>(tz) : std::nullopt;
         setenv("TZ", "UTC", 1);
         tzset();
-        std::string pattern = (fs::temp_directory_path() / "hlyd-hist-XXXXXX").string();
-        dir_ = mkdtemp(pattern.data());
-        setenv("HLYD_CONFIG_DIR", dir_.c_str(), 1);
-        resetSettings();
+        dir_ = dir;
         resetFileTable();
-        clearProfileCache();
         setClock(&clock_);
         hlydSettings().SaveHYInfo = true;
         hlydSettings().SaveHYFile = (dir_ / "TMRHIST.TMR").string();
@@ -47,12 +44,10 @@ protected:
         fileTable().wCurrentFile = 1;
     }
     void TearDown() override {
-        setClock(nullptr);
-        clearProfileCache();
         if (oldTz_) setenv("TZ", oldTz_->c_str(), 1);
         else unsetenv("TZ");
         tzset();
-        fs::remove_all(dir_);
+        ConfigDirTest::TearDown();
     }
 
     void setMtime(std::time_t t) {

@@ -27,35 +27,12 @@ namespace {
 
 const char* const kHeadingLeftDefault = "@FileName;|;<File Date: >; @FileDate; @FileTime";
 
-class SettingsStoreTest : public ::testing::Test {
+class SettingsStoreTest : public test::ConfigDirTest {
 protected:
     void SetUp() override {
-        static int counter = 0;
-        const char* previous = std::getenv("HLYD_CONFIG_DIR");
-        previousConfigDir = previous ? std::optional<std::string>(previous) : std::nullopt;
-        base = fs::temp_directory_path() /
-               ("hlyd-store-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
-        fs::create_directories(base);
-        useConfigDir(base / "config");
-        setUi(&ui);
-        setClock(&clock);
-    }
-    void TearDown() override {
-        if (previousConfigDir) setenv("HLYD_CONFIG_DIR", previousConfigDir->c_str(), 1);
-        else unsetenv("HLYD_CONFIG_DIR");
-        setUi(nullptr);
-        setClock(nullptr);
-        resetSettings();
-        clearProfileCache();
-        std::error_code ec;
-        fs::remove_all(base, ec);
-    }
-    void useConfigDir(const fs::path& dir) {
-        setenv("HLYD_CONFIG_DIR", dir.c_str(), 1);
-        resetSettings();
-        resetDebug();
-        resetLog();
-        clearProfileCache();
+        ConfigDirTest::SetUp();
+        base = dir;
+        useConfigDir((base / "config").string());
     }
     fs::path iniPath() const { return fs::path(settingsDirectory()) / kSettingsFileName; }
     void writeIni(const std::string& text) {
@@ -90,9 +67,6 @@ protected:
     AttributeRecord& element(int dest, int e) { return displayAttributes().Elements[e].slot[dest]; }
 
     fs::path base;
-    std::optional<std::string> previousConfigDir;  // other suites of this process keep theirs
-    test::ScriptedUi ui;
-    test::FixedClock clock;
 };
 
 TEST_F(SettingsStoreTest, FirstRunWritesTheWholeFile) {

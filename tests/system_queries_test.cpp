@@ -19,41 +19,20 @@ namespace fs = std::filesystem;
 namespace hlyd {
 namespace {
 
-class SystemQueriesTest : public ::testing::Test {
+class SystemQueriesTest : public test::ConfigDirTest {
 protected:
     void SetUp() override {
-        static int counter = 0;
-        const char* previous = std::getenv("HLYD_CONFIG_DIR");
-        previousConfigDir = previous ? std::optional<std::string>(previous) : std::nullopt;
-        dir = fs::temp_directory_path() /
-              ("hlyd-sysq-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
-        fs::create_directories(dir);
-        setenv("HLYD_CONFIG_DIR", dir.c_str(), 1);
-        resetSettings();
-        resetDebug();
-        resetLog();
-        clearProfileCache();
-        setUi(&ui);
-        setClock(&clock);
+        ConfigDirTest::SetUp();
         saved = localeTexts();
         localeTexts().DecimalSeparator = ".";
         localeTexts().GroupSeparator = ",";
     }
     void TearDown() override {
-        if (previousConfigDir) setenv("HLYD_CONFIG_DIR", previousConfigDir->c_str(), 1);
-        else unsetenv("HLYD_CONFIG_DIR");
         localeTexts() = saved;
-        setUi(nullptr);
-        setClock(nullptr);
-        std::error_code ec;
-        fs::remove_all(dir, ec);
+        ConfigDirTest::TearDown();
     }
 
-    fs::path dir;
-    std::optional<std::string> previousConfigDir;  // other suites of this process keep theirs
     LocaleTexts saved;
-    test::ScriptedUi ui;
-    test::FixedClock clock;
 };
 
 TEST_F(SystemQueriesTest, SeparatorReplyOfOnlyTheTerminatorFallsBack) {
@@ -84,11 +63,11 @@ TEST_F(SystemQueriesTest, NumberFollowsTheLocaleSeparators) {
 }
 
 TEST_F(SystemQueriesTest, FileExistsOnlyForReadableFiles) {
-    fs::path file = dir / "present.txt";
+    fs::path file = fs::path(dir) / "present.txt";
     std::ofstream(file) << "x";
     EXPECT_TRUE(FileExists(file.string()));
-    EXPECT_FALSE(FileExists((dir / "absent.txt").string()));
-    EXPECT_FALSE(FileExists(dir.string()));
+    EXPECT_FALSE(FileExists((fs::path(dir) / "absent.txt").string()));
+    EXPECT_FALSE(FileExists(dir));
     EXPECT_FALSE(FileExists(""));
 }
 

@@ -1,10 +1,13 @@
 #include "test_support.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include <unistd.h>
 
+#include "settings/profile_file.h"
+#include "settings/settings_store.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 
@@ -28,6 +31,39 @@ std::string writeTempFile(const std::string& name, const std::string& content) {
     std::filesystem::path path = dir / name;
     std::ofstream(path, std::ios::binary) << content;
     return path.string();
+}
+
+void ConfigDirTest::SetUp() {
+    static int counter = 0;
+    const char* previous = std::getenv("HLYD_CONFIG_DIR");
+    hadConfigDir_ = previous != nullptr;
+    previousConfigDir_ = previous ? previous : "";
+    dir = (std::filesystem::temp_directory_path() /
+           ("hlyd-cfg-" + std::to_string(::getpid()) + "-" + std::to_string(++counter)))
+              .string();
+    std::filesystem::create_directories(dir);
+    useConfigDir(dir);
+    setUi(&ui);
+    setClock(&clock);
+}
+
+void ConfigDirTest::useConfigDir(const std::string& directory) {
+    setenv("HLYD_CONFIG_DIR", directory.c_str(), 1);
+    resetSettings();
+    resetDebug();
+    resetLog();
+    clearProfileCache();
+}
+
+void ConfigDirTest::TearDown() {
+    if (hadConfigDir_) setenv("HLYD_CONFIG_DIR", previousConfigDir_.c_str(), 1);
+    else unsetenv("HLYD_CONFIG_DIR");
+    setUi(nullptr);
+    setClock(nullptr);
+    resetSettings();
+    clearProfileCache();
+    std::error_code ec;
+    std::filesystem::remove_all(dir, ec);
 }
 
 void AnalysisTest::SetUp() {

@@ -51,6 +51,25 @@ protected:
     FixedClock clock;
 };
 
+// A settings directory of its own ($HLYD_CONFIG_DIR is `dir`), the settings, log and debug state
+// reset, a scripted Ui and a fixed clock. The environment and the state are put back afterwards,
+// so that the suites of one process do not see each other.
+class ConfigDirTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    // Points $HLYD_CONFIG_DIR elsewhere and resets what depends on it.
+    void useConfigDir(const std::string& directory);
+
+    std::string dir;  // removed with everything in it at the end
+    ScriptedUi ui;
+    FixedClock clock;
+
+private:
+    std::string previousConfigDir_;
+    bool hadConfigDir_ = false;
+};
+
 std::string keywordFilePath();
 std::string writeTempFile(const std::string& name, const std::string& content);
 

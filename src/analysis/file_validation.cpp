@@ -18,15 +18,6 @@ namespace {
 
 constexpr std::size_t kBinaryLineLength = 2049;
 
-std::vector<std::string> splitOnSpace(const std::string& line) {
-    std::vector<std::string> words(1);
-    for (char c : line) {
-        if (c == ' ') words.emplace_back();
-        else words.back() += c;
-    }
-    return words;
-}
-
 bool startsSource(const std::string& w) {
     static const char* const kWords[] = {"BEGIN", "CONST", "DECLARE", "DEFBOOL", "DEFBYTE", "DEFCUR",
                                          "DEFDATE", "DEFOBJ", "DEFDBL", "DEFINT", "DEFLNG", "DEFSNG",
@@ -116,7 +107,7 @@ bool openFile(const std::string& fileName, std::ifstream& in) {
 
 std::string dialectOfFirstLine(const std::string& line) {
     if (!line.empty() && line[0] == '\'') return "?";
-    std::vector<std::string> words = splitOnSpace(line);
+    std::vector<std::string> words = splitOn(line, ' ');
     std::string w = upperCase(words[0]);
     if (startsSource(w)) return "?";
     if (w == "VERSION") return versionDialect(words);

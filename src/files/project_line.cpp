@@ -37,15 +37,6 @@ std::int32_t lineTypeOf(std::int16_t k) {
     }
 }
 
-std::vector<std::string> splitAll(const std::string& text, char at) {
-    std::vector<std::string> pieces(1);
-    for (char c : text) {
-        if (c == at) pieces.emplace_back();
-        else pieces.back() += c;
-    }
-    return pieces;
-}
-
 void setValues(cProjectLine& line, std::vector<std::string> values) {
     line.Value = std::move(values);
     line.ValueCount = static_cast<std::int16_t>(line.Value.size());
@@ -108,16 +99,16 @@ void cProjectFile::parseValues(cProjectLine& line, const std::string& value) {
         return;
     }
     if (value.find(',') != std::string::npos) {
-        std::vector<std::string> values = splitAll(value, ',');
+        std::vector<std::string> values = splitOn(value, ',');
         if (files || values.size() > 5) line.SyntaxError = true;
         if (!files) setValues(line, std::move(values));
         return;
     }
     bool hashed = value.find('#') != std::string::npos;
     if (hashed) {
-        setValues(line, splitAll(value, '#'));
+        setValues(line, splitOn(value, '#'));
     } else {
-        setValues(line, splitAll(value, ' '));
+        setValues(line, splitOn(value, ' '));
         if ((line.KeyWord == kObject || line.KeyWord == kReference) &&
             upperCase(line.Value[0]).find(".VBP") != std::string::npos) {
             ++(line.KeyWord == kObject ? ObjectCount : ReferenceCount);

@@ -35,15 +35,6 @@ std::int32_t sane(double value, std::int32_t reference) {
     return value > 4.0 * reference ? reference : static_cast<std::int32_t>(value);
 }
 
-std::vector<std::string> blankSeparated(const std::string& text) {
-    std::vector<std::string> words(1);
-    for (char c : text) {
-        if (c == ' ') words.emplace_back();
-        else words.back() += c;
-    }
-    return words;
-}
-
 std::int16_t readInt16(const std::string& key, double defaultValue) {
     return static_cast<std::int16_t>(iniHandler().ReadNumber(key, defaultValue));
 }
@@ -164,7 +155,7 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
                                 " " + std::to_string(screenWidthTwips * 4 / 5) + " " +
                                 std::to_string(screenHeightTwips * 2 / 3);
     std::vector<std::string> screen = i.ReadWords("Screen", screenDefault, std::string("General"));
-    std::vector<std::string> fallback = blankSeparated(screenDefault);
+    std::vector<std::string> fallback = splitOn(screenDefault, ' ');
     for (int k = 0; k < 4; ++k)
         s.Screen[k] = static_cast<std::int32_t>(valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]));
     s.ToolBar = i.ReadBool("ToolBar", true);
@@ -194,7 +185,7 @@ void readElements(int dest, const std::string& section, const std::string& defau
         a.FontName = i.ReadString("FontName." + name, defaultFont);
         std::string defaults = std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(defaultSize);
         std::vector<std::string> words = i.ReadWords("FontAttr." + name, defaults, section);
-        std::vector<std::string> fallback = blankSeparated(defaults);
+        std::vector<std::string> fallback = splitOn(defaults, ' ');
         auto word = [&](int k) { return k < static_cast<int>(words.size()) ? words[k] : fallback[k]; };
         a.Font.Name = a.FontName;
         a.Font.Bold = fontAttrFlag(word(0));

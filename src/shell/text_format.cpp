@@ -36,6 +36,15 @@ std::string trimSpaces(const std::string& s) {
     return s.substr(b, s.find_last_not_of(' ') - b + 1);
 }
 
+std::vector<std::string> splitOn(const std::string& text, char at) {
+    std::vector<std::string> pieces(1);
+    for (char c : text) {
+        if (c == at) pieces.emplace_back();
+        else pieces.back() += c;
+    }
+    return pieces;
+}
+
 std::string trimBlanks(const std::string& s) {
     std::size_t b = s.find_first_not_of(" \t");
     if (b == std::string::npos) return {};

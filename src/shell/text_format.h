@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <ctime>
 #include <string>
+#include <vector>
 
 namespace hlyd {
 
@@ -18,6 +19,10 @@ std::string formatTime(std::time_t t);  // hh:mm:ss
 // Blanks (not tabs) off both ends, as the classic Trim does.
 std::string trimSpaces(const std::string& s);
 std::string lowerCaseAscii(std::string s);
+// The pieces between every `at`: "a  b" split at blanks is "a", "", "b"; an empty text is one
+// empty piece.
+std::vector<std::string> splitOn(const std::string& text, char at);
+
 // Blanks and tabs off both ends.
 std::string trimBlanks(const std::string& s);
 
