@@ -194,6 +194,10 @@ std::string formatPrintTime(std::time_t t, const AmPmSymbols& symbols) {
     return formatDate(t, "%02d/%02d/%04d %d:%02d:%02d %s", symbols);
 }
 
+std::string formatDefaultDateTime(std::time_t t, const AmPmSymbols& symbols) {
+    return formatDate(t, "%d/%d/%04d %d:%02d:%02d %s", symbols);
+}
+
 std::optional<std::time_t> parseHistoryDate(const std::string& text, const AmPmSymbols& symbols) {
     std::optional<DateFields> f = scanDate(trimBlanks(text), symbols);
     if (!f || !fieldsValid(*f)) return std::nullopt;

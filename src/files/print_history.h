@@ -49,6 +49,9 @@ std::string formatFileTime(std::time_t t, const AmPmSymbols& symbols = localeAmP
 // "MM/DD/YYYY h:mm:ss ampm": how the moment of printing is written.
 std::string formatPrintTime(std::time_t t, const AmPmSymbols& symbols = localeAmPm());
 
+// "M/D/YYYY h:mm:ss ampm": a moment in the system's default text form.
+std::string formatDefaultDateTime(std::time_t t, const AmPmSymbols& symbols = localeAmPm());
+
 // A local date and time as either format writes it: month, day and hour of one or two digits,
 // a four-digit year, seconds optional, then the locale's symbol or a plain "AM"/"PM" in any
 // case; without a symbol the hour counts from 0 to 23. Nothing when the text is not a date.

@@ -1,6 +1,7 @@
 #pragma once
 // The user-interface port: everything the core asks of a person goes through here, so that the
 // logic runs the same in the window, in the command-line tools and under test.
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,12 +33,24 @@ struct ProjectMemberOption {
     bool checked = true;
 };
 
+// An open or save dialog: `filter` holds "|"-separated pairs of caption and pattern.
+struct FileDialogRequest {
+    std::string title;
+    std::string directory;
+    std::string fileName;
+    std::string filter;
+    int filterIndex = 1;
+    bool multiSelect = false;
+};
+
 class Ui {
 public:
     virtual ~Ui() = default;
     virtual MsgAnswer messageBox(const MessageBoxRequest& request) = 0;
     virtual void processEvents() {}
     virtual void beep() {}
+    // The chosen file name, or nothing when the user cancels. Without a dialog nobody chooses.
+    virtual std::optional<std::string> saveFileDialog(const FileDialogRequest& request) { return std::nullopt; }
     // The choice of a project's members; false when the user cancels. Without a dialog every
     // member stays checked.
     virtual bool chooseProjectMembers(const std::string& caption, std::vector<ProjectMemberOption>& members) {

@@ -5,6 +5,7 @@
 #include "analysis/basiclan.h"
 #include "analysis_dump.h"
 #include "files_dump.h"
+#include "html_dump.h"
 #include "settings_dump.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -16,7 +17,8 @@ int usage(const std::string& problem) {
     std::cerr << "hlyd-dump: " << problem << "\n"
               << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n"
               << "       hlyd-dump --settings\n"
-              << "       hlyd-dump --procs FILE | --project FILE\n";
+              << "       hlyd-dump --procs FILE | --project FILE\n"
+              << "       hlyd-dump --html OUT FILE\n";
     return 2;
 }
 
@@ -38,12 +40,17 @@ int main(int argc, char** argv) {
     std::string file;
     bool settings = false;
     std::string mode;
+    std::string htmlOut;
     for (int i = 1; i < argc; ++i) {
         std::string arg = argv[i];
         if (arg == "--settings") {
             settings = true;
         } else if (arg == "--procs" || arg == "--project") {
             mode = arg;
+        } else if (arg == "--html") {
+            if (++i >= argc) return usage("--html needs an output file");
+            mode = arg;
+            htmlOut = argv[i];
         } else if (arg == "--summary") {
             options.summary = true;
         } else if (arg == "--dialect") {
@@ -73,9 +80,11 @@ int main(int argc, char** argv) {
     try {
         if (mode == "--procs") return hlyd::dumpProcedures(file, std::cout, std::cerr);
         if (mode == "--project") return hlyd::dumpProject(file, std::cout, std::cerr);
+        if (mode == "--html") return hlyd::dumpHtml(htmlOut, file, std::cerr);
         return hlyd::dumpFileAnalysis(file, options, std::cout, std::cerr);
     } catch (const hlyd::HlydError& e) {
-        std::cerr << "hlyd-dump: error " << e.Number << " in " << e.Source << ": " << e.Description << '\n';
+        std::cerr << "hlyd-dump: error " << e.Number << (e.Source.empty() ? "" : " in " + e.Source) << ": "
+                  << e.Description << '\n';
         return 1;
     }
 }

@@ -1,0 +1,204 @@
+#include "html/gen_html.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "platform/ui.h"
+#include "shell/app_info.h"
+#include "shell/hlyd_error.h"
+
+namespace hlyd {
+
+namespace {
+const char* const kLineEnd = "\r\n";
+
+std::string escaped(const std::string& text) {
+    std::string out;
+    out.reserve(text.size());
+    for (char c : text) {
+        if (c == '<') out += "&lt;";
+        else if (c == '>') out += "&gt;";
+        else out += c;
+    }
+    return out;
+}
+}  // namespace
+
+const char* htmlClassName(int element) {
+    static const char* const kNames[] = {"Comment", "Identifier", "KeyWord", "Literal",
+                                         "Project", "Proc",       "PageHead", "LineNo"};
+    if (element >= 1 && element <= 8) return kNames[element - 1];
+    return element == 99 ? "a:link" : "Unknown";
+}
+
+std::string htmlColourText(std::uint32_t colour) {
+    char hex[16];
+    std::snprintf(hex, sizeof hex, "%X", colour);
+    std::string h = hex;
+    switch (h.size()) {
+        case 2: return h + "0000";
+        case 4: return h.substr(2, 2) + h.substr(0, 2) + "00";
+        case 6: return h.substr(4, 2) + h.substr(2, 2) + h.substr(0, 2);
+        default: return "000000";
+    }
+}
+
+cGenHTML::~cGenHTML() {
+    // A document that was not finished never stands under the chosen name.
+    if (file_) {
+        std::fclose(file_);
+        std::remove(partPath_.c_str());
+    }
+}
+
+std::string cGenHTML::GetFileName() {
+    std::size_t dot = fileName_.find_last_of('.');
+    std::string proposed = dot == std::string::npos ? fileName_ + ".HTM" : fileName_.substr(0, dot + 1) + "HTML";
+    FileDialogRequest request;
+    request.title = "Save as HTML";
+    request.fileName = proposed;
+    request.filter = "HTML Files|*.htm;*.html|All Files (*.*)|*.*";
+    std::optional<std::string> chosen = theUi().saveFileDialog(request);
+    Cancelled = !chosen.has_value();
+    return chosen.value_or(std::string());
+}
+
+void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, const std::string& heading,
+                       const std::string& subTitle1, const std::string& subTitle2) {
+    currentElement_ = -1;
+    if (!fileName.empty()) fileName_ = fileName;
+    outputPath_ = GetFileName();
+    if (Cancelled) return;
+    title_ = title;
+    heading_ = heading.empty() ? title : heading;
+    subTitle1_ = subTitle1;
+    subTitle2_ = subTitle2;
+    partPath_ = outputPath_ + ".part" + std::to_string(::getpid());
+    file_ = std::fopen(partPath_.c_str(), "wb");
+    if (!file_) raiseRuntime(runtimeErrorFromErrno(errno), "cGenHTML");
+    const std::string& app = theAppInfo().Title;
+    writeLine("<html>");
+    writeLine("<head>");
+    writeLine("<meta http-equiv=\"Content-Type\" content=\"text/html; charset=windows-1252\">");
+    writeLine("<meta name=\"ProgId\" content = \"" + app + "\" > ");
+    writeLine("<meta name=\"Generator\" content=\"" + app + "\">");
+    writeLine("<meta name=\"Originator\" content=\"" + app + "\">");
+    writeLine("<title>" + title + "</title>");
+}
+
+void cGenHTML::writeLine(const std::string& text) {
+    if (!file_) return;
+    if (std::fputs(text.c_str(), file_) < 0 || std::fputs(kLineEnd, file_) < 0)
+        raiseRuntime(runtimeErrorFromErrno(errno), "cGenHTML");
+}
+
+void cGenHTML::InsertStyleStart() {
+    for (const char* line : {"<style>", "<!--", ".connect {", "    .background: blue;", "}"}) writeLine(line);
+}
+
+void cGenHTML::InsertStyle(int element, const std::string& fontName, long size, bool italic, bool bold,
+                           std::uint32_t colour) {
+    std::string text = std::string(".") + htmlClassName(element) + " {" + kLineEnd;
+    text += "    color:" + htmlColourText(colour) + ";" + kLineEnd;
+    text += "    font-family:" + fontName + ";" + kLineEnd;
+    text += "    font-size:" + std::to_string(size) + "pt;" + kLineEnd;
+    text += std::string("    font-weight: ") + (bold ? "bold;" : "normal;") + kLineEnd;
+    text += std::string("    font-style: ") + (italic ? "italic;" : "normal;") + kLineEnd;
+    text += "}";
+    writeLine(text);
+}
+
+void cGenHTML::InsertStyleEnd() {
+    writeLine("//-->");
+    writeLine("</style>");
+    writeLine("<H1 Align=center>" + heading_ + "</H1>");
+    writeLine("<p>" + fileName_ + "<br>");
+    writeLine(subTitle1_ + "<br>");
+    writeLine(subTitle2_ + "<br>" + "</p>");
+    writeLine("</head>");
+    writeLine("<body>");
+    writeLine("<pre>");
+}
+
+void cGenHTML::InsertBodyStart() {
+    writeLine("<body>");
+    writeLine("<pre>");
+}
+
+void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std::string& result) {
+    std::string prefix;
+    if (element != currentElement_) {
+        if (currentElement_ != -1) prefix = "</font>";
+        prefix += std::string("<font class=\"") + htmlClassName(element) + "\">";
+        currentElement_ = static_cast<std::int16_t>(element);
+    }
+    result = std::string(spaces > 0 ? spaces : 0, ' ') + prefix + escaped(text);
+}
+
+void cGenHTML::InsertLine(std::string text) {
+    if (!pendingAnchor_.empty()) {
+        std::string end;
+        InsertProcEnd(end);
+        text = "<a name=\"" + pendingAnchor_ + "\">" + text + end;
+        pendingAnchor_.clear();
+    }
+    std::string lineBreak;
+    InsertLineBreak(lineBreak);
+    writeLine(text + lineBreak);
+}
+
+void cGenHTML::InsertLineBreak(std::string& result) {
+    result.clear();
+    if (currentElement_ == -1) return;
+    result = "</font>";
+    currentElement_ = -1;
+}
+
+void cGenHTML::InsertHREF(const std::string& name, std::string& result) {
+    pendingAnchor_ = name;
+    result.clear();
+}
+
+void cGenHTML::InsertProcStart(const std::string& line, const std::string& name) {
+    std::string ignored;
+    InsertHREF(name, ignored);
+    procLine_ = line;
+}
+
+void cGenHTML::InsertProcContinue() {
+    std::string lineBreak;
+    InsertLineBreak(lineBreak);
+    procLine_ += lineBreak;
+}
+
+void cGenHTML::InsertProcEnd(std::string& result) {
+    result = "  <A HREF=\"#TopOfTOC\">Table of Contents</A>";
+    procLine_.clear();
+}
+
+void cGenHTML::InsertHeaderLinks() {
+    writeLine("<!-- HEADER LINKS -->");
+    writeLine("<span class=\"link\">");
+}
+
+void cGenHTML::InsertConnectTerm(int count) {
+    writeLine("<font class=\"connect\">" + std::string(count > 0 ? count : 0, ' ') + "</font> ");
+}
+
+void cGenHTML::TerminateDoc() {
+    writeLine("</body>");
+    writeLine("</pre>");
+    writeLine("</html>");
+    if (!file_) return;
+    bool written = std::fclose(file_) == 0;
+    file_ = nullptr;
+    if (!written || std::rename(partPath_.c_str(), outputPath_.c_str()) != 0) {
+        int err = errno;
+        std::remove(partPath_.c_str());
+        raiseRuntime(runtimeErrorFromErrno(err), "cGenHTML");
+    }
+}
+
+}  // namespace hlyd

@@ -1,0 +1,68 @@
+#pragma once
+// The HTML document of a listing: a fixed head, a style per language element, and the text in
+// font tags inside one pre element. It knows HTML and nothing of source code.
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+namespace hlyd {
+
+class cGenHTML {
+public:
+    cGenHTML() = default;
+    ~cGenHTML();
+    cGenHTML(const cGenHTML&) = delete;
+    cGenHTML& operator=(const cGenHTML&) = delete;
+
+    bool Cancelled = false;
+
+    const std::string& FileName() const { return fileName_; }
+    void setFileName(const std::string& name) { fileName_ = name; }
+    const std::string& OutputPath() const { return outputPath_; }
+
+    void InitDoc(const std::string& title, const std::string& fileName, const std::string& heading,
+                 const std::string& subTitle1, const std::string& subTitle2);
+    void InsertStyleStart();
+    void InsertStyle(int element, const std::string& fontName, long size, bool italic, bool bold, std::uint32_t colour);
+    void InsertStyleEnd();
+    void InsertBodyStart();
+    void InsertToken(const std::string& text, int spaces, int element, std::string& result);
+    void InsertLine(std::string text);
+    void InsertLineBreak(std::string& result);
+    void InsertLineStart(std::string& result) { result.clear(); }
+    void LineStart(std::string& result) { result.clear(); }
+    void InsertHorizontalLine() { writeLine("<hr>"); }
+    void InsertHREF(const std::string& name, std::string& result);
+    void InsertProcStart(const std::string& line, const std::string& name);
+    void InsertProcContinue();
+    void InsertProcEnd(std::string& result);
+    void InsertTOCStart() { writeLine("<a name=\"TopOfTOC\">Table of Contents</A>"); }
+    void InsertTOCLine(const std::string& name) { writeLine("<a href=\"#" + name + "\">" + name + "</a>"); }
+    void InsertHeaderLinks();
+    void InsertHeaderLinksEnd() { writeLine("</span>"); }
+    void InsertConnectTerm(int count);
+    void InsertConnectVert() { writeLine("<font class=\"connect\"></font>   "); }
+    // Ends the document; only now does it replace a file of its name.
+    void TerminateDoc();
+
+private:
+    std::string GetFileName();
+    void writeLine(const std::string& text);
+
+    std::FILE* file_ = nullptr;
+    std::string fileName_;
+    std::string outputPath_;
+    std::string partPath_;  // written here, renamed to outputPath_ when complete
+    std::string pendingAnchor_;
+    std::int16_t currentElement_ = -1;
+    std::string procLine_;
+    std::string subTitle1_, subTitle2_, heading_, title_;
+};
+
+// "Comment", "Identifier", ... for elements 1 to 8, "a:link" for 99, "Unknown" for the rest.
+const char* htmlClassName(int element);
+
+// A colour value (blue in the high byte) as "RRGGBB"; odd-length hex gives black, on purpose.
+std::string htmlColourText(std::uint32_t colour);
+
+}  // namespace hlyd

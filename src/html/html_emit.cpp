@@ -1,0 +1,256 @@
+#include "html/html_emit.h"
+
+#include <cmath>
+#include <memory>
+
+#include "analysis/source_model.h"
+#include "display/attributes.h"
+#include "files/file_table.h"
+#include "files/navigation.h"
+#include "files/print_history.h"
+#include "files/project_file.h"
+#include "html/gen_html.h"
+#include "platform/clock.h"
+#include "platform/ui.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr int kHTMLDestination = kDisplay;  // HTML follows the display settings
+
+struct Emission {
+    std::unique_ptr<cGenHTML> doc;
+    bool procPending = false;
+};
+Emission emission;
+
+// Numbers as the language reads them: digits with a sign, a point, an exponent; or &H and &O.
+bool isNumericText(const std::string& text) {
+    std::size_t i = 0, n = text.size();
+    while (i < n && text[i] == ' ') ++i;
+    if (i + 1 < n && text[i] == '&' && (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
+        return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string::npos;
+    if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
+    bool digits = false;
+    while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
+    if (i < n && text[i] == '.') {
+        ++i;
+        while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
+    }
+    if (digits && i < n && (text[i] == 'E' || text[i] == 'e')) {
+        ++i;
+        if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
+        if (i >= n || !std::isdigit(static_cast<unsigned char>(text[i]))) return false;
+        while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i;
+    }
+    while (i < n && text[i] == ' ') ++i;
+    return digits && i == n;
+}
+
+std::string withoutAngles(std::string name) {
+    std::erase(name, '<');
+    std::erase(name, '>');
+    return name;
+}
+
+// The statement that decides how a record is shown; a record with none takes the one before.
+const Statement& governingStatement(std::int32_t record) {
+    SourceTables& t = theSourceTables();
+    Record& r = t.Records[record];
+    if (r.FirstS == 0 && r.LastS == 0 && record > 1) r.FirstS = t.Records[record - 1].FirstS;
+    return t.Statements[r.FirstS != 0 ? r.FirstS : r.LastS];
+}
+
+void writeStyles(cGenHTML& doc) {
+    auto style = [&](int cls, int element) {
+        const AttributeRecord& a = displayAttributes().Elements[element].slot[kHTMLDestination];
+        doc.InsertStyle(cls, a.Font.Name, static_cast<long>(std::nearbyint(a.Font.Size)), a.Font.Italic, a.Font.Bold,
+                        a.ForeColor);
+    };
+    doc.InsertStyleStart();
+    style(99, kElemProcedures);
+    for (int e = 1; e <= kElementCount; ++e) style(e, e);
+    style(9, kElemKeyWords);
+    doc.InsertStyleEnd();
+}
+
+std::string withoutDirectory(const std::string& full) {
+    std::string name, directory;
+    sbFileNameFromDir(full, name, directory);
+    return name;
+}
+
+bool shownByView(const Statement& s) {
+    const HlydSettings& settings = hlydSettings();
+    return (s.Flags & kFlagFormDescription) ? settings.ViewFormDef[kHTMLDestination] : settings.ViewCode[kHTMLDestination];
+}
+
+void emitSourceRecords() {
+    const SourceTables& t = theSourceTables();
+    std::int16_t currentProc = 0;
+    std::int16_t upper = static_cast<std::int16_t>(yProc().size() - 1);
+    for (std::int32_t counter = 1; counter <= t.RecordCount && t.Records[counter].FirstT != 0; ++counter) {
+        const Record& r = t.Records[counter];
+        const Statement& s = t.Statements[r.FirstS];
+        std::int32_t firstToken = isNumericText(t.Tokens[r.FirstT].Text) ? r.FirstT + 1 : r.FirstT;
+        if (!shownByView(s)) continue;
+        bool startsProc = false;
+        if (currentProc >= 0 && currentProc <= upper) {
+            if (counter > yProc()[currentProc].FirstRecord) HlydPCGetAssociatedProc(counter, currentProc);
+            startsProc = counter == yProc()[currentProc].FirstRecord;
+        }
+        if (s.Class != kStmtProcStart && !startsProc) {
+            std::int16_t none = -1;
+            hlydHTML::EmitCodeRecord(counter, firstToken, none);
+        } else {
+            // A heading continued over records steps the index back, so that it is found again.
+            hlydHTML::EmitCodeRecord(counter, firstToken, currentProc);
+            if (currentProc < 0) currentProc = 0;
+        }
+    }
+}
+
+void emitProject(const cFileDesc& entry) {
+    if (entry.WhichProject < 1 || entry.WhichProject > oProjectFiles().Count()) return;
+    for (const cProjectLine& line : oProjectFiles().Item(entry.WhichProject).ProjectRecords)
+        hlydHTML::EmitProjectRecord(line.AsRecord);
+}
+
+}  // namespace
+
+namespace hlydHTML {
+
+// Spaces ahead of a token: the source's own gap, or for the first token that counts the
+// analysed indentation (a line number before it keeps its place).
+static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToken, const Statement& s,
+                     int spaces, std::string& text) {
+    const SourceTables& t = theSourceTables();
+    const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
+    const Token& tok = t.Tokens[token];
+    if (token != firstToken) {
+        spaces = static_cast<int>(tok.LeadingSpace.size());
+        if (token == r.FirstT && isNumericText(text)) text += " ";
+        return spaces;
+    }
+    if (s.Flags & kFlagFormDescription) spaces += static_cast<int>(tok.LeadingSpace.size());
+    if (f.Indent) {
+        spaces += f.IndentAmount * r.Indent;
+        if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;
+    } else {
+        spaces += static_cast<int>(tok.LeadingSpace.size());
+    }
+    return spaces;
+}
+
+void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int16_t& procIndex) {
+    cGenHTML& doc = *emission.doc;
+    const SourceTables& t = theSourceTables();
+    const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
+    const Statement& s = governingStatement(record);
+    const Record& r = t.Records[record];
+    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    std::string line;
+    bool procedureLine = t.Statements[r.FirstS].Class == kStmtProcStart;
+    bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
+    if (!(s.Class == kStmtHeader && f.SkipAttributes)) {
+        int spaces = 0;
+        for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
+            std::string text = t.Tokens[i].Text;
+            spaces = spacesFor(r, i, firstToken, s, spaces, text);
+            int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
+            if (element == 0) element = kElemIdentifiers;
+            if (procedureLine) element = kElemProcedures;
+            std::string piece;
+            doc.InsertToken(text, spaces, element, piece);
+            line += piece;
+        }
+        if (f.ContinueHonor && lastContinued) {
+            std::string piece;
+            doc.InsertToken(" _", spaces, kElemKeyWords, piece);
+            line += piece;
+        }
+        std::string start;
+        doc.InsertLineStart(start);
+        line = start + line;
+    }
+    if (procIndex >= 0 && s.Class != kStmtBlank) {
+        std::int16_t upper = static_cast<std::int16_t>(yProc().size() - 1);
+        if (procIndex > upper) procIndex = upper;
+        if (emission.procPending) {
+            if (!lastContinued) {
+                std::string lineBreak;
+                doc.InsertLineBreak(lineBreak);
+                line += lineBreak;
+            }
+            emission.procPending = false;
+        } else {
+            if (f.Separator) doc.InsertHorizontalLine();
+            doc.InsertProcStart(line, withoutAngles(yProc()[procIndex].Name));
+        }
+        if (lastContinued) {
+            doc.InsertProcContinue();
+            emission.procPending = true;
+            --procIndex;
+        }
+    }
+    doc.InsertLine(line);
+}
+
+void EmitProjectRecord(const std::string& text) {
+    std::string trimmed = text;
+    if (trimmed.find_first_not_of(' ') == std::string::npos) return;
+    std::string line;
+    emission.doc->InsertToken(text, 0, kElemProjectFile, line);
+    emission.doc->InsertLine(line);
+}
+
+}  // namespace hlydHTML
+
+void HTMLEmitAFile() {
+    TraceScope trace(theDebug().TraceApplication, "HTMLEmitAFile");
+    FileTableModule& files = fileTable();
+    if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return;
+    theUi().setBusy(true);
+    emission.doc = std::make_unique<cGenHTML>();
+    emission.procPending = false;
+    const cFileDesc& entry = files.oFile.Item(files.wCurrentFile);
+    bool project = entry.FileType == kFileGroup || entry.FileType == kFileProject;
+    std::string name = withoutDirectory(entry.FileName);
+    std::string saved = "File saved: " + formatDefaultDateTime(fileLastSaved(entry.FileName));
+    std::string generated = "Generated: " + formatDefaultDateTime(theClock().now());
+    cGenHTML& doc = *emission.doc;
+    doc.InitDoc(name, entry.FileName, project ? name : files.sVBName, saved, generated);
+    if (!doc.Cancelled) {
+        writeStyles(doc);
+        mainWindow().disableControls();
+        if (!project) {
+            doc.InsertTOCStart();
+            for (const ProcEntry& p : yProc()) doc.InsertTOCLine(withoutAngles(p.Name));
+        }
+        doc.InsertHeaderLinksEnd();
+        if (project) emitProject(entry);
+        else emitSourceRecords();
+        doc.TerminateDoc();
+    }
+    emission.doc.reset();
+    mainWindow().enableControls();
+    theUi().setBusy(false);
+}
+
+void HlydMNSaveAsHTML() {
+    const FileTableModule& files = fileTable();
+    if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return;
+    const std::string& name = files.oFile.Item(files.wCurrentFile).FileName;
+    mainWindow().lblStatus = "Generating HTML for file " + name + " ...";
+    theUi().processEvents();
+    HTMLEmitAFile();
+    mainWindow().lblStatus = "HTML generated for " + name;
+}
+
+}  // namespace hlyd

@@ -1,0 +1,65 @@
+#include "html_dump.h"
+
+#include <filesystem>
+
+#include "analysis/keywords.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/project_listing.h"
+#include "html/html_emit.h"
+#include "platform/console_ui.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
+#include "shell/hlyd_error.h"
+
+namespace hlyd {
+
+namespace {
+
+// The save dialog answers with the path given on the command line.
+class ExportUi : public ConsoleUi {
+public:
+    explicit ExportUi(std::string out) : out_(std::move(out)) {}
+    std::optional<std::string> saveFileDialog(const FileDialogRequest&) override { return out_; }
+
+private:
+    std::string out_;
+};
+
+bool isProjectName(const std::string& path) {
+    std::string ext = upperCase(std::filesystem::path(path).extension().string());
+    if (!ext.empty()) ext.erase(0, 1);
+    return ("|" + upperCase(hlydSettings().ProjectExt) + "|").find("|" + ext + "|") != std::string::npos;
+}
+
+}  // namespace
+
+int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& err) {
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(path, ec)) {
+        err << "hlyd-dump: cannot open " << path << '\n';
+        return 2;
+    }
+    queryLocaleSeparators();
+    loadSettingsAtStartup();
+    ExportUi ui(outPath);
+    setUi(&ui);
+    if (isProjectName(path)) {
+        fileTable().projectOpen = true;
+        PFParseFile({cFileDesc{path, kFileProject, true, 0, 0}});
+    } else {
+        oFile().Add({path, kFileSource, false, 0, 0});
+    }
+    int status = 0;
+    if (oFile().Count() == 0) {
+        err << "hlyd-dump: " << path << " gave nothing to export\n";
+        status = 1;
+    } else {
+        HlydFLProcessSelectedFile(1);
+        HTMLEmitAFile();
+    }
+    setUi(nullptr);
+    return status;
+}
+
+}  // namespace hlyd
