@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <ctime>
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,14 @@ namespace hlyd::test {
 class ScriptedUi : public Ui {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
+    std::optional<std::string> saveFileDialog(const FileDialogRequest& request) override {
+        dialogs.push_back(request);
+        return saveAnswer;
+    }
     std::deque<MsgAnswer> answers;
     std::vector<MessageBoxRequest> shown;
+    std::optional<std::string> saveAnswer;  // nothing: the user cancels
+    std::vector<FileDialogRequest> dialogs;
 };
 
 class FixedClock : public Clock {

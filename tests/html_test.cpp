@@ -1,0 +1,133 @@
+// The HTML document, byte for byte, for a module and for a project listing; and the writer's
+// rules that a reader of the document relies on.
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/project_file.h"
+#include "files/project_listing.h"
+#include "html/gen_html.h"
+#include "html/html_emit.h"
+#include "settings/settings_store.h"
+#include "shell/hlyd_error.h"
+#include "shell/main_window_model.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+std::string readAll(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream all;
+    all << in.rdbuf();
+    return all.str();
+}
+
+class HtmlTest : public test::ConfigDirTest {
+protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        const char* tz = std::getenv("TZ");
+        oldTz_ = tz ? std::optional<std::string>(tz) : std::nullopt;
+        setenv("TZ", "UTC", 1);
+        tzset();
+        resetBasiclan();
+        BabInitFrom(test::keywordFilePath());
+        resetFileTable();
+        resetProjectFiles();
+        resetMainWindow();
+        loadSettingsAtStartup();
+        clock.moment = 1767225600;  // 2026-01-01 00:00:00
+        for (const char* name : {"Module1.bas", "Html.vbp"}) {
+            fs::copy_file(fs::path(HLYD_TEST_DATA) / "html" / name, fs::path(dir) / name);
+            fs::last_write_time(fs::path(dir) / name,
+                                std::chrono::file_clock::from_sys(std::chrono::system_clock::from_time_t(1700000000)));
+        }
+    }
+    void TearDown() override {
+        if (oldTz_) setenv("TZ", oldTz_->c_str(), 1);
+        else unsetenv("TZ");
+        tzset();
+        ConfigDirTest::TearDown();
+    }
+    // The golden document with the directory of this run put in.
+    std::string golden(const std::string& name) {
+        std::string text = readAll(fs::path(HLYD_TEST_DATA) / "html" / name);
+        for (std::size_t at = text.find("@DIR@"); at != std::string::npos; at = text.find("@DIR@", at)) text.replace(at, 5, dir);
+        return text;
+    }
+    std::string source(const std::string& name) { return (fs::path(dir) / name).string(); }
+
+    std::optional<std::string> oldTz_;
+};
+
+TEST_F(HtmlTest, ModuleDocumentIsExactlyTheGoldenOne) {
+    oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    ui.saveAnswer = source("out.html");
+    HlydMNSaveAsHTML();
+    ASSERT_EQ(ui.dialogs.size(), 1u);
+    EXPECT_EQ(ui.dialogs[0].title, "Save as HTML");
+    EXPECT_EQ(ui.dialogs[0].fileName, source("Module1.HTML"));
+    EXPECT_EQ(ui.dialogs[0].filter, "HTML Files|*.htm;*.html|All Files (*.*)|*.*");
+    EXPECT_EQ(readAll(source("out.html")), golden("Module1.golden.html"));
+    EXPECT_EQ(mainWindow().lblStatus, "HTML generated for " + source("Module1.bas"));
+}
+
+TEST_F(HtmlTest, ProjectListingIsExactlyTheGoldenOne) {
+    fileTable().projectOpen = true;
+    PFParseFile({cFileDesc{source("Html.vbp"), kFileProject, true, 0, 0}});
+    HlydFLProcessSelectedFile(1);
+    ui.saveAnswer = source("project.html");
+    HTMLEmitAFile();
+    EXPECT_EQ(readAll(source("project.html")), golden("Html.golden.html"));
+}
+
+TEST_F(HtmlTest, CancelledDialogLeavesNoFileAndNothingOpen) {
+    oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    HTMLEmitAFile();
+    EXPECT_FALSE(fs::exists(source("Module1.HTML")));
+    for (const auto& entry : fs::directory_iterator(dir))
+        EXPECT_EQ(entry.path().extension().string().find(".part"), std::string::npos) << entry.path();
+}
+
+TEST_F(HtmlTest, UnwritablePlaceRaisesAndLeavesNothingBehind) {
+    oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    ui.saveAnswer = source("missing-directory/out.html");
+    EXPECT_THROW(HTMLEmitAFile(), HlydError);
+    EXPECT_FALSE(fs::exists(source("missing-directory")));
+}
+
+TEST(HtmlWriterTest, ColoursTagsAndEscaping) {
+    EXPECT_EQ(htmlColourText(0), "000000");
+    EXPECT_EQ(htmlColourText(0xFF), "FF0000");
+    EXPECT_EQ(htmlColourText(0xFF00), "00FF00");
+    EXPECT_EQ(htmlColourText(0xFF0000), "0000FF");
+    EXPECT_EQ(htmlColourText(0xFFF), "000000");  // odd length stays black
+    EXPECT_EQ(htmlColourText(0x80000005), "000000");
+    EXPECT_STREQ(htmlClassName(99), "a:link");
+    EXPECT_STREQ(htmlClassName(9), "Unknown");
+
+    cGenHTML doc;
+    std::string a, b, c, lineEnd;
+    doc.InsertToken("If", 0, 3, a);
+    doc.InsertToken("<>", 1, 3, b);  // same element: no new tag
+    doc.InsertToken("&", 2, 2, c);
+    EXPECT_EQ(a, "<font class=\"KeyWord\">If");
+    EXPECT_EQ(b, " &lt;&gt;");
+    EXPECT_EQ(c, "  </font><font class=\"Identifier\">&");
+    doc.InsertLineBreak(lineEnd);
+    EXPECT_EQ(lineEnd, "</font>");
+    doc.InsertLineBreak(lineEnd);
+    EXPECT_EQ(lineEnd, "");  // nothing open at the start of a line
+}
+
+}  // namespace
+}  // namespace hlyd
