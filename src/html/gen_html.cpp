@@ -14,15 +14,15 @@ namespace hlyd {
 namespace {
 const char* const kLineEnd = "\r\n";
 
-std::string escaped(const std::string& text) {
-    std::string out;
-    out.reserve(text.size());
-    for (char c : text) {
-        if (c == '<') out += "&lt;";
-        else if (c == '>') out += "&gt;";
-        else out += c;
+// Only the angle brackets are escaped: "&" and quotes pass as they stand in the source.
+void appendEscaped(std::string& out, const std::string& text) {
+    std::size_t from = 0;
+    for (std::size_t at = text.find_first_of("<>"); at != std::string::npos; at = text.find_first_of("<>", from)) {
+        out.append(text, from, at - from);
+        out += text[at] == '<' ? "&lt;" : "&gt;";
+        from = at + 1;
     }
-    return out;
+    out.append(text, from, std::string::npos);
 }
 }  // namespace
 
@@ -128,13 +128,15 @@ void cGenHTML::InsertBodyStart() {
 }
 
 void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std::string& result) {
-    std::string prefix;
+    result.assign(spaces > 0 ? spaces : 0, ' ');
     if (element != currentElement_) {
-        if (currentElement_ != -1) prefix = "</font>";
-        prefix += std::string("<font class=\"") + htmlClassName(element) + "\">";
+        if (currentElement_ != -1) result += "</font>";
+        result += "<font class=\"";
+        result += htmlClassName(element);
+        result += "\">";
         currentElement_ = static_cast<std::int16_t>(element);
     }
-    result = std::string(spaces > 0 ? spaces : 0, ' ') + prefix + escaped(text);
+    appendEscaped(result, text);
 }
 
 void cGenHTML::InsertLine(std::string text) {

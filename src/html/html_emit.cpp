@@ -160,13 +160,13 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int16_t& 
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
     if (!(s.Class == kStmtHeader && f.SkipAttributes)) {
         int spaces = 0;
+        std::string text, piece;
         for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
-            std::string text = t.Tokens[i].Text;
+            text = t.Tokens[i].Text;
             spaces = spacesFor(r, i, firstToken, s, spaces, text);
             int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
             if (element == 0) element = kElemIdentifiers;
             if (procedureLine) element = kElemProcedures;
-            std::string piece;
             doc.InsertToken(text, spaces, element, piece);
             line += piece;
         }

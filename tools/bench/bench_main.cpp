@@ -13,6 +13,8 @@
 #include "files/file_loading.h"
 #include "files/file_table.h"
 #include "files/project_listing.h"
+#include "html/html_emit.h"
+#include "platform/console_ui.h"
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -38,6 +40,27 @@ std::string generatedModule(int targetTokens) {
         s += "    Compute" + n + " = total\r\n";
         s += "End Function\r\n\r\n";
         tokens += 75;  // what one procedure above yields
+    }
+    return s;
+}
+
+// A module of about `bytes`, commented as real code is, that stays under the token limit.
+std::string commentedModule(std::size_t bytes) {
+    std::string s = "Attribute VB_Name = \"Commented\"\r\nOption Explicit\r\n\r\n";
+    for (int p = 0; s.size() < bytes; ++p) {
+        std::string n = std::to_string(p);
+        s += "' ------------------------------------------------------------------------------\r\n";
+        s += "' UpdateCustomerBalance" + n + ": posts the day's receipts against the open invoices\r\n";
+        s += "' of one customer, oldest first, and returns what is left over for the next run.\r\n";
+        s += "' ------------------------------------------------------------------------------\r\n";
+        s += "Public Function UpdateCustomerBalance" + n + "(ByVal customerNumber As Long) As Currency\r\n";
+        s += "    Dim remainingReceiptAmount As Currency ' what is still to be posted\r\n";
+        s += "    remainingReceiptAmount = ReceiptsOfTheDay(customerNumber)\r\n";
+        s += "    Do While remainingReceiptAmount > 0 And HasOpenInvoice(customerNumber)\r\n";
+        s += "        remainingReceiptAmount = PostAgainstOldestInvoice(customerNumber, remainingReceiptAmount)\r\n";
+        s += "    Loop\r\n";
+        s += "    UpdateCustomerBalance" + n + " = remainingReceiptAmount\r\n";
+        s += "End Function\r\n\r\n";
     }
     return s;
 }
@@ -127,6 +150,37 @@ void BM_ReadProjectOf500Members(benchmark::State& state) {
     state.counters["files"] = static_cast<double>(hlyd::oFile().Count());
 }
 BENCHMARK(BM_ReadProjectOf500Members)->Unit(benchmark::kMillisecond);
+
+// The save dialog of an export answers with a fixed path.
+class ExportUi : public hlyd::ConsoleUi {
+public:
+    std::optional<std::string> saveFileDialog(const hlyd::FileDialogRequest&) override {
+        return (std::filesystem::temp_directory_path() / "hlyd-bench-export.html").string();
+    }
+};
+
+// Loading and writing the document of a 5 MB module, end to end.
+void BM_HtmlExport5MB(benchmark::State& state) {
+    static const std::string path = [] {
+        std::string file = (std::filesystem::temp_directory_path() / "hlyd-bench-5mb.bas").string();
+        std::ofstream(file, std::ios::binary) << commentedModule(5u * 1024 * 1024);
+        return file;
+    }();
+    ExportUi ui;
+    hlyd::setUi(&ui);
+    hlyd::resetFileTable();
+    hlyd::oFile().Add({path, hlyd::kFileSource, false, 0, 0});
+    for (auto _ : state) {
+        hlyd::ProcessSelectedFile(1);
+        hlyd::HTMLEmitAFile();
+    }
+    hlyd::setUi(nullptr);
+    auto size = std::filesystem::file_size(path);
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(size));
+    state.counters["status"] = hlyd::theDebug().BabStatus;
+    state.counters["tokens"] = hlyd::theSourceTables().TokenCount;
+}
+BENCHMARK(BM_HtmlExport5MB)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
