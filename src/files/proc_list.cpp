@@ -19,6 +19,7 @@ struct NewEntry {
     std::string name;
     std::string type;
     std::int32_t nameToken = 0;  // 0 for entries that name no procedure
+    std::int32_t verbToken = 0;
 };
 
 const std::string& textOf(std::int32_t token) {
@@ -53,6 +54,7 @@ NewEntry procedureEntry(std::int32_t s) {
     std::int32_t verb = st->Verb;
     if (verb == 0 && t.Statements[t.StatementCount].Verb != 0) verb = t.Statements[t.StatementCount].Verb;
     NewEntry e;
+    e.verbToken = verb;
     const std::string& verbText = textOf(verb);
     e.type = verbText.substr(0, 1);
     if (upperCase(verbText) == "PROPERTY") {
@@ -81,9 +83,10 @@ bool isFormTypeFile() {
     return ("|" + upperCase(hlydSettings().FormExt) + "|").find("|" + ext + "|") != std::string::npos;
 }
 
-// What a code module does not say is public; in a form it is private.
-bool visibility(std::int32_t nameToken) {
-    std::string before = upperCase(textOf(nameToken - 2));
+// What a code module does not say is public; in a form it is private. The word stands before
+// the verb: a property's accessor lies between its verb and its name.
+bool visibility(std::int32_t verbToken) {
+    std::string before = upperCase(textOf(verbToken - 1));
     if (before == "PUBLIC") return true;
     if (before == "PRIVATE") return false;
     return !isFormTypeFile();
@@ -118,7 +121,7 @@ std::int32_t addEntry(const NewEntry& e, std::int32_t r, std::int32_t firstNewSt
         }
     p.FirstRecord = t.Statements[p.FirstStatement].FirstRecord;
     if (p.FirstRecord == 0) p.FirstRecord = r;
-    if (e.nameToken > 2) p.IsPublic = visibility(e.nameToken);
+    if (e.nameToken > 2) p.IsPublic = visibility(e.verbToken);
     p.IsEvent = eventFlag(p.Name);
     if (theDebug().TraceApplication)
         theLog().LogData(" Proc- Rec/Name " + std::to_string(p.FirstRecord) + " " + p.Name);

@@ -1,0 +1,314 @@
+// Projects and groups: the lines of a project file, its members found (also when named the
+// Windows way), checked and chosen, and what ends up in the file table.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "analysis/basiclan.h"
+#include "files/file_table.h"
+#include "files/navigation.h"
+#include "files/project_file.h"
+#include "files/project_listing.h"
+#include "settings/settings_store.h"
+#include "shell/c_debug.h"
+#include "shell/main_window_model.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Answers the choice of members, and says Yes to the one question it is told of.
+class ChooserUi : public test::ScriptedUi {
+public:
+    MsgAnswer messageBox(const MessageBoxRequest& request) override {
+        MsgAnswer a = ScriptedUi::messageBox(request);
+        return !yesTo.empty() && request.text.find(yesTo) != std::string::npos ? MsgAnswer::Yes : a;
+    }
+    bool chooseProjectMembers(const std::string& caption, std::vector<ProjectMemberOption>& members) override {
+        ++asked;
+        this->caption = caption;
+        for (ProjectMemberOption& m : members)
+            if (!uncheck.empty() && m.fileName.find(uncheck) != std::string::npos) m.checked = false;
+        offered = members;
+        return !cancel;
+    }
+    int asked = 0;
+    bool cancel = false;
+    std::string uncheck;
+    std::string yesTo;
+    std::string caption;
+    std::vector<ProjectMemberOption> offered;
+};
+
+const char* const kSampleProject =
+    "Type=Exe\n"
+    "Form=MainForm.frm\n"
+    "Module=Utils; Utils.bas\n"
+    "Class=Shape; Shape.cls\n"
+    "UserControl=Dial.ctl\n"
+    "PropertyPage=Page1.pag\n"
+    "Module=Gone; Gone.bas\n"
+    "Startup=\"frmMain\"\n"
+    "Name=\"Sample\"\n";
+
+class ProjectTest : public test::ConfigDirTest {
+protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        resetBasiclan();
+        BabInitFrom(test::keywordFilePath());
+        resetFileTable();
+        resetProjectFiles();
+        resetMainWindow();
+        resetNavigation();
+        loadSettingsAtStartup();
+        setUi(&chooser);
+        dir_ = fs::path(dir) / "src";
+    }
+    void TearDown() override {
+        resetFileTable();
+        resetProjectFiles();
+        ConfigDirTest::TearDown();
+    }
+
+    std::string write(const std::string& relative, const std::string& text) {
+        fs::path path = dir_ / relative;
+        fs::create_directories(path.parent_path());
+        std::ofstream(path, std::ios::binary) << text;
+        return path.string();
+    }
+    void writeSampleMembers(const std::string& sub) {
+        write(sub + "MainForm.frm", "VERSION 5.00\nBegin VB.Form frmMain\n   Caption = \"Main\"\nEnd\n");
+        write(sub + "Utils.bas", "Attribute VB_Name = \"Utils\"\nOption Explicit\n");
+        write(sub + "Shape.cls", "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\nEND\nAttribute VB_Name = \"Shape\"\n");
+        write(sub + "Dial.ctl", "VERSION 5.00\nBegin VB.UserControl Dial\nEnd\n");
+        write(sub + "Page1.pag", "VERSION 5.00\nBegin VB.PropertyPage DialPage\nEnd\n");
+    }
+    void list(const std::string& project) { PFParseFile({cFileDesc{project, kFileProject}}); }
+
+    static cProjectLine parse(const std::string& text) {
+        cProjectFile project;
+        cProjectLine line;
+        line.AsRecord = text;
+        project.ParseProjectRecord(line, ".FRM.CTL.PAG.", ".BAS.CLS.");
+        return line;
+    }
+    bool inFileTable(const std::string& part) const {
+        for (const cFileDesc& d : oFile())
+            if (d.FileName.find(part) != std::string::npos) return true;
+        return false;
+    }
+
+    ChooserUi chooser;
+    fs::path dir_;
+};
+
+TEST_F(ProjectTest, Vb6ProjectWithEveryKindOfMemberAndOneMissing) {
+    writeSampleMembers("");
+    std::string vbp = write("Sample.vbp", kSampleProject);
+    list(vbp);
+
+    ASSERT_EQ(oProjectFiles().Count(), 1);
+    cProjectFile& p = oProjectFiles().Item(1);
+    EXPECT_EQ(p.Records, 9);
+    EXPECT_EQ(p.FormCount, 3);
+    EXPECT_EQ(p.ClassCount, 1);
+    EXPECT_EQ(p.ModuleCount, 1);
+    EXPECT_EQ(std::vector<std::int16_t>(p.Forms.begin() + 1, p.Forms.begin() + 4), (std::vector<std::int16_t>{2, 5, 6}));
+    EXPECT_EQ(p.Classes[1], 4);
+    EXPECT_EQ(p.Modules[1], 3);
+    EXPECT_EQ(p.line(2).VBName, "frmMain");  // from the Begin line, not the file name
+    EXPECT_EQ(p.line(3).VBName, "Utils");
+    EXPECT_EQ(p.line(4).VBName, "Shape");
+    EXPECT_EQ(p.line(5).VBName, "Dial");
+    EXPECT_EQ(p.line(6).VBName, "DialPage");
+    EXPECT_EQ(p.line(6).FileType, kLinePropertyPage);
+    EXPECT_TRUE(fs::equivalent(p.line(2).WholeFile, dir_ / "MainForm.frm"));
+    EXPECT_EQ(p.line(7).FileType, kLineNone);
+    EXPECT_TRUE(p.line(7).SyntaxError);
+    EXPECT_FALSE(p.line(7).Key.has_value());
+
+    ASSERT_EQ(chooser.shown.size(), 1u);
+    EXPECT_EQ(chooser.shown[0].text,
+              "For the project file " + vbp + "\n1 files were not found and\n5 files were found.");
+    EXPECT_EQ(theDebug().BabStatus, 0);
+    EXPECT_EQ(chooser.asked, 1);
+    EXPECT_EQ(chooser.caption, "Project File - " + vbp);
+
+    ASSERT_EQ(oFile().Count(), 6);
+    EXPECT_EQ(oFile().Item(1).FileName, vbp);
+    EXPECT_EQ(oFile().Item(1).FileType, kFileProject);
+    for (int i = 2; i <= 6; ++i) {
+        EXPECT_EQ(oFile().Item(i).FileType, kFileSource);
+        EXPECT_TRUE(oFile().Item(i).IsSelected);
+        EXPECT_EQ(oFile().Item(i).WhichProject, 1);
+    }
+    EXPECT_FALSE(inFileTable("Gone.bas"));
+}
+
+TEST_F(ProjectTest, LineParsing) {
+    cProjectLine form = parse("Form=Form1.frm");
+    EXPECT_EQ(form.KeyWord, 24);
+    EXPECT_EQ(form.FileType, kLineForm);
+    EXPECT_EQ(form.FileNameBase, "Form1");
+    EXPECT_EQ(form.FileNameExt, ".frm");
+    EXPECT_FALSE(form.SyntaxError);
+
+    cProjectLine module = parse("Module=Module1; Module1.bas");
+    EXPECT_EQ(module.VBName, "Module1");
+    EXPECT_EQ(module.FileName, "Module1.bas");
+    EXPECT_FALSE(module.SyntaxError);
+    EXPECT_TRUE(parse("Module=Module1 Module1.bas").SyntaxError);  // the name must end in ";"
+    EXPECT_TRUE(parse("Form=\"Form1.frm\"").SyntaxError);
+
+    cProjectLine object = parse("Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX");
+    EXPECT_EQ(object.KeyWord, 34);
+    EXPECT_EQ(object.FileType, kLineObject);
+    EXPECT_EQ(object.Value, (std::vector<std::string>{"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}", "2.0", "0; MSCOMCTL.OCX"}));
+    EXPECT_EQ(object.ValueCount, 3);
+    EXPECT_FALSE(object.SyntaxError);
+
+    cProjectLine reference =
+        parse("Reference=*\\G{00020430-0000-0000-C000-000000000046}#2.0#0#C:\\Windows\\System32\\stdole2.tlb#OLE Automation");
+    EXPECT_EQ(reference.KeyWord, 42);
+    EXPECT_EQ(reference.FileType, kLineReference);
+    EXPECT_EQ(reference.FileName, "C:\\Windows\\System32\\stdole2.tlb");
+    EXPECT_EQ(reference.VBName, "OLE Automation");
+    EXPECT_FALSE(reference.SyntaxError);
+
+    cProjectLine beyond = parse("VersionZeta=1");  // sorts after VERSIONPRODUCTNAME
+    EXPECT_EQ(beyond.KeyWord, 69);
+    EXPECT_FALSE(beyond.SyntaxError);
+    EXPECT_TRUE(parse("Formula=1").SyntaxError);  // between FORM and HELPCONTEXTID
+    EXPECT_TRUE(parse("=Form1.frm").SyntaxError);
+    cProjectLine section = parse("[MS Transaction Server]");
+    EXPECT_FALSE(section.SyntaxError);
+    EXPECT_EQ(section.KeyWord, 0);
+}
+
+TEST_F(ProjectTest, GroupOfTwoProjects) {
+    write("One/One.vbp", "Type=Exe\nModule=A; A.bas\n");
+    write("One/A.bas", "Attribute VB_Name = \"A\"\n");
+    write("Two/Two.vbp", "Type=Exe\nModule=B; B.bas\n");
+    write("Two/B.bas", "Attribute VB_Name = \"B\"\n");
+    std::string vbg = write("Pair.vbg",
+                            "VBGROUP 5.0\nStartupProject=One\\One.vbp\nProject=two\\TWO.vbp\nno equals sign here\n");
+    list(vbg);
+
+    EXPECT_TRUE(chooser.shown.empty());
+    ASSERT_EQ(oProjectFiles().Count(), 3);  // the group and its two projects
+    int groups = 0;
+    for (int i = 1; i <= 3; ++i) groups += oProjectFiles().Item(i).FileType == 0;
+    EXPECT_EQ(groups, 1);
+
+    ASSERT_EQ(oFile().Count(), 5);
+    const cFileDesc& group = oFile().Item(1);
+    EXPECT_EQ(group.FileName, vbg);
+    EXPECT_EQ(group.FileType, kFileGroup);
+    EXPECT_TRUE(group.IsSelected);
+    EXPECT_EQ(oFile().Item(2).FileType, kFileProject);
+    EXPECT_TRUE(fs::equivalent(oFile().Item(3).FileName, dir_ / "One/A.bas"));
+    EXPECT_EQ(oFile().Item(4).FileType, kFileProject);
+    EXPECT_TRUE(fs::equivalent(oFile().Item(5).FileName, dir_ / "Two/B.bas"));
+
+    // Cancelling the choice leaves only the group's own entry.
+    resetFileTable();
+    chooser.cancel = true;
+    list(vbg);
+    ASSERT_EQ(oFile().Count(), 1);
+    EXPECT_EQ(oFile().Item(1).FileType, kFileGroup);
+}
+
+TEST_F(ProjectTest, OldMakProjectNamesItsMembersBare) {
+    write("FORM1.FRM", "VERSION 2.00\nBegin Form Form1\nEnd\n");
+    write("MODULE1.BAS", "Option Explicit\n");
+    list(write("OLD.MAK", "FORM1.FRM\nMODULE1.BAS\nGRID.VBX\nProjWinSize=152,402,248,215\nProjWinShow=2\n"));
+
+    EXPECT_TRUE(chooser.shown.empty());
+    ASSERT_EQ(oProjectFiles().Count(), 1);
+    cProjectFile& p = oProjectFiles().Item(1);
+    EXPECT_EQ(p.line(1).KeyWord, -24);
+    EXPECT_EQ(p.line(1).FileType, kLineForm);
+    EXPECT_EQ(p.line(1).VBName, "Form1");
+    EXPECT_EQ(p.line(2).KeyWord, -31);
+    EXPECT_EQ(p.line(2).FileType, kLineModule);
+    EXPECT_EQ(p.line(2).VBName, "MODULE1");
+    EXPECT_EQ(p.line(3).KeyWord, -34);
+    EXPECT_EQ(p.ObjectCount, 1);
+    EXPECT_EQ(p.FormCount, 1);
+    EXPECT_EQ(p.ModuleCount, 1);
+    EXPECT_EQ(oFile().Count(), 3);
+}
+
+TEST_F(ProjectTest, WindowsNamedMembersResolveToTheRealFiles) {
+    write("app/forms/Main.frm", "VERSION 5.00\nBegin VB.Form frmMain\nEnd\n");
+    write("shared/Utils.bas", "Attribute VB_Name = \"Utils\"\n");
+    write("app/Shape.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"Shape\"\n");
+    list(write("app/App.vbp",
+               "Type=Exe\nForm=Forms\\MAIN.FRM\nModule=Utils; ..\\Shared\\UTILS.BAS\nClass=Shape; C:\\Projects\\App\\Shape.cls\n"));
+
+    EXPECT_TRUE(chooser.shown.empty()) << chooser.shown[0].text;
+    cProjectFile& p = oProjectFiles().Item(1);
+    EXPECT_EQ(p.FormCount + p.ModuleCount + p.ClassCount, 3);
+    EXPECT_TRUE(fs::equivalent(p.line(2).WholeFile, dir_ / "app/forms/Main.frm"));
+    EXPECT_EQ(p.line(2).VBName, "frmMain");
+    EXPECT_TRUE(fs::equivalent(p.line(3).WholeFile, dir_ / "shared/Utils.bas"));
+    EXPECT_TRUE(fs::equivalent(p.line(4).WholeFile, dir_ / "app/Shape.cls"));
+    ASSERT_EQ(oFile().Count(), 4);
+    for (int i = 2; i <= 4; ++i) EXPECT_TRUE(fs::exists(oFile().Item(i).FileName)) << oFile().Item(i).FileName;
+}
+
+TEST_F(ProjectTest, BinaryFormIsOnlyCountedInTheSummary) {
+    write("bin/Old.frm", std::string("VERSION 2.00\0\0\0 Begin Form Old\n", 32));
+    write("bin/Utils.bas", "Attribute VB_Name = \"Utils\"\n");
+    list(write("bin/Bin.vbp", "Type=Exe\nForm=Old.frm\nModule=Utils; Utils.bas\n"));
+
+    ASSERT_EQ(chooser.shown.size(), 1u);
+    EXPECT_EQ(chooser.shown[0].text.rfind("1 Code/Form Files in the Project File ", 0), 0u) << chooser.shown[0].text;
+    EXPECT_EQ(oProjectFiles().Item(1).line(2).FileType, kLineNone);
+    for (const ProjectMemberOption& m : chooser.offered) EXPECT_EQ(m.fileName.find("Old.frm"), std::string::npos);
+    EXPECT_FALSE(inFileTable("Old.frm"));
+    EXPECT_EQ(oFile().Count(), 2);
+}
+
+TEST_F(ProjectTest, AllMembersMissingStopsBeforeTheChoice) {
+    std::string vbp = write("none/None.vbp", "Type=Exe\nForm=A.frm\nModule=B; B.bas\n");
+    list(vbp);
+    EXPECT_EQ(theDebug().BabStatus, 19);
+    EXPECT_EQ(chooser.asked, 0);
+    ASSERT_EQ(chooser.shown.size(), 1u);
+    EXPECT_EQ(chooser.shown[0].text, "For the project file " + vbp +
+                                         "\n2 files were not found and\n0 files were found.\n\nNo further processing will occur.");
+    EXPECT_EQ(oFile().Count(), 0);
+}
+
+TEST_F(ProjectTest, UncheckedMemberStaysOutAndTheProjectLeads) {
+    writeSampleMembers("");
+    write("Gone.bas", "Attribute VB_Name = \"Gone\"\n");
+    chooser.uncheck = "Utils.bas";
+    list(write("Sample.vbp", kSampleProject));
+    ASSERT_EQ(oFile().Count(), 6);
+    EXPECT_EQ(oFile().Item(1).FileType, kFileProject);
+    EXPECT_FALSE(inFileTable("Utils.bas"));
+    EXPECT_TRUE(inFileTable("Gone.bas"));
+}
+
+TEST_F(ProjectTest, MissingFileMayCancelTheValidation) {
+    std::string missing = (dir_ / "Missing.bas").string();
+    std::vector<std::string> names{"", missing, write("Here.bas", "Option Explicit\n")};
+    chooser.yesTo = "Do you want to cancel processing?";
+    VBFileValidate(names, true);
+    EXPECT_EQ(theDebug().BabStatus, 8);
+    EXPECT_TRUE(names[1].empty());
+    const MessageBoxRequest& question = chooser.shown.back();
+    EXPECT_EQ(question.buttons, MsgButtons::YesNo);
+    EXPECT_EQ(question.defaultButton, 2);
+    EXPECT_NE(question.text.find("File: " + missing + "\nWas Not Found\n\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace hlyd
