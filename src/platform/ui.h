@@ -49,6 +49,14 @@ public:
     virtual MsgAnswer messageBox(const MessageBoxRequest& request) = 0;
     virtual void processEvents() {}
     virtual void beep() {}
+    // The chosen files (several when the request allows), or nothing when the user cancels.
+    virtual std::optional<std::vector<std::string>> openFileDialog(const FileDialogRequest& request) {
+        return std::nullopt;
+    }
+    // A choice from a list (the list of open files); the position from 0, or nothing on cancel.
+    virtual std::optional<int> chooseFromList(const std::string& title, const std::vector<std::string>& items) {
+        return std::nullopt;
+    }
     // The chosen file name, or nothing when the user cancels. Without a dialog nobody chooses.
     virtual std::optional<std::string> saveFileDialog(const FileDialogRequest& request) { return std::nullopt; }
     // The choice of a project's members; false when the user cancels. Without a dialog every

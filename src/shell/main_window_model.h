@@ -3,6 +3,7 @@
 // the logic runs the same without a window.
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,15 @@ private:
     std::vector<std::string> items_;
 };
 
+// A menu item or toolbar button as the logic sets it; the window shows it so.
+struct CommandState {
+    std::string caption;
+    std::string tip;
+    bool enabled = true;
+    bool visible = true;
+    bool checked = false;
+};
+
 struct MainWindowModel {
     std::string Caption;
     std::string lblStatus;
@@ -39,6 +49,13 @@ struct MainWindowModel {
     ScrollBarModel vsbDisplay;
     std::int32_t firstLine = 0;  // the display's first-line position
     bool controlsEnabled = true;
+    bool suspendDrawing = false;  // set while the window is not ready to be drawn
+    // Menu items and toolbar buttons by control name ("mnuFilClose", "tbrNextProcedure", ...).
+    std::map<std::string, CommandState> commands;
+    std::vector<std::string> mruCaptions;   // "&1 name", at most 7; empty ones are hidden
+    std::vector<std::string> viewFileList;  // the open files under the View menu
+
+    CommandState& command(const std::string& name) { return commands[name]; }
 
     // What the window layer does when the logic asks; no-ops until it is there.
     std::function<void()> clearDisplay = [] {};

@@ -1,0 +1,128 @@
+#include "display/font_metrics.h"
+
+#include <cmath>
+#include <string>
+
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+
+namespace hlyd {
+
+namespace {
+
+LayoutMetrics metrics;
+
+long rounded(double value) { return static_cast<long>(std::nearbyint(value)); }
+
+// A font the surface refuses is mended by the stage it failed in: a bad name takes the
+// surface's font of last resort, a bad size the surface's current size.
+class FontTrial {
+public:
+    FontTrial(Surface& surface, AttributeRecord& record) : s_(surface), r_(record) {}
+
+    void name() {
+        FontSpec& f = r_.Font;
+        if (f.Name.empty()) return;
+        const std::string& wanted = r_.FontName != f.Name ? r_.FontName : f.Name;
+        s_.setFontName(wanted);
+        if (wanted != s_.fontName()) {
+            std::vector<std::string> fonts = s_.fonts();
+            std::string lastResort = fonts.empty() ? s_.fontName() : fonts.front();
+            f.Name = r_.FontName = lastResort;
+        }
+    }
+    void size() {
+        FontSpec& f = r_.Font;
+        if (f.Size == 0) return;
+        if (f.Size > 100 || f.Size < 4) f.Size = s_.fontSize();
+        else s_.setFontSize(f.Size);
+    }
+    // A style the font cannot have is quietly dropped.
+    void styles() {
+        FontSpec& f = r_.Font;
+        if (f.Bold) s_.setFontBold(true), f.Bold = s_.fontBold();
+        if (f.Italic) s_.setFontItalic(true), f.Italic = s_.fontItalic();
+        if (f.Strikethrough) s_.setFontStrikethrough(true), f.Strikethrough = s_.fontStrikethrough();
+        if (f.Underline) s_.setFontUnderline(true), f.Underline = s_.fontUnderline();
+    }
+
+private:
+    Surface& s_;
+    AttributeRecord& r_;
+};
+
+void traceMetrics() {
+    const LayoutMetrics& m = metrics;
+    theLog().LogData("ConnectorSize=" + std::to_string(m.ConnectorSize[1]) + "\r\n ContinueSize=" +
+                     std::to_string(m.ContinueSize[1]) + "\r\n IndentSize=" + std::to_string(m.IndentSize[1]) +
+                     "\r\n MaxFontHeight=" + std::to_string(m.MaxFontHeight[1]) + "\r\n WhiteSpaceSize=" +
+                     std::to_string(m.WhiteSpaceSize[1]) + "\r\n TwipsPerPixelX=" + std::to_string(m.TwipsPerPixelX) +
+                     "\r\n TwipsPerPixelY=" + std::to_string(m.TwipsPerPixelY));
+}
+
+}  // namespace
+
+LayoutMetrics& layoutMetrics() { return metrics; }
+void resetLayoutMetrics() { metrics = LayoutMetrics{}; }
+
+void setAttributesOn(Surface& s, AttributeRecord& a) {
+    if (s.foreColor() != a.ForeColor) s.setForeColor(a.ForeColor);
+    FontSpec& f = a.Font;
+    if (f.Name.empty()) f.Name = s.fontName();
+    if (f.Size == 0) f.Size = 8;
+    if (s.fontName() != f.Name) s.setFontName(f.Name);
+    // Twice: a new name or size may make the surface settle on another size.
+    if (s.fontSize() != f.Size) s.setFontSize(f.Size);
+    if (s.fontSize() != f.Size) s.setFontSize(f.Size);
+    if (s.fontBold() != f.Bold) s.setFontBold(f.Bold);
+    if (s.fontItalic() != f.Italic) s.setFontItalic(f.Italic);
+    if (s.fontStrikethrough() != f.Strikethrough) s.setFontStrikethrough(f.Strikethrough);
+    if (s.fontUnderline() != f.Underline) s.setFontUnderline(f.Underline);
+}
+
+void HlydDASetAttributes(AttributeRecord& attributes, bool) {
+    if (Surface* s = displaySurface()) setAttributesOn(*s, attributes);
+}
+
+void HlydDAGetFontMetricss() {
+    Surface* surface = displaySurface();
+    if (!surface) return;
+    Surface& s = *surface;
+    double total = 0;
+    metrics.MaxFontHeight[1] = 0;
+    for (int e = 1; e <= kElementCount; ++e) {
+        AttributeRecord& a = displayAttributes().Elements[e].slot[1];
+        HlydDASetAttributes(a, true);
+        double meanHeight = s.textHeight("X\r\nX\r\nX\r\nX\r\nX") / 5.0;
+        double meanWidth = s.textWidth(std::string(100, 'X')) / 100.0;
+        a.Height = static_cast<std::int32_t>(rounded(meanHeight));
+        a.SpaceWidth = static_cast<std::int32_t>(rounded(s.textWidth(std::string(100, ' ')) / 100.0));
+        a.XWidth = static_cast<std::int32_t>(rounded(meanWidth));
+        if (e == kElemProjectFile || e == kElemHeadersFooters) continue;
+        total += meanWidth;
+        if (meanHeight > metrics.MaxFontHeight[1]) metrics.MaxFontHeight[1] = static_cast<float>(meanHeight);
+    }
+    // Six widths summed, divided by seven: the mean stays six sevenths of the true one.
+    metrics.WhiteSpaceSize[1] = static_cast<float>(rounded(total) / 7);
+    metrics.ConnectorSize[1] = metrics.IndentSize[1] = metrics.WhiteSpaceSize[1];
+    metrics.TwipsPerPixelX = static_cast<std::int16_t>(s.twipsPerPixelX());
+    metrics.TwipsPerPixelY = static_cast<std::int16_t>(s.twipsPerPixelY());
+    metrics.ContinueSize[1] = s.textWidth(" _");
+    if (theDebug().TraceApplication) traceMetrics();
+}
+
+void HlydDAValidateFont(AttributeRecord& attributes) {
+    Surface* surface = displaySurface();
+    if (!surface) return;
+    FontTrial trial(*surface, attributes);
+    trial.name();
+    trial.size();
+    trial.styles();
+}
+
+void HlydDAValidateFonts() {
+    for (int e = 1; e <= kElementCount; ++e) HlydDAValidateFont(displayAttributes().Elements[e].slot[1]);
+    HlydDAGetFontMetricss();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,33 @@
+#pragma once
+// Fonts tried on a surface, and the lengths all layout rests on, per destination.
+#include <array>
+#include <cstdint>
+
+#include "display/attributes.h"
+#include "platform/surface.h"
+
+namespace hlyd {
+
+struct LayoutMetrics {
+    std::array<float, 3> ConnectorSize{};
+    std::array<float, 3> ContinueSize{};
+    std::array<float, 3> IndentSize{};
+    std::array<float, 3> MaxFontHeight{};
+    std::array<float, 3> WhiteSpaceSize{};
+    std::int16_t TwipsPerPixelX = 15;
+    std::int16_t TwipsPerPixelY = 15;
+};
+
+LayoutMetrics& layoutMetrics();
+void resetLayoutMetrics();
+
+// Computes the display slot's metrics and each element's Height, SpaceWidth and XWidth.
+void HlydDAGetFontMetricss();
+// Makes the surface draw with the record; each property is written only when it differs.
+void HlydDASetAttributes(AttributeRecord& attributes, bool measuring);
+void setAttributesOn(Surface& surface, AttributeRecord& attributes);
+// Tries the record's font on the display surface and mends the record where it is refused.
+void HlydDAValidateFont(AttributeRecord& attributes);
+void HlydDAValidateFonts();
+
+}  // namespace hlyd

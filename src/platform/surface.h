@@ -1,0 +1,74 @@
+#pragma once
+// A drawing surface in twips: what the layout needs of the screen's hidden picture and of a
+// printer page. Fonts are set by property; a name the device lacks reads back different.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace hlyd {
+
+class Surface {
+public:
+    virtual ~Surface() = default;
+
+    // The current font. Writing a property acts at once on later measuring and printing.
+    virtual std::string fontName() const = 0;
+    virtual void setFontName(const std::string& name) = 0;
+    virtual double fontSize() const = 0;  // points
+    virtual void setFontSize(double points) = 0;
+    virtual bool fontBold() const = 0;
+    virtual void setFontBold(bool on) = 0;
+    virtual bool fontItalic() const = 0;
+    virtual void setFontItalic(bool on) = 0;
+    virtual bool fontUnderline() const = 0;
+    virtual void setFontUnderline(bool on) = 0;
+    virtual bool fontStrikethrough() const = 0;
+    virtual void setFontStrikethrough(bool on) = 0;
+
+    virtual std::uint32_t foreColor() const = 0;
+    virtual void setForeColor(std::uint32_t colour) = 0;
+
+    virtual float textWidth(const std::string& text) = 0;
+    // Each CR LF inside the text starts a further line.
+    virtual float textHeight(const std::string& text) = 0;
+
+    virtual float currentX() const = 0;
+    virtual float currentY() const = 0;
+    virtual void setCurrentX(float x) = 0;
+    virtual void setCurrentY(float y) = 0;
+
+    // Draws the text with its top left at the pen, transparently; the pen moves right by its width.
+    virtual void print(const std::string& text) = 0;
+    // A line in the colour and the current draw width; the pen ends at (x2, y2).
+    virtual void line(float x1, float y1, float x2, float y2, std::uint32_t colour) = 0;
+    // A filled box; the pen ends at (x2, y2).
+    virtual void filledBox(float x1, float y1, float x2, float y2, std::uint32_t colour) = 0;
+
+    virtual int drawWidth() const = 0;
+    virtual void setDrawWidth(int pixels) = 0;
+    // Clears to the background and puts the pen at (0, 0).
+    virtual void cls() = 0;
+
+    virtual float width() const = 0;
+    virtual float height() const = 0;
+    virtual float scaleWidth() const = 0;
+
+    virtual int twipsPerPixelX() const = 0;
+    virtual int twipsPerPixelY() const = 0;
+    // The fonts of the device; the first is the font of last resort.
+    virtual std::vector<std::string> fonts() const = 0;
+};
+
+// The hidden picture of the main window's view (picDisplay); none until the window layer or a
+// test installs one.
+Surface* displaySurface();
+void setDisplaySurface(Surface* surface);
+
+// The printer's page; none while nothing prints.
+Surface* printerSurface();
+void setPrinterSurface(Surface* surface);
+
+// The surface of a destination: 1 the display, 2 the printer.
+Surface* surfaceFor(int displayOrPrint);
+
+}  // namespace hlyd
