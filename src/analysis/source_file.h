@@ -15,6 +15,8 @@ public:
 
     bool isOpen() const { return open_; }
     bool atEnd() const { return pos_ >= content_.size(); }
+    std::size_t size() const { return content_.size(); }
+    std::size_t offset() const { return pos_; }  // how far the file has been read
     // The next line, without its line end; valid until the next call.
     std::string_view readLine();
 

@@ -5,6 +5,7 @@
 
 #include "analysis/source_model.h"
 #include "display/attributes.h"
+#include "display/token_layout.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
 #include "files/print_history.h"
@@ -57,14 +58,6 @@ std::string withoutAngles(std::string name) {
     std::erase(name, '<');
     std::erase(name, '>');
     return name;
-}
-
-// The statement that decides how a record is shown; a record with none takes the one before.
-const Statement& governingStatement(std::int32_t record) {
-    SourceTables& t = theSourceTables();
-    Record& r = t.Records[record];
-    if (r.FirstS == 0 && r.LastS == 0 && record > 1) r.FirstS = t.Records[record - 1].FirstS;
-    return t.Statements[r.FirstS != 0 ? r.FirstS : r.LastS];
 }
 
 void writeStyles(cGenHTML& doc) {

@@ -1,0 +1,28 @@
+#pragma once
+// Connector lines: a stub at each block opener and closer and a vertical between them, kept per
+// indent level so that blocks crossing the top or bottom of a view, page or column still join.
+#include <cstdint>
+#include <vector>
+
+#include "display/attributes.h"
+#include "display/token_layout.h"
+
+namespace hlyd {
+
+struct ConnectorEntry {
+    bool Open = false;
+    std::int32_t X = 0;  // negative: no horizontal stub is drawn
+    std::int32_t Y = 0;
+};
+
+// Indexed by indent level, from 0; made with the bounds 0 to 10, it grows and never shrinks.
+std::vector<ConnectorEntry>& connectorStack();
+void resetConnectorStack();
+
+void HlydCLBeginOrEnd(int displayOrPrint, const AreaRecord& pos, std::int16_t indent, const AreaRecord& posNext,
+                      std::int32_t wraps, std::int32_t record, float xToken, const FormatRecord& format,
+                      float& xOffset);
+void HlydCLContinueBeforeTop(int displayOrPrint, const AreaRecord& pos, std::int16_t indent, float xOffset);
+void HlydCLContinueAfterBottom(int displayOrPrint, float bottom, std::int16_t indent);
+
+}  // namespace hlyd

@@ -1,0 +1,253 @@
+#include "display/token_layout.h"
+
+#include <cmath>
+
+#include "display/font_metrics.h"
+#include "files/file_table.h"
+#include "platform/surface.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+
+namespace hlyd {
+
+namespace {
+
+const FormatRecord& formatOf(int dest) { return displayAttributes().Format[dest]; }
+AttributeRecord& attributesOf(int element, int dest) { return displayAttributes().Elements[element].slot[dest]; }
+
+bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
+
+// One record on one surface: the pen is tracked here so that the surface is told only changes.
+class RecordPainter {
+public:
+    RecordPainter(int dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks)
+        : dest_(dest), s_(*surfaceFor(dest)), t_(theSourceTables()), record_(record), pos_(pos), hooks_(hooks),
+          f_(formatOf(dest)), m_(layoutMetrics()) {}
+
+    std::int32_t run();
+
+private:
+    int elementOf(std::int32_t token) const;
+    bool markAfter(const Token& token) const { return f_.ContinueGenerate || (f_.ContinueHonor && (token.Continued & 1)); }
+    void firstTokenStart(const Token& token);
+    void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces);
+    void drawPieces(std::int32_t i, const Token& token, AttributeRecord& a, const std::vector<std::string>& pieces);
+    void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
+    void continuationMark();
+    void movePen(float x, float y);
+
+    int dest_;
+    Surface& s_;
+    SourceTables& t_;
+    std::int32_t record_;
+    AreaRecord& pos_;
+    const RecordLayoutHooks& hooks_;
+    const FormatRecord& f_;
+    const LayoutMetrics& m_;
+    bool procedureLine_ = false;
+    float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
+    float penX_ = -1, penY_ = -1;
+    std::int32_t wraps_ = 0;
+};
+
+int RecordPainter::elementOf(std::int32_t token) const {
+    if (procedureLine_) return kElemProcedures;
+    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    int e = token < static_cast<std::int32_t>(elements.size()) ? elements[token] : 0;
+    return e >= 1 && e <= kElementCount ? e : kElemIdentifiers;
+}
+
+void RecordPainter::movePen(float x, float y) {
+    if (penX_ != x) s_.setCurrentX(x);
+    if (penY_ != y) s_.setCurrentY(y);
+    penX_ = x;
+    penY_ = y;
+}
+
+void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float yText, float yNext) {
+    setAttributesOn(s_, a);
+    float width = s_.textWidth(text);
+    s_.filledBox(x_, yText, x_ + width, yNext, a.BackColor);
+    penX_ = x_ + width;
+    penY_ = yNext;
+    movePen(x_, yText);
+    s_.print(text);
+    penX_ = x_ + width;
+}
+
+// " _" in the KeyWords attributes, at the pen.
+void RecordPainter::continuationMark() {
+    AttributeRecord& k = attributesOf(kElemKeyWords, dest_);
+    setAttributesOn(s_, k);
+    float width = s_.textWidth(" _");
+    float x = penX_ < 0 ? x_ : penX_;
+    float y = penY_ < 0 ? yText_ : penY_;
+    s_.filledBox(x, y, x + width, y + static_cast<float>(k.Height), k.BackColor);
+    penX_ = x + width;
+    penY_ = y + static_cast<float>(k.Height);
+    movePen(x, y);
+    s_.print(" _");
+    penX_ = x + width;
+}
+
+void RecordPainter::firstTokenStart(const Token& token) {
+    std::int32_t first = t_.Records[record_].FirstT;
+    if (f_.Indent) {
+        float indent = 0;
+        std::string text;
+        HlydTKApplyIndent(token, static_cast<std::int16_t>(t_.Records[record_].Indent), indent, text, dest_);
+        x_ += indent;
+        if (first > 1 && t_.Tokens[first - 1].Continued == 1) x_ += m_.WhiteSpaceSize[dest_];
+    } else {
+        x_ += m_.WhiteSpaceSize[dest_] * static_cast<float>(token.LeadingSpace.size());
+    }
+    xWrap_ = x_;
+}
+
+// Decides where the token stands and into which pieces it falls.
+void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces) {
+    const Record& r = t_.Records[record_];
+    bool first = i == r.FirstT;
+    setAttributesOn(s_, a);
+    float width = s_.textWidth(token.Text);
+    bool reserve = (i != r.LastT && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1));
+    float limitX = reserve ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
+    pieces.assign(1, token.Text);
+    if (x_ + width <= limitX) return;
+    if (!first && markAfter(t_.Tokens[i - 1])) {
+        continuationMark();
+        setAttributesOn(s_, a);
+    }
+    std::size_t lead = token.Text.find_first_not_of(' ');
+    bool comment = first && lead != std::string::npos && token.Text[lead] == '\'';
+    x_ = comment ? xWrap_ : xWrap_ + m_.WhiteSpaceSize[dest_];
+    if (x_ + width <= limitX) {
+        ++wraps_;
+    } else {
+        if (x_ > limitX) xWrap_ = x_ = pos_.Left;
+        HlydTKSplitForOutput(token.Text, pieces, limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1, dest_);
+    }
+    if (!first) y_ += lineHeight_;
+}
+
+// Draws the pieces; X is left at the right end of the text drawn last, so a token of blanks
+// leaves it where the text before it ended.
+void RecordPainter::drawPieces(std::int32_t i, const Token& token, AttributeRecord& a,
+                               const std::vector<std::string>& pieces) {
+    if (blanksOnly(token.Text)) {
+        if (penX_ >= 0) x_ = penX_;
+        return;
+    }
+    bool drawable = yText_ <= 32766;  // the coordinate limit of a surface
+    for (std::size_t p = 0; p < pieces.size(); ++p) {
+        if (drawable) drawText(pieces[p], a, yText_, yNext_);
+        else x_ += s_.textWidth(pieces[p]), penX_ = x_;
+        if (p + 1 == pieces.size()) break;
+        if (drawable && markAfter(token)) continuationMark();
+        x_ = xWrap_ + m_.WhiteSpaceSize[dest_];
+        y_ = yNext_;
+        yNext_ += lineHeight_;
+        yText_ += lineHeight_;
+        ++wraps_;
+    }
+    x_ = penX_;
+}
+
+std::int32_t RecordPainter::run() {
+    const Record& r = t_.Records[record_];
+    const Statement& governing = governingStatement(record_);
+    if (governing.Class == kStmtHeader && f_.SkipAttributes) return -1;
+    xWrap_ = m_.WhiteSpaceSize[dest_] > pos_.Right ? pos_.Right - m_.WhiteSpaceSize[dest_] : pos_.Left;
+    x_ = pos_.Left;
+    y_ = pos_.Top;
+    procedureLine_ = t_.Statements[r.FirstS].Class == kStmtProcStart || t_.Statements[r.LastS].Class == kStmtProcStart;
+    if (procedureLine_) lineHeight_ = static_cast<float>(attributesOf(kElemProcedures, dest_).Height);
+    else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, r.LastT);
+    if (hooks_.separator) hooks_.separator(governing, r, xWrap_, y_);
+    yNext_ = y_ + lineHeight_;
+    std::vector<std::string> pieces;
+    for (std::int32_t i = r.FirstT; i >= 1 && i <= r.LastT; ++i) {
+        const Token& token = t_.Tokens[i];
+        AttributeRecord& a = attributesOf(elementOf(i), dest_);
+        if (i == r.FirstT) firstTokenStart(token);
+        placeToken(i, token, a, pieces);
+        yNext_ = y_ + lineHeight_;
+        yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
+        if (i == r.FirstT) {
+            if (hooks_.beforeFirstToken) hooks_.beforeFirstToken(record_);
+            bool opensOrCloses = governing.Flags & (kFlagIndent | kFlagOutdent);
+            if (f_.ConnectControls && r.FirstT == governing.FirstToken && opensOrCloses && hooks_.connectors) {
+                hooks_.connectors(pos_, lineHeight_, wraps_, record_, x_);
+                penX_ = s_.currentX();
+                penY_ = s_.currentY();
+            }
+        }
+        drawPieces(i, token, a, pieces);
+        if (i < r.LastT) x_ += static_cast<float>(t_.Tokens[i + 1].LeadingSpace.size()) * static_cast<float>(a.SpaceWidth);
+    }
+    if (r.LastT >= 1 && f_.ContinueHonor && (t_.Tokens[r.LastT].Continued & 1)) continuationMark();
+    pos_.Top = yNext_;
+    return wraps_;
+}
+
+}  // namespace
+
+void HlydTKApplyIndent(const Token& token, std::int16_t level, float& indent, std::string& text, int dest) {
+    indent = static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest) * level;
+    text = token.Text;
+}
+
+void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, int dest,
+                             std::int32_t firstToken, std::int32_t lastToken) {
+    float ceiling = layoutMetrics().MaxFontHeight.at(dest);
+    auto heightOf = [&](std::int32_t token) {
+        int e = token < static_cast<std::int32_t>(elements.size()) ? elements[token] : 0;
+        if (e < 1 || e > kElementCount) e = kElemIdentifiers;
+        return static_cast<float>(attributesOf(e, dest).Height);
+    };
+    height = heightOf(firstToken);
+    for (std::int32_t i = firstToken + 1; i <= lastToken && height < ceiling; ++i) height = std::max(height, heightOf(i));
+    if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + std::to_string(height));
+}
+
+void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int dest) {
+    Surface& s = *surfaceFor(dest);
+    if (width <= 0) width = 1;
+    pieces.clear();
+    std::size_t position = 0;
+    do {
+        std::string rest = text.substr(position);
+        float restWidth = s.textWidth(rest);
+        if (restWidth <= width) {
+            pieces.push_back(rest);
+            break;
+        }
+        long length = std::lround(width / restWidth * static_cast<float>(rest.size()));
+        if (length < 1) length = 1;
+        while (length <= static_cast<long>(rest.size()) && s.textWidth(rest.substr(0, length)) <= width) ++length;
+        --length;
+        while (length >= 1 && s.textWidth(rest.substr(0, length)) > width) --length;
+        if (length < 1) length = 1;
+        pieces.push_back(rest.substr(0, length));
+        position += static_cast<std::size_t>(length);
+    } while (position < text.size());
+    if (theDebug().TraceApplication) {
+        std::string log = "TokenIn=|" + text + "|\r\nWidth=" + std::to_string(width) + "\r\nTokenOut=...";
+        for (const std::string& p : pieces) log += "\r\n|" + p + "|";
+        theLog().LogData(log);
+    }
+}
+
+const Statement& governingStatement(std::int32_t record) {
+    SourceTables& t = theSourceTables();
+    Record& r = t.Records[record];
+    if (r.FirstS == 0 && r.LastS == 0 && record > 1) r.FirstS = t.Records[record - 1].FirstS;
+    return t.Statements[r.FirstS != 0 ? r.FirstS : r.LastS];
+}
+
+std::int32_t layoutRecord(int dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks) {
+    if (!surfaceFor(dest)) return -1;
+    return RecordPainter(dest, record, pos, hooks).run();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,47 @@
+#pragma once
+// Laying a record's tokens on lines of a given width: analysed indentation, one line height for
+// mixed fonts, wraps and the continuation mark. The rule serves the screen and the printer.
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "analysis/source_model.h"
+#include "display/attributes.h"
+
+namespace hlyd {
+
+// A stretch of a surface in twips.
+struct AreaRecord {
+    float Bottom = 0;
+    float Height = 0;
+    float Left = 0;
+    float Right = 0;
+    float Top = 0;
+    float Width = 0;
+};
+
+void HlydTKApplyIndent(const Token& token, std::int16_t level, float& indent, std::string& text, int displayOrPrint);
+void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, int displayOrPrint,
+                             std::int32_t firstToken, std::int32_t lastToken);
+void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int displayOrPrint);
+
+// What differs between the destinations while a record is laid out.
+struct RecordLayoutHooks {
+    // Draws the separator line when the destination calls for one; may move `y` down.
+    std::function<void(const Statement& governing, const Record& record, float xWrap, float& y)> separator;
+    // Before the record's first token is drawn.
+    std::function<void(std::int32_t record)> beforeFirstToken;
+    // The connector call for the record's first token (already tested to qualify).
+    std::function<void(const AreaRecord& pos, float lineHeight, std::int32_t wraps, std::int32_t record, float xToken)>
+        connectors;
+};
+
+// The statement that decides how a record is laid out; a record with none takes the one before.
+const Statement& governingStatement(std::int32_t record);
+
+// Lays out and draws one record at `pos`; moves `pos.Top` below it and returns the wraps.
+// Returns -1 for a record that is skipped (an attribute line with SkipAttributes set).
+std::int32_t layoutRecord(int displayOrPrint, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks);
+
+}  // namespace hlyd
