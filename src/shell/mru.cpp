@@ -1,8 +1,15 @@
 #include "shell/mru.h"
 
+#include <algorithm>
+#include <array>
 #include <string>
+#include <vector>
 
+#include "analysis/keywords.h"
 #include "settings/settings_store.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/main_window_model.h"
 
 namespace hlyd {
 
@@ -20,6 +27,28 @@ void SaveMRU() {
     if (!s.SettingsWritable) return;
     cINIHandler& ini = iniHandler();
     for (int i = 1; i <= 7; ++i) ini.WriteString("MRU" + std::to_string(i), s.MRU[i], std::string("MRU"));
+}
+
+void ShowMRU() {
+    // Traced under the name of the routine that writes the list, as the logs have always shown it.
+    TraceScope trace(theDebug().TraceApplication, "SaveMRU");
+    const HlydSettings& s = hlydSettings();
+    std::vector<std::string>& captions = mainWindow().mruCaptions;
+    captions.assign(7, std::string());
+    for (int i = 1; i <= 7; ++i)
+        if (!s.MRU[i].empty()) captions[i - 1] = "&" + std::to_string(i) + " " + s.MRU[i];
+}
+
+void UpdateMRUList(const std::string& fileName) {
+    if (fileName.empty()) return;
+    std::array<std::string, 8>& mru = hlydSettings().MRU;
+    const std::string wanted = upperCase(fileName);
+    int found = 8;
+    for (int i = 1; i <= 7 && found == 8; ++i)
+        if (upperCase(mru[i]) == wanted) found = i;
+    // Entries ahead of the one found move back one place; without a match the last one falls off.
+    for (int i = std::min(found, 7); i > 1; --i) mru[i] = mru[i - 1];
+    mru[1] = fileName;
 }
 
 }  // namespace hlyd

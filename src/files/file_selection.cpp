@@ -1,0 +1,295 @@
+#include "files/file_selection.h"
+
+#include <filesystem>
+#include <optional>
+
+#include "analysis/keywords.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/project_listing.h"
+#include "platform/ui.h"
+#include "settings/settings_store.h"
+#include "shell/app_info.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
+#include "shell/message_box.h"
+#include "shell/mru.h"
+#include "shell/text_format.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr std::int16_t kStatusCancelled = 8;
+constexpr std::int16_t kStatusFound = 9;
+constexpr std::int16_t kStatusNotInTable = 5;
+
+// Set while every open entry is a resource file: the next selection starts afresh.
+bool resourcesOpen = false;
+
+std::int16_t& status() { return theDebug().BabStatus; }
+
+// The hourglass for as long as the selection works, whichever way it ends.
+struct BusyPointer {
+    BusyPointer() { theUi().setBusy(true); }
+    ~BusyPointer() { theUi().setBusy(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
+bool tracing() { return theDebug().TraceApplication; }
+
+const std::string& extensionList(const std::string& kind) {
+    const HlydSettings& s = hlydSettings();
+    if (kind == "P") return s.ProjectExt;
+    if (kind == "R") return s.ResourceExt;
+    if (kind == "F") return s.FormExt;
+    return s.BasicExt;
+}
+
+// "*.BAS;*.CLS;" for "BAS|CLS"; the trailing ";" lets the lists be joined by plain concatenation.
+std::string patternsWithSeparator(const std::string& list) {
+    std::string out;
+    for (const std::string& ext : splitOn(list, '|'))
+        if (!ext.empty()) out += "*." + ext + ";";
+    return out;
+}
+
+std::string withoutLastSemicolon(std::string patterns) {
+    if (!patterns.empty() && patterns.back() == ';') patterns.pop_back();
+    return patterns;
+}
+
+std::string filterBlock(const std::string& caption, const std::string& pattern) {
+    return caption + " (" + pattern + ")|" + pattern;
+}
+
+// The dialog's answer as full names: either one name per entry, or one text of the directory
+// followed by the names, NUL between them.
+std::vector<std::string> namesFromDialog(const std::vector<std::string>& chosen) {
+    if (chosen.size() != 1) return chosen;
+    std::vector<std::string> parts;
+    ParseLine(chosen.front(), '\0', parts);
+    if (parts.size() <= 1) return parts;
+    std::string directory = parts.front();
+    if (!directory.empty() && directory.back() != '\\' && directory.back() != '/') directory += std::filesystem::path::preferred_separator;
+    std::vector<std::string> names;
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        if (!parts[i].empty()) names.push_back(directory + parts[i]);
+    return names;
+}
+
+void traceChosenNames(const std::vector<std::string>& names) {
+    theLog().LogData("Files...");
+    for (const std::string& name : names) theLog().LogData("  |" + name + "|");
+}
+
+// True when the first chosen name is open already; it becomes the one the caller shows.
+bool firstNameAlreadyOpen(const std::vector<std::string>& names) {
+    FileTableModule& f = fileTable();
+    if (names.empty()) return false;
+    for (int i = 1; i <= f.oFile.Count(); ++i) {
+        if (f.oFile.Item(i).FileName != names.front()) continue;
+        f.wCurrentFile = static_cast<std::int16_t>(i - 1);
+        return true;
+    }
+    return false;
+}
+
+struct NameKinds {
+    int projects = 0;
+    int resources = 0;
+};
+
+NameKinds sortNames(const std::vector<std::string>& names) {
+    NameKinds kinds;
+    for (const std::string& name : names) {
+        if (fblnValidFileExtension(name, "P")) ++kinds.projects;
+        else if (fblnValidFileExtension(name, "R")) ++kinds.resources;
+    }
+    return kinds;
+}
+
+void openResourceFiles(const std::vector<std::string>& names, const NameKinds& kinds) {
+    const std::string& title = theAppInfo().Title;
+    if (oFile().Count() > 0) {
+        std::string text = "Resource files were selected.\n\nOther files must be closed before proceeding.\n\n"
+                           "Click OK to close currently loaded file(s).";
+        if (showMessage(text, title, MsgButtons::OKCancel, MsgIcon::Warning) == MsgAnswer::Cancel) return;
+        cHLYD::CloseFiles();
+    }
+    if (kinds.resources != static_cast<int>(names.size())) {
+        showMessage("\n\nResource files cannot be selected with other files.", title, MsgButtons::OK, MsgIcon::Warning);
+        return;
+    }
+    oFile().Clear();
+    for (const std::string& name : names) {
+        theLog().LogData("<Resource: " + name + ">");
+        oFile().Add(cFileDesc{name});
+    }
+    resourcesOpen = true;
+}
+
+// A project goes alone: mixed with source files it is dropped and the source files go on.
+// Returns false when nothing is left to open.
+bool applyProjectRules(std::vector<std::string>& names, const NameKinds& kinds, bool& projectChosen) {
+    if (kinds.projects == 1 && names.size() == 1 && oFile().Count() > 0) cHLYD::CloseFiles();
+    projectChosen = kinds.projects > 0;
+    if (projectChosen && kinds.projects != static_cast<int>(names.size())) {
+        showMessage("A Project-file may not be specified with other files.", theAppInfo().Title, MsgButtons::OK,
+                    MsgIcon::Warning);
+        // Every project is dropped, not only the first: what stays must be source files only.
+        for (std::string& name : names)
+            if (fblnValidFileExtension(name, "P")) name.clear();
+        projectChosen = false;
+    }
+    if (projectChosen) return true;
+    status() = 0;
+    VBFileValidate(names, true);
+    return status() != kStatusCancelled;
+}
+
+std::vector<std::string> nonEmpty(const std::vector<std::string>& names) {
+    std::vector<std::string> kept;
+    for (const std::string& name : names)
+        if (!name.empty()) kept.push_back(name);
+    return kept;
+}
+
+// New names join the table (source files) or the list of projects to read; names open already
+// are left where they are.
+std::vector<cFileDesc> addNewNames(const std::vector<std::string>& names, bool projectChosen) {
+    FileTableModule& f = fileTable();
+    std::vector<cFileDesc> projects;
+    for (const std::string& name : names) {
+        std::int16_t which = 0;
+        FindNameInList(name, which);
+        if (status() == kStatusNotInTable) {
+            status() = 0;
+            if (projectChosen) projects.push_back(cFileDesc{name, kFileProject});
+            else f.oFile.Add(cFileDesc{name, kFileSource});
+        }
+        f.wCurrentFile = static_cast<std::int16_t>(f.oFile.Count() - 1);
+        if (tracing()) theLog().LogData("<" + name + ">");
+    }
+    return projects;
+}
+
+void rememberOpenFiles() {
+    for (const cFileDesc& entry : oFile()) UpdateMRUList(entry.FileName);
+    SaveMRU();
+    ShowMRU();
+}
+
+void openProjects(const std::vector<cFileDesc>& projects) {
+    PFParseFile(projects);
+    if (status() == 0 && oFile().Count() > 0) {
+        UpdateMRUList(oFile().Item(1).FileName);
+        SaveMRU();
+        ShowMRU();
+    }
+    if (oFile().Count() == 0) fileTable().projectOpen = false;
+}
+
+void processChosenNames(std::vector<std::string> names) {
+    if (names.empty()) return rememberOpenFiles();
+    NameKinds kinds = sortNames(names);
+    if (kinds.resources > 0) return openResourceFiles(names, kinds);
+    bool projectChosen = false;
+    if (!applyProjectRules(names, kinds, projectChosen)) return;
+    names = nonEmpty(names);
+    if (names.empty()) {
+        status() = kStatusCancelled;
+        return;
+    }
+    if (projectChosen) fileTable().projectOpen = true;
+    std::vector<cFileDesc> projects = addNewNames(names, projectChosen);
+    if (projectChosen) openProjects(projects);
+    else rememberOpenFiles();
+}
+
+}  // namespace
+
+bool fblnValidFileExtension(const std::string& fileName, const std::string& kind) {
+    std::size_t point = fileName.find_last_of('.');
+    std::string extension = upperCase(point == std::string::npos ? fileName : fileName.substr(point + 1));
+    for (const std::string& item : splitOn(extensionList(kind), '|'))
+        if (upperCase(item) == extension) return true;
+    return false;
+}
+
+void FindNameInList(const std::string& fileName, std::int16_t& which) {
+    const FileCollection& files = oFile();
+    which = 0;
+    if (!fileName.empty()) {
+        which = static_cast<std::int16_t>(files.Count() + 1);
+        for (int i = 1; i <= files.Count(); ++i) {
+            if (files.Item(i).FileName != fileName) continue;
+            status() = kStatusFound;
+            which = static_cast<std::int16_t>(i);
+            break;
+        }
+    }
+    if (which == 0 || which > files.Count()) status() = kStatusNotInTable;
+}
+
+void ParseLine(const std::string& text, char delimiter, std::vector<std::string>& parts) {
+    parts.clear();
+    if (text.empty()) return;
+    parts = splitOn(text, delimiter);
+}
+
+std::string openDialogFilter() {
+    const HlydSettings& s = hlydSettings();
+    std::string code = patternsWithSeparator(s.BasicExt);
+    std::string forms = patternsWithSeparator(s.FormExt);
+    std::string projects = patternsWithSeparator(s.ProjectExt);
+    std::string resources = withoutLastSemicolon(patternsWithSeparator(s.ResourceExt));
+    std::string filter = filterBlock("VB Files", withoutLastSemicolon(forms + code + projects));
+    filter += "|" + filterBlock("Forms", withoutLastSemicolon(forms));
+    filter += "|" + filterBlock("Code Modules", withoutLastSemicolon(code));
+    filter += "|" + filterBlock("Project Files", withoutLastSemicolon(projects));
+    if (!resources.empty()) filter += "|" + filterBlock("Resource Files", resources);
+    return filter + "|All Files (*.*)|*.*";
+}
+
+void GetListFromCommonDialog(std::vector<std::string>& names) {
+    TraceScope trace(tracing(), "GetListFromCommonDialog");
+    const HlydSettings& s = hlydSettings();
+    FileDialogRequest request{"File(s) to Process", s.DefaultFileLoc, "", openDialogFilter(), s.CDLGFileIndex, true};
+    if (tracing()) {
+        theLog().LogData("FileExtensions...");
+        theLog().LogData(request.filter);
+    }
+    std::optional<std::vector<std::string>> chosen = theUi().openFileDialog(request);
+    if (!chosen) {
+        status() = kStatusCancelled;
+        return;
+    }
+    names = namesFromDialog(*chosen);
+    if (tracing()) traceChosenNames(names);
+}
+
+void GetFilesToProcess(std::int16_t which) {
+    TraceScope trace(tracing(), "GetFilesToProcess");
+    theDebug().setStatus(0, 0);
+    FileTableModule& f = fileTable();
+    if (f.projectOpen || resourcesOpen) cHLYD::CloseFiles();
+    f.projectOpen = false;
+    resourcesOpen = false;
+    std::vector<std::string> names;
+    if (which > 0) names.push_back(which <= 7 ? hlydSettings().MRU[which] : std::string());
+    else GetListFromCommonDialog(names);
+    if (status() == kStatusCancelled || firstNameAlreadyOpen(names)) return;
+    BusyPointer busy;
+    processChosenNames(std::move(names));
+}
+
+int frmFileList() {
+    std::vector<std::string> items;
+    for (const cFileDesc& entry : oFile()) items.push_back(entry.FileName);
+    std::optional<int> chosen = theUi().chooseFromList("Files", items);
+    if (!chosen || *chosen < 0 || *chosen >= static_cast<int>(items.size())) return 0;
+    return *chosen + 1;
+}
+
+}  // namespace hlyd

@@ -1,0 +1,259 @@
+// The main window's commands: the recent-files list, the rules that enable the buttons and menu
+// items with their tips, the view toggles, the list of open files, and Open and Close end to end.
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "analysis/basiclan.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/project_file.h"
+#include "settings/settings_store.h"
+#include "shell/app_info.h"
+#include "shell/main_window_model.h"
+#include "shell/mru.h"
+#include "shell/window_commands.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+namespace fs = std::filesystem;
+
+class OpenDialogUi : public test::ScriptedUi {
+public:
+    std::optional<std::vector<std::string>> openFileDialog(const FileDialogRequest&) override {
+        ++asked;
+        return answer;
+    }
+    std::optional<std::vector<std::string>> answer;
+    int asked = 0;
+};
+
+class WindowCommandsTest : public test::ConfigDirTest {
+protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        resetBasiclan();
+        BabInitFrom(test::keywordFilePath());
+        resetFileTable();
+        resetProjectFiles();
+        resetMainWindow();
+        loadSettingsAtStartup();
+        setUi(&dialog);
+        installCommandHooks();
+        sbSetToolBar();
+    }
+    void TearDown() override {
+        resetFileTable();
+        resetProjectFiles();
+        resetMainWindow();
+        ConfigDirTest::TearDown();
+    }
+
+    static CommandState& cmd(const std::string& name) { return mainWindow().command(name); }
+    static void setMRU(std::vector<std::string> names) {
+        for (int i = 1; i <= 7; ++i) hlydSettings().MRU[i] = i <= static_cast<int>(names.size()) ? names[i - 1] : "";
+    }
+    static std::vector<std::string> mru() {
+        const auto& m = hlydSettings().MRU;
+        return {m.begin() + 1, m.end()};
+    }
+    static void openFiles(int count) {
+        for (int i = 1; i <= count; ++i) oFile().Add(cFileDesc{"f" + std::to_string(i) + ".bas"});
+    }
+    std::string writeModule(const std::string& name) {
+        fs::path path = fs::path(dir) / name;
+        std::ofstream(path, std::ios::binary) << "Attribute VB_Name = \"M\"\nSub Go()\nEnd Sub\nSub Stop()\nEnd Sub\n";
+        return path.string();
+    }
+
+    OpenDialogUi dialog;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(WindowCommandsTest, RecentListMovesTheNameToTheTop) {
+    setMRU({"A", "B", "C", "D", "E", "F", "G"});
+    UpdateMRUList("D");
+    EXPECT_EQ(mru(), (Names{"D", "A", "B", "C", "E", "F", "G"}));
+
+    UpdateMRUList("H");  // an eighth name pushes out the last
+    EXPECT_EQ(mru(), (Names{"H", "D", "A", "B", "C", "E", "F"}));
+
+    UpdateMRUList("H");
+    EXPECT_EQ(mru(), (Names{"H", "D", "A", "B", "C", "E", "F"}));
+}
+
+TEST_F(WindowCommandsTest, RecentListIgnoresLetterCaseAndKeepsTheNewSpelling) {
+    setMRU({"X.BAS", "Y.BAS", "C:\\A.BAS"});
+    UpdateMRUList("c:\\a.bas");
+    EXPECT_EQ(mru(), (Names{"c:\\a.bas", "X.BAS", "Y.BAS", "", "", "", ""}));
+
+    UpdateMRUList("C:\\A.BAS");  // at the top already: only the spelling changes
+    EXPECT_EQ(mru(), (Names{"C:\\A.BAS", "X.BAS", "Y.BAS", "", "", "", ""}));
+}
+
+TEST_F(WindowCommandsTest, RecentFilesShowInTheFileMenu) {
+    setMRU({"one.bas", "", "three.frm"});
+    ShowMRU();
+    EXPECT_EQ(mainWindow().mruCaptions, (Names{"&1 one.bas", "", "&3 three.frm", "", "", "", ""}));
+}
+
+TEST_F(WindowCommandsTest, CaptionsAndTipsWithNothingOpen) {
+    EXPECT_EQ(cmd("mnuFilOpen").caption, "&Open...");
+    EXPECT_EQ(cmd("mnuViewProc1").caption, "Prior Procecdure");
+    EXPECT_EQ(cmd("mnuViewToolTips").caption, "T&oolTips");
+    EXPECT_EQ(cmd("tbrPrintThisProcedure").caption, "Print This Procedure");
+    EXPECT_FALSE(cmd("mnuDebug").visible);
+
+    EXPECT_TRUE(cmd("tbrOpen").enabled);
+    EXPECT_EQ(cmd("tbrOpen").tip, "Open a file or project for processing");
+    EXPECT_FALSE(cmd("tbrClose").enabled);
+    EXPECT_EQ(cmd("tbrClose").tip, "Not available unless a file is open");
+    EXPECT_FALSE(cmd("mnuFilClose").enabled);
+    EXPECT_FALSE(cmd("mnuFileHTML").enabled);
+    EXPECT_FALSE(cmd("tbrHelp").enabled);
+    EXPECT_EQ(cmd("tbrHelp").tip, "Not available - Help file Missing");
+    for (const char* name : {"tbrPriorFile", "tbrNextFile", "tbrPriorProcedure", "tbrNextProcedure", "cboProc"})
+        EXPECT_FALSE(cmd(name).enabled) << name;
+
+    openFiles(1);
+    fileTable().wCurrentFile = 1;
+    HlydMSEnableHLYDControls();
+    EXPECT_TRUE(cmd("tbrClose").enabled);
+    EXPECT_EQ(cmd("tbrClose").tip, "Close this file");
+    EXPECT_TRUE(cmd("mnuFilCloseAll").enabled);
+    EXPECT_TRUE(cmd("mnuFileHTML").enabled);
+    // Printing and the option dialogs stay off until they are built.
+    EXPECT_FALSE(cmd("tbrPrint").enabled);
+    EXPECT_EQ(cmd("tbrPrint").tip, "Printing not currently available");
+    EXPECT_FALSE(cmd("mnuOptionsDisplay").enabled);
+}
+
+TEST_F(WindowCommandsTest, ProcedureButtonsFollowThePositionInTheList) {
+    openFiles(1);
+    fileTable().wCurrentFile = 1;
+    SortedListModel& list = mainWindow().cboProc;
+    for (const char* p : {"Alpha", "Beta", "Gamma"}) list.AddItem(p);
+
+    list.ListIndex = 0;
+    sbProcButtonsSet();
+    EXPECT_TRUE(cmd("cboProc").enabled);
+    EXPECT_FALSE(cmd("tbrPriorProcedure").enabled);
+    EXPECT_FALSE(cmd("mnuViewProc1").enabled);
+    EXPECT_EQ(cmd("tbrPriorProcedure").tip, "Not available");
+    EXPECT_TRUE(cmd("tbrNextProcedure").enabled);
+    EXPECT_TRUE(cmd("mnuViewProc0").enabled);
+    EXPECT_EQ(cmd("tbrNextProcedure").tip, "Display the Next procedure in File");
+
+    list.ListIndex = 2;
+    sbProcButtonsSet();
+    EXPECT_TRUE(cmd("tbrPriorProcedure").enabled);
+    EXPECT_EQ(cmd("tbrPriorProcedure").tip, "Display the Prior procedure in File");
+    EXPECT_FALSE(cmd("tbrNextProcedure").enabled);
+    EXPECT_FALSE(cmd("mnuViewProc0").enabled);
+
+    fileTable().wCurrentFile = 0;  // no file shown: the list takes no input
+    sbProcButtonsSet();
+    EXPECT_FALSE(cmd("cboProc").enabled);
+    EXPECT_FALSE(cmd("tbrPriorProcedure").enabled);
+    EXPECT_FALSE(cmd("tbrNextProcedure").enabled);
+}
+
+TEST_F(WindowCommandsTest, FileButtonsFollowTheCurrentFile) {
+    openFiles(3);
+    auto at = [](int current) {
+        fileTable().wCurrentFile = static_cast<std::int16_t>(current);
+        sbFileButtonSet();
+        return std::vector<bool>{cmd("tbrPriorFile").enabled, cmd("mnuViewFile1").enabled, cmd("tbrNextFile").enabled,
+                                 cmd("mnuViewFile0").enabled};
+    };
+    EXPECT_EQ(at(1), (std::vector<bool>{false, false, true, true}));
+    EXPECT_EQ(cmd("tbrNextFile").tip, "Display the Next File in list");
+    EXPECT_EQ(at(2), (std::vector<bool>{true, true, true, true}));
+    EXPECT_EQ(at(3), (std::vector<bool>{true, true, false, false}));
+    EXPECT_EQ(cmd("tbrNextFile").tip, "Not available");
+    EXPECT_EQ(cmd("tbrPriorFile").tip, "Display the Prior File in list");
+}
+
+TEST_F(WindowCommandsTest, ViewTogglesFlipTheSettingsAndTheirChecks) {
+    EXPECT_TRUE(cmd("mnuViewToolbar").checked);
+    mnuViewToolbar_Click();
+    mnuViewToolTips_Click();
+    mnuViewStatus_Click();
+    EXPECT_FALSE(hlydSettings().ToolBar);
+    EXPECT_FALSE(hlydSettings().ToolTips);
+    EXPECT_FALSE(hlydSettings().StatusBar);
+    EXPECT_FALSE(cmd("mnuViewToolbar").checked);
+    EXPECT_FALSE(cmd("mnuViewToolTips").checked);
+    EXPECT_FALSE(cmd("mnuViewStatus").checked);
+
+    saveWindowState();
+    EXPECT_FALSE(iniHandler().ReadBool("ToolBar", true, std::string("General")));
+    EXPECT_FALSE(iniHandler().ReadBool("StatusBar", true, std::string("General")));
+
+    mnuViewToolbar_Click();
+    EXPECT_TRUE(hlydSettings().ToolBar);
+    EXPECT_TRUE(cmd("mnuViewToolbar").checked);
+}
+
+TEST_F(WindowCommandsTest, LongOperationFenceDisablesTheWindowAndRefreshesAfter) {
+    openFiles(2);
+    fileTable().wCurrentFile = 1;
+    HlydMSDisableHLYDControls();
+    EXPECT_FALSE(mainWindow().controlsEnabled);
+    HlydMSEnableHLYDControls();
+    EXPECT_TRUE(mainWindow().controlsEnabled);
+    EXPECT_TRUE(cmd("tbrClose").enabled);
+
+    cHLYD::CloseFiles();  // reaches the commands through the hook
+    EXPECT_FALSE(cmd("tbrClose").enabled);
+    EXPECT_TRUE(mainWindow().viewFileList.empty());
+}
+
+TEST_F(WindowCommandsTest, ViewMenuListStopsShortAtNineFiles) {
+    openFiles(8);
+    LoadViewMenu();
+    ASSERT_EQ(mainWindow().viewFileList.size(), 8u);
+    EXPECT_EQ(mainWindow().viewFileList[0], "1. f1.bas");
+    EXPECT_EQ(mainWindow().viewFileList[7], "8. f8.bas");
+
+    openFiles(1);
+    LoadViewMenu();
+    ASSERT_EQ(mainWindow().viewFileList.size(), 9u);
+    EXPECT_EQ(mainWindow().viewFileList[7], "8. f8.bas");
+    EXPECT_EQ(mainWindow().viewFileList[8], "&More Files ... ");
+}
+
+TEST_F(WindowCommandsTest, OpenShowsTheChosenFileAndCloseEmptiesTheWindow) {
+    std::string a = writeModule("a.bas");
+    dialog.answer = Names{a};
+    mnuFilOpen_Click();
+
+    EXPECT_EQ(fileTable().wCurrentFile, 1);
+    EXPECT_EQ(mainWindow().Caption, theAppInfo().Title + " - a.bas");
+    EXPECT_TRUE(cmd("cboProc").enabled);
+    EXPECT_TRUE(cmd("tbrClose").enabled);
+    EXPECT_EQ(mainWindow().mruCaptions.at(0), "&1 " + a);
+    EXPECT_EQ(mainWindow().viewFileList, Names{"1. " + a});
+
+    mnuFilClose_Click();
+    EXPECT_EQ(oFile().Count(), 0);
+    EXPECT_FALSE(cmd("tbrClose").enabled);
+    EXPECT_FALSE(cmd("cboProc").enabled);
+
+    dialog.answer.reset();  // cancel: nothing opens, nothing breaks
+    mnuFilOpen_Click();
+    EXPECT_EQ(oFile().Count(), 0);
+
+    mnuFileMRU_Click(1);
+    EXPECT_EQ(oFile().Count(), 1);
+    EXPECT_EQ(dialog.asked, 2);
+}
+
+}  // namespace
+}  // namespace hlyd
