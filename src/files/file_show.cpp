@@ -1,6 +1,7 @@
 #include "files/file_show.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "files/file_loading.h"
 #include "files/file_table.h"
@@ -22,15 +23,18 @@ std::string withoutPath(const std::string& name) {
     return at == std::string::npos ? name : name.substr(at + 1);
 }
 
-// The list box sorts the names; each entry learns the position its name took.
+// The list box sorts the names; the first entry of each name learns the position it took.
 void fillProcedureList() {
     MainWindowModel& w = mainWindow();
     std::vector<ProcEntry>& procs = yProc();
-    for (const ProcEntry& p : procs) w.cboProc.AddItem(p.Name);
-    for (int i = 0; i < w.cboProc.ListCount(); ++i) {
-        auto hit = std::find_if(procs.begin(), procs.end(), [&](const ProcEntry& p) { return p.Name == w.cboProc.List(i); });
-        if (hit != procs.end()) hit->ListIndex = i;
+    std::vector<std::string> names;
+    std::unordered_map<std::string, std::size_t> firstOfName;
+    for (std::size_t i = 0; i < procs.size(); ++i) {
+        names.push_back(procs[i].Name);
+        firstOfName.emplace(procs[i].Name, i);
     }
+    w.cboProc.AddItems(names);
+    for (int i = 0; i < w.cboProc.ListCount(); ++i) procs[firstOfName[w.cboProc.List(i)]].ListIndex = i;
 }
 
 void showNothing() {

@@ -1,5 +1,7 @@
 #include "files/navigation.h"
 
+#include <algorithm>
+
 #include "analysis/source_model.h"
 #include "files/file_table.h"
 #include "platform/ui.h"
@@ -50,16 +52,16 @@ void HlydPCGetNext(std::int32_t& record) {
     theUi().setBusy(false);
 }
 
+// The last entry whose start lies at or before the record (or before the procedure a tied
+// comment belongs to); entries stand in file order, so their starts only grow.
 void HlydPCGetAssociatedProc(std::int32_t record, std::int16_t& which) {
     const SourceTables& t = theSourceTables();
     const std::vector<ProcEntry>& procs = yProc();
     std::int32_t tiedTo = record >= 0 && record <= t.Records.UBound() ? t.Records[record].TiedTo : 0;
-    which = static_cast<std::int16_t>(procs.size() - 1);
-    while (which > 0) {
-        const ProcEntry& p = procs[which];
-        if (p.FirstRecord <= record || p.FirstRecord <= tiedTo) break;
-        --which;
-    }
+    std::int32_t reach = std::max(record, tiedTo);
+    auto after = std::upper_bound(procs.begin() + 1, procs.end(), reach,
+                                  [](std::int32_t value, const ProcEntry& p) { return value < p.FirstRecord; });
+    which = static_cast<std::int16_t>(after - procs.begin() - 1);
 }
 
 }  // namespace hlyd

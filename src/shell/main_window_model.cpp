@@ -23,6 +23,16 @@ int SortedListModel::AddItem(const std::string& text) {
     return position;
 }
 
+void SortedListModel::AddItems(const std::vector<std::string>& texts) {
+    std::vector<std::pair<std::string, std::string>> keyed;
+    keyed.reserve(items_.size() + texts.size());
+    for (const std::string& item : items_) keyed.emplace_back(upperCase(item), item);
+    for (const std::string& text : texts) keyed.emplace_back(upperCase(text), text);
+    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    items_.clear();
+    for (auto& k : keyed) items_.push_back(std::move(k.second));
+}
+
 MainWindowModel& mainWindow() { return *model; }
 void resetMainWindow() { model = std::make_unique<MainWindowModel>(); }
 

@@ -21,6 +21,8 @@ struct ScrollBarModel {
 class SortedListModel {
 public:
     int AddItem(const std::string& text);  // returns the position it took
+    // Adds many at once: each stands after the equal ones before it, as one by one.
+    void AddItems(const std::vector<std::string>& texts);
     void Clear() { items_.clear(); }
     int ListCount() const { return static_cast<int>(items_.size()); }
     const std::string& List(int index) const { return items_.at(index); }
