@@ -90,7 +90,7 @@ public:
         calls.push_back({"drawwidth", std::to_string(pixels)});
     }
     void cls() override {
-        calls.push_back({"cls"});
+        calls.push_back({"cls", ""});
         x_ = y_ = 0;
     }
     float width() const override { return width_; }

@@ -1,9 +1,14 @@
 #include "shell/app_start.h"
 
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 #include "analysis/basiclan.h"
+#include "display/attributes.h"
+#include "display/font_metrics.h"
 #include "files/file_table.h"
+#include "platform/surface.h"
 #include "platform/clock.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -12,6 +17,7 @@
 #include "shell/hlyd_error.h"
 #include "shell/message_box.h"
 #include "shell/mru.h"
+#include "shell/window_commands.h"
 #include "shell/start_mode.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -21,6 +27,10 @@ namespace hlyd {
 namespace {
 
 HlydMainState mainState;
+WindowedRun windowHooks;
+
+constexpr long kSplashSeconds = 8;
+constexpr long kSecondsPerDay = 86400;
 
 long secondsSinceMidnight(std::time_t t) {
     std::tm tm = localTime(t);
@@ -63,6 +73,70 @@ void clearPerRunState() {
     tables.RecordCount = tables.StatementCount = tables.TokenCount = 0;
 }
 
+std::vector<FontSpec> displayFonts() {
+    std::vector<FontSpec> fonts;
+    for (int e = 1; e <= kElementCount; ++e) fonts.push_back(displayAttributes().Elements[e].slot[kDisplay].Font);
+    return fonts;
+}
+
+bool sameFonts(const std::vector<FontSpec>& a, const std::vector<FontSpec>& b) {
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (a[i].Name != b[i].Name || a[i].Size != b[i].Size || a[i].Bold != b[i].Bold || a[i].Italic != b[i].Italic ||
+            a[i].Underline != b[i].Underline || a[i].Strikethrough != b[i].Strikethrough)
+            return false;
+    return true;
+}
+
+// The settings name fonts of another desktop; what the screen lacks is replaced, and the
+// replacement is saved so that the next start agrees with this one.
+void validateSettingsFonts() {
+    if (!displaySurface()) return;
+    std::vector<FontSpec> before = displayFonts();
+    HlydDAValidateFonts();
+    if (sameFonts(before, displayFonts())) return;
+    sbDisplayINISave();
+    sbPrintOptionsINISave();
+    sbPrintINISave();
+}
+
+void loadMainWindowHidden() {
+    if (!windowHooks.active()) return;
+    windowHooks.loadMainWindow();
+    sbSetToolBar();
+}
+
+// The splash stays up this long in a standalone start, whatever else is ready.
+void waitForSplash() {
+    auto elapsed = [] {
+        long seconds = secondsSinceMidnight(theClock().now()) - mainState.StartTime;
+        return seconds < 0 ? seconds + kSecondsPerDay : seconds;
+    };
+    while (elapsed() < kSplashSeconds) {
+        theUi().processEvents();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
+
+// The rest of Main for a run with a window: splash, wait, window in front, the Open dialog.
+int finishWindowedStart() {
+    std::int32_t mode = mainState.StartMode;
+    if (mode != kStartCommandLineFile && windowHooks.raiseSplash) windowHooks.raiseSplash();
+    if (theDebug().BabStatus == -7) {
+        if (windowHooks.unloadForms) windowHooks.unloadForms();
+        mainState.ApplicationEnding = true;
+        return 1;
+    }
+    if (mode != kStartCommandLineFile && !mainState.ApplicationEnding) {
+        if (mode == kStartStandalone) waitForSplash();
+        windowHooks.showMainWindow();
+    }
+    if (windowHooks.closeSplash) windowHooks.closeSplash();
+    theUi().setBusy(false);
+    bool interactive = mode == kStartStandalone || mode == kStartIdeMode;
+    if (interactive && !mainState.ApplicationEnding && hlydSettings().ShowOpenDialog) mnuFilOpen_Click();
+    return 0;
+}
+
 void processCommandLineFile() {
     std::string name = commandLineFileName(mainState.CommandLine);
     if (name.empty()) return;
@@ -79,6 +153,7 @@ void processCommandLineFile() {
 
 }  // namespace
 
+WindowedRun& windowedRun() { return windowHooks; }
 HlydMainState& hlydMain() { return mainState; }
 void resetHlydMain() { mainState = HlydMainState{}; }
 
@@ -97,6 +172,8 @@ void InitApp() {
         clearPerRunState();
         hlydSettings().MetricUnits = fbIsMetric();
         GetMRU();
+        loadMainWindowHidden();
+        validateSettingsFonts();
     });
 }
 
@@ -114,6 +191,10 @@ void HLYDStart() {
 void HLYDShow() {
     trapped("HLYDShow", [] {
         theDebug().setStatus(0, 0);
+        if (windowHooks.active()) {
+            if (mainState.StartMode != kStartCommandLineFile) windowHooks.showMainWindow();
+            else windowHooks.hideMainWindow();
+        }
         theUi().processEvents();
         if (mainState.StartMode != kStartAutomation) processCommandLineFile();
         theUi().processEvents();
@@ -121,7 +202,9 @@ void HLYDShow() {
 }
 
 void HlydMNTerminateApp() {
+    if (windowHooks.storeWindowState) windowHooks.storeWindowState();
     saveWindowState();
+    if (windowHooks.hideMainWindow) windowHooks.hideMainWindow();
     std::int32_t mode = mainState.StartMode;
     if (mode == kStartStandalone || mode == kStartCommandLineFile) HLYDEndApplication();
 }
@@ -130,6 +213,7 @@ void HLYDEndApplication() {
     // Only the window and printer state change outside the dialogs' own saves.
     savePrinterState();
     mainState.ApplicationEnding = true;
+    if (windowHooks.unloadForms) windowHooks.unloadForms();
     theLog().LogEnd();
 }
 
@@ -140,7 +224,13 @@ int Main(const std::string& commandLine, std::int32_t platformMode) {
     theDebug();
     mainState.StartTime = secondsSinceMidnight(theClock().now());
     if (mainState.StartMode == kStartInit) return 0;
+    if (windowHooks.active()) theUi().setBusy(true);
+    if (windowHooks.showSplash && mainState.StartMode != kStartCommandLineFile) {
+        sbGetINIUser();
+        windowHooks.showSplash(hlydSettings().UserName, hlydSettings().UserCompany);
+    }
     HLYDStart();
+    if (windowHooks.active()) return finishWindowedStart();
     if (theDebug().BabStatus == -7) return 1;
     // Without a window the standalone run has nothing to wait for; it ends as the window would.
     if (mainState.StartMode == kStartStandalone && !mainState.ApplicationEnding) HlydMNTerminateApp();

@@ -2,6 +2,7 @@
 // The spine of a run: the start mode, the shared objects, initialisation in a fixed order, the
 // one command-line job, and the end.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,10 +17,26 @@ struct HlydMainState {
     bool ApplicationEnding = false;
 };
 
+// What a run with a window adds to the start and the stop. A run without a window leaves the hooks
+// empty, and the start and stop go the same way without them.
+struct WindowedRun {
+    std::function<void()> loadMainWindow;  // built, hidden; its surface becomes picDisplay
+    std::function<void(const std::string& user, const std::string& company)> showSplash;
+    std::function<void()> raiseSplash;
+    std::function<void()> closeSplash;
+    std::function<void()> showMainWindow;  // shown, in front
+    std::function<void()> hideMainWindow;
+    std::function<void()> storeWindowState;  // the window's place and bars into the settings
+    std::function<void()> unloadForms;       // every window closed; the event loop ends
+    bool active() const { return static_cast<bool>(loadMainWindow); }
+};
+WindowedRun& windowedRun();
+
 HlydMainState& hlydMain();
 void resetHlydMain();
 
-// The entry point; returns the process exit code.
+// The entry point; returns the process exit code. With a window, the caller then runs the event
+// loop unless the run has ended already (hlydMain().ApplicationEnding).
 int Main(const std::string& commandLine, std::int32_t platformMode = 0);
 
 void InitApp();

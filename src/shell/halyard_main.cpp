@@ -1,8 +1,9 @@
-// The application's entry: the command line as one text, as the start-mode rules read it.
+// The application's entry: the command line as one text, as the start-mode rules read it, and
+// a run with windows.
 #include <string>
 
+#include "platform/qt/qt_application.h"
 #include "shell/app_info.h"
-#include "shell/app_start.h"
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
@@ -11,5 +12,5 @@ int main(int argc, char** argv) {
         if (i > 1) commandLine += ' ';
         commandLine += argv[i];
     }
-    return hlyd::Main(commandLine);
+    return hlyd::runWindowed(argc, argv, commandLine);
 }

@@ -1,0 +1,172 @@
+#include "dialogs/hlyd_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include "dialogs/input_blocker.h"
+#include "dialogs/pic_show.h"
+#include "dialogs/view_hooks.h"
+#include "display/screen_emitter.h"
+#include "display/viewing.h"
+#include "platform/qt/image_surface.h"
+#include "platform/qt/qt_text.h"
+#include "settings/settings_store.h"
+#include "shell/app_info.h"
+#include "shell/app_start.h"
+#include "shell/main_window_model.h"
+#include "shell/window_commands.h"
+
+namespace hlyd {
+
+namespace {
+
+HlydWindow* presentingWindow = nullptr;
+
+void presentOnWindow() {
+    if (presentingWindow) presentingWindow->presentView();
+}
+
+// The scroll bar, the status labels and the procedure list sit in the classic places.
+constexpr int kStatusMinimumWidth = 120;
+
+}  // namespace
+
+HlydWindow* theHlydWindow() { return presentingWindow; }
+
+HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::make_unique<ImageSurface>()) {
+    setObjectName("HLYD");
+    setWindowTitle(fromUtf8(theAppInfo().Title));
+    blocker_ = new InputBlocker(this);
+    buildView();
+    buildStatusBar();
+    buildMenus();
+    buildToolBar();
+    buildPopupMenu();
+    presentingWindow = this;
+    setPresentView(&presentOnWindow);
+    bindModelHooks();
+}
+
+HlydWindow::~HlydWindow() {
+    if (presentingWindow == this) {
+        presentingWindow = nullptr;
+        setPresentView(nullptr);
+    }
+}
+
+void HlydWindow::buildView() {
+    auto* central = new QWidget(this);
+    auto* layout = new QHBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    picShow_ = new PicShow(central);
+    vsbDisplay_ = new QScrollBar(Qt::Vertical, central);
+    vsbDisplay_->setObjectName("vsbDisplay");
+    // The view follows the bar when it is let go, not while the thumb is dragged.
+    vsbDisplay_->setTracking(false);
+    layout->addWidget(picShow_, 1);
+    layout->addWidget(vsbDisplay_);
+    setCentralWidget(central);
+    connect(picShow_, &PicShow::resized, this, &HlydWindow::onViewResized);
+    connect(picShow_, &PicShow::keyDown, this, &HlydWindow::onKeyDown);
+    connect(vsbDisplay_, &QScrollBar::valueChanged, this, &HlydWindow::onScrollValue);
+    connect(picShow_, &PicShow::contextMenuAsked, this, [this](QPoint at) { popupMenu_->popup(at); });
+}
+
+void HlydWindow::buildStatusBar() {
+    QStatusBar* bar = statusBar();
+    bar->setObjectName("picStatus");
+    bar->setSizeGripEnabled(true);
+    lblRecord_ = new QLabel(bar);
+    lblRecord_->setObjectName("lblRecord");
+    lblRecord_->setMinimumWidth(kStatusMinimumWidth);
+    lblStatus_ = new QLabel("Ready", bar);
+    lblStatus_->setObjectName("lblStatus");
+    bar->addWidget(lblRecord_);
+    bar->addWidget(lblStatus_, 1);
+}
+
+void HlydWindow::bindModelHooks() {
+    MainWindowModel& w = mainWindow();
+    w.clearDisplay = [this] {
+        picDisplay_->cls();
+        presentView();
+    };
+    installViewHooks();
+    w.disableControls = [this] {
+        HlydMSDisableHLYDControls();
+        blocker_->setBlocked(true);
+    };
+    w.enableControls = [this] {
+        HlydMSEnableHLYDControls();
+        blocker_->setBlocked(false);
+        refreshFromModel();
+    };
+}
+
+void HlydWindow::presentView() {
+    picShow_->setPicture(picDisplay_->image());
+    if (picShow_->isVisible() && isActiveWindow() && !isMinimized()) picShow_->setFocus();
+}
+
+void HlydWindow::runCommand(const std::function<void()>& command) {
+    command();
+    refreshFromModel();
+}
+
+// While a toolbar command runs the status bar says so; it is back at rest afterwards unless the
+// command left a status of its own.
+void HlydWindow::runToolbarCommand(const std::function<void()>& command) {
+    MainWindowModel& w = mainWindow();
+    w.lblStatus = "Processing...";
+    lblStatus_->setText(fromUtf8(w.lblStatus));
+    lblStatus_->repaint();
+    command();
+    if (w.lblStatus == "Processing...") w.lblStatus = "Ready";
+    refreshFromModel();
+}
+
+void HlydWindow::onViewResized(QSize pixels) {
+    picDisplay_->resizePixels(pixels);
+    picShow_->setPicture(picDisplay_->image());
+    runCommand([&] { viewResized(pixels.height() * picDisplay_->twipsPerPixelY()); });
+}
+
+void HlydWindow::onKeyDown(int keyCode, int shift) {
+    runCommand([&] { picShow_KeyDown(keyCode, shift); });
+}
+
+void HlydWindow::onScrollValue(int value) {
+    if (syncing_) return;
+    runCommand([&] { setScrollValue(value); });
+}
+
+void HlydWindow::onProcChosen(int index) {
+    if (syncing_) return;
+    runCommand([&] {
+        mainWindow().cboProc.ListIndex = index;
+        cboProc_Click();
+    });
+}
+
+void HlydWindow::closeEvent(QCloseEvent* event) {
+    if (!hlydMain().ApplicationEnding) HlydMNTerminateApp();
+    event->accept();
+}
+
+void HlydWindow::showAbout() {
+    const cAppInfo& app = theAppInfo();
+    QMessageBox::about(this, "About " + fromUtf8(app.Title),
+                       fromUtf8(app.Title + " " + app.Version + "\n" + app.VersionDate + "\n\n" + app.UserName + "\n" +
+                                app.UserCompany));
+}
+
+}  // namespace hlyd

@@ -1,0 +1,164 @@
+// The main window's menu bar, toolbar and popup menu. Captions here are the ones the window
+// starts with; the model's captions replace them once the commands are set up.
+#include <QApplication>
+#include <QComboBox>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include "dialogs/hlyd_window.h"
+#include "display/viewing.h"
+#include "html/html_emit.h"
+#include "platform/qt/qt_text.h"
+#include "shell/main_window_model.h"
+#include "shell/window_commands.h"
+
+namespace hlyd {
+
+namespace {
+constexpr int kMruSize = 7;
+void nothing() {}
+}  // namespace
+
+QAction* HlydWindow::action(const std::string& name) const {
+    auto found = actions_.find(name);
+    return found == actions_.end() ? nullptr : found->second;
+}
+
+QAction* HlydWindow::addCommand(QMenu* menu, const std::string& name, const QString& caption,
+                                std::function<void()> run) {
+    auto* item = new QAction(caption, this);
+    item->setObjectName(fromUtf8(name));
+    connect(item, &QAction::triggered, this, [this, run] { runCommand(run); });
+    if (menu) menu->addAction(item);
+    actions_[name] = item;
+    return item;
+}
+
+QAction* HlydWindow::addButton(const std::string& name, const QString& caption, std::function<void()> run) {
+    auto* button = new QAction(caption, this);
+    button->setObjectName(fromUtf8(name));
+    connect(button, &QAction::triggered, this, [this, run] { runToolbarCommand(run); });
+    toolBar_->addAction(button);
+    actions_[name] = button;
+    return button;
+}
+
+void HlydWindow::buildMenus() {
+    buildFileMenu();
+    buildViewMenu();
+    buildWindowAndHelpMenus();
+}
+
+void HlydWindow::buildFileMenu() {
+    fileMenu_ = menuBar()->addMenu("&File");
+    actions_["mnuFile"] = fileMenu_->menuAction();
+    addCommand(fileMenu_, "mnuFilOpen", "&Open...", mnuFilOpen_Click);
+    fileMenu_->addSeparator();
+    addCommand(fileMenu_, "mnuFilClose", "&Close", mnuFilClose_Click);
+    addCommand(fileMenu_, "mnuFilCloseAll", "Close &All", mnuFilCloseAll_Click);
+    fileMenu_->addSeparator();
+    addCommand(fileMenu_, "mnuFilPrint", "&Print...", nothing);
+    addCommand(fileMenu_, "mnuFilPrintSetup", "Print &Setup...", nothing);
+    addCommand(fileMenu_, "mnuFileHTML", "Save as &HTML", HlydMNSaveAsHTML);
+    fileMenu_->addSeparator();
+    for (int i = 1; i <= kMruSize; ++i) {
+        QAction* item = addCommand(fileMenu_, "mnuFileMRU(" + std::to_string(i) + ")", QString(),
+                                   [i] { mnuFileMRU_Click(i); });
+        item->setVisible(false);
+        mruItems_.push_back(item);
+    }
+    mruEnd_ = fileMenu_->addSeparator();
+    addCommand(fileMenu_, "mnuFilExit", "E&xit", [this] { close(); });
+}
+
+void HlydWindow::buildViewMenu() {
+    viewMenu_ = menuBar()->addMenu("&View");
+    actions_["mnuView"] = viewMenu_->menuAction();
+    addCommand(viewMenu_, "mnuViewProc0", "Next Procedure", [] { mnuViewProc_Click(0); });
+    addCommand(viewMenu_, "mnuViewProc1", "Prior Procecdure", [] { mnuViewProc_Click(1); });
+    addCommand(viewMenu_, "mnuViewFile0", "Next File", [] { mnuViewFile_Click(0); });
+    addCommand(viewMenu_, "mnuViewFile1", "Prior File", [] { mnuViewFile_Click(1); });
+    viewMenu_->addSeparator();
+    addCommand(viewMenu_, "mnuViewToolbar", "&Toolbar", mnuViewToolbar_Click)->setCheckable(true);
+    addCommand(viewMenu_, "mnuViewToolTips", "T&oolTips", mnuViewToolTips_Click)->setCheckable(true);
+    addCommand(viewMenu_, "mnuViewStatus", "&Status Bar", mnuViewStatus_Click)->setCheckable(true);
+    viewMenu_->addSeparator();
+    addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", nothing);
+    addCommand(viewMenu_, "mnuOptionsPrint", "&Print Options", nothing);
+    viewMenu_->addSeparator();
+    viewListEnd_ = new QAction(this);  // the open files go in front of this invisible mark
+    viewListEnd_->setVisible(false);
+    viewMenu_->addAction(viewListEnd_);
+}
+
+void HlydWindow::buildWindowAndHelpMenus() {
+    windowMenu_ = menuBar()->addMenu("&Window");
+    actions_["mnuWindow"] = windowMenu_->menuAction();
+    addCommand(windowMenu_, "mnuWinProjectWindow", "&Project Window", nothing);
+    windowMenu_->addSeparator();
+    debugMenu_ = menuBar()->addMenu("&Debug");
+    actions_["mnuDebug"] = debugMenu_->menuAction();
+    debugMenu_->menuAction()->setVisible(false);
+    QMenu* help = menuBar()->addMenu("&Help");
+    actions_["mnuHelp"] = help->menuAction();
+    addCommand(help, "mnuHelContents", "&Help Topics...", nothing);
+    addCommand(help, "mnuHelSearch", "&Search For Help On...", nothing);
+    help->addSeparator();
+    addCommand(help, "mnuHelHelp", "He&lp On Help", nothing);
+    help->addSeparator();
+    addCommand(help, "mnuHelAbout", "&About Halyard...", [this] { showAbout(); });
+}
+
+void HlydWindow::buildToolBar() {
+    toolBar_ = addToolBar("Toolbar");
+    toolBar_->setObjectName("tbrToolBar");
+    toolBar_->setMovable(false);
+    toolBar_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    toolBar_->installEventFilter(this);
+    addButton("tbrOpen", "Open", mnuFilOpen_Click);
+    addButton("tbrClose", "Close", mnuFilClose_Click);
+    addButton("tbrPrint", "Print", nothing);
+    addButton("tbrPrintOptions", "Print Options", nothing);
+    addButton("tbrDisplayOptions", "Display Options", nothing);
+    addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
+    addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });
+    addButton("tbrPrintThisProcedure", "Print This Procedure", nothing);
+    cboProc_ = new QComboBox(toolBar_);
+    cboProc_->setObjectName("cboProc");
+    cboProc_->setMinimumContentsLength(16);
+    cboProc_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    cboProc_->setMaxVisibleItems(24);
+    actions_["tbrProcedures"] = toolBar_->addWidget(cboProc_);
+    connect(cboProc_, &QComboBox::activated, this, &HlydWindow::onProcChosen);
+    addButton("tbrPriorFile", "Prior File", [] { mnuViewFile_Click(1); });
+    addButton("tbrNextFile", "Next File", [] { mnuViewFile_Click(0); });
+    addButton("tbrHelp", "Help", nothing);
+}
+
+void HlydWindow::buildPopupMenu() {
+    popupMenu_ = new QMenu("PopupMenu", this);
+    popupMenu_->setObjectName("mnuPopupMenu");
+    auto item = [this](const QString& caption, const std::string& follows) {
+        QAction* source = action(follows);
+        QAction* popupItem = popupMenu_->addAction(caption);
+        connect(popupItem, &QAction::triggered, source, &QAction::trigger);
+        popupItems_.emplace_back(popupItem, follows);
+    };
+    item("Open", "mnuFilOpen");
+    item("Close ", "mnuFilClose");
+    popupMenu_->addSeparator();
+    item("Print", "mnuFilPrint");
+    item("Display Options", "mnuOptionsDisplay");
+    popupMenu_->addSeparator();
+    item("Next Procedure", "mnuViewProc0");
+    item("Prior Procedure", "mnuViewProc1");
+    item("Next File", "mnuViewFile0");
+    item("Prior File", "mnuViewFile1");
+    popupMenu_->addSeparator();
+    item("Project Window", "mnuWinProjectWindow");
+    popupMenu_->addSeparator();
+    item("Close Halyard", "mnuFilExit");
+}
+
+}  // namespace hlyd

@@ -1,0 +1,63 @@
+#include "dialogs/pic_show.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace hlyd {
+
+int classicKeyCode(int qtKey) {
+    switch (qtKey) {
+        case Qt::Key_PageUp: return 33;
+        case Qt::Key_PageDown: return 34;
+        case Qt::Key_End: return 35;
+        case Qt::Key_Home: return 36;
+        case Qt::Key_Left: return 37;
+        case Qt::Key_Up: return 38;
+        case Qt::Key_Right: return 39;
+        case Qt::Key_Down: return 40;
+        default: return 0;
+    }
+}
+
+int classicShift(Qt::KeyboardModifiers modifiers) {
+    int shift = 0;
+    if (modifiers & Qt::ShiftModifier) shift |= 1;
+    if (modifiers & Qt::ControlModifier) shift |= 2;
+    if (modifiers & Qt::AltModifier) shift |= 4;
+    return shift;
+}
+
+PicShow::PicShow(QWidget* parent) : QWidget(parent) {
+    setObjectName("picShow");
+    setFocusPolicy(Qt::StrongFocus);
+    // The picture covers every pixel, so nothing needs erasing first.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PicShow::setPicture(const QImage& image) {
+    picture_ = image;
+    update();
+}
+
+void PicShow::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().base());
+    if (!picture_.isNull()) painter.drawImage(QPoint(0, 0), picture_);
+}
+
+void PicShow::keyPressEvent(QKeyEvent* event) {
+    int code = classicKeyCode(event->key());
+    if (code == 0) return QWidget::keyPressEvent(event);
+    emit keyDown(code, classicShift(event->modifiers()));
+    event->accept();
+}
+
+void PicShow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    emit resized(size());
+}
+
+void PicShow::contextMenuEvent(QContextMenuEvent* event) { emit contextMenuAsked(event->globalPos()); }
+
+}  // namespace hlyd

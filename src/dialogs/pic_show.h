@@ -1,0 +1,37 @@
+#pragma once
+// The visible picture of the view (picShow): it shows the last finished image of the hidden
+// picture, holds the focus and passes the keys on as the classic key codes.
+#include <QImage>
+#include <QWidget>
+
+namespace hlyd {
+
+class PicShow : public QWidget {
+    Q_OBJECT
+public:
+    explicit PicShow(QWidget* parent = nullptr);
+    // The finished image becomes the picture in one step.
+    void setPicture(const QImage& image);
+    const QImage& picture() const { return picture_; }
+
+signals:
+    void keyDown(int keyCode, int shift);
+    void resized(QSize pixels);
+    void contextMenuAsked(QPoint globalPos);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    QImage picture_;
+};
+
+// The classic code of a key (33 Page Up ... 40 Down), 0 for keys the view does not take.
+int classicKeyCode(int qtKey);
+// The classic shift state: 1 Shift, 2 Ctrl, 4 Alt.
+int classicShift(Qt::KeyboardModifiers modifiers);
+
+}  // namespace hlyd

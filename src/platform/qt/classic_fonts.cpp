@@ -1,0 +1,86 @@
+#include "platform/qt/classic_fonts.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QHash>
+
+namespace hlyd {
+
+namespace {
+
+const QStringList kMonoStandIns{"Liberation Mono", "Cousine", "Nimbus Mono PS", "Nimbus Mono L", "DejaVu Sans Mono"};
+const QStringList kSansStandIns{"Liberation Sans", "Arimo", "Nimbus Sans", "Nimbus Sans L", "DejaVu Sans"};
+const QStringList kSerifStandIns{"Liberation Serif", "Tinos", "Nimbus Roman", "Nimbus Roman No9 L", "DejaVu Serif"};
+
+struct ClassicName {
+    const char* name;
+    const QStringList* standIns;
+};
+
+// The names that settings from the classic desktop carry, spelled as that desktop reads them back.
+const ClassicName kClassicNames[] = {
+    {"Courier New", &kMonoStandIns},     {"Courier", &kMonoStandIns},
+    {"Lucida Console", &kMonoStandIns},  {"Consolas", &kMonoStandIns},
+    {"Fixedsys", &kMonoStandIns},        {"Terminal", &kMonoStandIns},
+    {"Arial", &kSansStandIns},           {"Helvetica", &kSansStandIns},
+    {"MS Sans Serif", &kSansStandIns},   {"Microsoft Sans Serif", &kSansStandIns},
+    {"MS Shell Dlg", &kSansStandIns},    {"MS Shell Dlg 2", &kSansStandIns},
+    {"Tahoma", &kSansStandIns},          {"Verdana", &kSansStandIns},
+    {"Segoe UI", &kSansStandIns},        {"System", &kSansStandIns},
+    {"Times New Roman", &kSerifStandIns}, {"Times", &kSerifStandIns},
+    {"MS Serif", &kSerifStandIns},       {"Georgia", &kSerifStandIns},
+};
+
+// Installed families by lower-cased name, read once: the database is slow to ask per token.
+const QHash<QString, QString>& installedFamilies() {
+    static const QHash<QString, QString> families = [] {
+        QHash<QString, QString> byKey;
+        for (const QString& family : QFontDatabase::families()) byKey.insert(family.toLower(), family);
+        return byKey;
+    }();
+    return families;
+}
+
+QString installedSpelling(const QString& name) { return installedFamilies().value(name.toLower()); }
+
+const ClassicName* classicName(const QString& requested) {
+    for (const ClassicName& c : kClassicNames)
+        if (requested.compare(QLatin1String(c.name), Qt::CaseInsensitive) == 0) return &c;
+    return nullptr;
+}
+
+}  // namespace
+
+QString lastResortFamily() {
+    static const QString family = [] {
+        QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        QString resolved = QFontInfo(fixed).family();
+        if (!installedSpelling(resolved).isEmpty()) return installedSpelling(resolved);
+        for (const QString& standIn : kMonoStandIns)
+            if (!installedSpelling(standIn).isEmpty()) return installedSpelling(standIn);
+        return resolved;
+    }();
+    return family;
+}
+
+QStringList deviceFamilies() {
+    QStringList families{lastResortFamily()};
+    for (const QString& family : QFontDatabase::families())
+        if (family != families.front()) families.append(family);
+    return families;
+}
+
+ResolvedFamily resolveFamily(const QString& requested) {
+    QString installed = installedSpelling(requested);
+    if (!installed.isEmpty()) return {installed, installed};
+    if (const ClassicName* classic = classicName(requested)) {
+        for (const QString& standIn : *classic->standIns) {
+            QString found = installedSpelling(standIn);
+            if (!found.isEmpty()) return {found, QString::fromLatin1(classic->name)};
+        }
+    }
+    QString fallback = lastResortFamily();
+    return {fallback, fallback};
+}
+
+}  // namespace hlyd

@@ -1,0 +1,22 @@
+#pragma once
+// Font names written on another system ("Courier New", "Arial", "MS Sans Serif") and the
+// families installed here. A classic name counts as available when a metric-compatible family
+// stands in for it, and then reads back as asked; any other name that is not installed falls to
+// the system's fixed-pitch font and reads back as that family.
+#include <QString>
+#include <QStringList>
+
+namespace hlyd {
+
+struct ResolvedFamily {
+    QString family;    // what Qt draws with
+    QString readBack;  // what the surface's font name reads
+};
+
+ResolvedFamily resolveFamily(const QString& requested);
+// The font of last resort: the installed family behind the system's fixed-pitch font.
+QString lastResortFamily();
+// The installed families, the font of last resort first.
+QStringList deviceFamilies();
+
+}  // namespace hlyd

@@ -1,0 +1,115 @@
+#include "platform/qt/qt_application.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <memory>
+
+#include "dialogs/frm_splash.h"
+#include "dialogs/hlyd_window.h"
+#include "platform/qt/image_surface.h"
+#include "platform/qt/qt_ui.h"
+#include "platform/qt/screen_metrics.h"
+#include "platform/surface.h"
+#include "settings/settings_store.h"
+#include "shell/app_start.h"
+#include "shell/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+
+struct WindowedForms {
+    std::unique_ptr<FrmSplash> splash;
+    std::unique_ptr<HlydWindow> window;
+};
+
+WindowedForms forms;
+
+void showWindowAsSaved(HlydWindow& window) {
+    switch (hlydSettings().WindowState) {
+        case 1: window.showMinimized(); break;
+        case 2: window.showMaximized(); break;
+        default: window.show(); break;
+    }
+    window.raise();
+    window.activateWindow();
+}
+
+QtUi* qtUiInForce() { return dynamic_cast<QtUi*>(&theUi()); }
+
+void installHooks() {
+    WindowedRun& run = windowedRun();
+    run.showSplash = [](const std::string& user, const std::string& company) {
+        forms.splash = std::make_unique<FrmSplash>(user, company);
+        forms.splash->showCentred();
+    };
+    run.raiseSplash = [] {
+        if (forms.splash) forms.splash->raise();
+    };
+    run.closeSplash = [] { forms.splash.reset(); };
+    run.loadMainWindow = [] {
+        forms.window = std::make_unique<HlydWindow>();
+        setDisplaySurface(&forms.window->picDisplay());
+        if (QtUi* ui = qtUiInForce()) {
+            ui->setParentWindow(forms.window.get());
+            ui->beforeEvents = [w = forms.window.get()] {
+                w->lblRecord()->setText(QString::fromUtf8(mainWindow().lblRecord.c_str()));
+                w->lblStatus()->setText(QString::fromUtf8(mainWindow().lblStatus.c_str()));
+            };
+        }
+        forms.window->restoreFromSettings();
+    };
+    run.showMainWindow = [] {
+        if (!forms.window) return;
+        if (!forms.window->isVisible()) showWindowAsSaved(*forms.window);
+        else forms.window->raise();
+        forms.window->refreshFromModel();
+    };
+    run.hideMainWindow = [] {
+        if (forms.window) forms.window->hide();
+    };
+    run.storeWindowState = [] {
+        if (forms.window) forms.window->storeIntoSettings();
+    };
+    run.unloadForms = [] {
+        forms.splash.reset();
+        if (forms.window) forms.window->hide();
+        QApplication::quit();
+    };
+}
+
+}  // namespace
+
+void installWindowedRun() { installHooks(); }
+
+// Nothing of the window layer may outlive the application object.
+void uninstallWindowedRun() {
+    windowedRun() = WindowedRun{};
+    setDisplaySurface(nullptr);
+    resetMainWindow();
+    if (QtUi* ui = qtUiInForce()) {
+        ui->beforeEvents = nullptr;
+        ui->setParentWindow(nullptr);
+    }
+    forms.window.reset();
+    forms.splash.reset();
+}
+
+HlydWindow* windowedMainWindow() { return forms.window.get(); }
+
+int runWindowed(int& argc, char** argv, const std::string& commandLine) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("Halyard");
+    QSize screen = screenSizeTwips();
+    setScreenSizeTwips(screen.width(), screen.height());
+    QtUi ui;
+    setUi(&ui);
+    installWindowedRun();
+    int rc = Main(commandLine);
+    if (rc == 0 && !hlydMain().ApplicationEnding) rc = app.exec();
+    uninstallWindowedRun();
+    setUi(nullptr);
+    return rc;
+}
+
+}  // namespace hlyd

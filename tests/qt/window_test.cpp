@@ -1,0 +1,238 @@
+// The main window end to end, offscreen: the Open command shows a file, the keys and the
+// procedure list move the view, a resize draws again, and a windowed start comes up with the
+// Open dialog.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "analysis/basiclan_state.h"
+#include "analysis/keywords.h"
+#include "dialogs/frm_splash.h"
+#include "dialogs/hlyd_window.h"
+#include "dialogs/pic_show.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "display/viewing.h"
+#include "files/file_table.h"
+#include "files/project_file.h"
+#include "platform/qt/image_surface.h"
+#include "platform/qt/qt_application.h"
+#include "settings/settings_store.h"
+#include "shell/app_start.h"
+#include "shell/main_window_model.h"
+#include "shell/window_commands.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+const std::string kSampleModule = std::string(HLYD_SOURCE_DIR) + "/examples/Sample/Sample.bas";
+
+class OpenDialogUi : public test::ScriptedUi {
+public:
+    std::optional<std::vector<std::string>> openFileDialog(const FileDialogRequest& request) override {
+        requests.push_back(request);
+        return answer;
+    }
+    std::optional<std::vector<std::string>> answer;
+    std::vector<FileDialogRequest> requests;
+};
+
+void resetRun() {
+    resetFileTable();
+    resetProjectFiles();
+    resetMainWindow();
+    resetEmitterState();
+    resetViewingState();
+    resetLayoutMetrics();
+}
+
+// The picture shows something besides its background.
+bool hasDrawing(const QImage& picture) {
+    QRgb background = picture.pixel(picture.width() - 1, picture.height() - 1);
+    for (int y = 0; y < picture.height(); y += 2)
+        for (int x = 0; x < picture.width(); x += 2)
+            if (picture.pixel(x, y) != background) return true;
+    return false;
+}
+
+class WindowTest : public test::ConfigDirTest {
+protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        resetBasiclan();
+        BabInitFrom(test::keywordFilePath());
+        resetRun();
+        loadSettingsAtStartup();
+        setUi(&dialogUi);
+        window = std::make_unique<HlydWindow>();
+        setDisplaySurface(&window->picDisplay());
+        HlydDAValidateFonts();
+        sbSetToolBar();
+        window->resize(900, 600);
+        window->show();
+        QApplication::processEvents();
+        window->refreshFromModel();
+    }
+    void TearDown() override {
+        setDisplaySurface(nullptr);
+        window.reset();
+        resetRun();
+        ConfigDirTest::TearDown();
+    }
+
+    void open(const std::string& path) {
+        dialogUi.answer = std::vector<std::string>{path};
+        window->action("mnuFilOpen")->trigger();
+        QApplication::processEvents();
+    }
+    std::int32_t first() const { return emitterState().FirstRecord; }
+    QString recordLabel() const { return window->lblRecord()->text(); }
+
+    OpenDialogUi dialogUi;
+    std::unique_ptr<HlydWindow> window;
+};
+
+TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
+    EXPECT_FALSE(window->action("mnuFilClose")->isEnabled());
+    open(kSampleModule);
+    ASSERT_EQ(dialogUi.requests.size(), 1u);
+    EXPECT_EQ(dialogUi.requests[0].title, "File(s) to Process");
+    EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
+    EXPECT_EQ(recordLabel(), "Line: 1");
+    EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
+    EXPECT_EQ(window->picShow()->picture().size(), window->picShow()->size());
+    const SortedListModel& procs = mainWindow().cboProc;
+    ASSERT_GT(procs.ListCount(), 1);
+    ASSERT_EQ(window->cboProc()->count(), procs.ListCount());
+    for (int i = 0; i < procs.ListCount(); ++i) EXPECT_EQ(window->cboProc()->itemText(i).toStdString(), procs.List(i));
+    EXPECT_TRUE(window->action("mnuFilClose")->isEnabled());
+    EXPECT_EQ(window->action("tbrClose")->toolTip(), "Close this file");
+}
+
+TEST_F(WindowTest, KeysInTheViewScroll) {
+    window->resize(900, 320);  // several pages of the sample
+    QApplication::processEvents();
+    open(kSampleModule);
+    std::int32_t start = first();
+    QTest::keyClick(window->picShow(), Qt::Key_PageDown);
+    std::int32_t paged = first();
+    EXPECT_GT(paged, start + 1);
+    EXPECT_EQ(recordLabel(), QString("Line: %1").arg(paged));
+    EXPECT_EQ(window->vsbDisplay()->value(), mainWindow().vsbDisplay.Value);
+    QTest::keyClick(window->picShow(), Qt::Key_Up);
+    EXPECT_EQ(first(), paged - 1);
+    QTest::keyClick(window->picShow(), Qt::Key_End);
+    EXPECT_EQ(window->vsbDisplay()->value(), window->vsbDisplay()->maximum());
+    QTest::keyClick(window->picShow(), Qt::Key_Home);
+    EXPECT_EQ(first(), start);
+}
+
+TEST_F(WindowTest, TheProcedureListJumpsToTheProcedure) {
+    open(kSampleModule);
+    int index = window->cboProc()->findText("Fill");
+    ASSERT_GE(index, 0);
+    emit window->cboProc()->activated(index);
+    const ProcEntry* fill = nullptr;
+    for (const ProcEntry& p : yProc())
+        if (p.Name == "Fill") fill = &p;
+    ASSERT_NE(fill, nullptr);
+    EXPECT_EQ(first(), fill->FirstRecord);
+    EXPECT_EQ(recordLabel(), QString("Line: %1").arg(fill->FirstRecord));
+    EXPECT_EQ(window->cboProc()->currentIndex(), index);
+}
+
+TEST_F(WindowTest, AResizeDrawsTheViewAgain) {
+    open(kSampleModule);
+    std::int32_t lastBefore = emitterState().LastRecord;
+    window->resize(900, 900);
+    QApplication::processEvents();
+    ImageSurface& picDisplay = window->picDisplay();
+    EXPECT_EQ(picDisplay.sizePixels(), window->picShow()->size());
+    EXPECT_EQ(emitterState().ViewHeight, window->picShow()->height() * picDisplay.twipsPerPixelY());
+    EXPECT_GT(emitterState().LastRecord, lastBefore);
+}
+
+TEST_F(WindowTest, CaptionsAndTipsAreTheClassicOnes) {
+    EXPECT_EQ(window->action("mnuViewProc1")->text(), "Prior Procecdure");
+    EXPECT_EQ(window->action("mnuFilCloseAll")->text(), "Close &All");
+    EXPECT_EQ(window->action("tbrOpen")->toolTip(), "Open a file or project for processing");
+    EXPECT_EQ(window->action("tbrClose")->toolTip(), "Not available unless a file is open");
+    EXPECT_FALSE(window->action("mnuFilPrint")->isEnabled());
+    window->action("mnuViewStatus")->trigger();
+    EXPECT_FALSE(window->lblRecord()->isVisible());
+    EXPECT_FALSE(window->action("mnuViewStatus")->isChecked());
+}
+
+TEST_F(WindowTest, ABinaryFileIsRefusedAndTheWindowStaysUsable) {
+    std::string binary = test::writeTempFile("Binary.bas", std::string("\x00\x01\x02\xff\xfe", 5) + std::string(600, '\0'));
+    open(binary);
+    EXPECT_FALSE(dialogUi.shown.empty());
+    open(kSampleModule);
+    EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
+    EXPECT_EQ(recordLabel(), "Line: 1");
+}
+
+TEST(Splash, ShowsUserAndCompany) {
+    FrmSplash splash("Ada Lovelace", "Analytical Engines Ltd");
+    EXPECT_EQ(splash.findChild<QLabel*>("lblUser")->text(), "Ada Lovelace");
+    EXPECT_EQ(splash.findChild<QLabel*>("lblCompany")->text(), "Analytical Engines Ltd");
+}
+
+class WindowedStartTest : public test::ConfigDirTest {
+protected:
+    void TearDown() override {
+        uninstallWindowedRun();
+        resetRun();
+        resetHlydMain();
+        ConfigDirTest::TearDown();
+    }
+    OpenDialogUi dialogUi;
+};
+
+TEST_F(WindowedStartTest, TheWindowComesUpWithTheOpenDialog) {
+    setUi(&dialogUi);
+    resetHlydMain();
+    installWindowedRun();
+    EXPECT_EQ(Main("/idemode"), 0);
+    ASSERT_NE(windowedMainWindow(), nullptr);
+    EXPECT_TRUE(windowedMainWindow()->isVisible());
+    EXPECT_EQ(dialogUi.requests.size(), 1u);
+    EXPECT_EQ(displaySurface(), &windowedMainWindow()->picDisplay());
+}
+
+TEST_F(WindowedStartTest, ClosingTheWindowKeepsItsPlaceInTheSettings) {
+    setUi(&dialogUi);
+    resetHlydMain();
+    installWindowedRun();
+    ASSERT_EQ(Main("/idemode"), 0);
+    HlydWindow* window = windowedMainWindow();
+    window->setGeometry(40, 60, 700, 500);
+    window->close();
+    int tpp = window->picDisplay().twipsPerPixelX();
+    std::array<std::int32_t, 4> expected{40 * tpp, 60 * tpp, 700 * tpp, 500 * tpp};
+    EXPECT_EQ(hlydSettings().Screen, expected);
+    std::ifstream ini(dir + "/HLYD.INI");
+    std::string text((std::istreambuf_iterator<char>(ini)), std::istreambuf_iterator<char>());
+    EXPECT_NE(text.find("Screen=" + std::to_string(expected[0]) + " " + std::to_string(expected[1])), std::string::npos);
+}
+
+TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {
+    std::ofstream(dir + "/HLYD.INI") << "[General]\nShowOpenDialog=No\n";
+    setUi(&dialogUi);
+    resetHlydMain();
+    installWindowedRun();
+    EXPECT_EQ(Main("/idemode"), 0);
+    EXPECT_TRUE(dialogUi.requests.empty());
+}
+
+}  // namespace
+}  // namespace hlyd

@@ -1,0 +1,50 @@
+// hlyd-render --view FILE [--width PX] [--height PX] [--first N] --out FILE.png
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "shell/app_info.h"
+#include "view_render.h"
+
+namespace {
+
+int usage() {
+    std::cerr << "usage: hlyd-render --view FILE [--width PX] [--height PX] [--first N] --out FILE.png\n";
+    return 2;
+}
+
+bool readNumber(const char* text, long low, long high, long& value) {
+    char* end = nullptr;
+    value = std::strtol(text, &end, 10);
+    return end && *end == '\0' && end != text && value >= low && value <= high;
+}
+
+bool parse(int argc, char** argv, hlyd::RenderRequest& request) {
+    for (int i = 1; i < argc; ++i) {
+        std::string option = argv[i];
+        if (i + 1 >= argc) return false;
+        const char* value = argv[++i];
+        long number = 0;
+        if (option == "--view") request.file = value;
+        else if (option == "--out") request.out = value;
+        else if (option == "--width" && readNumber(value, 16, 16384, number)) request.width = static_cast<int>(number);
+        else if (option == "--height" && readNumber(value, 16, 16384, number)) request.height = static_cast<int>(number);
+        else if (option == "--first" && readNumber(value, -1, 2147483647L, number) && number != 0)
+            request.first = static_cast<std::int32_t>(number);
+        else return false;
+    }
+    return !request.file.empty() && !request.out.empty();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
+    hlyd::RenderRequest request;
+    if (!parse(argc, argv, request)) return usage();
+    // Rendering needs no display; the offscreen platform stands in unless one is asked for.
+    if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    QApplication app(argc, argv);
+    return hlyd::renderView(request, std::cout, std::cerr);
+}

@@ -1,0 +1,108 @@
+#include "view_render.h"
+
+#include <filesystem>
+#include <ostream>
+
+#include "analysis/basiclan.h"
+#include "dialogs/view_hooks.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "files/file_selection.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/project_listing.h"
+#include "platform/console_ui.h"
+#include "platform/qt/image_surface.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/screen_metrics.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
+#include "shell/c_debug.h"
+#include "shell/hlyd_error.h"
+#include "shell/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+
+std::string jsonText(const std::string& text) {
+    std::string quoted = "\"";
+    for (char c : text) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        if (static_cast<unsigned char>(c) < 0x20) continue;
+        quoted += c;
+    }
+    return quoted + "\"";
+}
+
+bool loadKeywords(std::ostream& err) {
+    try {
+        BabInit();
+    } catch (const HlydError& e) {
+        err << "hlyd-render: keyword data: " << e.Description << '\n';
+        return false;
+    }
+    return theDebug().BabStatus != -7;
+}
+
+// As the Open command does it: a project or group is read with its members, a source file
+// joins the table; then the one after wCurrentFile is shown.
+void openAsTheWindowDoes(const std::string& file) {
+    if (fblnValidFileExtension(file, "P")) {
+        PFParseFile({cFileDesc{file, kFileProject, true, 0, 0}});
+        FileTableModule& files = fileTable();
+        if (files.oFile.Count() == 0) return;
+        HlydFLProcessSelectedFile(1);
+        return;
+    }
+    oFile().Add(cFileDesc{file, kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+}
+
+void report(const RenderRequest& request, std::ostream& out) {
+    const EmitterState& view = emitterState();
+    const MainWindowModel& w = mainWindow();
+    out << "{\"type\":\"render\",\"out\":" << jsonText(request.out) << ",\"width\":" << request.width
+        << ",\"height\":" << request.height << ",\"FirstRecord\":" << view.FirstRecord
+        << ",\"LastRecord\":" << view.LastRecord << ",\"lblRecord\":" << jsonText(w.lblRecord)
+        << ",\"Caption\":" << jsonText(w.Caption) << ",\"Min\":" << w.vsbDisplay.Min << ",\"Max\":" << w.vsbDisplay.Max
+        << ",\"Value\":" << w.vsbDisplay.Value << "}\n";
+}
+
+}  // namespace
+
+int renderView(const RenderRequest& request, std::ostream& out, std::ostream& err) {
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(request.file, ec)) {
+        err << "hlyd-render: cannot open " << request.file << '\n';
+        return 2;
+    }
+    QSize screen = screenSizeTwips();
+    setScreenSizeTwips(screen.width(), screen.height());
+    queryLocaleSeparators();
+    loadSettingsAtStartup();
+    if (!loadKeywords(err)) return 2;
+    ConsoleUi ui;
+    setUi(&ui);
+    ImageSurface picDisplay(QSize(request.width, request.height));
+    setDisplaySurface(&picDisplay);
+    installViewHooks();
+    HlydDAValidateFonts();
+    emitterState().ViewHeight = request.height * picDisplay.twipsPerPixelY();
+    openAsTheWindowDoes(request.file);
+    if (request.first != 1) {
+        std::int32_t record = request.first;
+        HlydDSEmitRequestedData(record);
+    }
+    bool saved = picDisplay.image().save(fromLocalPath(request.out), "PNG");
+    setDisplaySurface(nullptr);
+    setUi(nullptr);
+    if (!saved) {
+        err << "hlyd-render: cannot write " << request.out << '\n';
+        return 3;
+    }
+    report(request, out);
+    return 0;
+}
+
+}  // namespace hlyd
