@@ -180,8 +180,9 @@ void ScreenEmission::emitSource() {
         ++counter;
         HlydCFGetRecord(counter, mainWindow().lblRecord);
         counter = std::clamp(counter, 1, std::max(1, t.Records.UBound()));
-        lastFetched_ = counter;
+        // A record past those read so far is not the end of the file, only the end of this pass.
         if (counter > t.RecordCount) break;
+        lastFetched_ = counter;
         if (shown(counter)) {
             pos_.Left = f_.ConnectControls ? 2 * layoutMetrics().ConnectorSize[kDisplay] : 0;
             if (firstEmitted_ == 0) {

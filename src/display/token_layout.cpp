@@ -7,6 +7,7 @@
 #include "platform/surface.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
+#include "shell/hlyd_error.h"
 
 namespace hlyd {
 
@@ -14,6 +15,11 @@ namespace {
 
 const FormatRecord& formatOf(int dest) { return displayAttributes().Format[dest]; }
 AttributeRecord& attributesOf(int element, int dest) { return displayAttributes().Elements[element].slot[dest]; }
+
+// Slot 0 of the two-slot tables exists but is never filled: reading it would lay out with zeros.
+void checkDestination(int dest, const char* source) {
+    if (dest != kDisplay && dest != kPrint) raiseRuntime(9, source);
+}
 
 bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
 
@@ -193,12 +199,14 @@ std::int32_t RecordPainter::run() {
 }  // namespace
 
 void HlydTKApplyIndent(const Token& token, std::int16_t level, float& indent, std::string& text, int dest) {
+    checkDestination(dest, "HlydTKApplyIndent");
     indent = static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest) * level;
     text = token.Text;
 }
 
 void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, int dest,
                              std::int32_t firstToken, std::int32_t lastToken) {
+    checkDestination(dest, "HlydTKGetMaxTokenHeight");
     float ceiling = layoutMetrics().MaxFontHeight.at(dest);
     auto heightOf = [&](std::int32_t token) {
         int e = token < static_cast<std::int32_t>(elements.size()) ? elements[token] : 0;

@@ -73,7 +73,8 @@ void HlydFLProcessSelectedFile(std::int16_t wWhich) {
     if (f.wCurrentFile < 1) f.wCurrentFile = 1;
     bool source = f.oFile.Count() >= f.wCurrentFile && f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
     if (source) fillProcedureList();
-    w.vsbDisplay = ScrollBarModel{};
+    // A new file's view starts at its first record; the emitter sets the range from there.
+    w.vsbDisplay = ScrollBarModel{1, 1, 1, 1, 1};
     if (source) w.emitRequestedData();
     else w.showProject();
     theUi().setBusy(false);

@@ -1,0 +1,230 @@
+// The record layout rule on a surface of fixed metrics, coordinates exact: indentation, one line
+// height for mixed fonts, wraps with and without the continuation mark, tokens too wide for a line.
+#include <tuple>
+
+#include "display/connectors.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "display/token_layout.h"
+#include "fake_surface.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "settings/settings_store.h"
+#include "shell/hlyd_error.h"
+#include "shell/main_window_model.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+using Print = std::tuple<std::string, float, float>;  // text, x, y
+
+// With the default settings every element is the fake's 100 x 200 font, so that
+// WhiteSpaceSize = 600 / 7 = 85, IndentSize 85 (one level of 4 columns: 340), ContinueSize 200.
+class TokenLayoutTest : public test::ConfigDirTest {
+protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        resetBasiclan();
+        BabInitFrom(test::keywordFilePath());
+        resetFileTable(); resetMainWindow(); resetEmitterState(); resetConnectorStack(); resetLayoutMetrics();
+        loadSettingsAtStartup();
+        setDisplaySurface(&surface);
+        HlydDAValidateFonts();
+    }
+    void TearDown() override {
+        setDisplaySurface(nullptr);
+        ConfigDirTest::TearDown();
+    }
+
+    void load(const std::string& text) {
+        oFile().Add({test::writeTempFile("layout.bas", text), kFileSource, false, 0, 0});
+        HlydFLProcessSelectedFile(1);
+    }
+    FormatRecord& format() { return displayAttributes().Format[kDisplay]; }
+    AttributeRecord& element(int e) { return displayAttributes().Elements[e].slot[kDisplay]; }
+
+    // Lays out one record between `left` and `right` from `top`; the prints land in `printed`.
+    std::int32_t lay(std::int32_t record, float right, float top = 0, float left = 0) {
+        surface.calls.clear();
+        pos = AreaRecord{};
+        pos.Left = left;
+        pos.Top = top;
+        pos.Right = pos.Width = right;
+        std::int32_t wraps = layoutRecord(kDisplay, record, pos, RecordLayoutHooks{});
+        printed.clear();
+        for (const auto& c : surface.callsOf("print")) printed.emplace_back(c.text, c.x1, c.y1);
+        return wraps;
+    }
+
+    test::FakeSurface surface;
+    AreaRecord pos;
+    std::vector<Print> printed;
+};
+
+TEST_F(TokenLayoutTest, SplitFallsWhereTheWidthRunsOut) {
+    std::vector<std::string> pieces;
+    HlydTKSplitForOutput("ABCDEFGHIJ", pieces, 300, kDisplay);
+    EXPECT_EQ(pieces, (std::vector<std::string>{"ABC", "DEF", "GHI", "J"}));
+    HlydTKSplitForOutput("ABC", pieces, 300, kDisplay);  // exactly as wide: still whole
+    EXPECT_EQ(pieces, (std::vector<std::string>{"ABC"}));
+    HlydTKSplitForOutput("ABCD", pieces, 250, kDisplay);  // the estimate of 2.5 settles on 2
+    EXPECT_EQ(pieces, (std::vector<std::string>{"AB", "CD"}));
+    for (float width : {0.0f, -40.0f}) {  // no room at all: one character a piece
+        HlydTKSplitForOutput("ABC", pieces, width, kDisplay);
+        EXPECT_EQ(pieces, (std::vector<std::string>{"A", "B", "C"})) << width;
+    }
+    HlydTKSplitForOutput("", pieces, 300, kDisplay);
+    EXPECT_EQ(pieces, (std::vector<std::string>{""}));
+}
+
+TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
+    Token token;
+    token.Text = "x";
+    float indent = 0;
+    std::string text;
+    layoutMetrics().IndentSize[kDisplay] = 100;
+    HlydTKApplyIndent(token, 3, indent, text, kDisplay);
+    EXPECT_EQ(indent, 1200);  // 4 columns x 100 x level 3
+    EXPECT_EQ(text, "x");
+    EXPECT_THROW(HlydTKApplyIndent(token, 1, indent, text, 0), HlydError);
+    EXPECT_THROW(HlydTKApplyIndent(token, 1, indent, text, 3), HlydError);
+
+    // The walk stops once the ceiling is reached, so a taller token behind it isn't seen.
+    element(kElemComments).Height = 150;
+    element(kElemIdentifiers).Height = 250;
+    element(kElemKeyWords).Height = 300;
+    layoutMetrics().MaxFontHeight[kDisplay] = 250;
+    std::vector<std::int32_t> elements{0, kElemComments, kElemIdentifiers, kElemKeyWords};
+    float height = 0;
+    HlydTKGetMaxTokenHeight(height, elements, kDisplay, 1, 3);
+    EXPECT_EQ(height, 250);
+    HlydTKGetMaxTokenHeight(height, elements, kDisplay, 1, 1);
+    EXPECT_EQ(height, 150);
+    EXPECT_THROW(HlydTKGetMaxTokenHeight(height, elements, 0, 1, 3), HlydError);
+}
+
+TEST_F(TokenLayoutTest, MixedFontsStandOnOneBase) {
+    // Literals in a font 150 wide and 300 high: WhiteSpaceSize = (5 x 100 + 150) / 7 = 92 and
+    // MaxFontHeight 300, so the line is 300 high and the 200-high tokens sit 100 lower.
+    surface.metricsByFont["Arial"] = {150, 300};
+    element(kElemLiterals).FontName = element(kElemLiterals).Font.Name = "Arial";
+    HlydDAValidateFonts();
+    ASSERT_EQ(layoutMetrics().WhiteSpaceSize[kDisplay], 92);
+    load("y = \"ab\" & z\nSub Foo()\nEnd Sub\n");
+
+    EXPECT_EQ(lay(1, 12000, 1000), 0);
+    // The gap in front of "&" is one blank of the literal's font on its left: 1000 + 150.
+    EXPECT_EQ(printed, (std::vector<Print>{{"y", 0, 1100}, {"=", 200, 1100}, {"\"ab\"", 400, 1000},
+                                           {"&", 1150, 1100}, {"z", 1350, 1100}}));
+    auto boxes = surface.callsOf("box");
+    ASSERT_EQ(boxes.size(), 5u);
+    EXPECT_EQ(std::tie(boxes[2].x1, boxes[2].y1, boxes[2].x2, boxes[2].y2), std::make_tuple(400.f, 1000.f, 1000.f, 1300.f));
+    EXPECT_EQ(boxes[2].colour, element(kElemLiterals).BackColor);
+    EXPECT_EQ(pos.Top, 1300);
+
+    // A procedure line is drawn wholly in the Procedures element, the keyword "Sub" included.
+    element(kElemProcedures).ForeColor = 0x123456;
+    lay(2, 12000);
+    ASSERT_EQ(printed.size(), 4u);
+    for (const auto& c : surface.callsOf("print")) EXPECT_EQ(c.colour, 0x123456u) << c.text;
+    EXPECT_EQ(pos.Top, 200);
+}
+
+TEST_F(TokenLayoutTest, WrapsWithAndWithoutTheContinuationMark) {
+    load("a = bb + cc\n");
+    format().ContinueHonor = 0;
+
+    // Marked: all but the last token must leave 200 for " _", so they end by 500. The mark
+    // stands at the pen, right behind the token before the wrap; wrapped lines start at 85.
+    format().ContinueGenerate = 1;
+    EXPECT_EQ(lay(1, 700), 2);
+    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"bb", 85, 200},
+                                           {"+", 385, 200}, {" _", 485, 200}, {"cc", 85, 400}}));
+    for (const auto& c : surface.callsOf("print")) {
+        if (c.text == " _") {
+            EXPECT_EQ(c.colour, element(kElemKeyWords).ForeColor);
+        }
+    }
+    EXPECT_EQ(pos.Top, 600);
+
+    // Unmarked: the full width for every token, no mark.
+    format().ContinueGenerate = 0;
+    EXPECT_EQ(lay(1, 700), 1);
+    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {"+", 85, 200}, {"cc", 285, 200}}));
+    EXPECT_EQ(pos.Top, 400);
+}
+
+TEST_F(TokenLayoutTest, SourceContinuationIsShownOnlyWhenHonoured) {
+    load("a = bb + _\n    cc\n");
+    format().ContinueGenerate = 0;
+    format().ContinueHonor = 1;
+    lay(1, 12000);
+    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {"+", 700, 0}, {" _", 800, 0}}));
+    // The continued line stands one WhiteSpaceSize in; its own four blanks are dropped.
+    lay(2, 12000, 200);
+    EXPECT_EQ(printed, (std::vector<Print>{{"cc", 85, 200}}));
+
+    format().ContinueHonor = 0;
+    lay(1, 12000);
+    EXPECT_EQ(printed.size(), 4u);
+    EXPECT_EQ(std::get<0>(printed.back()), "+");
+}
+
+TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
+    load("abcdefghijkl\n"
+         "x = abcdefghijkl\n"
+         "If a Then\nIf b Then\nIf c Then\n"
+         "abcdefghijkl\n"
+         "End If\nEnd If\nEnd If\n");
+    format().ContinueGenerate = 1;
+
+    // Alone on its line, it is split there without a mark or a line feed before the first piece.
+    // Pieces: 500 - (85 + 85) + 1 = 331 wide, three characters each, at XWrap + 85.
+    EXPECT_EQ(lay(1, 500), 3);
+    EXPECT_EQ(printed, (std::vector<Print>{{"abc", 85, 0}, {" _", 385, 0}, {"def", 85, 200}, {" _", 385, 200},
+                                           {"ghi", 85, 400}, {" _", 385, 400}, {"jkl", 85, 600}}));
+    EXPECT_EQ(pos.Top, 800);
+
+    // Behind another token: the first line ends with the mark, the pieces (800 - 170 + 1 = 631
+    // wide) follow at 85. Moving the token down isn't counted, the split is.
+    EXPECT_EQ(lay(2, 800), 1);
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"abcdef", 85, 200},
+                                           {" _", 685, 200}, {"ghijkl", 85, 400}}));
+
+    // At level 3 the text would start at 1020, beyond the right edge of 1000: the wrap falls
+    // back to the left edge, pieces 1000 - 85 + 1 = 916 wide.
+    ASSERT_EQ(theSourceTables().Records[6].Indent, 3);
+    EXPECT_EQ(lay(6, 1000), 1);
+    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefghi", 0, 0}, {" _", 900, 0}, {"jkl", 85, 200}}));
+}
+
+TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {
+    load("If a Then\n' a long comment standing alone\nabcdefghijklmnopqrstuvwxyzabcde\nEnd If\n");
+    format().ContinueGenerate = 0;
+    // Level 1: text at 340. The comment's pieces are 1500 - 425 + 1 = 1076 wide (10 characters);
+    // the first stays at 340, the following ones start one WhiteSpaceSize in.
+    EXPECT_EQ(lay(2, 1500), 3);
+    EXPECT_EQ(printed, (std::vector<Print>{{"' a long c", 340, 0}, {"omment sta", 425, 200},
+                                           {"nding alon", 425, 400}, {"e", 425, 600}}));
+    // Any other first token is pushed in at once, and split narrower: 1500 - 510 + 1 = 991.
+    lay(3, 1500);
+    EXPECT_EQ(printed[0], Print("abcdefghi", 425, 0));
+}
+
+TEST_F(TokenLayoutTest, IndentOffKeepsTheSourceBlanks) {
+    load("Attribute VB_Name = \"M\"\nIf a Then\n      y = 1\n\tEnd If\n");
+    format().Indent = 0;
+    lay(3, 12000);
+    EXPECT_EQ(printed[0], Print("y", 510, 0));  // six blanks of 85
+    lay(4, 12000);
+    EXPECT_EQ(printed[0], Print("End", 85, 0));  // a tab counts as one
+
+    format().SkipAttributes = 1;
+    EXPECT_EQ(lay(1, 12000, 400), -1);
+    EXPECT_TRUE(printed.empty());
+    EXPECT_EQ(pos.Top, 400);
+}
+
+}  // namespace
+}  // namespace hlyd
