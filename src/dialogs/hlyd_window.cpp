@@ -21,6 +21,7 @@
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
 #include "shell/app_start.h"
+#include "shell/error_report.h"
 #include "shell/main_window_model.h"
 #include "shell/window_commands.h"
 
@@ -117,8 +118,9 @@ void HlydWindow::presentView() {
     if (picShow_->isVisible() && isActiveWindow() && !isMinimized()) picShow_->setFocus();
 }
 
+// Every command ends in the common tail: an unexpected failure goes to the error report.
 void HlydWindow::runCommand(const std::function<void()>& command) {
-    command();
+    trapErrors("HLYD", command);
     refreshFromModel();
 }
 
@@ -129,7 +131,7 @@ void HlydWindow::runToolbarCommand(const std::function<void()>& command) {
     w.lblStatus = "Processing...";
     lblStatus_->setText(fromUtf8(w.lblStatus));
     lblStatus_->repaint();
-    command();
+    trapErrors("HLYD", command);
     if (w.lblStatus == "Processing...") w.lblStatus = "Ready";
     refreshFromModel();
 }

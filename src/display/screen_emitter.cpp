@@ -34,7 +34,7 @@ cProjectFile* currentProject(const cFileDesc& entry) {
 
 // One line of a project listing; heading lines (starting with a blank) get a background from
 // the very left.
-std::int32_t emitProjectRecord(Surface& s, const std::string& text, AreaRecord& pos) {
+std::int32_t EmitProjectRecord(Surface& s, const std::string& text, AreaRecord& pos) {
     AttributeRecord& a = screenAttributes(kElemProjectFile);
     std::int32_t wraps = 0;
     float x = pos.Left + kProjectIndent;
@@ -70,7 +70,7 @@ private:
     void emitProject(cProjectFile* project);
     void emitSource();
     bool shown(std::int32_t r) const;
-    void emitCodeRecord(std::int32_t r);
+    void EmitCodeRecord(std::int32_t r);
     void nothingShown();
     void scrollBarAndList();
     void sourceScrollRange();
@@ -135,7 +135,7 @@ void ScreenEmission::emitProject(cProjectFile* project) {
     if (counter >= projectLines_) counter = 0;
     while (project && counter < projectLines_ && pos_.Top <= pos_.Bottom) {
         ++counter;
-        emitProjectRecord(s_, project->line(counter).AsRecord, pos_);
+        EmitProjectRecord(s_, project->line(counter).AsRecord, pos_);
         if (firstEmitted_ == 0) firstEmitted_ = counter;
         lastEmitted_ = counter;
     }
@@ -149,7 +149,7 @@ bool ScreenEmission::shown(std::int32_t r) const {
     return formDefinition ? settings.ViewFormDef[kDisplay] : settings.ViewCode[kDisplay];
 }
 
-void ScreenEmission::emitCodeRecord(std::int32_t r) {
+void ScreenEmission::EmitCodeRecord(std::int32_t r) {
     RecordLayoutHooks hooks;
     const LayoutMetrics& m = layoutMetrics();
     hooks.separator = [&](const Statement& governing, const Record& rec, float xWrap, float& y) {
@@ -190,7 +190,7 @@ void ScreenEmission::emitSource() {
                 if (f_.ConnectControls)
                     HlydCLContinueBeforeTop(kDisplay, pos_, static_cast<std::int16_t>(t.Records[counter].Indent), 0);
             }
-            emitCodeRecord(counter);
+            EmitCodeRecord(counter);
             lastEmitted_ = counter;
             if (state.FirstShown == 0) state.FirstShown = counter;
         } else if (counter == 1) {

@@ -37,19 +37,6 @@ long secondsSinceMidnight(std::time_t t) {
     return tm.tm_hour * 3600L + tm.tm_min * 60L + tm.tm_sec;
 }
 
-// Unexpected failures end in the report, unless the debug switch lets them through.
-template <class Body>
-void trapped(const char* where, Body body) {
-    if (theDebug().DontTrapErrors) return body();
-    try {
-        body();
-    } catch (const HlydError& e) {
-        ERHandler(e.Number, e.Description, e.Source, where);
-    } catch (const std::exception& e) {
-        ERHandler(5, e.what(), "", where);
-    }
-}
-
 // The keyword file's own failures have told the user already; the run goes on without keywords,
 // or, when the file is missing, Main ends it.
 void initKeywords() {
@@ -158,7 +145,7 @@ HlydMainState& hlydMain() { return mainState; }
 void resetHlydMain() { mainState = HlydMainState{}; }
 
 void InitApp() {
-    trapped("InitApp", [] {
+    trapErrors("InitApp", [] {
         const cAppInfo& app = theAppInfo();
         theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
         queryLocaleSeparators();
@@ -178,7 +165,7 @@ void InitApp() {
 }
 
 void HLYDStart() {
-    trapped("HLYDStart", [] {
+    trapErrors("HLYDStart", [] {
         theDebug().setStatus(0, 0);
         InitApp();
         if (theDebug().BabStatus == -7) return;
@@ -189,7 +176,7 @@ void HLYDStart() {
 }
 
 void HLYDShow() {
-    trapped("HLYDShow", [] {
+    trapErrors("HLYDShow", [] {
         theDebug().setStatus(0, 0);
         if (windowHooks.active()) {
             if (mainState.StartMode != kStartCommandLineFile) windowHooks.showMainWindow();

@@ -10,6 +10,7 @@
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
+#include "shell/hlyd_error.h"
 #include "shell/text_format.h"
 
 namespace hlyd {
@@ -79,6 +80,17 @@ ErrorReport composeErrorReport(const ErrorReportInput& in) {
     t += "\nIf you cannot send e-mail, please write to " + app.SupportParty + " at " + app.SupportEndpoint +
          " with the text above, and tell us what you were doing when the problem came.\n";
     return r;
+}
+
+void trapErrors(const char* where, const std::function<void()>& body) {
+    if (theDebug().DontTrapErrors) return body();
+    try {
+        body();
+    } catch (const HlydError& e) {
+        ERHandler(e.Number, e.Description, e.Source, where);
+    } catch (const std::exception& e) {
+        ERHandler(5, e.what(), "", where);
+    }
 }
 
 void ERHandler(int number, const std::string& description, const std::string& source, const std::string& where) {

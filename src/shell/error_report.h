@@ -42,6 +42,10 @@ std::string systemVersionText();
 // The name of the current file, for the report; the file table installs it.
 void setCurrentFileNameSource(std::function<std::string()> source);
 
+// The common tail of a procedure: an unexpected failure of `body` goes to ERHandler with
+// `where`, unless the debug switch lets it through to the platform.
+void trapErrors(const char* where, const std::function<void()>& body);
+
 // Composes and shows the report, writes the log, and ends the program. Does not return.
 [[noreturn]] void ERHandler(int number, const std::string& description, const std::string& source,
                             const std::string& where);
