@@ -21,14 +21,10 @@ using Line = std::tuple<float, float, float, float>;  // x1, y1, x2, y2
 // Every line is 200 high, WhiteSpaceSize = ConnectorSize = 85. With connectors on the text starts
 // at 2 x 85 = 170, a level's column is level x 340 + 170 - 85, and the middle of a record whose
 // top is T lies at T + 200 - 200 / 2 = T + 100.
-class ConnectorsTest : public test::ConfigDirTest {
+class ConnectorsTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable(); resetMainWindow(); resetEmitterState(); resetConnectorStack(); resetLayoutMetrics();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         setDisplaySurface(&surface);
         HlydDAValidateFonts();
         format().ConnectControls = 1;
@@ -37,7 +33,7 @@ protected:
     }
     void TearDown() override {
         setDisplaySurface(nullptr);
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     void load(const std::string& text) {

@@ -74,17 +74,10 @@ const char* const kForm =
     "Public Sub Refresh()\n"
     "End Sub\n";
 
-class FileLoadingTest : public test::ConfigDirTest {
+class FileLoadingTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        resetNavigation();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         ui.shown.clear();
         dir_ = fs::path(dir) / "src";
         fs::create_directories(dir_);
@@ -95,7 +88,7 @@ protected:
     void TearDown() override {
         resetFileTable();
         resetMainWindow();
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     // Writes the file and appends it to the table; returns its position.

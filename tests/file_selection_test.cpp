@@ -47,16 +47,10 @@ public:
 
 const char* const kModule = "Attribute VB_Name = \"M\"\nOption Explicit\n\nSub Go()\nEnd Sub\n";
 
-class FileSelectionTest : public test::ConfigDirTest {
+class FileSelectionTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         setUi(&dialog);
         src_ = fs::path(dir) / "src";
         fs::create_directories(src_);
@@ -65,7 +59,7 @@ protected:
         resetFileTable();
         resetProjectFiles();
         resetMainWindow();
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     std::string write(const std::string& name, const std::string& text = kModule) {

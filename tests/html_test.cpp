@@ -28,10 +28,10 @@ std::string readAll(const fs::path& path) {
     return all.str();
 }
 
-class HtmlTest : public test::ConfigDirTest {
+class HtmlTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
+        ProgramTest::SetUp();
         const char* tz = std::getenv("TZ");
         oldTz_ = tz ? std::optional<std::string>(tz) : std::nullopt;
         setenv("TZ", "UTC", 1);
@@ -53,7 +53,7 @@ protected:
         if (oldTz_) setenv("TZ", oldTz_->c_str(), 1);
         else unsetenv("TZ");
         tzset();
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
     // The golden document with the directory of this run put in.
     std::string golden(const std::string& name) {

@@ -55,24 +55,17 @@ const char* const kSampleProject =
     "Startup=\"frmMain\"\n"
     "Name=\"Sample\"\n";
 
-class ProjectTest : public test::ConfigDirTest {
+class ProjectTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        resetNavigation();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         setUi(&chooser);
         dir_ = fs::path(dir) / "src";
     }
     void TearDown() override {
         resetFileTable();
         resetProjectFiles();
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     std::string write(const std::string& relative, const std::string& text) {

@@ -33,14 +33,10 @@ std::string numberedLines(int count) {
 }
 
 // Lines are 200 high; the view is 12000 x 8000, so 41 records fit (tops 0 to 8000).
-class ScreenEmitterTest : public test::ConfigDirTest {
+class ScreenEmitterTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable(); resetMainWindow(); resetEmitterState(); resetConnectorStack(); resetLayoutMetrics();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         setDisplaySurface(&surface);
         HlydDAValidateFonts();
         format().ConnectControls = 0;
@@ -48,7 +44,7 @@ protected:
     }
     void TearDown() override {
         setDisplaySurface(nullptr);
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     void load(const std::string& name, const std::string& text) {

@@ -6,7 +6,14 @@
 
 #include <unistd.h>
 
+#include "display/connectors.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "files/file_table.h"
+#include "files/navigation.h"
+#include "files/project_file.h"
 #include "settings/profile_file.h"
+#include "shell/main_window_model.h"
 #include "settings/settings_store.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
@@ -64,6 +71,20 @@ void ConfigDirTest::TearDown() {
     clearProfileCache();
     std::error_code ec;
     std::filesystem::remove_all(dir, ec);
+}
+
+void ProgramTest::SetUp() {
+    ConfigDirTest::SetUp();
+    resetBasiclan();
+    BabInitFrom(keywordFilePath());
+    resetFileTable();
+    resetProjectFiles();
+    resetMainWindow();
+    resetNavigation();
+    resetEmitterState();
+    resetConnectorStack();
+    resetLayoutMetrics();
+    loadSettingsAtStartup();
 }
 
 void AnalysisTest::SetUp() {

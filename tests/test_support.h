@@ -77,6 +77,13 @@ private:
     bool hadConfigDir_ = false;
 };
 
+// A run of the program without a window: a settings directory of its own, the keyword table,
+// every module's state fresh, and the settings read as start-up reads them.
+class ProgramTest : public ConfigDirTest {
+protected:
+    void SetUp() override;
+};
+
 std::string keywordFilePath();
 std::string writeTempFile(const std::string& name, const std::string& content);
 

@@ -21,20 +21,16 @@ using Print = std::tuple<std::string, float, float>;  // text, x, y
 
 // With the default settings every element is the fake's 100 x 200 font, so that
 // WhiteSpaceSize = 600 / 7 = 85, IndentSize 85 (one level of 4 columns: 340), ContinueSize 200.
-class TokenLayoutTest : public test::ConfigDirTest {
+class TokenLayoutTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable(); resetMainWindow(); resetEmitterState(); resetConnectorStack(); resetLayoutMetrics();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         setDisplaySurface(&surface);
         HlydDAValidateFonts();
     }
     void TearDown() override {
         setDisplaySurface(nullptr);
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     void load(const std::string& text) {

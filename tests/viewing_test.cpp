@@ -16,12 +16,10 @@ namespace hlyd {
 namespace {
 
 // Lines 200 high in a view 8000 high: 30 records a view as the emitter counts them (40 - 10).
-class ViewingTest : public test::ConfigDirTest {
+class ViewingTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
+        ProgramTest::SetUp();
         resetFileTable(); resetMainWindow(); resetEmitterState(); resetViewingState();
         resetConnectorStack(); resetLayoutMetrics();
         loadSettingsAtStartup();
@@ -36,7 +34,7 @@ protected:
     }
     void TearDown() override {
         setDisplaySurface(nullptr);
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     void open(const std::string& name, const std::string& text) {

@@ -33,16 +33,10 @@ public:
     int asked = 0;
 };
 
-class WindowCommandsTest : public test::ConfigDirTest {
+class WindowCommandsTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        loadSettingsAtStartup();
+        ProgramTest::SetUp();
         setUi(&dialog);
         installCommandHooks();
         sbSetToolBar();
@@ -51,7 +45,7 @@ protected:
         resetFileTable();
         resetProjectFiles();
         resetMainWindow();
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     static CommandState& cmd(const std::string& name) { return mainWindow().command(name); }
