@@ -3,15 +3,9 @@
 #include <tuple>
 
 #include "display/connectors.h"
-#include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "fake_surface.h"
-#include "files/file_show.h"
-#include "files/file_table.h"
-#include "settings/settings_store.h"
 #include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
-#include "test_support.h"
 
 namespace hlyd {
 namespace {
@@ -21,25 +15,15 @@ using Line = std::tuple<float, float, float, float>;  // x1, y1, x2, y2
 // Every line is 200 high, WhiteSpaceSize = ConnectorSize = 85. With connectors on the text starts
 // at 2 x 85 = 170, a level's column is level x 340 + 170 - 85, and the middle of a record whose
 // top is T lies at T + 200 - 200 / 2 = T + 100.
-class ConnectorsTest : public test::ProgramTest {
+class ConnectorsTest : public test::SurfaceTest {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
-        setDisplaySurface(&surface);
-        HlydDAValidateFonts();
+        test::SurfaceTest::SetUp();
         format().ConnectControls = 1;
         format().Separator = 0;  // its line would mix with the connectors
         emitterState().ViewHeight = 8000;
     }
-    void TearDown() override {
-        setDisplaySurface(nullptr);
-        ProgramTest::TearDown();
-    }
-
-    void load(const std::string& text) {
-        oFile().Add({test::writeTempFile("blocks.bas", text), kFileSource, false, 0, 0});
-        HlydFLProcessSelectedFile(1);
-    }
+    void load(const std::string& text) { showSource("blocks.bas", text); }
     FormatRecord& format() { return displayAttributes().Format[kDisplay]; }
 
     // The view drawn from `first` on a surface `height` high; its connector lines in order.
@@ -58,8 +42,6 @@ protected:
         }
         return out;
     }
-
-    test::FakeSurface surface;
 };
 
 TEST_F(ConnectorsTest, NestedBlocksWhollyInsideTheView) {

@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "display/font_metrics.h"
 #include "platform/surface.h"
+#include "test_support.h"
 
 namespace hlyd::test {
 
@@ -38,10 +40,7 @@ public:
         calls.push_back({"font", name});
     }
     double fontSize() const override { return size_; }
-    void setFontSize(double points) override {
-        size_ = points;
-        calls.push_back({"size", std::to_string(points)});
-    }
+    void setFontSize(double points) override { size_ = points, calls.push_back({"size", std::to_string(points)}); }
     bool fontBold() const override { return bold_; }
     void setFontBold(bool on) override { bold_ = on && !plainOnly.count(font_); }
     bool fontItalic() const override { return italic_; }
@@ -62,37 +61,23 @@ public:
 
     float currentX() const override { return x_; }
     float currentY() const override { return y_; }
-    void setCurrentX(float x) override {
-        x_ = x;
-        calls.push_back({"x", "", x});
-    }
-    void setCurrentY(float y) override {
-        y_ = y;
-        calls.push_back({"y", "", 0, y});
-    }
+    void setCurrentX(float x) override { x_ = x, calls.push_back({"x", "", x}); }
+    void setCurrentY(float y) override { y_ = y, calls.push_back({"y", "", 0, y}); }
     void print(const std::string& text) override {
         calls.push_back({"print", text, x_, y_, 0, 0, fore_});
         x_ += textWidth(text);
     }
     void line(float x1, float y1, float x2, float y2, std::uint32_t colour) override {
         calls.push_back({"line", "", x1, y1, x2, y2, colour});
-        x_ = x2;
-        y_ = y2;
+        x_ = x2, y_ = y2;
     }
     void filledBox(float x1, float y1, float x2, float y2, std::uint32_t colour) override {
         calls.push_back({"box", "", x1, y1, x2, y2, colour});
-        x_ = x2;
-        y_ = y2;
+        x_ = x2, y_ = y2;
     }
     int drawWidth() const override { return drawWidth_; }
-    void setDrawWidth(int pixels) override {
-        drawWidth_ = pixels;
-        calls.push_back({"drawwidth", std::to_string(pixels)});
-    }
-    void cls() override {
-        calls.push_back({"cls", ""});
-        x_ = y_ = 0;
-    }
+    void setDrawWidth(int pixels) override { drawWidth_ = pixels, calls.push_back({"drawwidth", std::to_string(pixels)}); }
+    void cls() override { calls.push_back({"cls", ""}), x_ = y_ = 0; }
     float width() const override { return width_; }
     float height() const override { return height_; }
     float scaleWidth() const override { return width_; }
@@ -100,10 +85,7 @@ public:
     int twipsPerPixelY() const override { return 15; }
     std::vector<std::string> fonts() const override { return {knownFonts.begin(), knownFonts.end()}; }
 
-    void resize(float width, float height) {
-        width_ = width;
-        height_ = height;
-    }
+    void resize(float width, float height) { width_ = width, height_ = height; }
     // The calls of one kind, in order.
     std::vector<Call> callsOf(const std::string& op) const {
         std::vector<Call> out;
@@ -125,5 +107,22 @@ private:
     int drawWidth_ = 1;
     float width_, height_;
 };
+
+// A run of the program that draws on a fake surface of fixed metrics, fonts validated against it.
+template <class S = FakeSurface>
+class SurfaceTestOf : public ProgramTest {
+protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        setDisplaySurface(&surface);
+        HlydDAValidateFonts();
+    }
+    void TearDown() override {
+        setDisplaySurface(nullptr);
+        ProgramTest::TearDown();
+    }
+    S surface;
+};
+using SurfaceTest = SurfaceTestOf<>;
 
 }  // namespace hlyd::test

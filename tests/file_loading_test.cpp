@@ -1,19 +1,13 @@
 // Loading a file of the table: the procedure list, the token elements, showing and closing
 // files, the progress text, and walking the records of the loaded file.
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
-#include "analysis/basiclan.h"
 #include "files/file_loading.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
-#include "files/project_file.h"
 #include "files/status_progress.h"
-#include "settings/settings_store.h"
 #include "shell/c_debug.h"
 #include "shell/hlyd_error.h"
 #include "shell/main_window_model.h"
@@ -85,11 +79,6 @@ protected:
         w.enableControls = [&w] { w.controlsEnabled = true; };
         w.disableControls = [&w] { w.controlsEnabled = false; };
     }
-    void TearDown() override {
-        resetFileTable();
-        resetMainWindow();
-        ProgramTest::TearDown();
-    }
 
     // Writes the file and appends it to the table; returns its position.
     std::int16_t add(const std::string& name, const std::string& text) {
@@ -137,20 +126,15 @@ TEST_F(FileLoadingTest, ModuleGivesDeclarationsProceduresAndPropertyAccessors) {
     EXPECT_EQ(proc("Go").LastStatement, tables().StatementCount);
 
     // What a module does not say is public.
-    EXPECT_TRUE(proc("Paint").IsPublic);
-    EXPECT_FALSE(proc("Area").IsPublic);
-    EXPECT_FALSE(proc("Color [Get]").IsPublic);
-    EXPECT_TRUE(proc("Color [Let]").IsPublic);
-    EXPECT_TRUE(proc("Go").IsPublic);
+    std::vector<bool> isPublic;
+    for (const char* p : {"Paint", "Area", "Color [Get]", "Color [Let]", "Go"}) isPublic.push_back(proc(p).IsPublic);
+    EXPECT_EQ(isPublic, (std::vector<bool>{true, false, false, true, true}));
 
-    // Go: x = "abc" ' note / Again: / GoTo Again
-    EXPECT_EQ(element(26, 0), 2);  // identifier
-    EXPECT_EQ(element(26, 1), 3);  // operator draws as a keyword
-    EXPECT_EQ(element(26, 2), 4);  // literal
-    EXPECT_EQ(element(26, 3), 1);  // comment
-    EXPECT_EQ(element(27, 0), 2);  // label
-    EXPECT_EQ(element(28, 0), 3);  // keyword
-    EXPECT_EQ(element(28, 1), 2);  // label reference
+    // Go: x = "abc" ' note / Again: / GoTo Again. Identifier 2, operator drawn as a keyword 3,
+    // literal 4, comment 1; label 2; keyword 3, label reference 2.
+    EXPECT_EQ((std::vector<std::int32_t>{element(26, 0), element(26, 1), element(26, 2), element(26, 3),
+                                         element(27, 0), element(28, 0), element(28, 1)}),
+              (std::vector<std::int32_t>{2, 3, 4, 1, 2, 3, 2}));
     EXPECT_EQ(fileTable().TokenElements.size(), static_cast<std::size_t>(tables().TokenCount) + 1);
 }
 

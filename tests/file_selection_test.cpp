@@ -1,13 +1,8 @@
 // Choosing files to open: the Open dialog's filter and answers, the kinds of names, the rules on
 // projects mixed with source files, names open already, and the recent-files list they feed.
-#include <gtest/gtest.h>
-
-#include <deque>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 
-#include "analysis/basiclan.h"
 #include "files/file_selection.h"
 #include "files/file_table.h"
 #include "files/project_file.h"
@@ -21,29 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Chosen = std::optional<std::vector<std::string>>;
-
-// Answers the Open dialog and the file list from queues; an empty queue is a cancel.
-class DialogUi : public test::ScriptedUi {
-public:
-    Chosen openFileDialog(const FileDialogRequest& request) override {
-        dialogs.push_back(request);
-        if (openAnswers.empty()) return std::nullopt;
-        Chosen a = openAnswers.front();
-        openAnswers.pop_front();
-        return a;
-    }
-    std::optional<int> chooseFromList(const std::string&, const std::vector<std::string>& items) override {
-        listed = items;
-        return listAnswer;
-    }
-    void setBusy(bool on) override { busy = on; }
-
-    std::deque<Chosen> openAnswers;
-    std::optional<int> listAnswer;
-    std::vector<std::string> listed;
-    bool busy = false;
-};
+using test::Chosen;
 
 const char* const kModule = "Attribute VB_Name = \"M\"\nOption Explicit\n\nSub Go()\nEnd Sub\n";
 
@@ -51,15 +24,8 @@ class FileSelectionTest : public test::ProgramTest {
 protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        setUi(&dialog);
         src_ = fs::path(dir) / "src";
         fs::create_directories(src_);
-    }
-    void TearDown() override {
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        ProgramTest::TearDown();
     }
 
     std::string write(const std::string& name, const std::string& text = kModule) {
@@ -73,13 +39,12 @@ protected:
         return names;
     }
     bool shownText(const std::string& text) const {
-        for (const MessageBoxRequest& r : dialog.shown)
+        for (const MessageBoxRequest& r : ui.shown)
             if (r.text == text) return true;
         return false;
     }
     static std::int16_t status() { return theDebug().BabStatus; }
 
-    DialogUi dialog;
     fs::path src_;
 };
 
@@ -103,8 +68,8 @@ TEST_F(FileSelectionTest, DialogIsAskedWithTheSettingsAndCancelGivesStatus8) {
 
     GetFilesToProcess(0);
 
-    ASSERT_EQ(dialog.dialogs.size(), 1u);
-    const FileDialogRequest& r = dialog.dialogs[0];
+    ASSERT_EQ(ui.dialogs.size(), 1u);
+    const FileDialogRequest& r = ui.dialogs[0];
     EXPECT_EQ(r.title, "File(s) to Process");
     EXPECT_EQ(r.directory, src_.string());
     EXPECT_EQ(r.fileName, "");
@@ -113,12 +78,12 @@ TEST_F(FileSelectionTest, DialogIsAskedWithTheSettingsAndCancelGivesStatus8) {
     EXPECT_TRUE(r.multiSelect);
     EXPECT_EQ(status(), 8);
     EXPECT_EQ(tableNames(), std::vector<std::string>{"kept.bas"});
-    EXPECT_FALSE(dialog.busy);
+    EXPECT_FALSE(ui.busy);
 }
 
 TEST_F(FileSelectionTest, DialogAnswersInEitherFormGiveFullNames) {
     auto namesFor = [this](Chosen answer) {
-        dialog.openAnswers.push_back(answer);
+        ui.openAnswers.push_back(answer);
         std::vector<std::string> names;
         GetListFromCommonDialog(names);
         return names;
@@ -176,7 +141,7 @@ TEST_F(FileSelectionTest, ParseLineSplitsAtTheDelimiter) {
 
 TEST_F(FileSelectionTest, NameOpenAlreadyIsNotAddedAgain) {
     for (const char* name : {"a.bas", "b.bas", "c.bas"}) oFile().Add(cFileDesc{write(name)});
-    dialog.openAnswers.push_back(std::vector<std::string>{(src_ / "b.bas").string()});
+    ui.openAnswers.push_back(std::vector<std::string>{(src_ / "b.bas").string()});
 
     GetFilesToProcess(0);
 
@@ -187,7 +152,7 @@ TEST_F(FileSelectionTest, NameOpenAlreadyIsNotAddedAgain) {
 
 TEST_F(FileSelectionTest, TwoFilesJoinTheTableAndTheRecentList) {
     std::string a = write("a.bas"), b = write("b.bas");
-    dialog.openAnswers.push_back(std::vector<std::string>{src_.string() + std::string(1, '\0') + "a.bas" +
+    ui.openAnswers.push_back(std::vector<std::string>{src_.string() + std::string(1, '\0') + "a.bas" +
                                                           std::string(1, '\0') + "b.bas"});
 
     GetFilesToProcess(0);
@@ -200,13 +165,13 @@ TEST_F(FileSelectionTest, TwoFilesJoinTheTableAndTheRecentList) {
     EXPECT_EQ(hlydSettings().MRU[2], a);
     EXPECT_EQ(iniHandler().ReadString("MRU1", "", "MRU"), b);
     EXPECT_EQ(mainWindow().mruCaptions.at(0), "&1 " + b);
-    EXPECT_FALSE(dialog.busy);
+    EXPECT_FALSE(ui.busy);
 }
 
 TEST_F(FileSelectionTest, ProjectWithSourceFileDropsTheProject) {
     std::string project = write("app.vbp", "Type=Exe\nModule=M; a.bas\nName=\"App\"\n");
     std::string a = write("a.bas");
-    dialog.openAnswers.push_back(std::vector<std::string>{project, a});
+    ui.openAnswers.push_back(std::vector<std::string>{project, a});
 
     GetFilesToProcess(0);
 
@@ -220,7 +185,7 @@ TEST_F(FileSelectionTest, ProjectAloneIsReadAndRemembered) {
     std::string a = write("a.bas");
     std::string project = write("app.vbp", "Type=Exe\nModule=M; a.bas\nName=\"App\"\n");
     oFile().Add(cFileDesc{write("other.bas")});
-    dialog.openAnswers.push_back(std::vector<std::string>{project});
+    ui.openAnswers.push_back(std::vector<std::string>{project});
 
     GetFilesToProcess(0);
 
@@ -239,7 +204,7 @@ TEST_F(FileSelectionTest, RecentFilePositionOpensThatFile) {
 
     GetFilesToProcess(2);
 
-    EXPECT_TRUE(dialog.dialogs.empty());
+    EXPECT_TRUE(ui.dialogs.empty());
     EXPECT_EQ(tableNames(), std::vector<std::string>{b});
     EXPECT_EQ(hlydSettings().MRU[1], b);
     EXPECT_EQ(hlydSettings().MRU[2], a);
@@ -247,10 +212,10 @@ TEST_F(FileSelectionTest, RecentFilePositionOpensThatFile) {
 
 TEST_F(FileSelectionTest, FileListGivesThePositionChosen) {
     for (const char* name : {"a.bas", "b.bas"}) oFile().Add(cFileDesc{name});
-    dialog.listAnswer = 1;
+    ui.listAnswer = 1;
     EXPECT_EQ(frmFileList(), 2);
-    EXPECT_EQ(dialog.listed, (std::vector<std::string>{"a.bas", "b.bas"}));
-    dialog.listAnswer.reset();
+    EXPECT_EQ(ui.listed, (std::vector<std::string>{"a.bas", "b.bas"}));
+    ui.listAnswer.reset();
     EXPECT_EQ(frmFileList(), 0);
 }
 

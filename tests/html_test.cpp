@@ -32,28 +32,12 @@ class HtmlTest : public test::ProgramTest {
 protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        const char* tz = std::getenv("TZ");
-        oldTz_ = tz ? std::optional<std::string>(tz) : std::nullopt;
-        setenv("TZ", "UTC", 1);
-        tzset();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        loadSettingsAtStartup();
         clock.moment = 1767225600;  // 2026-01-01 00:00:00
         for (const char* name : {"Module1.bas", "Html.vbp"}) {
             fs::copy_file(fs::path(HLYD_TEST_DATA) / "html" / name, fs::path(dir) / name);
             fs::last_write_time(fs::path(dir) / name,
                                 std::chrono::file_clock::from_sys(std::chrono::system_clock::from_time_t(1700000000)));
         }
-    }
-    void TearDown() override {
-        if (oldTz_) setenv("TZ", oldTz_->c_str(), 1);
-        else unsetenv("TZ");
-        tzset();
-        ProgramTest::TearDown();
     }
     // The golden document with the directory of this run put in.
     std::string golden(const std::string& name) {
@@ -63,7 +47,7 @@ protected:
     }
     std::string source(const std::string& name) { return (fs::path(dir) / name).string(); }
 
-    std::optional<std::string> oldTz_;
+    test::UtcZone utc_;
 };
 
 TEST_F(HtmlTest, ModuleDocumentIsExactlyTheGoldenOne) {

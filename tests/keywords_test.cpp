@@ -2,7 +2,6 @@
 // cutting and searching of one dialect's table.
 #include <filesystem>
 #include <fstream>
-#include <initializer_list>
 #include <sstream>
 
 #include "shell/app_info.h"
@@ -45,8 +44,6 @@ TEST_F(KeywordTableTest, ShippedFileLoadsWithEveryLineAnEntry) {
     for (std::string line; std::getline(in, line);)
         if (line.find_first_not_of(" \t\r") != std::string::npos) ++lines;
     EXPECT_EQ(basiclan().KeyWordTotal, lines);
-    EXPECT_EQ(basiclan().KeyWords.size(), static_cast<std::size_t>(lines) + 1);
-    EXPECT_EQ(basiclan().CurrentDialect, "6");
     ASSERT_NE(basiclan().LetKeyWord, 0);
     EXPECT_EQ(dialectKeyWord(basiclan().LetKeyWord).Word, "LET");
 }
@@ -172,13 +169,6 @@ TEST_F(KeywordTableTest, DialectKeepsOnlyWordsOfItsVersionAndBefore) {
     EXPECT_FALSE(BabIsKeyWord("WITH"));
     EXPECT_LT(basiclan().DialectKeyWordCount, all);
     EXPECT_EQ(basiclan().DialectKeyWords[0].Word, std::string(1, '\0'));
-
-    analyze("Private x\n", "3");
-    EXPECT_TRUE(token(1).is(kTokIdentifier, kDetIdentifier));
-    EXPECT_FALSE(token(1).KeyWordSeen);
-    analyze("Private x\n", "4");
-    EXPECT_TRUE(token(1).KeyWordSeen);
-    EXPECT_EQ(statement(1).Class, kStmtDeclaration);
 }
 
 TEST_F(KeywordTableTest, SearchAtTheEdgesOfTheTable) {

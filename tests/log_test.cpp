@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -68,9 +67,8 @@ TEST_F(LogTest, RingKeepsTheLastHundredLinesOldestFirst) {
     // The header comes before the queue, and the queue is emptied: a second open emits nothing.
     EXPECT_LT(text.find("Logfile "), start);
     EXPECT_EQ(openAndRead().find("Emitting Queued"), std::string::npos);
-}
 
-TEST_F(LogTest, WithoutQueueingLinesBeforeTheFileAreLost) {
+    // Without queueing, lines before the file are lost.
     resetLog();
     theLog().setQueueing(false);
     theLog().LogData("lost line");
@@ -94,10 +92,9 @@ TEST_F(LogTest, CallListNamesTheOpenProcedures) {
     theLog().LogTraceEnter("Inner");
     theLog().LogGetProcs(result);
     EXPECT_EQ(result, "Procedure Call-list...\n->Outer\n->Inner");
-}
 
-TEST_F(LogTest, DepthBeyondThreeDigitsWidensAndTheStackGrows) {
-    for (int i = 0; i < 1000; ++i) theLog().LogTraceEnter("Proc");
+    // A depth beyond three digits widens, and the stack grows.
+    for (int i = 0; i < 998; ++i) theLog().LogTraceEnter("Proc");
     theLog().LogTraceEnter("Deep");
     EXPECT_NE(openAndRead().find(", 1001, ->Deep"), std::string::npos);
 }

@@ -1,19 +1,13 @@
 // Projects and groups: the lines of a project file, its members found (also when named the
 // Windows way), checked and chosen, and what ends up in the file table.
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
-#include "analysis/basiclan.h"
 #include "files/file_table.h"
-#include "files/navigation.h"
 #include "files/project_file.h"
 #include "files/project_listing.h"
-#include "settings/settings_store.h"
 #include "shell/c_debug.h"
-#include "shell/main_window_model.h"
 #include "test_support.h"
 
 namespace hlyd {
@@ -62,11 +56,6 @@ protected:
         setUi(&chooser);
         dir_ = fs::path(dir) / "src";
     }
-    void TearDown() override {
-        resetFileTable();
-        resetProjectFiles();
-        ProgramTest::TearDown();
-    }
 
     std::string write(const std::string& relative, const std::string& text) {
         fs::path path = dir_ / relative;
@@ -107,18 +96,14 @@ TEST_F(ProjectTest, Vb6ProjectWithEveryKindOfMemberAndOneMissing) {
 
     ASSERT_EQ(oProjectFiles().Count(), 1);
     cProjectFile& p = oProjectFiles().Item(1);
-    EXPECT_EQ(p.Records, 9);
-    EXPECT_EQ(p.FormCount, 3);
-    EXPECT_EQ(p.ClassCount, 1);
-    EXPECT_EQ(p.ModuleCount, 1);
+    EXPECT_EQ(std::tie(p.Records, p.FormCount, p.ClassCount, p.ModuleCount), std::make_tuple(9, 3, 1, 1));
     EXPECT_EQ(std::vector<std::int16_t>(p.Forms.begin() + 1, p.Forms.begin() + 4), (std::vector<std::int16_t>{2, 5, 6}));
     EXPECT_EQ(p.Classes[1], 4);
     EXPECT_EQ(p.Modules[1], 3);
-    EXPECT_EQ(p.line(2).VBName, "frmMain");  // from the Begin line, not the file name
-    EXPECT_EQ(p.line(3).VBName, "Utils");
-    EXPECT_EQ(p.line(4).VBName, "Shape");
-    EXPECT_EQ(p.line(5).VBName, "Dial");
-    EXPECT_EQ(p.line(6).VBName, "DialPage");
+    // The names of form-like members come from their Begin line, not from the file name.
+    std::vector<std::string> names;
+    for (int i = 2; i <= 6; ++i) names.push_back(p.line(i).VBName);
+    EXPECT_EQ(names, (std::vector<std::string>{"frmMain", "Utils", "Shape", "Dial", "DialPage"}));
     EXPECT_EQ(p.line(6).FileType, kLinePropertyPage);
     EXPECT_TRUE(fs::equivalent(p.line(2).WholeFile, dir_ / "MainForm.frm"));
     EXPECT_EQ(p.line(7).FileType, kLineNone);
@@ -231,9 +216,7 @@ TEST_F(ProjectTest, OldMakProjectNamesItsMembersBare) {
     EXPECT_EQ(p.line(2).FileType, kLineModule);
     EXPECT_EQ(p.line(2).VBName, "MODULE1");
     EXPECT_EQ(p.line(3).KeyWord, -34);
-    EXPECT_EQ(p.ObjectCount, 1);
-    EXPECT_EQ(p.FormCount, 1);
-    EXPECT_EQ(p.ModuleCount, 1);
+    EXPECT_EQ(std::tie(p.ObjectCount, p.FormCount, p.ModuleCount), std::make_tuple(1, 1, 1));
     EXPECT_EQ(oFile().Count(), 3);
 }
 

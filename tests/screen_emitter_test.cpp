@@ -1,16 +1,11 @@
 // The screen emitter on a surface of fixed metrics: what it draws from a requested record, what
 // it says when there is nothing to draw, and how it sets the scroll bar and the labels.
-#include "analysis/basiclan.h"
-#include "display/connectors.h"
-#include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "fake_surface.h"
 #include "files/file_loading.h"
-#include "files/file_show.h"
 #include "files/file_table.h"
 #include "settings/settings_store.h"
 #include "shell/main_window_model.h"
-#include "test_support.h"
 
 namespace hlyd {
 namespace {
@@ -33,24 +28,14 @@ std::string numberedLines(int count) {
 }
 
 // Lines are 200 high; the view is 12000 x 8000, so 41 records fit (tops 0 to 8000).
-class ScreenEmitterTest : public test::ProgramTest {
+class ScreenEmitterTest : public test::SurfaceTestOf<LabelWatchingSurface> {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
-        setDisplaySurface(&surface);
-        HlydDAValidateFonts();
+        SurfaceTestOf::SetUp();
         format().ConnectControls = 0;
         emitterState().ViewHeight = 8000;
     }
-    void TearDown() override {
-        setDisplaySurface(nullptr);
-        ProgramTest::TearDown();
-    }
-
-    void load(const std::string& name, const std::string& text) {
-        oFile().Add({test::writeTempFile(name, text), kFileSource, false, 0, 0});
-        HlydFLProcessSelectedFile(static_cast<std::int16_t>(oFile().Count()));
-    }
+    void load(const std::string& name, const std::string& text) { showSource(name, text); }
     std::int32_t show(std::int32_t first) {
         surface.calls.clear();
         surface.labels.clear();
@@ -60,8 +45,6 @@ protected:
     FormatRecord& format() { return displayAttributes().Format[kDisplay]; }
     ScrollBarModel& bar() { return mainWindow().vsbDisplay; }
     std::vector<test::FakeSurface::Call> prints() const { return surface.callsOf("print"); }
-
-    LabelWatchingSurface surface;
 };
 
 const char* const kFormDescriptionOnly =

@@ -1,23 +1,17 @@
 // The settings store: first run against later run, a file of another version brought up to
 // date, the older keys and the sanity rules on reading, and save routines that each write
 // exactly their own keys.
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <random>
 #include <set>
 #include <sstream>
-
-#include <unistd.h>
 
 #include "display/attributes.h"
 #include "printing/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;

@@ -36,7 +36,6 @@ TEST_F(StatementTest, ModifiersLetALaterVerbTakeOver) {
     EXPECT_EQ(lineStatement(1).Class, kStmtProcStart);
     EXPECT_EQ(verbText(lineStatement(1)), "Sub");
     EXPECT_EQ(lineStatement(2).Class, kStmtProcEnd);
-    EXPECT_EQ(lineStatement(2).Flags & kFlagOutdent, 0);  // a procedure's end never outdents
     EXPECT_EQ(lineStatement(3).Class, kStmtProcStart);
     EXPECT_EQ(verbText(lineStatement(3)), "Function");
     EXPECT_EQ(lineStatement(4).Class, kStmtProcEnd);
@@ -129,8 +128,6 @@ TEST_F(StatementTest, FormFileHeaderIsMarked) {
     analyze("VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\nAttribute VB_Name = \"F\"\nOption Explicit\n");
     EXPECT_EQ(statement(1).Class, kStmtHeader);
     for (std::int32_t r = 1; r <= 4; ++r) EXPECT_NE(lineStatement(r).Flags & kFlagFormDescription, 0) << r;
-    EXPECT_NE(lineStatement(2).Flags & kFlagIndent, 0);
-    EXPECT_NE(lineStatement(4).Flags & kFlagOutdent, 0);  // a lone End closes a header block
     EXPECT_EQ(lineStatement(5).Class, kStmtHeader);
     EXPECT_EQ(lineStatement(5).Flags & kFlagFormDescription, 0);
     EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
@@ -143,8 +140,6 @@ TEST_F(StatementTest, ClassFileHeaderBlockIsHeader) {
         EXPECT_EQ(lineStatement(r).Class, kStmtHeader);
         EXPECT_EQ(lineStatement(r).Flags & kFlagFormDescription, 0);
     }
-    EXPECT_NE(lineStatement(2).Flags & kFlagIndent, 0);
-    EXPECT_NE(lineStatement(4).Flags & kFlagOutdent, 0);
     EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
 }
 

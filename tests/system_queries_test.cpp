@@ -1,17 +1,9 @@
 // The answers the logic takes from the system: separators with their fallback, numbers read
 // from free text, file checks, name splitting and the version text.
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 
-#include <unistd.h>
-
-#include "settings/profile_file.h"
-#include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -54,9 +46,6 @@ TEST_F(SystemQueriesTest, NumberFromFreeText) {
     EXPECT_DOUBLE_EQ(GetNumberFromString("1.5.5"), 1.55);
     // Four decimals, the rest rounded away.
     EXPECT_DOUBLE_EQ(GetNumberFromString("0.123456"), 0.1235);
-}
-
-TEST_F(SystemQueriesTest, NumberFollowsTheLocaleSeparators) {
     localeTexts().DecimalSeparator = ",";
     localeTexts().GroupSeparator = ".";
     EXPECT_DOUBLE_EQ(GetNumberFromString("1.234,5"), 1234.5);
@@ -72,19 +61,14 @@ TEST_F(SystemQueriesTest, FileExistsOnlyForReadableFiles) {
 }
 
 TEST_F(SystemQueriesTest, FileNameSplitAtLastSeparator) {
-    std::string name = "old", directory = "old";
-    sbFileNameFromDir("A.BAS", name, directory);
-    EXPECT_EQ(name, "A.BAS");
-    EXPECT_EQ(directory, "");
-    sbFileNameFromDir("C:\\A.BAS", name, directory);
-    EXPECT_EQ(name, "A.BAS");
-    EXPECT_EQ(directory, "C:\\");
-    sbFileNameFromDir("/home/u/src/Main.frm", name, directory);
-    EXPECT_EQ(name, "Main.frm");
-    EXPECT_EQ(directory, "/home/u/src/");
-    sbFileNameFromDir("C:\\VB\\", name, directory);
-    EXPECT_EQ(name, "");
-    EXPECT_EQ(directory, "C:\\VB\\");
+    const std::vector<std::vector<std::string>> cases = {  // whole name, name, directory
+        {"A.BAS", "A.BAS", ""}, {"C:\\A.BAS", "A.BAS", "C:\\"},
+        {"/home/u/src/Main.frm", "Main.frm", "/home/u/src/"}, {"C:\\VB\\", "", "C:\\VB\\"}};
+    for (const auto& c : cases) {
+        std::string name = "old", directory = "old";
+        sbFileNameFromDir(c[0], name, directory);
+        EXPECT_EQ((std::vector<std::string>{c[0], name, directory}), c);
+    }
 }
 
 TEST_F(SystemQueriesTest, WindowHelpers) {

