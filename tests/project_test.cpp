@@ -201,6 +201,31 @@ TEST_F(ProjectTest, GroupOfTwoProjects) {
     EXPECT_EQ(oFile().Item(1).FileType, kFileGroup);
 }
 
+TEST_F(ProjectTest, LineKeepsFiveValuesAtMost) {
+    cProjectLine sizes = parse("ProjWinSize=1,2,3,4,5,6,7");
+    EXPECT_EQ(sizes.ValueCount, 5);
+    EXPECT_EQ(sizes.Value, (std::vector<std::string>{"1", "2", "3", "4", "5"}));
+    EXPECT_TRUE(sizes.SyntaxError);
+    cProjectLine reference = parse("Reference=*\\G{0}#2.0#0#x.tlb#Name#extra");
+    EXPECT_EQ(reference.ValueCount, 5);
+    EXPECT_EQ(reference.VBName, "Name");
+    EXPECT_TRUE(reference.SyntaxError);
+    cProjectLine quote = parse("Name=\"");  // one quote both begins and ends the value
+    EXPECT_EQ(quote.ValueCount, 1);
+    EXPECT_FALSE(quote.SyntaxError);
+}
+
+TEST_F(ProjectTest, BareNameWithoutExtensionMatchesEveryList) {
+    cProjectFile project;
+    cProjectLine line;
+    line.AsRecord = "README";
+    project.ParseProjectRecord(line, ".FRM.", ".BAS.");
+    EXPECT_EQ(line.KeyWord, -34);
+    EXPECT_EQ(line.FileType, kLineModule);
+    EXPECT_EQ(line.VBName, "README");
+    EXPECT_EQ(project.ObjectCount, 1);
+}
+
 TEST_F(ProjectTest, OldMakProjectNamesItsMembersBare) {
     write("FORM1.FRM", "VERSION 2.00\nBegin Form Form1\nEnd\n");
     write("MODULE1.BAS", "Option Explicit\n");

@@ -42,6 +42,16 @@ void setValues(cProjectLine& line, std::vector<std::string> values) {
     line.ValueCount = static_cast<std::int16_t>(line.Value.size());
 }
 
+// A line holds five values at most; what lies beyond them makes the line wrong.
+void setAtMostFive(cProjectLine& line, std::vector<std::string> values) {
+    constexpr std::size_t kMostValues = 5;
+    if (values.size() > kMostValues) {
+        line.SyntaxError = true;
+        values.resize(kMostValues);
+    }
+    setValues(line, std::move(values));
+}
+
 // The keyword's index, 69 past the end of the table, or 0 when the key falls between two entries.
 std::int16_t lookUpKey(const std::string& key) {
     const auto& table = projectKeywords();
@@ -74,7 +84,8 @@ static void oldFormLine(cProjectFile& project, cProjectLine& line, const std::st
     line.FileName = text;
     bool bad = false;
     ParseFileName(line.FileName, line.FileNameDrive, line.FileNamePath, line.FileNameBase, line.FileNameExt, bad);
-    if (line.FileNameExt.empty()) return;  // no extension, no kind of member
+    // The lists are matched as texts: a name without extension leaves only the point, which
+    // every list holds, so such a line passes all three tests.
     std::string ext = upperCase(line.FileNameExt) + ".";
     if (formExt.find(ext) != std::string::npos) {
         line.KeyWord = -kForm;
@@ -94,14 +105,13 @@ static void oldFormLine(cProjectFile& project, cProjectLine& line, const std::st
 void cProjectFile::parseValues(cProjectLine& line, const std::string& value) {
     bool files = fileBearing(line.KeyWord);
     if (!value.empty() && value[0] == '"') {
-        if (files || value.size() < 2 || value.back() != '"') line.SyntaxError = true;
+        if (files || value.back() != '"') line.SyntaxError = true;
         else setValues(line, {value});
         return;
     }
     if (value.find(',') != std::string::npos) {
-        std::vector<std::string> values = splitOn(value, ',');
-        if (files || values.size() > 5) line.SyntaxError = true;
-        if (!files) setValues(line, std::move(values));
+        if (files) line.SyntaxError = true;
+        else setAtMostFive(line, splitOn(value, ','));
         return;
     }
     bool hashed = value.find('#') != std::string::npos;
@@ -116,7 +126,7 @@ void cProjectFile::parseValues(cProjectLine& line, const std::string& value) {
         }
     }
     if (line.KeyWord == kReference && hashed) {
-        if (line.Value.size() > 5) line.SyntaxError = true;
+        setAtMostFive(line, line.Value);
         if (line.Value.size() >= 4) line.FileName = line.Value[3];
         if (line.Value.size() >= 5) line.VBName = line.Value[4];
         return;
