@@ -278,6 +278,14 @@ TEST_F(BadInputTest, BinaryFirstLineIsAReadFault) {
     EXPECT_EQ(detail(), 2);
 }
 
+TEST_F(BadInputTest, TraceGivesTheDialectAlsoWhenTheFileFails) {
+    hlyd::theLog().LogOpen(logPath(), 1);
+    hlyd::theDebug().TracePackages = true;
+    validate("trace-empty.bas", "");
+    EXPECT_EQ(status(), 4);
+    EXPECT_NE(readLog().find("Dialect=<?>"), std::string::npos);
+}
+
 TEST_F(BadInputTest, MissingFileIsReported) {
     std::filesystem::path dir = std::filesystem::path(hlyd::test::writeTempFile("present.bas", "")).parent_path();
     std::string path = (dir / "no-such-file.bas").string();

@@ -118,20 +118,10 @@ std::string dialectOfFirstLine(const std::string& line) {
     return {};
 }
 
-void BabValidateFile(const std::string& fileName, std::string& dialect, bool tellUser) {
-    TraceScope trace(theDebug().TracePackages, "BabValidateFile");
-    if (theDebug().TracePackages) theLog().LogData("File=" + fileName);
-    if (!basiclan().BabInitDone) {
-        theDebug().setStatus(2, 0);
-        raiseInternal("BabValidateFile");
-    }
-    if (trimSpaces(fileName).empty()) {
-        theDebug().setStatus(3, 0);
-        raiseInternal("BabValidateFile");
-    }
-    theDebug().setStatus(0, 0);
-    tellUserNow = tellUser;
-    dialect = "?";
+namespace {
+
+// The first line's verdict; every way out leaves its reason in the status.
+void validateFirstLine(const std::string& fileName, std::string& dialect) {
     std::ifstream in;
     if (!openFile(fileName, in)) return;
     std::string line;
@@ -148,6 +138,26 @@ void BabValidateFile(const std::string& fileName, std::string& dialect, bool tel
     std::string detected = dialectOfFirstLine(line);
     if (detected.empty()) theDebug().setStatus(20, 1);
     else dialect = detected;
+}
+
+}  // namespace
+
+void BabValidateFile(const std::string& fileName, std::string& dialect, bool tellUser) {
+    TraceScope trace(theDebug().TracePackages, "BabValidateFile");
+    if (theDebug().TracePackages) theLog().LogData("File=" + fileName);
+    if (!basiclan().BabInitDone) {
+        theDebug().setStatus(2, 0);
+        raiseInternal("BabValidateFile");
+    }
+    if (trimSpaces(fileName).empty()) {
+        theDebug().setStatus(3, 0);
+        raiseInternal("BabValidateFile");
+    }
+    theDebug().setStatus(0, 0);
+    tellUserNow = tellUser;
+    dialect = "?";
+    validateFirstLine(fileName, dialect);
+    // Also after a failure: the trace then shows that the dialect stayed unknown.
     if (theDebug().TracePackages) theLog().LogData("Dialect=<" + dialect + ">");
 }
 

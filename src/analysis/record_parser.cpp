@@ -99,8 +99,9 @@ bool LogicalLineParser::leadingComments() {
         std::int32_t commentStatement = t_.StatementCount;
         if (inContinuedComment_) {
             inContinuedComment_ = false;
+            // The line joins the comment's range; like a comment continued behind code, its token
+            // keeps no statement number of its own.
             t_.Statements[t_.StatementCount].LastToken = t_.Records[r].FirstT;
-            t_.Tokens[t_.Records[r].FirstT].Statement = t_.StatementCount;
         } else {
             commentStatement = t_.StatementCount + 1;
             std::int32_t next = t_.Records[r].FirstT;

@@ -101,10 +101,10 @@ std::int32_t StatementBuilder::findStart() {
     if (!first.is(kTokCommentish, kDetLabel)) return s_.FirstToken;
     s_.Flags |= kFlagLabel;
     first.Statement = n_;
-    // An alphanumeric label brings its ":" along; a line number has none, and the token after it
-    // begins the statement proper.
-    if (s_.FirstToken + 1 <= t_.TokenCount) t_.Tokens[s_.FirstToken + 1].Statement = n_;
+    // An alphanumeric label and its ":" stand ahead of the statement proper, and only the label
+    // takes the statement's number. A line number has no ":": the token after it takes it too.
     if (!first.Text.empty() && static_cast<unsigned char>(first.Text[0]) > '9') return s_.FirstToken + 2;
+    if (s_.FirstToken + 1 <= t_.TokenCount) t_.Tokens[s_.FirstToken + 1].Statement = n_;
     return s_.FirstToken + 1;
 }
 
