@@ -218,6 +218,10 @@ void HTMLEmitAFile() {
     std::string saved = "File saved: " + formatDefaultDateTime(fileLastSaved(entry.FileName));
     std::string generated = "Generated: " + formatDefaultDateTime(theClock().now());
     cGenHTML& doc = *emission.doc;
+    // A failure leaves no unfinished document behind: releasing it removes its part file.
+    struct Release {
+        ~Release() { emission.doc.reset(); }
+    } release;
     doc.InitDoc(name, entry.FileName, project ? name : files.sVBName, saved, generated);
     if (!doc.Cancelled) {
         writeStyles(doc);

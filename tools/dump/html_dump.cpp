@@ -42,17 +42,19 @@ int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& 
     }
     queryLocaleSeparators();
     loadSettingsAtStartup();
+    // The document names its source with its full path, as a file chosen in the Open dialog has.
+    std::string source = std::filesystem::absolute(path, ec).lexically_normal().string();
     ExportUi ui(outPath);
     setUi(&ui);
-    if (isProjectName(path)) {
+    if (isProjectName(source)) {
         fileTable().projectOpen = true;
-        PFParseFile({cFileDesc{path, kFileProject, true, 0, 0}});
+        PFParseFile({cFileDesc{source, kFileProject, true, 0, 0}});
     } else {
-        oFile().Add({path, kFileSource, false, 0, 0});
+        oFile().Add({source, kFileSource, false, 0, 0});
     }
     int status = 0;
     if (oFile().Count() == 0) {
-        err << "hlyd-dump: " << path << " gave nothing to export\n";
+        err << "hlyd-dump: " << source << " gave nothing to export\n";
         status = 1;
     } else {
         HlydFLProcessSelectedFile(1);
