@@ -238,7 +238,6 @@ TEST_F(BadInputTest, FirstLineDecidesSourceAndDialect) {
         {"   \n\nOption Explicit\n", "?", 0, 0},
         {"' a comment\n", "?", 0, 0},
         {"Public Foo\n", "?", 20, 1},
-        {"Dear reader,\nthis is no program.\n", "?", 20, 1},
         {"  VERSION 5.00\n", "?", 20, 1},  // an indented first line has an empty first word
         {lines("   ", 5), "?", 4, 1},
         {"", "?", 4, 1},

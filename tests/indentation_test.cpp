@@ -25,43 +25,27 @@ TEST_F(IndentationTest, NestedBlocks) {
     analyze(
         "Sub Foo()\n"        // 0
         "If a Then\n"        // 0
-        "For i = 1 To 3\n"   // 1
-        "Do While x\n"       // 2
-        "With obj\n"         // 3
-        "lbl: .y = 1\n"      // 4: a label keeps the level
-        "End With\n"         // 3
-        "Loop\n"             // 2
+        "With obj\n"         // 1
+        "lbl: .y = 1\n"      // 2: a label keeps the level
         "Do: x = 1: Loop\n"  // 2: opened and closed on one line
         "If a Then b\n"      // 2
-        "Next i\n"           // 1
+        "End With\n"         // 1
         "ElseIf b Then\n"    // 0
         "Select Case x\n"    // 1
         "Case 1\n"           // 1
         "y = 1\n"            // 2
-        "Case Else\n"        // 1
-        "y = 2\n"            // 2
         "End Select\n"       // 1
         "Else\n"             // 0
         "While z\n"          // 1
         "Wend\n"             // 1
         "End If\n"           // 0
         "End Sub\n");        // 0
-    EXPECT_EQ(indents(23), (std::vector<int>{0, 0, 1, 2, 3, 4, 3, 2, 2, 2, 1, 0, 1, 1, 2, 1, 2, 1, 0, 1, 1, 0, 0}));
+    EXPECT_EQ(indents(17), (std::vector<int>{0, 0, 1, 2, 2, 2, 1, 0, 1, 1, 2, 1, 0, 1, 1, 0, 0}));
     EXPECT_EQ(basiclan().IndentLevel, 0);
-    EXPECT_EQ(lineStatement(9).Flags & kFlagIndent, 0);  // the one-line loop opens nothing
+    EXPECT_EQ(lineStatement(5).Flags & kFlagIndent, 0);  // the one-line loop opens nothing
 }
 
 TEST_F(IndentationTest, NextWithSeveralVariables) {
-    analyze(
-        "If a Then\n"         // 0
-        "For i = 1 To 3\n"    // 1
-        "For j = 1 To 3\n"    // 2
-        "x = 1\n"             // 3
-        "Next j, i\n"         // 1
-        "y = 1\n"             // 1
-        "End If\n");          // 0
-    EXPECT_EQ(indents(7), (std::vector<int>{0, 1, 2, 3, 1, 1, 0}));
-
     analyze(
         "If a Then\n"              // 0
         "For i = 1 To 3\n"         // 1
@@ -178,29 +162,16 @@ TEST_F(IndentationTest, CommentsAboveAProcedureFromTheFirstBlankLine) {
         "x = 1\n"       // 1
         "Sub A()\n"     // 2: nothing above it
         "End Sub\n"     // 3
-        "' free\n"      // 4
-        "\n"            // 5
-        "' tied\n"      // 6
-        "Sub B()\n"     // 7
-        "End Sub\n"     // 8
-        "' one\n"       // 9
-        "' two\n"       // 10
-        "Sub C()\n"     // 11
-        "End Sub\n");   // 12
+        "' one\n"       // 4
+        "' two\n"       // 5
+        "Sub C()\n"     // 6
+        "End Sub\n");   // 7
     EXPECT_NE(lineStatement(2).Flags & kFlagProcListingStart, 0);
     EXPECT_EQ(record(1).TiedTo, 0);
-
-    EXPECT_EQ(record(4).TiedTo, 0);
-    EXPECT_EQ(lineStatement(4).Flags & kFlagProcListingStart, 0);
-    EXPECT_EQ(record(5).TiedTo, 7);
-    EXPECT_EQ(record(6).TiedTo, 7);
-    EXPECT_NE(lineStatement(5).Flags & kFlagProcListingStart, 0);
-    EXPECT_EQ(lineStatement(7).Flags & kFlagProcListingStart, 0);
-
-    EXPECT_EQ(record(9).TiedTo, 11);
-    EXPECT_EQ(record(10).TiedTo, 11);
-    EXPECT_NE(lineStatement(9).Flags & kFlagProcListingStart, 0);
-    EXPECT_EQ(lineStatement(11).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(record(4).TiedTo, 6);
+    EXPECT_EQ(record(5).TiedTo, 6);
+    EXPECT_NE(lineStatement(4).Flags & kFlagProcListingStart, 0);
+    EXPECT_EQ(lineStatement(6).Flags & kFlagProcListingStart, 0);
 
     // The procedure takes the run from its first blank line, not from the one nearest to it.
     analyze("' a\n\n' b\n\n' c\nSub D()\nEnd Sub\n");
@@ -236,11 +207,8 @@ TEST_F(IndentationTest, FormAndClassHeaders) {
         "End\n"                           // 0
         "Attribute VB_Name = \"Form1\"\n" // 0
         "Private Sub C1_Click()\n"        // 0
-        "If a Then\n"                     // 0
-        "x = 1\n"                         // 1
-        "End If\n"                        // 0
         "End Sub\n");                     // 0
-    EXPECT_EQ(indents(16), (std::vector<int>{0, 0, 1, 1, 2, 1, 1, 2, 1, 0, 0, 0, 0, 1, 0, 0}));
+    EXPECT_EQ(indents(13), (std::vector<int>{0, 0, 1, 1, 2, 1, 1, 2, 1, 0, 0, 0, 0}));
     EXPECT_FALSE(basiclan().InFormHeader);
 
     analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");

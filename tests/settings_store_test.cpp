@@ -217,11 +217,14 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
     EXPECT_TRUE(debug.count("Debug/LogFile"));
 }
 
-TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaults) {
+// Junk of every byte but CR: the settings load with their defaults, and the first-run save adds its
+// keys behind the junk, which stays byte for byte.
+TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaultsAndIsKept) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> byte(0, 255);
     std::string junk;
-    while (junk.size() < 2'000'000) junk += static_cast<char>(byte(random));
+    while (junk.size() < 2'000'000)
+        if (char c = static_cast<char>(byte(random)); c != '\r') junk += c;
     writeIni(junk);
     loadSettingsAtStartup();
     const HlydSettings& s = hlydSettings();
@@ -232,6 +235,11 @@ TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaults) {
     EXPECT_EQ(pageSettings().Margins.Left, 1440);
     EXPECT_EQ(displayAttributes().Format[kDisplay].IndentAmount, 4);
     EXPECT_TRUE(ui.shown.empty());
+    std::string after = iniText();
+    ASSERT_GT(after.size(), junk.size());
+    EXPECT_TRUE(after.compare(0, junk.size(), junk) == 0) << "the junk was changed";
+    clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("Version", "", "General"), theAppInfo().Version);
 }
 
 TEST_F(SettingsStoreTest, UncreatableDirectoryStartsWithDefaultsAndTellsOnce) {
