@@ -10,6 +10,7 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "bench_sources.h"
 #include "files/file_loading.h"
 #include "files/file_table.h"
 #include "files/project_listing.h"
@@ -40,27 +41,6 @@ std::string generatedModule(int targetTokens) {
         s += "    Compute" + n + " = total\r\n";
         s += "End Function\r\n\r\n";
         tokens += 75;  // what one procedure above yields
-    }
-    return s;
-}
-
-// A module of about `bytes`, commented as real code is, that stays under the token limit.
-std::string commentedModule(std::size_t bytes) {
-    std::string s = "Attribute VB_Name = \"Commented\"\r\nOption Explicit\r\n\r\n";
-    for (int p = 0; s.size() < bytes; ++p) {
-        std::string n = std::to_string(p);
-        s += "' ------------------------------------------------------------------------------\r\n";
-        s += "' UpdateCustomerBalance" + n + ": posts the day's receipts against the open invoices\r\n";
-        s += "' of one customer, oldest first, and returns what is left over for the next run.\r\n";
-        s += "' ------------------------------------------------------------------------------\r\n";
-        s += "Public Function UpdateCustomerBalance" + n + "(ByVal customerNumber As Long) As Currency\r\n";
-        s += "    Dim remainingReceiptAmount As Currency ' what is still to be posted\r\n";
-        s += "    remainingReceiptAmount = ReceiptsOfTheDay(customerNumber)\r\n";
-        s += "    Do While remainingReceiptAmount > 0 And HasOpenInvoice(customerNumber)\r\n";
-        s += "        remainingReceiptAmount = PostAgainstOldestInvoice(customerNumber, remainingReceiptAmount)\r\n";
-        s += "    Loop\r\n";
-        s += "    UpdateCustomerBalance" + n + " = remainingReceiptAmount\r\n";
-        s += "End Function\r\n\r\n";
     }
     return s;
 }
@@ -163,7 +143,7 @@ public:
 void BM_HtmlExport5MB(benchmark::State& state) {
     static const std::string path = [] {
         std::string file = (std::filesystem::temp_directory_path() / "hlyd-bench-5mb.bas").string();
-        std::ofstream(file, std::ios::binary) << commentedModule(5u * 1024 * 1024);
+        std::ofstream(file, std::ios::binary) << hlyd::bench::commentedModule(5u * 1024 * 1024);
         return file;
     }();
     ExportUi ui;

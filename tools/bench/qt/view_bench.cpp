@@ -9,6 +9,7 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "bench_sources.h"
 #include "dialogs/view_hooks.h"
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
@@ -22,31 +23,10 @@
 
 namespace {
 
-// About 5 MB of commented code that stays under the token limit.
-std::string largeModule() {
-    std::string s = "Attribute VB_Name = \"Large\"\r\nOption Explicit\r\n\r\n";
-    for (int p = 0; s.size() < 5u * 1024 * 1024; ++p) {
-        std::string n = std::to_string(p);
-        s += "' ------------------------------------------------------------------------------\r\n";
-        s += "' Rebalance" + n + ": moves the stock of one store to the stores that ran short of it.\r\n";
-        s += "Public Sub Rebalance" + n + "(ByVal storeNumber As Long)\r\n";
-        s += "    Dim shortage As Long ' what the neighbours miss\r\n";
-        s += "    For shortage = 1 To NeighbourCount(storeNumber)\r\n";
-        s += "        If StockOf(storeNumber) > MinimumStock Then\r\n";
-        s += "            MoveStock storeNumber, Neighbour(storeNumber, shortage), \"pallet\"\r\n";
-        s += "        Else\r\n";
-        s += "            Exit For\r\n";
-        s += "        End If\r\n";
-        s += "    Next shortage\r\n";
-        s += "End Sub\r\n\r\n";
-    }
-    return s;
-}
-
 const std::string& largeFile() {
     static const std::string path = [] {
         std::string file = (std::filesystem::temp_directory_path() / "hlyd-view-bench.bas").string();
-        std::ofstream(file, std::ios::binary) << largeModule();
+        std::ofstream(file, std::ios::binary) << hlyd::bench::commentedModule(5u * 1024 * 1024);
         return file;
     }();
     return path;
