@@ -18,6 +18,14 @@ TEST(JsonLinesTest, ConvertsWindows1252AndEscapesControls) {
     EXPECT_EQ(jsonString("\x80\xE9\x81"), "\"\xE2\x82\xAC\xC3\xA9\\u0081\"");  // euro, e-acute, undefined
 }
 
+TEST(JsonLinesTest, FileNamesAreValidUtf8WhateverTheirBytes) {
+    EXPECT_EQ(jsonPathString("caf\xC3\xA9/\x01.png"), "\"caf\xC3\xA9/\\u0001.png\"");  // UTF-8 kept
+    EXPECT_EQ(jsonPathString("caf\xE9.bas"), "\"caf\xC3\xA9.bas\"");                  // Latin-1 converted
+    EXPECT_EQ(jsonPathString("\xC0\xAF\xED\xA0\x80"), jsonString("\xC0\xAF\xED\xA0\x80"));  // overlong, surrogate
+    EXPECT_EQ(JsonObject().add("type", "render").addPath("out", "a\tb").add("width", 800).str(),
+              "{\"type\":\"render\",\"out\":\"a\\u0009b\",\"width\":800}");
+}
+
 TEST_F(DumpTest, PrintsValidateRecordsStatementsTokensAndEnd) {
     std::string path = writeTempFile("dump.bas", "Attribute VB_Name = \"M\"\r\nx = 1\r\n");
     std::ostringstream out, err;

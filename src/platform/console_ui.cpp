@@ -18,10 +18,20 @@ MsgAnswer defaultAnswer(const MessageBoxRequest& request) {
     return answers[static_cast<int>(request.buttons)][which - 1];
 }
 
+MsgAnswer windowlessAnswer(const MessageBoxRequest& request, std::FILE* note) {
+    static const char* const kNames[] = {"", "OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
+    MsgAnswer answer = defaultAnswer(request);
+    if (answer == MsgAnswer::Retry)
+        answer = request.buttons == MsgButtons::AbortRetryIgnore ? MsgAnswer::Abort : MsgAnswer::Cancel;
+    if (answer != MsgAnswer::OK && note)
+        std::fprintf(note, "(no window to ask: answered %s)\n", kNames[static_cast<int>(answer)]);
+    return answer;
+}
+
 MsgAnswer ConsoleUi::messageBox(const MessageBoxRequest& request) {
     std::fprintf(stderr, "%s%s%s\n", request.title.c_str(), request.title.empty() ? "" : ": ",
                  request.text.c_str());
-    return defaultAnswer(request);
+    return windowlessAnswer(request, stderr);
 }
 
 namespace {

@@ -1,9 +1,16 @@
 #pragma once
 // A Ui for programs without a window: every message box answers with its default button, and
 // its text goes to standard error so that nothing the user should see is lost.
+#include <cstdio>
+
 #include "platform/ui.h"
 
 namespace hlyd {
+
+// The answer of a box that nobody can see: its default button, except that Retry becomes
+// Cancel (Abort in an Abort/Retry/Ignore box), since nothing changes between two tries and the
+// run would never end. An answer other than OK is told on `note`.
+MsgAnswer windowlessAnswer(const MessageBoxRequest& request, std::FILE* note);
 
 class ConsoleUi : public Ui {
 public:

@@ -21,12 +21,12 @@ namespace hlyd {
 
 namespace {
 
-// Answers every question with its default button and keeps every text it was asked to show.
+// Answers every question as a run without a window does and keeps every text it was asked to show.
 class RecordingUi : public ConsoleUi {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override {
         texts.push_back(request.text);
-        return defaultAnswer(request);
+        return windowlessAnswer(request, stderr);
     }
     std::vector<std::string> texts;
 };

@@ -10,6 +10,7 @@
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
 #include "shell/hlyd_error.h"
+#include "tool_errors.h"
 
 namespace {
 
@@ -67,24 +68,22 @@ int main(int argc, char** argv) {
             return usage("only one FILE");
         }
     }
-    if (settings) {
-        if (!file.empty()) return usage("--settings takes no FILE");
-        hlyd::dumpSettings(std::cout);
-        return 0;
-    }
-    if (file.empty()) return usage("no FILE given");
-    if (!initKeywords()) {
-        std::cerr << "hlyd-dump: the keyword file " << hlyd::kKeywordFileName << " is missing\n";
-        return 2;
-    }
+    if (settings && !file.empty()) return usage("--settings takes no FILE");
+    if (!settings && file.empty()) return usage("no FILE given");
     try {
+        if (settings) {
+            hlyd::dumpSettings(std::cout);
+            return 0;
+        }
+        if (!initKeywords()) {
+            std::cerr << "hlyd-dump: the keyword file " << hlyd::kKeywordFileName << " is missing\n";
+            return 2;
+        }
         if (mode == "--procs") return hlyd::dumpProcedures(file, std::cout, std::cerr);
         if (mode == "--project") return hlyd::dumpProject(file, std::cout, std::cerr);
         if (mode == "--html") return hlyd::dumpHtml(htmlOut, file, std::cerr);
         return hlyd::dumpFileAnalysis(file, options, std::cout, std::cerr);
     } catch (const hlyd::HlydError& e) {
-        std::cerr << "hlyd-dump: error " << e.Number << (e.Source.empty() ? "" : " in " + e.Source) << ": "
-                  << e.Description << '\n';
-        return 1;
+        return hlyd::reportToolError("hlyd-dump", e, std::cerr);
     }
 }

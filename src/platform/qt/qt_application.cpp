@@ -6,6 +6,7 @@
 
 #include "dialogs/frm_splash.h"
 #include "dialogs/hlyd_window.h"
+#include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_ui.h"
 #include "platform/qt/screen_metrics.h"
@@ -13,6 +14,7 @@
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
 #include "shell/main_window_model.h"
+#include "shell/start_mode.h"
 
 namespace hlyd {
 
@@ -102,8 +104,12 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     QApplication::setApplicationName("Halyard");
     QSize screen = screenSizeTwips();
     setScreenSizeTwips(screen.width(), screen.height());
-    QtUi ui;
-    setUi(&ui);
+    // A run that works from the command line shows no window: its messages go to standard error
+    // and are answered at once, so that nobody is left waiting on a box that no one sees.
+    QtUi windowUi;
+    ConsoleUi consoleUi;
+    bool windowless = decideStartMode(kStartStandalone, commandLine) == kStartCommandLineFile;
+    setUi(windowless ? static_cast<Ui*>(&consoleUi) : &windowUi);
     installWindowedRun();
     int rc = Main(commandLine);
     if (rc == 0 && !hlydMain().ApplicationEnding) rc = app.exec();

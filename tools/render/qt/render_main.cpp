@@ -5,6 +5,7 @@
 #include <string>
 
 #include "shell/app_info.h"
+#include "tool_errors.h"
 #include "view_render.h"
 
 namespace {
@@ -46,5 +47,9 @@ int main(int argc, char** argv) {
     // Rendering needs no display; the offscreen platform stands in unless one is asked for.
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
-    return hlyd::renderView(request, std::cout, std::cerr);
+    try {
+        return hlyd::renderView(request, std::cout, std::cerr);
+    } catch (const hlyd::HlydError& e) {
+        return hlyd::reportToolError("hlyd-render", e, std::cerr);
+    }
 }

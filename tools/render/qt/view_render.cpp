@@ -11,6 +11,7 @@
 #include "files/file_show.h"
 #include "files/file_table.h"
 #include "files/project_listing.h"
+#include "json_lines.h"
 #include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
@@ -24,16 +25,6 @@
 namespace hlyd {
 
 namespace {
-
-std::string jsonText(const std::string& text) {
-    std::string quoted = "\"";
-    for (char c : text) {
-        if (c == '"' || c == '\\') quoted += '\\';
-        if (static_cast<unsigned char>(c) < 0x20) continue;
-        quoted += c;
-    }
-    return quoted + "\"";
-}
 
 bool loadKeywords(std::ostream& err) {
     try {
@@ -62,11 +53,11 @@ void openAsTheWindowDoes(const std::string& file) {
 void report(const RenderRequest& request, std::ostream& out) {
     const EmitterState& view = emitterState();
     const MainWindowModel& w = mainWindow();
-    out << "{\"type\":\"render\",\"out\":" << jsonText(request.out) << ",\"width\":" << request.width
-        << ",\"height\":" << request.height << ",\"FirstRecord\":" << view.FirstRecord
-        << ",\"LastRecord\":" << view.LastRecord << ",\"lblRecord\":" << jsonText(w.lblRecord)
-        << ",\"Caption\":" << jsonText(w.Caption) << ",\"Min\":" << w.vsbDisplay.Min << ",\"Max\":" << w.vsbDisplay.Max
-        << ",\"Value\":" << w.vsbDisplay.Value << "}\n";
+    out << JsonObject().add("type", "render").addPath("out", request.out).add("width", request.width)
+               .add("height", request.height).add("FirstRecord", view.FirstRecord).add("LastRecord", view.LastRecord)
+               .add("lblRecord", w.lblRecord).addPath("Caption", w.Caption).add("Min", w.vsbDisplay.Min)
+               .add("Max", w.vsbDisplay.Max).add("Value", w.vsbDisplay.Value).str()
+        << '\n';
 }
 
 }  // namespace

@@ -1,0 +1,11 @@
+#pragma once
+// How a tool without a window ends on a run-time fault: one line on standard error, status 1.
+#include <iosfwd>
+
+#include "shell/hlyd_error.h"
+
+namespace hlyd {
+
+int reportToolError(const char* tool, const HlydError& error, std::ostream& err);
+
+}  // namespace hlyd
