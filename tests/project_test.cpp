@@ -302,5 +302,65 @@ TEST_F(ProjectTest, MissingFileMayCancelTheValidation) {
     EXPECT_NE(question.text.find("File: " + missing + "\nWas Not Found\n\n"), std::string::npos);
 }
 
+TEST_F(ProjectTest, GroupsThatListThemselvesAreWalkedOnce) {
+    write("One/One.vbp", "Type=Exe\nModule=A; A.bas\n");
+    write("One/A.bas", "Attribute VB_Name = \"A\"\n");
+    std::string self = write("Self.vbg", "VBGROUP 5.0\nProject=Self.vbg\nProject=One\\One.vbp\n");
+    list(self);
+    ASSERT_EQ(chooser.shown.size(), 1u);
+    EXPECT_EQ(chooser.shown[0].text, "The project group " + self + " is already being read; it is skipped.");
+    EXPECT_EQ(oProjectFiles().Count(), 2);  // the group and One
+    EXPECT_TRUE(inFileTable("A.bas"));
+
+    // Two groups that name each other: each is read once.
+    resetFileTable();
+    chooser.shown.clear();
+    write("Left.vbg", "VBGROUP 5.0\nProject=Right.vbg\n");
+    write("Right.vbg", "VBGROUP 5.0\nProject=Left.vbg\nProject=One\\One.vbp\n");
+    list((dir_ / "Left.vbg").string());
+    ASSERT_EQ(chooser.shown.size(), 1u);
+    EXPECT_EQ(oProjectFiles().Count(), 3);
+}
+
+TEST_F(ProjectTest, ProjectPastThe16BitCountStopsWithOverflow) {
+    write("big/A.bas", "Attribute VB_Name = \"A\"\n");
+    std::string text = "Type=Exe\n";
+    for (int n = 2; n <= 32768; ++n) text += "Module=A; A.bas\n";
+    std::string vbp = write("big/Big.vbp", text);
+    list(vbp);
+    ASSERT_EQ(chooser.shown.size(), 2u);
+    EXPECT_EQ(chooser.shown[0].text, "The following error occurred reading record\non file " + vbp +
+                                         ".\nRemainder of file not processed.\n\nOverflow at line 32768\n"
+                                         "Last line read: Module=A; A.bas");
+    EXPECT_EQ(chooser.shown[0].icon, MsgIcon::Critical);
+    EXPECT_EQ(chooser.shown[1].text, "Error occurred reading " + vbp + ".");
+    EXPECT_EQ(chooser.asked, 0);
+    EXPECT_EQ(oProjectFiles().Count(), 0);
+}
+
+TEST_F(ProjectTest, GroupReadCountsBinaryMembersOverAllProjectsAndStopsAtAnUnreadableOne) {
+    const std::string binaryForm("VERSION 2.00\0\0\0 Begin Form Old\n", 32);
+    write("One/Old.frm", binaryForm);
+    write("One/One.vbp", "Type=Exe\nForm=Old.frm\n");
+    write("Two/Old.frm", binaryForm);
+    write("Two/Two.vbp", "Type=Exe\nForm=Old.frm\n");
+    list(write("Pair.vbg", "VBGROUP 5.0\nProject=One\\One.vbp\nProject=Two\\Two.vbp\n"));
+    ASSERT_EQ(chooser.shown.size(), 2u);
+    EXPECT_EQ(chooser.shown[0].text.rfind("1 Code/Form Files", 0), 0u);
+    EXPECT_EQ(chooser.shown[1].text.rfind("2 Code/Form Files", 0), 0u);
+
+    // A project that cannot be opened is told as the group is walked, before any other project is read.
+    resetFileTable();
+    chooser.shown.clear();
+    chooser.asked = 0;
+    chooser.answers = {MsgAnswer::Cancel};
+    std::string missing = (dir_ / "Gone/Gone.vbp").string();
+    list(write("Broken.vbg", "VBGROUP 5.0\nProject=One\\One.vbp\nProject=Gone\\Gone.vbp\n"));
+    ASSERT_EQ(chooser.shown.size(), 2u);
+    EXPECT_EQ(chooser.shown[0].text, "The following error occurred processing " + missing + ".\n\nFile not found");
+    EXPECT_EQ(chooser.shown[1].text, "Error occurred reading " + missing + ".");
+    EXPECT_EQ(chooser.asked, 0);
+}
+
 }  // namespace
 }  // namespace hlyd

@@ -12,6 +12,7 @@
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
+#include "shell/hlyd_error.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -137,6 +138,28 @@ TEST_F(SettingsStoreTest, OutOfRangeNumbersAndSanityRules) {
     EXPECT_EQ(pageSettings().Margins.Left, 1440);
     EXPECT_EQ(pageSettings().Margins.Right, 2880);
     EXPECT_EQ(pageSettings().Margins.Top, 0);
+}
+
+TEST_F(SettingsStoreTest, NumbersBeyondTheirIntegerAreAnOverflowUnlessARuleLimitsThem) {
+    const std::string head = "[General]\nCurrentPrinter=P1\n";
+    for (const char* lines : {"CDLGFileIndex=40000", "LineNumberStart=99999999999", "Screen=1 2 99999999999 4",
+                              "[Format]\nIndentAmount.Display=-32769", "[P1.Print]\nColumnWidth=-99999999999",
+                              "[Display]\nColor.Background.Comments=99999999999"}) {
+        try {
+            loadFrom(head + lines + "\n");
+            ADD_FAILURE() << lines << " loaded";
+        } catch (const HlydError& e) {
+            EXPECT_EQ(e.Number, 6) << lines;
+            EXPECT_EQ(e.Description, "Overflow");
+        }
+    }
+    loadFrom(head + "WindowState=40000\nCDLGFileIndex=32767\nLineNumberStart=2147483647\nPaperSize=" +
+             std::string(400, '9') + "\n[P1.Print]\nColumnWidth=99999999999\n");
+    EXPECT_EQ(hlydSettings().WindowState, 0);
+    EXPECT_EQ(hlydSettings().CDLGFileIndex, 32767);
+    EXPECT_EQ(hlydSettings().LineNumberStart, 2147483647);
+    EXPECT_EQ(hlydSettings().PaperSize, 265);
+    EXPECT_EQ(pageSettings().Columns.Width, 12240);
 }
 
 TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {

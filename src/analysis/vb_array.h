@@ -3,8 +3,18 @@
 // but never moves what it holds: storage comes in fixed chunks. A file at the token limit thus
 // never needs the old and the new table at once, and growth costs no copying.
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <vector>
+
+// Debug and checked builds test every index against the bounds: storage comes in whole chunks,
+// so an index past the upper bound would otherwise reach memory that holds stale elements.
+#if defined(HLYD_CHECKED_INDEX) || !defined(NDEBUG)
+#define HLYD_VBARRAY_CHECKED 1
+#else
+#define HLYD_VBARRAY_CHECKED 0
+#endif
 
 namespace hlyd {
 
@@ -16,8 +26,14 @@ public:
 
     std::int32_t UBound() const { return ubound_; }
 
-    T& operator[](std::int32_t i) { return chunks_[i >> kChunkBits][i & (kChunkSize - 1)]; }
-    const T& operator[](std::int32_t i) const { return chunks_[i >> kChunkBits][i & (kChunkSize - 1)]; }
+    T& operator[](std::int32_t i) {
+        checkIndex(i);
+        return slot(i);
+    }
+    const T& operator[](std::int32_t i) const {
+        checkIndex(i);
+        return chunks_[i >> kChunkBits][i & (kChunkSize - 1)];
+    }
 
     bool inBounds(std::int32_t i) const { return i >= 0 && i <= ubound_; }
 
@@ -35,7 +51,7 @@ public:
     // only the used part is blanked again, so that a small file after a small file costs little.
     void reuse(std::int32_t newUBound, std::int32_t usedUpTo) {
         std::int32_t last = usedUpTo < ubound_ ? usedUpTo : ubound_;
-        for (std::int32_t i = 0; i <= last; ++i) (*this)[i] = T{};
+        for (std::int32_t i = 0; i <= last; ++i) slot(i) = T{};
         std::size_t needed = newUBound < 0 ? 0 : static_cast<std::size_t>(newUBound / kChunkSize + 1);
         chunks_.resize(needed);
         for (auto& chunk : chunks_)
@@ -51,11 +67,19 @@ public:
     }
 
 private:
+    void checkIndex([[maybe_unused]] std::int32_t i) const {
+#if HLYD_VBARRAY_CHECKED
+        if (inBounds(i)) return;
+        std::fprintf(stderr, "VbArray: index %ld outside 0 to %ld\n", static_cast<long>(i), static_cast<long>(ubound_));
+        std::abort();
+#endif
+    }
+    T& slot(std::int32_t i) { return chunks_[i >> kChunkBits][i & (kChunkSize - 1)]; }
     static std::int32_t lastInChunk(std::int32_t i) { return (i < 0 ? -1 : (i | (kChunkSize - 1))); }
     void blankRange(std::int32_t first, std::int32_t last) {
         if (first < 0) first = 0;
         for (std::int32_t i = first; i <= last && (i >> kChunkBits) < static_cast<std::int32_t>(chunks_.size()); ++i)
-            (*this)[i] = T{};
+            slot(i) = T{};
     }
 
     std::vector<std::unique_ptr<T[]>> chunks_;

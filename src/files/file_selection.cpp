@@ -15,6 +15,7 @@
 #include "shell/message_box.h"
 #include "shell/mru.h"
 #include "shell/text_format.h"
+#include "shell/vb_convert.h"
 
 namespace hlyd {
 
@@ -89,7 +90,7 @@ bool firstNameAlreadyOpen(const std::vector<std::string>& names) {
     if (names.empty()) return false;
     for (int i = 1; i <= f.oFile.Count(); ++i) {
         if (f.oFile.Item(i).FileName != names.front()) continue;
-        f.wCurrentFile = static_cast<std::int16_t>(i - 1);
+        f.wCurrentFile = int16Of(i - 1);
         return true;
     }
     return false;
@@ -168,7 +169,7 @@ std::vector<cFileDesc> addNewNames(const std::vector<std::string>& names, bool p
             if (projectChosen) projects.push_back(cFileDesc{name, kFileProject});
             else f.oFile.Add(cFileDesc{name, kFileSource});
         }
-        f.wCurrentFile = static_cast<std::int16_t>(f.oFile.Count() - 1);
+        f.wCurrentFile = int16Of(f.oFile.Count() - 1);
         if (tracing()) theLog().LogData("<" + name + ">");
     }
     return projects;
@@ -221,11 +222,11 @@ void FindNameInList(const std::string& fileName, std::int16_t& which) {
     const FileCollection& files = oFile();
     which = 0;
     if (!fileName.empty()) {
-        which = static_cast<std::int16_t>(files.Count() + 1);
+        which = int16Of(files.Count() + 1);
         for (int i = 1; i <= files.Count(); ++i) {
             if (files.Item(i).FileName != fileName) continue;
             status() = kStatusFound;
-            which = static_cast<std::int16_t>(i);
+            which = int16Of(i);
             break;
         }
     }

@@ -12,6 +12,7 @@
 #include "shell/message_box.h"
 #include "shell/app_info.h"
 #include "shell/text_format.h"
+#include "shell/vb_convert.h"
 
 #include <filesystem>
 
@@ -22,8 +23,8 @@ namespace {
 std::unique_ptr<cProjectFiles> projects = std::make_unique<cProjectFiles>();
 
 void growRecordList(std::vector<std::int16_t>& list, std::int16_t& count, std::int16_t lineNumber) {
-    ++count;
-    if (count >= static_cast<std::int16_t>(list.size())) list.resize(list.size() + 5);
+    incrementInt16(count, "ProcessProjectFile");
+    if (count >= static_cast<int>(list.size())) list.resize(list.size() + 5);
     list[count] = lineNumber;
 }
 
@@ -143,12 +144,9 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
     std::string content;
     if (!openForReading(FileName, content)) return;
     ProjectRecords.clear();
-    std::istringstream lines(content);
-    std::string text;
-    while (std::getline(lines, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    bool complete = readLines(content, [&](const std::string& text) {
         cProjectLine line;
-        ++Records;
+        incrementInt16(Records, "ProcessProjectFile");
         line.AsRecord = text;
         line.FileNameBase = FileNameBase;
         line.FileNameDrive = FileNameDrive;
@@ -156,7 +154,8 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
         ParseProjectRecord(line, formExt, moduleExt);
         ProjectRecords.push_back(std::move(line));
         addMember(ProjectRecords.back());
-    }
+    });
+    if (!complete) return;
     if (filesNotFound_ == 0) return;
     std::string text2 = "For the project file " + FileName + "\n" + std::to_string(filesNotFound_) +
                         " files were not found and\n" + std::to_string(filesFound_) + " files were found.";
@@ -212,15 +211,34 @@ void cProjectFile::ProcessProjectGroupFile(const std::string& fileName) {
     ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
     std::string content;
     if (!openForReading(FileName, content)) return;
-    std::istringstream lines(content);
-    std::string text;
-    while (std::getline(lines, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    readLines(content, [&](const std::string& text) {
         cProjectLine line;
         line.AsRecord = text;
-        ++Records;
+        incrementInt16(Records, "ProcessProjectGroupFile");
         ProjectRecords.push_back(std::move(line));
+    });
+}
+
+// A failure inside a line ends the reading of the file; the lines before it are kept.
+bool cProjectFile::readLines(const std::string& content, const std::function<void(const std::string&)>& perLine) {
+    std::istringstream lines(content);
+    std::string text;
+    int lineNumber = 0;
+    while (std::getline(lines, text)) {
+        if (!text.empty() && text.back() == '\r') text.pop_back();
+        ++lineNumber;
+        try {
+            perLine(text);
+        } catch (const HlydError& e) {
+            std::string report = "The following error occurred reading record\non file " + FileName +
+                                 ".\nRemainder of file not processed.\n\n" + e.Description + " at line " +
+                                 std::to_string(lineNumber) + "\nLast line read: " + text;
+            showMessage(report, theAppInfo().Title, MsgButtons::OKCancel, MsgIcon::Critical);
+            theDebug().BabStatus = 12;
+            return false;
+        }
     }
+    return true;
 }
 
 }  // namespace hlyd

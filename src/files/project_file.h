@@ -3,6 +3,7 @@
 // them, and whether those files exist.
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -69,8 +70,11 @@ public:
 
     cProjectLine& line(int n) { return ProjectRecords.at(n - 1); }
 
+    // The whole file; a failure is told (with Retry where it may help) and leaves BabStatus 12.
+    static bool openForReading(const std::string& fileName, std::string& content);
+
 private:
-    bool openForReading(const std::string& fileName, std::string& content);
+    bool readLines(const std::string& content, const std::function<void(const std::string&)>& perLine);
     void addMember(cProjectLine& line);
     bool memberExists(cProjectLine& line);
     void parseValues(cProjectLine& line, const std::string& value);

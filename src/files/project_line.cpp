@@ -4,6 +4,7 @@
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 #include "shell/text_format.h"
+#include "shell/vb_convert.h"
 
 namespace hlyd {
 
@@ -98,7 +99,7 @@ static void oldFormLine(cProjectFile& project, cProjectLine& line, const std::st
     }
     if (std::string(".VBX.").find(ext) != std::string::npos) {
         line.KeyWord = -kObject;
-        ++project.ObjectCount;
+        incrementInt16(project.ObjectCount, "ParseProjectRecord");
     }
 }
 
@@ -121,7 +122,7 @@ void cProjectFile::parseValues(cProjectLine& line, const std::string& value) {
         setValues(line, splitOn(value, ' '));
         if ((line.KeyWord == kObject || line.KeyWord == kReference) &&
             upperCase(line.Value[0]).find(".VBP") != std::string::npos) {
-            ++(line.KeyWord == kObject ? ObjectCount : ReferenceCount);
+            incrementInt16(line.KeyWord == kObject ? ObjectCount : ReferenceCount, "ParseProjectRecord");
             return;
         }
     }

@@ -1,6 +1,8 @@
 #include "files/project_listing.h"
 
-#include <fstream>
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
 
 #include "analysis/file_validation.h"
 #include "files/member_paths.h"
@@ -12,10 +14,13 @@
 #include "shell/main_window_model.h"
 #include "shell/message_box.h"
 #include "shell/text_format.h"
+#include "shell/vb_convert.h"
 
 namespace hlyd {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 std::string pointList(const std::string& barList) {
     std::string list = "." + barList;
@@ -30,10 +35,10 @@ std::string directoryOf(const std::string& name) {
 }
 
 // A group file names its member projects, one to a line after "=".
-void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::ifstream& in) {
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::istream& in) {
     cFileDesc& group = projects[i];
     group.FileType = kFileGroup;
-    std::int16_t position = static_cast<std::int16_t>(i + 1);
+    std::int16_t position = int16Of(static_cast<std::int64_t>(i) + 1, "PFParseFile");
     oFile().Add({group.FileName, kFileGroup, true, position, position});
     std::string directory = directoryOf(group.FileName);
     std::string text;
@@ -43,17 +48,50 @@ void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::ifstream&
         std::size_t eq = text.find('=');
         if (eq == std::string::npos) continue;
         std::string member = resolveMemberPath(directory, directory + text.substr(eq + 1));
-        projects.push_back({member, kFileProject, true, 0, ++count});
+        incrementInt16(count, "PFParseFile");
+        projects.push_back({member, kFileProject, true, 0, count});
     }
 }
 
-void findGroups(std::vector<cFileDesc>& projects) {
-    for (std::size_t i = 0; i < projects.size(); ++i) {
-        std::ifstream in(projects[i].FileName, std::ios::binary);
+// A group that lists itself, or two groups that list each other, would be expanded without end.
+bool alreadyWalked(std::vector<fs::path>& walked, const std::string& name) {
+    std::error_code ec;
+    fs::path key = fs::weakly_canonical(name, ec);
+    if (ec) key = name;
+    if (std::find(walked.begin(), walked.end(), key) != walked.end()) return true;
+    walked.push_back(key);
+    return false;
+}
+
+void tellReadFailure(const std::string& name) {
+    std::string text = theDebug().BabStatusDetail == 1 ? "Unable to open " + name + "."
+                                                       : "Error occurred reading " + name + ".";
+    showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+}
+
+// False when a project or group cannot be read: the user hears of it at once, and the listing ends.
+bool findGroups(std::vector<cFileDesc>& projects) {
+    std::vector<fs::path> walked;
+    for (std::size_t i = 0; i < projects.size();) {
+        std::string content;
+        if (!cProjectFile::openForReading(projects[i].FileName, content)) {
+            tellReadFailure(projects[i].FileName);
+            return false;
+        }
+        std::istringstream in(content);
         std::string first;
-        if (!in || !std::getline(in, first)) continue;
-        if (first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0) expandGroup(projects, i, in);
+        std::getline(in, first);
+        bool group = first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0;
+        if (group && alreadyWalked(walked, projects[i].FileName)) {
+            showMessage("The project group " + projects[i].FileName + " is already being read; it is skipped.",
+                        theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+            projects.erase(projects.begin() + static_cast<std::ptrdiff_t>(i));
+            continue;
+        }
+        if (group) expandGroup(projects, i, in);
+        ++i;
     }
+    return true;
 }
 
 // Returns false when the user cancelled; counts the members that are no text source.
@@ -81,14 +119,13 @@ void tellBinaryMembers(int binary) {
 }
 
 // False when the listing must stop: the project could not be read, or the user cancelled.
-bool readProject(const cFileDesc& entry, const std::string& formExt, const std::string& moduleExt) {
+// `binary` counts the members that are no text source over the whole listing.
+bool readProject(const cFileDesc& entry, const std::string& formExt, const std::string& moduleExt, int& binary) {
     auto project = std::make_unique<cProjectFile>();
     project->ProcessProjectFile(entry.FileName, formExt, moduleExt);
     cDebug& d = theDebug();
     if (d.BabStatus == 12) {
-        std::string text = d.BabStatusDetail == 1 ? "Unable to open " + entry.FileName + "."
-                                                  : "Error occurred reading " + entry.FileName + ".";
-        showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+        tellReadFailure(entry.FileName);
         return false;
     }
     if (d.BabStatus == 13) {
@@ -97,7 +134,6 @@ bool readProject(const cFileDesc& entry, const std::string& formExt, const std::
         return false;
     }
     if (d.BabStatus == 19) return false;
-    int binary = 0;
     if (!checkMembers(*project, project->Forms, project->FormCount, binary) ||
         !checkMembers(*project, project->Classes, project->ClassCount, binary) ||
         !checkMembers(*project, project->Modules, project->ModuleCount, binary))
@@ -127,12 +163,12 @@ std::vector<ProjectMemberOption> memberOptions() {
 void addChosenFiles(const std::vector<ProjectMemberOption>& options) {
     for (int p = 1; p <= oProjectFiles().Count(); ++p) {
         cProjectFile& project = oProjectFiles().Item(p);
-        if (project.FileType != 0) oFile().Add({project.FileName, kFileProject, true, static_cast<std::int16_t>(p), 0});
+        if (project.FileType != 0) oFile().Add({project.FileName, kFileProject, true, int16Of(p), 0});
         for (const ProjectMemberOption& o : options) {
             if (o.project != p || !o.checked) continue;
             const cProjectLine& line = project.line(o.line);
             if (line.FileType >= kLineForm && line.FileType <= kLineDesigner)
-                oFile().Add({line.WholeFile, kFileSource, true, static_cast<std::int16_t>(p), static_cast<std::int16_t>(o.line)});
+                oFile().Add({line.WholeFile, kFileSource, true, int16Of(p), int16Of(o.line)});
         }
     }
 }
@@ -145,10 +181,11 @@ void PFParseFile(std::vector<cFileDesc> projects) {
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);
     std::string formExt = pointList(s.FormExt);
-    findGroups(projects);
+    if (!findGroups(projects)) return;
+    int binary = 0;
     for (const cFileDesc& entry : projects) {
         if (entry.FileType == kFileProject) {
-            if (!readProject(entry, formExt, moduleExt)) return;
+            if (!readProject(entry, formExt, moduleExt, binary)) return;
         } else if (entry.FileType == kFileGroup) {
             auto group = std::make_unique<cProjectFile>();
             group->ProcessProjectGroupFile(entry.FileName);

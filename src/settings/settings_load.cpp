@@ -1,5 +1,6 @@
 // Reading the settings at start-up, in the order the file's sections were laid out, with the
 // defaults, the older keys that stand in for newer ones, and the sanity rules.
+#include <cmath>
 #include <filesystem>
 #include <memory>
 
@@ -11,7 +12,9 @@
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
+#include "shell/hlyd_error.h"
 #include "shell/text_format.h"
+#include "shell/vb_convert.h"
 
 namespace hlyd {
 
@@ -30,25 +33,33 @@ const char* const kDisplayFontName = "Courier New";
 constexpr double kDisplayFontSize = 10;
 constexpr double kPrintFontSize = 12;
 
+constexpr const char* kLoadSource = "sbINIGetInfo";
+
 // A value more than four times its reference is taken for a slip and replaced by it.
 std::int32_t sane(double value, std::int32_t reference) {
-    return value > 4.0 * reference ? reference : static_cast<std::int32_t>(value);
+    return value > 4.0 * reference ? reference : clngOf(value, kLoadSource);
 }
 
+// A number that does not fit its 16-bit or 32-bit setting is an overflow, as the runtime's
+// assignment makes it; only the keys with a rule of their own are limited instead.
 std::int16_t readInt16(const std::string& key, double defaultValue) {
-    return static_cast<std::int16_t>(iniHandler().ReadNumber(key, defaultValue));
+    return cintOf(iniHandler().ReadNumber(key, defaultValue), kLoadSource);
+}
+
+std::int32_t readInt32(const std::string& key, double defaultValue) {
+    return clngOf(iniHandler().ReadNumber(key, defaultValue), kLoadSource);
 }
 
 std::int16_t readClamped(const std::string& key, double defaultValue, double lower, double upper) {
-    return static_cast<std::int16_t>(iniHandler().ReadNumber(key, defaultValue, lower, upper));
+    return cintOf(iniHandler().ReadNumber(key, defaultValue, lower, upper), kLoadSource);
 }
 
 void readGeneralHead(HlydSettings& s) {
     cINIHandler& i = iniHandler();
     i.setSection("General");
     s.DebugMenu = i.ReadBool("DebugMenu", false);
-    s.WindowState = readInt16("WindowState", 0);
-    if (s.WindowState < 0 || s.WindowState > 2) s.WindowState = 0;
+    double windowState = i.ReadNumber("WindowState", 0);
+    s.WindowState = windowState >= 0 && windowState <= 2 ? cintOf(windowState, kLoadSource) : 0;
     s.CDLGFileIndex = readInt16("CDLGFileIndex", 1);
     s.DoNotShowPrintDialog = i.ReadBool("DoNotShowPrintDialog", false);
     s.ShowOpenDialog = i.ReadBool("ShowOpenDialog", true);
@@ -131,8 +142,8 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
     s.SaveHYFile = i.ReadString("SaveHYFile", (std::filesystem::path(settingsDirectory()) / "TMRHIST.TMR").string());
     s.LineNumbers = i.ReadBool("LineNumbers", false);
     s.LineNumberHow = readInt16("LineNumberHow", 2);
-    s.LineNumberStart = static_cast<std::int32_t>(i.ReadNumber("LineNumberStart", 1));
-    s.LineNumberIncrement = static_cast<std::int32_t>(i.ReadNumber("LineNumberIncrement", 1));
+    s.LineNumberStart = readInt32("LineNumberStart", 1);
+    s.LineNumberIncrement = readInt32("LineNumberIncrement", 1);
     s.PageNumberAsk = i.ReadBool("PageNumberAsk", false);
     s.PageNumberHow = readInt16("PageNumberHow", 1);
     // Defaults only on a first run: a heading the user cleared stays cleared.
@@ -157,14 +168,17 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
     std::vector<std::string> screen = i.ReadWords("Screen", screenDefault, std::string("General"));
     std::vector<std::string> fallback = splitOn(screenDefault, ' ');
     for (int k = 0; k < 4; ++k)
-        s.Screen[k] = static_cast<std::int32_t>(valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]));
+        s.Screen[k] = clngOf(valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]), kLoadSource);
     s.ToolBar = i.ReadBool("ToolBar", true);
     s.ToolTips = i.ReadBool("ToolTips", true);
     s.StatusBar = i.ReadBool("StatusBar", true);
 }
 
+// Colours are kept as unsigned numbers: system colours stand above 2^31 and may be stored so.
 std::uint32_t colourOf(double value) {
-    return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
+    double rounded = std::nearbyint(value);
+    if (!(rounded >= -2147483648.0 && rounded <= 4294967295.0)) raiseRuntime(6, kLoadSource);
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(rounded));
 }
 
 bool fontAttrFlag(const std::string& word) { return upperCase(word) == "YES" || word == "-1"; }

@@ -1,0 +1,37 @@
+#include "shell/vb_convert.h"
+
+#include <cmath>
+#include <limits>
+
+#include "shell/hlyd_error.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr int kOverflow = 6;
+
+// Rounds first and compares in double, where every 32-bit value is exact; NaN fails both tests.
+template <class Int>
+Int roundedInto(double value, const std::string& source) {
+    double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<Int>::min() && rounded <= std::numeric_limits<Int>::max()))
+        raiseRuntime(kOverflow, source);
+    return static_cast<Int>(rounded);
+}
+
+}  // namespace
+
+std::int16_t int16Of(std::int64_t value, const std::string& source) {
+    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max())
+        raiseRuntime(kOverflow, source);
+    return static_cast<std::int16_t>(value);
+}
+
+std::int16_t cintOf(double value, const std::string& source) { return roundedInto<std::int16_t>(value, source); }
+
+std::int32_t clngOf(double value, const std::string& source) { return roundedInto<std::int32_t>(value, source); }
+
+void incrementInt16(std::int16_t& count, const std::string& source) { count = int16Of(count + 1, source); }
+
+}  // namespace hlyd
