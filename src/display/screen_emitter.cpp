@@ -1,5 +1,6 @@
 #include "display/screen_emitter.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "display/connectors.h"
@@ -73,6 +74,7 @@ private:
     void EmitCodeRecord(std::int32_t r);
     void nothingShown();
     void scrollBarAndList();
+    void showFirstRecordOnBar();
     void sourceScrollRange();
     void finish();
 
@@ -236,6 +238,17 @@ void ScreenEmission::sourceScrollRange() {
         bar.Max = t.RecordCount < 32768 ? t.RecordCount - bar.LargeChange - 1 : kScrollLimit;
 }
 
+// The bar stands on the record at the top of the view, so that the next key moves from there. It
+// is placed after the range is set from this view (the range it had before may not reach a record
+// that the procedure list jumped to, or the first code record of a form), and the range stretches
+// to take the record in.
+void ScreenEmission::showFirstRecordOnBar() {
+    ScrollBarModel& bar = mainWindow().vsbDisplay;
+    bar.Max = std::max(bar.Max, record_);
+    bar.Min = std::min(bar.Min, record_);
+    bar.Value = record_;
+}
+
 void ScreenEmission::scrollBarAndList() {
     ScrollBarModel& bar = mainWindow().vsbDisplay;
     if (!project_ && record_ != firstEmitted_) {
@@ -243,7 +256,6 @@ void ScreenEmission::scrollBarAndList() {
         record_ = firstEmitted_;
     }
     state.FirstRecord = record_;
-    if (record_ <= bar.Max) bar.Value = record_;
     if (state.LastRecord < state.FirstRecord) state.LastRecord = lastEmitted_;
     if (project_) {
         if (lastEmitted_ < projectLines_) state.LastRecord = lastEmitted_;
@@ -252,11 +264,13 @@ void ScreenEmission::scrollBarAndList() {
             bar.Max = projectLines_ + 1;
             if (state.LastRecord - state.FirstRecord - 1 > 0) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
         }
+        showFirstRecordOnBar();
         return;
     }
     if (lastEmitted_ <= state.FirstRecord + 1) bar.LargeChange = 1;
     else if (state.LastRecord > state.FirstRecord + 1) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
     sourceScrollRange();
+    showFirstRecordOnBar();
     std::int16_t which = 0;
     HlydPCGetAssociatedProc(state.FirstRecord, which);
     SortedListModel& list = mainWindow().cboProc;
