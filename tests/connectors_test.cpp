@@ -1,5 +1,6 @@
 // Connector lines as the screen draws them, coordinates exact: blocks inside the view, crossing
 // its top or bottom or enclosing it, Else, Indent off, and a stack that must grow.
+#include <algorithm>
 #include <tuple>
 
 #include "display/connectors.h"
@@ -116,9 +117,9 @@ std::vector<Line> fromTopToBottom(int levels, float bottom) {
 // block, on a stack that never saw its openers, draws every level's line and never fails.
 TEST_F(ConnectorsTest, DeepLevelsAreDrawnFromTheTopMiddleAndBottomOfTheirBlocks) {
     load(nestedIfs(41));  // levels 0 to 40; the text of level 40 stands at 13770
-    auto wide = [&](std::int32_t first, float height) {
+    auto wide = [&](std::int32_t first, float height, float width = 20000) {
         resetConnectorStack();
-        surface.resize(20000, height);
+        surface.resize(width, height);
         surface.calls.clear();
         HlydDSEmitRequestedData(first);
         return lines();
@@ -149,6 +150,15 @@ TEST_F(ConnectorsTest, DeepLevelsAreDrawnFromTheTopMiddleAndBottomOfTheirBlocks)
     EXPECT_EQ(wide(72, 300), join({vertical(11, 0, 100), stub(11, 100), vertical(10, 0, 300), stub(10, 300)},
                                   fromTopToBottom(10, 400)));
     EXPECT_GE(connectorStack().size(), 12u);
+
+    // In a narrow view deep text is held at 3000 - 12 x 85 = 1980; the levels beyond share the
+    // column in front of it, so that no stub crosses the text.
+    expected = {{1895, 0, 1895, 100}, {1895, 100, 1980, 100}};
+    for (int level = 0; level < 40; ++level) {
+        float x = std::min(column(level), 1895.f);
+        expected.emplace_back(x, 0, x, 200);
+    }
+    EXPECT_EQ(wide(43, 100, 3000), expected);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "display/connectors.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "display/font_metrics.h"
@@ -17,12 +18,14 @@ std::vector<ConnectorEntry> stack(kInitialLevels);
 
 std::int32_t wholeTwips(double value) { return static_cast<std::int32_t>(std::nearbyint(value)); }
 
-// The column of a level's vertical line.
+// The column of a level's vertical line. Levels whose text is held back from the right edge of a
+// narrow output share the column of the furthest text, rather than crossing it.
 std::int32_t columnOf(int dest, int level, const AreaRecord& pos, float xOffset, bool indentSet, float xToken) {
     const LayoutMetrics& m = layoutMetrics();
     if (!indentSet) return wholeTwips(xToken - m.ConnectorSize.at(dest));
     double amount = displayAttributes().Format[dest].IndentAmount;
-    return wholeTwips(level * m.IndentSize.at(dest) * amount + pos.Left - m.ConnectorSize.at(dest) + xOffset);
+    double column = level * m.IndentSize.at(dest) * amount + pos.Left - m.ConnectorSize.at(dest);
+    return wholeTwips(std::min<double>(column, furthestTextStart(pos, dest) - m.ConnectorSize.at(dest)) + xOffset);
 }
 
 // Where the stretch being drawn began, as HlydCLContinueBeforeTop saw it. A level that the stack
