@@ -1,11 +1,11 @@
 // Connector lines as the screen draws them, coordinates exact: blocks inside the view, crossing
 // its top or bottom or enclosing it, Else, Indent off, and a stack that must grow.
+#include <algorithm>
 #include <tuple>
 
 #include "display/connectors.h"
 #include "display/screen_emitter.h"
 #include "fake_surface.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 namespace {
@@ -93,38 +93,72 @@ TEST_F(ConnectorsTest, StatementBehindAnotherOnItsRecordDrawsNothing) {
     EXPECT_EQ(show(1), (std::vector<Line>{{85, 0, 85, 500}, {85, 500, 170, 500}}));
 }
 
-TEST_F(ConnectorsTest, StackGrowsForDeepLevels) {
-    load("If a Then\nEnd If\n");
-    AreaRecord pos, next;
-    pos.Left = 170;
-    next.Top = 200;
-    float xOffset = 0;
-    ASSERT_EQ(connectorStack().size(), 11u);
+// "If" blocks nested `depth` deep: record r (1 to depth) opens level r - 1, record depth + 1 stands
+// at level depth, and the closer of level L is record 2 x depth + 1 - L.
+std::string nestedIfs(int depth) {
+    std::string text;
+    for (int level = 0; level < depth; ++level) text += "If a" + std::to_string(level) + " Then\n";
+    text += "x = 1\n";
+    for (int level = depth - 1; level >= 0; --level) text += "End If\n";
+    return text;
+}
 
-    // Level 11 is one past the bound of 10: the opener grows the stack by five and is drawn,
-    // at 11 x 340 + 85 = 3825.
-    HlydCLBeginOrEnd(kDisplay, pos, 11, next, 0, 1, 3910, format(), xOffset);
-    EXPECT_EQ(lines(), (std::vector<Line>{{3825, 100, 3910, 100}}));
-    ASSERT_EQ(connectorStack().size(), 16u);
-    EXPECT_TRUE(connectorStack()[11].Open);
-    EXPECT_EQ(connectorStack()[11].X, 3825);
-    EXPECT_EQ(connectorStack()[11].Y, 100);
+float column(int level) { return static_cast<float>(level * 340 + 85); }
+Line vertical(int level, float y1, float y2) { return {column(level), y1, column(level), y2}; }
+Line stub(int level, float y) { return {column(level), y, column(level) + 85, y}; }
+// The levels below `levels`, each coming in from the top of the view and running to `bottom`.
+std::vector<Line> fromTopToBottom(int levels, float bottom) {
+    std::vector<Line> out;
+    for (int level = 0; level < levels; ++level) out.push_back(vertical(level, 0, bottom));
+    return out;
+}
 
-    // A first opener at level 12 only grows the stack.
-    resetConnectorStack();
-    surface.calls.clear();
-    HlydCLBeginOrEnd(kDisplay, pos, 12, next, 0, 1, 4250, format(), xOffset);
-    EXPECT_TRUE(lines().empty());
-    EXPECT_EQ(connectorStack().size(), 16u);
+// The stack starts at levels 0 to 10 and files nest deeper: a view that begins anywhere in a deep
+// block, on a stack that never saw its openers, draws every level's line and never fails.
+TEST_F(ConnectorsTest, DeepLevelsAreDrawnFromTheTopMiddleAndBottomOfTheirBlocks) {
+    load(nestedIfs(41));  // levels 0 to 40; the text of level 40 stands at 13770
+    auto wide = [&](std::int32_t first, float height, float width = 20000) {
+        resetConnectorStack();
+        surface.resize(width, height);
+        surface.calls.clear();
+        HlydDSEmitRequestedData(first);
+        return lines();
+    };
+    auto join = [](std::vector<Line> a, const std::vector<Line>& b) {
+        a.insert(a.end(), b.begin(), b.end());
+        return a;
+    };
+    // Two records a view (tops 0 and 200, bottom 400), one with a height of 100.
+    // Top of the block of level 40: its opener's stub; then all 41 open levels down to the bottom,
+    // level 40 from its stub.
+    std::vector<Line> expected = join({stub(40, 100)}, fromTopToBottom(40, 400));
+    expected.push_back(vertical(40, 100, 400));
+    EXPECT_EQ(wide(41, 300), expected);
+    // Its middle: every level from the top of the view to its bottom.
+    EXPECT_EQ(wide(42, 100), fromTopToBottom(41, 200));
+    // Its bottom: the closers of 40 and 39 come in from the top; the levels below run on.
+    EXPECT_EQ(wide(43, 300), join({vertical(40, 0, 100), stub(40, 100), vertical(39, 0, 300), stub(39, 300)},
+                                  fromTopToBottom(39, 400)));
 
-    // A closer one past the bound has no entry to be kept in: a bounds fault.
-    resetConnectorStack();
-    try {
-        HlydCLBeginOrEnd(kDisplay, pos, 11, next, 0, 2, 3910, format(), xOffset);
-        ADD_FAILURE() << "no fault";
-    } catch (const HlydError& e) {
-        EXPECT_EQ(e.Number, 9);
+    // Level 11, one past the first bound; level 12 is the first opener beyond it.
+    expected = join({stub(11, 100)}, fromTopToBottom(11, 200));
+    expected.push_back(vertical(11, 100, 200));
+    EXPECT_EQ(wide(12, 100), expected);
+    expected = join({stub(12, 100)}, fromTopToBottom(12, 200));
+    expected.push_back(vertical(12, 100, 200));
+    EXPECT_EQ(wide(13, 100), expected);
+    EXPECT_EQ(wide(72, 300), join({vertical(11, 0, 100), stub(11, 100), vertical(10, 0, 300), stub(10, 300)},
+                                  fromTopToBottom(10, 400)));
+    EXPECT_GE(connectorStack().size(), 12u);
+
+    // In a narrow view deep text is held at 3000 - 12 x 85 = 1980; the levels beyond share the
+    // column in front of it, so that no stub crosses the text.
+    expected = {{1895, 0, 1895, 100}, {1895, 100, 1980, 100}};
+    for (int level = 0; level < 40; ++level) {
+        float x = std::min(column(level), 1895.f);
+        expected.emplace_back(x, 0, x, 200);
     }
+    EXPECT_EQ(wide(43, 100, 3000), expected);
 }
 
 }  // namespace

@@ -73,6 +73,33 @@ TEST_F(ScreenEmitterTest, SaysWhenThereIsNothingToShow) {
     show(1);
     ASSERT_EQ(prints().size(), 1u);
     EXPECT_EQ(prints()[0].text, "No Form-definition statements to display.");
+
+    // Both shown and nothing there: no code, whatever the form description flag says.
+    load("Empty.bas", "");
+    hlydSettings().ViewCode[kDisplay] = true;
+    show(1);
+    ASSERT_EQ(prints().size(), 1u);
+    EXPECT_EQ(prints()[0].text, "No Code-statements to display.");
+}
+
+// End in a view of any height shows the file's last record inside the view: after a resize (the
+// size of a page not known yet) and again once it is known.
+TEST_F(ScreenEmitterTest, EndShowsTheLastLinesInAViewOfAnyHeight) {
+    load("Module1.bas", numberedLines(100));
+    for (float height : {100.f, 600.f, 1000.f, 2000.f, 3000.f, 5000.f}) {
+        SCOPED_TRACE(height);
+        surface.resize(12000, height);
+        emitterState().ViewHeight = static_cast<std::int32_t>(height);
+        show(1);  // a resize redraws in place
+        for (int pass = 0; pass < 2; ++pass) {
+            show(-1);
+            ASSERT_FALSE(prints().empty());
+            EXPECT_EQ(prints().back().text, "100");
+            EXPECT_LT(prints().back().y1, height);
+            EXPECT_GE(emitterState().FirstRecord, 1);
+        }
+        EXPECT_TRUE(emitterState().LinesKnown);
+    }
 }
 
 TEST_F(ScreenEmitterTest, HiddenFormDescriptionIsPassedOver) {

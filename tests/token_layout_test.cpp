@@ -166,11 +166,31 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
     EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"abcdef", 85, 200},
                                            {" _", 685, 200}, {"ghijkl", 85, 400}}));
 
-    // At level 3 the text would start at 1020, beyond the right edge of 1000: the wrap falls
-    // back to the left edge, pieces 1000 - 85 + 1 = 916 wide.
+    // At level 3 the text would start at 1020, beyond the right edge of 1000: it starts at the
+    // left edge, and its pieces (1000 - 170 + 1 = 831 wide) at 85.
     ASSERT_EQ(theSourceTables().Records[6].Indent, 3);
     EXPECT_EQ(lay(6, 1000), 1);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefghi", 0, 0}, {" _", 900, 0}, {"jkl", 85, 200}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefgh", 85, 0}, {" _", 885, 0}, {"ijkl", 85, 200}}));
+}
+
+TEST_F(TokenLayoutTest, DeepIndentationInANarrowOutputIsCappedNotSplitPerCharacter) {
+    std::string text;
+    for (int level = 0; level < 8; ++level) text += "If a Then\n";
+    load(text + "abcdefghijklmnopqrst\nx = 1\n");
+    format().ContinueGenerate = 1;
+    // Level 8 stands at 2720; in a width of 3000 its pieces would be 3000 - 2890 + 1 = 111 wide,
+    // one character each. The record starts at 3000 - 170 - 850 = 1980 instead, and its pieces
+    // at 2065 are 851 wide: eight characters.
+    ASSERT_EQ(theSourceTables().Records[9].Indent, 8);
+    EXPECT_EQ(lay(9, 3000), 2);
+    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefgh", 2065, 0}, {" _", 2865, 0}, {"ijklmnop", 2065, 200},
+                                           {" _", 2865, 200}, {"qrst", 2065, 400}}));
+    // A record that fits is capped all the same: the block's lines stay in one column. With room
+    // enough, the indentation stands.
+    lay(10, 3000);
+    EXPECT_EQ(printed[0], Print("x", 1980, 0));
+    lay(10, 12000);
+    EXPECT_EQ(printed[0], Print("x", 2720, 0));
 }
 
 TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {

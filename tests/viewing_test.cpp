@@ -26,6 +26,10 @@ protected:
         };
     }
     void open(const std::string& name, const std::string& text) { showSource(name, text); }
+    void openExample(const std::string& name) {
+        oFile().Add({std::string(HLYD_SOURCE_DIR) + "/examples/Sample/" + name, kFileSource, false, 0, 0});
+        HlydFLProcessSelectedFile(static_cast<std::int16_t>(oFile().Count()));
+    }
     // "v1 = 1" ... "v100 = 100": records 1 to 100 and the end record 101.
     void openNumbered() {
         std::string text;
@@ -118,6 +122,32 @@ TEST_F(ViewingTest, ValueOnAHiddenRecordShowsTheNextVisibleOne) {
     EXPECT_EQ(first(), 5);
     EXPECT_EQ(bar().Value, 5);
     EXPECT_EQ(firstText(), "Attribute");
+}
+
+// The bar stands on the record at the top of the view however the view got there, and the keys
+// move from that record.
+TEST_F(ViewingTest, ScrollBarFollowsTheViewAfterJumpsAndHiddenLines) {
+    openExample("Sample.bas");
+    key(kKeyPageDown, kShiftCtrl);
+    key(kKeyPageDown, kShiftCtrl);
+    ASSERT_EQ(first(), 36);  // Fill, with the blank line above it
+    EXPECT_EQ(bar().Value, 36);
+    EXPECT_LE(bar().Value, bar().Max);
+    key(kKeyUp);  // before, the bar stood on 17 and Up went to 16
+    EXPECT_EQ(first(), 35);
+    EXPECT_EQ(bar().Value, 35);
+
+    // The form's description hidden: the file opens on its first code record, and so does the bar.
+    // The view holds ten lines, so that the code doesn't fit and Down has somewhere to go.
+    hlydSettings().ViewFormDef[kDisplay] = false;
+    surface.resize(12000, 2000);
+    emitterState().ViewHeight = 2000;
+    openExample("Main.frm");
+    ASSERT_EQ(first(), 26);
+    EXPECT_EQ(bar().Min, 26);
+    EXPECT_EQ(bar().Value, 26);
+    key(kKeyDown);
+    EXPECT_EQ(first(), 27);
 }
 
 TEST_F(ViewingTest, ProcedureListAndNextAndPriorProcedure) {

@@ -1,5 +1,6 @@
 #include "display/connectors.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "display/font_metrics.h"
@@ -17,18 +18,40 @@ std::vector<ConnectorEntry> stack(kInitialLevels);
 
 std::int32_t wholeTwips(double value) { return static_cast<std::int32_t>(std::nearbyint(value)); }
 
-// The column of a level's vertical line.
+// The column of a level's vertical line. Levels whose text is held back from the right edge of a
+// narrow output share the column of the furthest text, rather than crossing it.
 std::int32_t columnOf(int dest, int level, const AreaRecord& pos, float xOffset, bool indentSet, float xToken) {
     const LayoutMetrics& m = layoutMetrics();
     if (!indentSet) return wholeTwips(xToken - m.ConnectorSize.at(dest));
     double amount = displayAttributes().Format[dest].IndentAmount;
-    return wholeTwips(level * m.IndentSize.at(dest) * amount + pos.Left - m.ConnectorSize.at(dest) + xOffset);
+    double column = level * m.IndentSize.at(dest) * amount + pos.Left - m.ConnectorSize.at(dest);
+    return wholeTwips(std::min<double>(column, furthestTextStart(pos, dest) - m.ConnectorSize.at(dest)) + xOffset);
 }
 
-void growStack() {
-    std::size_t oldUpper = stack.size() - 1;
-    stack.resize(stack.size() + kGrowth);
-    for (std::size_t level = oldUpper; level < stack.size(); ++level) stack[level].Open = false;
+// Where the stretch being drawn began, as HlydCLContinueBeforeTop saw it. A level that the stack
+// reaches only later starts as that call would have left it: a line coming in from the top.
+struct StretchTop {
+    int dest = kDisplay;
+    AreaRecord pos;
+    float xOffset = 0;
+};
+StretchTop stretch;
+
+ConnectorEntry enteringFromTop(int level) {
+    return {false, columnOf(stretch.dest, level, stretch.pos, stretch.xOffset, true, 0), wholeTwips(stretch.pos.Top)};
+}
+
+// Nesting has no limit in a source file, so the stack grows, five levels at a time, to whatever
+// level is met: openers, closers and the levels still open at the bottom alike. (A stack that
+// grew only for openers left a closer deeper than its bound with no entry, and the view then
+// failed; a level it never reached lost its line.)
+void growStackTo(int level) {
+    while (static_cast<int>(stack.size()) <= level) {
+        std::size_t oldSize = stack.size();
+        stack.resize(oldSize + kGrowth);
+        stack[oldSize - 1].Open = false;  // the old top level is cleared with the new ones, as it always was
+        for (std::size_t l = oldSize; l < stack.size(); ++l) stack[l] = enteringFromTop(static_cast<int>(l));
+    }
 }
 
 Surface& surfaceOf(int dest) {
@@ -42,11 +65,14 @@ std::uint32_t connectorColour(int dest) { return displayAttributes().Elements[kE
 }  // namespace
 
 std::vector<ConnectorEntry>& connectorStack() { return stack; }
-void resetConnectorStack() { stack.assign(kInitialLevels, ConnectorEntry{}); }
+void resetConnectorStack() {
+    stack.assign(kInitialLevels, ConnectorEntry{});
+    stretch = StretchTop{};
+}
 
 void HlydCLContinueBeforeTop(int dest, const AreaRecord& pos, std::int16_t, float xOffset) {
-    for (std::size_t level = 0; level < stack.size(); ++level)
-        stack[level] = {false, columnOf(dest, static_cast<int>(level), pos, xOffset, true, 0), wholeTwips(pos.Top)};
+    stretch = {dest, pos, xOffset};
+    for (std::size_t level = 0; level < stack.size(); ++level) stack[level] = enteringFromTop(static_cast<int>(level));
 }
 
 void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int16_t indent, const AreaRecord& posNext,
@@ -61,26 +87,20 @@ void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int16_t indent, cons
     const Statement& st = t.Statements[t.Records[record].FirstS];
     bool opens = st.Flags & kFlagIndent;
     bool closes = st.Flags & kFlagOutdent;
-    int bound = static_cast<int>(stack.size()) - 1;
-    if (indent > bound + 1 || t.Records[record].FirstT != st.FirstToken) {
-        if (opens && bound < indent) growStack();
-        return;
-    }
-    ConnectorEntry copy = indent <= bound ? stack[indent] : ConnectorEntry{};
+    if (indent < 0 || t.Records[record].FirstT != st.FirstToken) return;
+    growStackTo(indent);
+    ConnectorEntry copy = stack[indent];
     std::int32_t column = columnOf(dest, indent, pos, xOffset, format.Indent != 0, xToken);
     if (closes) {
         if (!copy.Open) copy.X = column;
         s.line(static_cast<float>(copy.X), static_cast<float>(copy.Y), static_cast<float>(copy.X), yMid, colour);
     }
     if (opens) {
-        if (bound < indent) growStack();
         copy = stack[indent];
         if (!copy.Open) copy.Open = true, copy.X = column;
         copy.Y = wholeTwips(yMid);
     }
     if (copy.X >= 0) s.line(static_cast<float>(copy.X), yMid, xToken, yMid, colour);
-    // A closer at a level one past the stack has no entry to keep: a bounds fault, as reported.
-    if (indent > static_cast<int>(stack.size()) - 1) raiseRuntime(9, "HlydCLBeginOrEnd");
     stack[indent] = copy;
     if (closes && !opens) stack[indent].Open = false;
 }
@@ -88,7 +108,8 @@ void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int16_t indent, cons
 void HlydCLContinueAfterBottom(int dest, float bottom, std::int16_t indent) {
     Surface& s = surfaceOf(dest);
     std::uint32_t colour = connectorColour(dest);
-    for (int level = 0; level < indent && level < static_cast<int>(stack.size()); ++level)
+    if (indent > 0) growStackTo(indent - 1);
+    for (int level = 0; level < indent; ++level)
         s.line(static_cast<float>(stack[level].X), static_cast<float>(stack[level].Y), static_cast<float>(stack[level].X),
                bottom, colour);
 }

@@ -1,5 +1,6 @@
 #include "display/screen_emitter.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "display/connectors.h"
@@ -22,6 +23,22 @@ void (*presentView)() = nullptr;
 
 constexpr float kProjectIndent = 40;
 constexpr std::int32_t kScrollLimit = 32767;
+
+// At the end of a file a view keeps some room below the last line, ten lines or 2000 twips, for
+// records that wrap. A view smaller than twice that keeps half of itself instead, so that the last
+// lines still fit in it.
+constexpr long kEndRoomLines = 10;
+constexpr float kEndRoomTwips = 2000;
+constexpr std::int32_t kEndStepCode = 14;
+constexpr std::int32_t kEndStepFormDef = 10;
+
+std::int32_t linesPerViewAtEnd(long lines) {
+    return static_cast<std::int32_t>(std::max(1L, lines - std::min(kEndRoomLines, lines / 2)));
+}
+float bottomAtEnd(float height) { return height - std::min(kEndRoomTwips, height / 2); }
+// The last screen is found by stepping back a page and forward again by a small margin; the step
+// forward stays within half a page, or in a small view it would pass the end of the file.
+std::int32_t stepForwardAtEnd(std::int32_t margin, std::int32_t page) { return std::min(margin, std::max(0, page / 2)); }
 
 AttributeRecord& screenAttributes(int element) { return displayAttributes().Elements[element].slot[kDisplay]; }
 
@@ -73,6 +90,7 @@ private:
     void EmitCodeRecord(std::int32_t r);
     void nothingShown();
     void scrollBarAndList();
+    void showFirstRecordOnBar();
     void sourceScrollRange();
     void finish();
 
@@ -102,7 +120,6 @@ void ScreenEmission::resetViewIfNew() {
     if (s_.height() != state.Height || s_.width() != state.Width) state.LinesKnown = false;
 }
 
-// The last screen is found by stepping back one page and forward again by a small margin.
 void ScreenEmission::requestForEnd() {
     const SourceTables& t = theSourceTables();
     ScrollBarModel& bar = mainWindow().vsbDisplay;
@@ -117,7 +134,10 @@ void ScreenEmission::requestForEnd() {
     HlydCFGetRecord(record_, mainWindow().lblRecord);
     const HlydSettings& settings = hlydSettings();
     if (!settings.ViewFormDef[kDisplay] || settings.ViewCode[kDisplay]) {
-        if (record_ > bar.LargeChange) record_ = record_ - bar.LargeChange - 1 + 14;
+        if (record_ > bar.LargeChange)
+            record_ = record_ - bar.LargeChange - 1 + stepForwardAtEnd(kEndStepCode, bar.LargeChange);
+        // The last record is the end mark: the view starts at the latest on the one before it.
+        record_ = std::min(record_, std::max(1, t.RecordCount - 1));
         return;
     }
     std::int32_t count = 0;
@@ -126,7 +146,7 @@ void ScreenEmission::requestForEnd() {
         if (!((st.Flags & kFlagFormDescription) || (st.Class == kStmtHeader && st.Flags == 0))) break;
         ++count;
     }
-    record_ = count - bar.LargeChange - 1 + 10;
+    record_ = count - bar.LargeChange - 1 + stepForwardAtEnd(kEndStepFormDef, bar.LargeChange);
 }
 
 void ScreenEmission::emitProject(cProjectFile* project) {
@@ -210,8 +230,9 @@ void ScreenEmission::nothingShown() {
     setAttributesOn(s_, screenAttributes(kElemKeyWords));
     s_.setCurrentX(0);
     s_.setCurrentY(0);
-    s_.print(hlydSettings().ViewFormDef[kDisplay] ? "No Form-definition statements to display."
-                                                  : "No Code-statements to display.");
+    // Named by what is shown: with code in view there is no code here, else no form description.
+    s_.print(hlydSettings().ViewCode[kDisplay] ? "No Code-statements to display."
+                                               : "No Form-definition statements to display.");
     state.FirstRecord = state.LastRecord = -1;
 }
 
@@ -230,10 +251,21 @@ void ScreenEmission::sourceScrollRange() {
         state.Width = s_.width();
         float fontHeight = layoutMetrics().MaxFontHeight[kDisplay];
         long height = static_cast<long>(state.Height), whole = static_cast<long>(fontHeight);
-        state.LinesPerView = whole > 0 ? static_cast<std::int32_t>(height / whole) - 10 : 0;
+        state.LinesPerView = linesPerViewAtEnd(whole > 0 ? height / whole : 0);
     }
     if (t.RecordCount > state.LinesPerView)
         bar.Max = t.RecordCount < 32768 ? t.RecordCount - bar.LargeChange - 1 : kScrollLimit;
+}
+
+// The bar stands on the record at the top of the view, so that the next key moves from there. It
+// is placed after the range is set from this view (the range it had before may not reach a record
+// that the procedure list jumped to, or the first code record of a form), and the range stretches
+// to take the record in.
+void ScreenEmission::showFirstRecordOnBar() {
+    ScrollBarModel& bar = mainWindow().vsbDisplay;
+    bar.Max = std::max(bar.Max, record_);
+    bar.Min = std::min(bar.Min, record_);
+    bar.Value = record_;
 }
 
 void ScreenEmission::scrollBarAndList() {
@@ -243,7 +275,6 @@ void ScreenEmission::scrollBarAndList() {
         record_ = firstEmitted_;
     }
     state.FirstRecord = record_;
-    if (record_ <= bar.Max) bar.Value = record_;
     if (state.LastRecord < state.FirstRecord) state.LastRecord = lastEmitted_;
     if (project_) {
         if (lastEmitted_ < projectLines_) state.LastRecord = lastEmitted_;
@@ -252,11 +283,13 @@ void ScreenEmission::scrollBarAndList() {
             bar.Max = projectLines_ + 1;
             if (state.LastRecord - state.FirstRecord - 1 > 0) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
         }
+        showFirstRecordOnBar();
         return;
     }
     if (lastEmitted_ <= state.FirstRecord + 1) bar.LargeChange = 1;
     else if (state.LastRecord > state.FirstRecord + 1) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
     sourceScrollRange();
+    showFirstRecordOnBar();
     std::int16_t which = 0;
     HlydPCGetAssociatedProc(state.FirstRecord, which);
     SortedListModel& list = mainWindow().cboProc;
@@ -283,7 +316,8 @@ void ScreenEmission::run() {
     projectLines_ = project ? static_cast<std::int32_t>(project->ProjectRecords.size()) : 0;
     toEnd_ = record_ == -1;
     pos_.Top = 0;
-    pos_.Height = pos_.Bottom = s_.height() - (toEnd_ ? 2000.0f : 0.0f);
+    pos_.Height = s_.height();
+    pos_.Bottom = toEnd_ ? bottomAtEnd(s_.height()) : s_.height();
     pos_.Right = pos_.Width = s_.width();
     resetViewIfNew();
     mainWindow().disableControls();

@@ -1,5 +1,6 @@
 #include "display/token_layout.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "display/font_metrics.h"
@@ -107,6 +108,7 @@ void RecordPainter::firstTokenStart(const Token& token) {
     } else {
         x_ += m_.WhiteSpaceSize[dest_] * static_cast<float>(token.LeadingSpace.size());
     }
+    x_ = std::min(x_, furthestTextStart(pos_, dest_));
     xWrap_ = x_;
 }
 
@@ -244,6 +246,14 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
         for (const std::string& p : pieces) log += "\r\n|" + p + "|";
         theLog().LogData(log);
     }
+}
+
+// Deep nesting in a narrow output would leave the text a sliver at the right edge, split one
+// character a line. A record starts no further right than this, so that a first token split on its
+// wrapped lines (one WhiteSpaceSize in, less one more) still gets ten mean characters a piece.
+float furthestTextStart(const AreaRecord& pos, int dest) {
+    constexpr float kLeastRoomChars = 10;
+    return std::max(pos.Left, pos.Right - (kLeastRoomChars + 2) * layoutMetrics().WhiteSpaceSize.at(dest));
 }
 
 const Statement& governingStatement(std::int32_t record) {

@@ -37,6 +37,10 @@ struct RecordLayoutHooks {
         connectors;
 };
 
+// The furthest right that a record's text starts in the area: deeper indentation is capped there,
+// so that a narrow output keeps room for the text.
+float furthestTextStart(const AreaRecord& pos, int displayOrPrint);
+
 // The statement that decides how a record is laid out; a record with none takes the one before.
 const Statement& governingStatement(std::int32_t record);
 

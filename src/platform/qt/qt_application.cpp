@@ -112,7 +112,9 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     setUi(windowless ? static_cast<Ui*>(&consoleUi) : &windowUi);
     installWindowedRun();
     int rc = Main(commandLine);
-    if (rc == 0 && !hlydMain().ApplicationEnding) rc = app.exec();
+    // With no form loaded ("/init" returns before any) nothing could ever end the event loop.
+    bool formLoaded = forms.window || forms.splash;
+    if (rc == 0 && !hlydMain().ApplicationEnding && formLoaded) rc = app.exec();
     uninstallWindowedRun();
     setUi(nullptr);
     return rc;

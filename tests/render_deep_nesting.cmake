@@ -1,0 +1,53 @@
+# Draws the view with hlyd-render from every record where a level of 11 or more closes, in files
+# whose blocks nest to level 40 (41 openers: a procedure's own body stands at level 0). Each run is a fresh process, so the connector stack starts at its first size and
+# the first screen (comments only) never grows it. Any exit but 0 fails.
+set(pad 60)
+set(depth 41)
+
+# kind "if": If ... End If on every level; "mixed": For, Do, With and While in turn.
+function(write_nested path kind)
+  set(openers "For i@ = 1 To 2" "Do While a@" "With o@" "While b@")
+  set(closers "Next i@" "Loop" "End With" "Wend")
+  set(text "Attribute VB_Name = \"Deep\"\n")
+  foreach(i RANGE 1 ${pad})
+    string(APPEND text "' line ${i} of the preamble\n")
+  endforeach()
+  string(APPEND text "Public Sub Deep()\n")
+  foreach(level RANGE 1 ${depth})
+    math(EXPR which "${level} % 4")
+    list(GET openers ${which} opener)
+    if(kind STREQUAL "if")
+      set(opener "If a@ Then")
+    endif()
+    string(REPLACE "@" "${level}" opener "${opener}")
+    string(APPEND text "${opener}\n")
+  endforeach()
+  string(APPEND text "x = 1\n")
+  foreach(level RANGE ${depth} 1 -1)
+    math(EXPR which "${level} % 4")
+    list(GET closers ${which} closer)
+    if(kind STREQUAL "if")
+      set(closer "End If")
+    endif()
+    string(REPLACE "@" "${level}" closer "${closer}")
+    string(APPEND text "${closer}\n")
+  endforeach()
+  string(APPEND text "End Sub\n")
+  file(WRITE ${path} "${text}")
+endfunction()
+
+# The first closer (level 40) follows the header, the preamble, the Sub line, the openers and the
+# body; the closer of level L is 40 - L records further.
+math(EXPR firstCloser "1 + ${pad} + 1 + ${depth} + 1 + 1")
+math(EXPR lastCloser "${firstCloser} + 40 - 11")
+foreach(kind if mixed)
+  set(source ${WORK}/deep-${kind}.bas)
+  write_nested(${source} ${kind})
+  foreach(record RANGE ${firstCloser} ${lastCloser})
+    execute_process(COMMAND ${RENDER} --view ${source} --first ${record} --out ${WORK}/deep.png
+                    RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+    if(NOT rc EQUAL 0)
+      message(FATAL_ERROR "hlyd-render --view ${source} --first ${record} exited with ${rc}: ${err}")
+    endif()
+  endforeach()
+endforeach()
