@@ -1,10 +1,9 @@
 #include "files/project_file.h"
 
-#include <fstream>
-#include <sstream>
-
+#include "analysis/basiclan_state.h"
 #include "analysis/keywords.h"
 #include "files/member_paths.h"
+#include "platform/line_reader.h"
 #include "settings/system_queries.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
@@ -12,8 +11,6 @@
 #include "shell/message_box.h"
 #include "shell/app_info.h"
 #include "shell/text_format.h"
-
-#include <filesystem>
 
 namespace hlyd {
 
@@ -28,19 +25,18 @@ void growRecordList(std::vector<std::int16_t>& list, std::int16_t& count, std::i
 }
 
 // The module name of a form-like member: the last word of its first line that holds "Begin".
+// The file is a source file, so no line of it is kept beyond the longest a record may be.
 std::string formModuleName(cProjectLine& line) {
-    std::ifstream in(line.WholeFile, std::ios::binary);
-    if (!in) {
+    LineReader in(static_cast<std::size_t>(kMaxRecordLength));
+    if (int reason = in.open(line.WholeFile); reason != 0) {
         line.FileType = kLineNone;
-        theLog().LogData("Error processing file " + line.WholeFile + " " +
-                         errorDescription(runtimeErrorFromErrno(errno)));
+        theLog().LogData("Error processing file " + line.WholeFile + " " + describeSystemError(reason));
         std::string name, dir;
         sbFileNameFromDir(line.WholeFile, name, dir);
         return name;
     }
-    std::string text;
-    while (std::getline(in, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    while (!in.atEnd()) {
+        std::string text(in.readLine());
         if (text.find("Begin") == std::string::npos) continue;
         text = text.substr(0, text.find_last_not_of(' ') + 1);
         std::size_t blank = text.find_last_of(' ');
@@ -104,22 +100,14 @@ void ParseFileName(const std::string& file, std::string& drive, std::string& pat
 
 cProjectFile::cProjectFile() : Classes(11), Forms(11), Modules(11) {}
 
-bool cProjectFile::openForReading(const std::string& fileName, std::string& content) {
+bool cProjectFile::openForReading(const std::string& fileName, LineReader& in) {
     for (;;) {
-        errno = 0;
-        std::error_code ec;
-        std::ifstream in;
-        if (!std::filesystem::is_directory(fileName, ec)) in.open(fileName, std::ios::binary);
-        if (in) {
-            std::ostringstream all;
-            all << in.rdbuf();
-            content = all.str();
-            return true;
-        }
-        int number = runtimeErrorFromErrno(errno ? errno : EISDIR);
+        int reason = in.open(fileName);
+        if (reason == 0) return true;
+        int number = runtimeErrorFromErrno(reason);
         theDebug().setStatus(12, number);
         logBlock("VBErr=" + std::to_string(number));
-        std::string text = "The following error occurred processing " + fileName + ".\n\n" + errorDescription(number);
+        std::string text = "The following error occurred processing " + fileName + ".\n\n" + describeSystemError(reason);
         MsgButtons buttons = number == 53 ? MsgButtons::RetryCancel : MsgButtons::OK;
         if (theUi().messageBox({text, theAppInfo().Title, buttons, MsgIcon::Warning, 1}) != MsgAnswer::Retry) return false;
     }
@@ -140,13 +128,11 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
     moduleExt = upperCase(moduleExt) + ".";
     bool bad = false;
     ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
-    std::string content;
-    if (!openForReading(FileName, content)) return;
+    LineReader lines(kLongestProjectLine);
+    if (!openForReading(FileName, lines)) return;
     ProjectRecords.clear();
-    std::istringstream lines(content);
-    std::string text;
-    while (std::getline(lines, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    while (!lines.atEnd()) {
+        std::string text(lines.readLine());
         cProjectLine line;
         ++Records;
         line.AsRecord = text;
@@ -210,12 +196,10 @@ void cProjectFile::ProcessProjectGroupFile(const std::string& fileName) {
     FileType = 0;
     bool bad = false;
     ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
-    std::string content;
-    if (!openForReading(FileName, content)) return;
-    std::istringstream lines(content);
-    std::string text;
-    while (std::getline(lines, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    LineReader lines(kLongestProjectLine);
+    if (!openForReading(FileName, lines)) return;
+    while (!lines.atEnd()) {
+        std::string text(lines.readLine());
         cProjectLine line;
         line.AsRecord = text;
         ++Records;

@@ -10,6 +10,12 @@
 
 namespace hlyd {
 
+class LineReader;
+
+// Project and group lines are read a line at a time and none is kept beyond this: far longer
+// than any line the IDE writes, and a bound on what a file that is no project can cost.
+constexpr std::size_t kLongestProjectLine = 64 * 1024;
+
 // Line types of a project.
 enum : std::int32_t {
     kLineNone = 0,
@@ -70,7 +76,7 @@ public:
     cProjectLine& line(int n) { return ProjectRecords.at(n - 1); }
 
 private:
-    bool openForReading(const std::string& fileName, std::string& content);
+    bool openForReading(const std::string& fileName, LineReader& in);
     void addMember(cProjectLine& line);
     bool memberExists(cProjectLine& line);
     void parseValues(cProjectLine& line, const std::string& value);

@@ -1,10 +1,9 @@
 #include "files/project_listing.h"
 
-#include <fstream>
-
 #include "analysis/file_validation.h"
 #include "files/member_paths.h"
 #include "files/project_file.h"
+#include "platform/line_reader.h"
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -30,16 +29,15 @@ std::string directoryOf(const std::string& name) {
 }
 
 // A group file names its member projects, one to a line after "=".
-void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::ifstream& in) {
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, LineReader& in) {
     cFileDesc& group = projects[i];
     group.FileType = kFileGroup;
     std::int16_t position = static_cast<std::int16_t>(i + 1);
     oFile().Add({group.FileName, kFileGroup, true, position, position});
     std::string directory = directoryOf(group.FileName);
-    std::string text;
     std::int16_t count = 0;
-    while (std::getline(in, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    while (!in.atEnd()) {
+        std::string text(in.readLine());
         std::size_t eq = text.find('=');
         if (eq == std::string::npos) continue;
         std::string member = resolveMemberPath(directory, directory + text.substr(eq + 1));
@@ -49,9 +47,9 @@ void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::ifstream&
 
 void findGroups(std::vector<cFileDesc>& projects) {
     for (std::size_t i = 0; i < projects.size(); ++i) {
-        std::ifstream in(projects[i].FileName, std::ios::binary);
-        std::string first;
-        if (!in || !std::getline(in, first)) continue;
+        LineReader in(kLongestProjectLine);
+        if (in.open(projects[i].FileName) != 0 || in.atEnd()) continue;
+        std::string first(in.readLine());
         if (first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0) expandGroup(projects, i, in);
     }
 }
@@ -141,6 +139,7 @@ void addChosenFiles(const std::vector<ProjectMemberOption>& options) {
 
 void PFParseFile(std::vector<cFileDesc> projects) {
     TraceScope trace(theDebug().TraceApplication, "PFParseFile");
+    DirectoryListingScope listings;  // each folder of the members is read once for the whole walk
     resetProjectFiles();
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);
