@@ -145,6 +145,9 @@ std::string currentDirectory();
 std::string absolutePath(const std::string& path);
 
 long processId();
+// Standard output and error pass bytes as they are, with no line ends added: the tools' output
+// is the same on every system.
+void useBinaryStandardStreams();
 // The full name of the running program; empty when the system does not tell.
 std::string executablePath();
 

@@ -35,6 +35,8 @@ std::string langInfo(int mask, const char* categoryVariable, nl_item item) {
 
 long processId() { return static_cast<long>(::getpid()); }
 
+void useBinaryStandardStreams() {}
+
 std::string executablePath() {
     char buffer[PATH_MAX];
     ssize_t length = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
