@@ -1,10 +1,14 @@
 // Limits and hostile input: whatever a file holds, the analysis ends, keeps what it read before a
 // fault, and says why in the status; and the first-line check tells source from anything else.
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
 
+#include "platform/os.h"
+#include "settings/system_queries.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 #include "test_support.h"
@@ -216,6 +220,45 @@ TEST_F(BadInputTest, TablesGrowPastTheMargin) {
     EXPECT_EQ(m.RecordsUBound, 2751);
     EXPECT_EQ(tables().Records.UBound(), 2751);
     EXPECT_EQ(texts(2750), (Texts{"x", "=", "1"}));
+}
+
+TEST_F(BadInputTest, HugeLineEndsTheFileWithoutHoldingIt) {
+    std::string path = hlyd::test::writeTempFile("huge-line.bas", "x = 1\r\n" + std::string(8 << 20, 'a') + "\r\ny = 2\r\n");
+    hlyd::SourceFile file;
+    ASSERT_EQ(file.open(path), 0);
+    hlyd::BabInitFile(tables(), "6");
+    do hlyd::BabParseRecord(file, tables());
+    while (status() == 0);
+    EXPECT_EQ(status(), 4);
+    EXPECT_EQ(detail(), -2);
+    EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
+    EXPECT_EQ(texts(2), (Texts{"???InvalidRecord???"}));
+    EXPECT_LT(file.bytesHeld(), 128u * 1024) << "the reader held the long line";
+}
+
+// A FIFO, a device or a directory named as a file is never opened (a FIFO would wait for a
+// writer, a device never end), and what is told is the true reason, not that it is missing.
+TEST_F(BadInputTest, NoRegularFileIsRefusedForWhatItIs) {
+    std::string fifo = hlyd::test::writeTempFile("pipe.bas", "") + ".fifo";
+    std::filesystem::remove(fifo);
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0644), 0);
+    for (const std::string& name : {fifo, std::string("/dev/zero")}) {
+        ui.shown.clear();
+        std::string dialect;
+        hlyd::BabValidateFile(name, dialect);
+        EXPECT_EQ(status(), 7) << name;
+        ASSERT_EQ(ui.shown.size(), 1u);
+        EXPECT_EQ(ui.shown[0].text, "The following error occurred processing " + name + ".\n\nNot a regular file");
+        EXPECT_FALSE(hlyd::FileExists(name)) << name;
+        hlyd::SourceFile file;
+        EXPECT_EQ(file.open(name), hlyd::os::kNotRegularFile);
+    }
+    ui.shown.clear();
+    hlyd::theLog().LogOpen(fifo, 1);
+    EXPECT_FALSE(hlyd::theLog().isOpen());
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find("due to the following error:\nNot a regular file"), std::string::npos);
+    std::filesystem::remove(fifo);
 }
 
 // Each case: file content, the dialect it gives, the status and detail it leaves.

@@ -60,7 +60,15 @@ TEST_F(DumpTest, FailedValidationIsReportedAndTheFileStillAnalysed) {
 TEST_F(DumpTest, UnopenableFileExitsWithTwo) {
     std::ostringstream out, err;
     EXPECT_EQ(dumpFileAnalysis("/nonexistent/x.bas", {}, out, err), 2);
-    EXPECT_NE(err.str().find("cannot open /nonexistent/x.bas"), std::string::npos);
+    EXPECT_NE(err.str().find("cannot open /nonexistent/x.bas: No such file or directory"), std::string::npos);
+    // A device is no file either: it would be read for ever, with or without the summary.
+    AnalysisDumpOptions summary;
+    summary.summary = true;
+    for (const AnalysisDumpOptions& options : {AnalysisDumpOptions{}, summary}) {
+        std::ostringstream devErr;
+        EXPECT_EQ(dumpFileAnalysis("/dev/zero", options, out, devErr), 2);
+        EXPECT_EQ(devErr.str(), "hlyd-dump: cannot open /dev/zero: Not a regular file\n");
+    }
     // A directory is no file: refused, not read as an endless one.
     std::string dir = std::filesystem::temp_directory_path().string();
     EXPECT_EQ(dumpFileAnalysis(dir, {}, out, err), 2);

@@ -1,5 +1,7 @@
 // The HTML document, byte for byte, for a module and for a project listing; and the writer's
 // rules that a reader of the document relies on.
+#include <sys/stat.h>
+
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -87,6 +89,31 @@ TEST_F(HtmlTest, UnwritablePlaceRaisesAndLeavesNothingBehind) {
     ui.saveAnswer = source("missing-directory/out.html");
     EXPECT_THROW(HTMLEmitAFile(), HlydError);
     EXPECT_FALSE(fs::exists(source("missing-directory")));
+}
+
+// No output replaces a source of the run, however the name is spelt, nor a FIFO; a link to the
+// output is written through, and stays a link.
+TEST_F(HtmlTest, OutputNeverReplacesAnInputOrAFifoAndFollowsALink) {
+    oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    const std::string sourceText = readAll(source("Module1.bas"));
+    fs::create_directory(source("sub"));
+    for (const std::string& sameFile : {source("Module1.bas"), source("sub/../Module1.bas")}) {
+        ui.saveAnswer = sameFile;
+        EXPECT_THROW(HTMLEmitAFile(), HlydError) << sameFile;
+        EXPECT_EQ(readAll(source("Module1.bas")), sourceText);
+    }
+    ASSERT_EQ(::mkfifo(source("pipe.html").c_str(), 0644), 0);
+    ui.saveAnswer = source("pipe.html");
+    EXPECT_THROW(HTMLEmitAFile(), HlydError);
+    EXPECT_EQ(fs::status(source("pipe.html")).type(), fs::file_type::fifo);
+
+    std::ofstream(source("real.html")) << "old";
+    fs::create_symlink(source("real.html"), source("link.html"));
+    ui.saveAnswer = source("link.html");
+    HTMLEmitAFile();
+    EXPECT_TRUE(fs::is_symlink(source("link.html")));
+    EXPECT_EQ(readAll(source("real.html")).rfind("<html>", 0), 0u);
 }
 
 TEST(HtmlWriterTest, ColoursTagsAndEscaping) {

@@ -4,8 +4,6 @@
 #include <fstream>
 #include <sstream>
 
-#include <unistd.h>
-
 #include "settings/ini_handler.h"
 #include "settings/profile_file.h"
 #include "test_support.h"
@@ -129,16 +127,30 @@ TEST_F(IniHandlerTest, DeleteKeyAndSection) {
     EXPECT_EQ(fileText(), "[One]\nb=2\n\n[Three]\nd=4\n");
 }
 
+TEST_F(IniHandlerTest, WriteKeepsTheModeAndALinkToTheFile) {
+    fs::path real = fs::path(dir) / "shared" / "REAL.INI";
+    fs::create_directories(real.parent_path());
+    std::ofstream(real, std::ios::binary) << "[S]\nk=v\n";
+    fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    fs::create_symlink(real, ini.INIFileName());
+    clearProfileCache();
+    EXPECT_NE(ini.WriteString("k", "w", std::string("S")), 0);
+    EXPECT_TRUE(fs::is_symlink(ini.INIFileName()));
+    EXPECT_EQ(fileText(), "[S]\nk=w\n");
+    EXPECT_EQ(fs::status(real).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
 TEST_F(IniHandlerTest, FailedWriteIsLostAndLeavesOldFile) {
     const std::string before = "[Keep]\nk=v\n";
     writeFile(before);
-    // The temporary file cannot be made when a directory stands in its place.
-    fs::path blocker = ini.INIFileName() + ".tmp" + std::to_string(::getpid());
-    fs::create_directory(blocker);
+    // The user made the file read-only: the mode bits decide, also for root.
+    fs::permissions(ini.INIFileName(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     EXPECT_EQ(ini.WriteString("k", "changed", std::string("Keep")), 0);
     EXPECT_EQ(fileText(), before);
     EXPECT_EQ(ini.ReadString("k", "", "Keep"), "v");
-    fs::remove(blocker);
+    EXPECT_EQ(fs::status(ini.INIFileName()).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
 
     // A file under a regular file cannot even have a directory.
     std::ofstream(fs::path(dir) / "plain") << "x";

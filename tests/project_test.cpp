@@ -7,6 +7,7 @@
 #include "files/file_table.h"
 #include "files/project_file.h"
 #include "files/project_listing.h"
+#include "platform/os.h"
 #include "shell/c_debug.h"
 #include "test_support.h"
 
@@ -252,6 +253,31 @@ TEST_F(ProjectTest, WindowsNamedMembersResolveToTheRealFiles) {
     EXPECT_TRUE(fs::equivalent(p.line(4).WholeFile, dir_ / "app/Shape.cls"));
     ASSERT_EQ(oFile().Count(), 4);
     for (int i = 2; i <= 4; ++i) EXPECT_TRUE(fs::exists(oFile().Item(i).FileName)) << oFile().Item(i).FileName;
+}
+
+TEST_F(ProjectTest, ProjectNamedRelativelyStillMendsTheCase) {
+    write("rel/Lower.bas", "Attribute VB_Name = \"Lower\"\n");
+    write("rel/Rel.vbp", "Type=Exe\nModule=Lower; lower.bas\n");
+    fs::path before = fs::current_path();
+    fs::current_path(dir_ / "rel");
+    list("Rel.vbp");
+    fs::current_path(before);
+    EXPECT_TRUE(chooser.shown.empty()) << chooser.shown[0].text;
+    EXPECT_EQ(oProjectFiles().Item(1).line(2).WholeFile, "Lower.bas");
+}
+
+// Each folder is listed once for the whole read, however many members are looked for in it.
+TEST_F(ProjectTest, MissingMembersListTheirFolderOnce) {
+    std::string lines = "Type=Exe\n";
+    for (int i = 0; i < 300; ++i) {
+        std::string n = std::to_string(i);
+        write("big/Code/Here" + n + ".bas", "Attribute VB_Name = \"Here" + n + "\"\n");
+        lines += "Module=M" + n + "; CODE\\Gone" + n + ".bas\n";
+    }
+    std::uint64_t before = os::directoryListingsRead();
+    list(write("big/Big.vbp", lines));
+    EXPECT_EQ(theDebug().BabStatus, 19);
+    EXPECT_LE(os::directoryListingsRead() - before, 2u);
 }
 
 TEST_F(ProjectTest, BinaryFormIsOnlyCountedInTheSummary) {

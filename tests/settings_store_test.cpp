@@ -289,5 +289,17 @@ TEST_F(SettingsStoreTest, UncreatableDirectoryStartsWithDefaultsAndTellsOnce) {
     EXPECT_EQ(content, "not a directory");
 }
 
+TEST_F(SettingsStoreTest, ReadOnlySettingsFileIsToldAndKept) {
+    const std::string before = "[General]\nVersion=0.0.1\nHeadingLeft=mine\n";
+    writeIni(before);
+    fs::permissions(iniPath(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    loadSettingsAtStartup();
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find(iniPath().string() + " is read-only"), std::string::npos) << ui.shown[0].text;
+    EXPECT_EQ(hlydSettings().HeadingLeft, "mine");
+    saveAllSettings();
+    EXPECT_EQ(iniText(), before);
+}
+
 }  // namespace
 }  // namespace hlyd

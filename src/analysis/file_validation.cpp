@@ -1,11 +1,11 @@
 #include "analysis/file_validation.h"
 
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
+#include <cstdio>
 #include <vector>
 
 #include "analysis/basiclan_state.h"
+#include "platform/os.h"
 #include "shell/c_debug.h"
 #include "shell/text_format.h"
 #include "shell/c_log.h"
@@ -39,9 +39,33 @@ std::string versionDialect(const std::vector<std::string>& words) {
     return "?";
 }
 
+// The bytes of a file, a block at a time: the first line is looked at byte by byte, and a binary
+// file may have no line end for a long way.
+class ByteStream {
+public:
+    explicit ByteStream(os::InputFile& file) : file_(file) {}
+    int get() { return at_ < end_ || refill() ? static_cast<unsigned char>(buffer_[at_++]) : EOF; }
+    int peek() { return at_ < end_ || refill() ? static_cast<unsigned char>(buffer_[at_]) : EOF; }
+    int error() const { return error_; }
+
+private:
+    bool refill() {
+        long got = file_.read(buffer_, sizeof buffer_);
+        if (got < 0) error_ = file_.error() ? file_.error() : EIO;
+        at_ = 0;
+        end_ = got > 0 ? static_cast<std::size_t>(got) : 0;
+        return end_ > 0;
+    }
+    os::InputFile& file_;
+    char buffer_[4096];
+    std::size_t at_ = 0, end_ = 0;
+    int error_ = 0;
+};
+
 // Reads up to the first line that is not blank, stopping early on a line too long to be source.
 // Returns 0 or the errno of a failure; `line` is empty when the file holds only blank lines.
-int firstNonBlankLine(std::ifstream& in, std::string& line) {
+int firstNonBlankLine(os::InputFile& file, std::string& line) {
+    ByteStream in(file);
     std::string current;
     bool blankSoFar = true;
     int c;
@@ -60,7 +84,7 @@ int firstNonBlankLine(std::ifstream& in, std::string& line) {
         // after it too long, as the whole line would be.
         current.pop_back();
     }
-    if (in.bad()) return errno ? errno : EIO;
+    if (in.error() != 0) return in.error();
     line = trimSpaces(current).empty() ? std::string() : current;
     return 0;
 }
@@ -79,15 +103,12 @@ void readFailure(const std::string& fileName, int number) {
 }
 
 // Returns false when the user gave up or the failure is final; the status says which.
-bool openFile(const std::string& fileName, std::ifstream& in) {
+bool openFile(const std::string& fileName, os::InputFile& in) {
     for (;;) {
-        errno = 0;
-        std::error_code ec;
-        bool directory = std::filesystem::is_directory(fileName, ec);
-        if (!directory) in.open(fileName, std::ios::binary);
-        if (in.is_open()) return true;
-        int number = runtimeErrorFromErrno(directory ? EISDIR : (errno ? errno : ENOENT));
-        std::string description = errorDescription(number);
+        int reason = in.open(fileName);
+        if (reason == 0) return true;
+        int number = runtimeErrorFromErrno(reason);
+        std::string description = describeSystemError(reason);
         if (number == 68 || number == 71 || number == 55) {
             MsgAnswer answer = showMessage(fileName + "\n\n" + description, "BabValidateFile",
                                            MsgButtons::RetryCancel, MsgIcon::Warning, 2);
@@ -122,7 +143,7 @@ namespace {
 
 // The first line's verdict; every way out leaves its reason in the status.
 void validateFirstLine(const std::string& fileName, std::string& dialect) {
-    std::ifstream in;
+    os::InputFile in;
     if (!openFile(fileName, in)) return;
     std::string line;
     int err = firstNonBlankLine(in, line);

@@ -1,13 +1,11 @@
 #include "analysis/keywords.h"
 
-#include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "analysis/basiclan_state.h"
 #include "analysis/keyword_file.h"
+#include "platform/os.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
@@ -74,7 +72,7 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
     BasiclanModule& m = basiclan();
     m.KeyWords.assign(1, sentinelKeyWord());
     std::string text = "The following error occurred processing " + path + ".\n\n" +
-                       errorDescription(runtimeErrorFromErrno(err));
+                       describeSystemError(err);
     showMessage(text, "BabInit -- I/O Error", MsgButtons::OK, MsgIcon::Warning);
     theDebug().setStatus(-12, 0);
     raiseInternal("BabInit");
@@ -93,12 +91,8 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
 }
 
 void readKeywordFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) keywordFileUnreadable(path, errno);
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
-    if (in.bad()) keywordFileUnreadable(path, errno);
-    std::string content = buffer.str();
+    std::string content;
+    if (int reason = os::readWholeFile(path, content); reason != 0) keywordFileUnreadable(path, reason);
 
     BasiclanModule& m = basiclan();
     DelimitedReader reader(content);
@@ -134,8 +128,7 @@ void BabInitFrom(const std::string& path) {
     m.KeyWordTotal = 0;
     m.CurrentDialect.clear();
 
-    std::error_code ec;
-    if (!std::filesystem::is_regular_file(path, ec))
+    if (!os::fileInfo(path).regular())
         missingKeywordFile(std::filesystem::path(path).parent_path().string());
     readKeywordFile(path);
     BuildKeyWordsForDialect("6");

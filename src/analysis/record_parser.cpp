@@ -21,7 +21,7 @@ void reportInternalFault(const char* proc, const char* text) {
 }
 
 // The Record that was read last; when that was the end of the file, the one before the sentinel.
-std::int32_t lastReadRecord(const SourceFile& file, const SourceTables& t) {
+std::int32_t lastReadRecord(SourceFile& file, const SourceTables& t) {
     return file.atEnd() && t.RecordCount > 1 ? t.RecordCount - 1 : t.RecordCount;
 }
 

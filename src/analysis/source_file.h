@@ -1,29 +1,33 @@
 #pragma once
-// A source file opened for line input: read whole as bytes, handed out one line at a time.
-// A line ends at CR LF, LF or CR, so files with any of these endings read the same.
+// A source file opened for line input, read as a stream so that a file of any size costs no more
+// memory than one buffer and one line. A line ends at CR LF, LF or CR, so files with any of these
+// endings read the same. A line longer than a record may be comes back cut to one byte more than
+// that, enough to be seen as too long.
 #include <string>
 #include <string_view>
+
+#include "analysis/basiclan_state.h"
+#include "platform/line_reader.h"
 
 namespace hlyd {
 
 class SourceFile {
 public:
-    // Reads the whole file; returns 0 or the errno of the failure.
-    int open(const std::string& path);
-    void openText(std::string content);  // for tests and tools: a file held in memory
-    void close();
+    // Returns 0 or the errno of the failure; only a regular file is opened.
+    int open(const std::string& path) { return reader_.open(path); }
+    void openText(std::string content) { reader_.openText(std::move(content)); }  // for tests and tools
+    void close() { reader_.close(); }
 
-    bool isOpen() const { return open_; }
-    bool atEnd() const { return pos_ >= content_.size(); }
-    std::size_t size() const { return content_.size(); }
-    std::size_t offset() const { return pos_; }  // how far the file has been read
+    bool isOpen() const { return reader_.isOpen(); }
+    bool atEnd() { return reader_.atEnd(); }
+    std::uint64_t size() const { return reader_.size(); }
+    std::uint64_t offset() const { return reader_.offset(); }  // how far the file has been read
     // The next line, without its line end; valid until the next call.
-    std::string_view readLine();
+    std::string_view readLine() { return reader_.readLine(); }
+    std::size_t bytesHeld() const { return reader_.bytesHeld(); }
 
 private:
-    std::string content_;
-    std::size_t pos_ = 0;
-    bool open_ = false;
+    LineReader reader_{static_cast<std::size_t>(kMaxRecordLength)};
 };
 
 }  // namespace hlyd

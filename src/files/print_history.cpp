@@ -1,15 +1,11 @@
 #include "files/print_history.h"
 
-#include <sys/stat.h>
-
 #include <cctype>
-#include <cerrno>
 #include <cstdio>
-#include <langinfo.h>
-#include <locale.h>
 
 #include "files/file_table.h"
 #include "platform/clock.h"
+#include "platform/os.h"
 #include "settings/ini_handler.h"
 #include "settings/settings_store.h"
 #include "shell/c_debug.h"
@@ -39,13 +35,8 @@ std::string symbolText(const char* symbol, const char* fallback) {
 }
 
 AmPmSymbols symbolsOfUserLocale() {
-    // Only the time category matters, and the process locale may still be "C": ask the
-    // environment's choice directly instead of changing the global locale.
-    locale_t loc = newlocale(LC_TIME_MASK, "", static_cast<locale_t>(0));
-    if (!loc) return {"AM", "PM"};
-    AmPmSymbols symbols{symbolText(nl_langinfo_l(AM_STR, loc), "AM"), symbolText(nl_langinfo_l(PM_STR, loc), "PM")};
-    freelocale(loc);
-    return symbols;
+    os::LocaleFacts facts = os::userLocale();
+    return {symbolText(facts.am.c_str(), "AM"), symbolText(facts.pm.c_str(), "PM")};
 }
 
 int twelveHour(int hour) {
@@ -165,9 +156,9 @@ bool fieldsValid(const DateFields& f) {
 }
 
 std::time_t fileTime(const std::string& fileName, const char* source) {
-    struct stat st {};
-    if (::stat(fileName.c_str(), &st) != 0) raiseRuntime(runtimeErrorFromErrno(errno), source);
-    return st.st_mtim.tv_sec;
+    os::FileInfo info = os::fileInfo(fileName);
+    if (!info.exists()) raiseRuntime(runtimeErrorFromErrno(info.error), source);
+    return static_cast<std::time_t>(info.modifiedSeconds);
 }
 
 // The printing time of an entry, the part after its first "|"; nothing when the entry has no

@@ -1,10 +1,9 @@
 #include "files/project_file.h"
 
-#include <fstream>
-#include <sstream>
-
+#include "analysis/basiclan_state.h"
 #include "analysis/keywords.h"
 #include "files/member_paths.h"
+#include "platform/line_reader.h"
 #include "settings/system_queries.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
@@ -13,8 +12,6 @@
 #include "shell/app_info.h"
 #include "shell/text_format.h"
 #include "shell/vb_convert.h"
-
-#include <filesystem>
 
 namespace hlyd {
 
@@ -29,19 +26,18 @@ void growRecordList(std::vector<std::int16_t>& list, std::int16_t& count, std::i
 }
 
 // The module name of a form-like member: the last word of its first line that holds "Begin".
+// The file is a source file, so no line of it is kept beyond the longest a record may be.
 std::string formModuleName(cProjectLine& line) {
-    std::ifstream in(line.WholeFile, std::ios::binary);
-    if (!in) {
+    LineReader in(static_cast<std::size_t>(kMaxRecordLength));
+    if (int reason = in.open(line.WholeFile); reason != 0) {
         line.FileType = kLineNone;
-        theLog().LogData("Error processing file " + line.WholeFile + " " +
-                         errorDescription(runtimeErrorFromErrno(errno)));
+        theLog().LogData("Error processing file " + line.WholeFile + " " + describeSystemError(reason));
         std::string name, dir;
         sbFileNameFromDir(line.WholeFile, name, dir);
         return name;
     }
-    std::string text;
-    while (std::getline(in, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    while (!in.atEnd()) {
+        std::string text(in.readLine());
         if (text.find("Begin") == std::string::npos) continue;
         text = text.substr(0, text.find_last_not_of(' ') + 1);
         std::size_t blank = text.find_last_of(' ');
@@ -105,22 +101,14 @@ void ParseFileName(const std::string& file, std::string& drive, std::string& pat
 
 cProjectFile::cProjectFile() : Classes(11), Forms(11), Modules(11) {}
 
-bool cProjectFile::openForReading(const std::string& fileName, std::string& content) {
+bool cProjectFile::openForReading(const std::string& fileName, LineReader& in) {
     for (;;) {
-        errno = 0;
-        std::error_code ec;
-        std::ifstream in;
-        if (!std::filesystem::is_directory(fileName, ec)) in.open(fileName, std::ios::binary);
-        if (in) {
-            std::ostringstream all;
-            all << in.rdbuf();
-            content = all.str();
-            return true;
-        }
-        int number = runtimeErrorFromErrno(errno ? errno : EISDIR);
+        int reason = in.open(fileName);
+        if (reason == 0) return true;
+        int number = runtimeErrorFromErrno(reason);
         theDebug().setStatus(12, number);
         logBlock("VBErr=" + std::to_string(number));
-        std::string text = "The following error occurred processing " + fileName + ".\n\n" + errorDescription(number);
+        std::string text = "The following error occurred processing " + fileName + ".\n\n" + describeSystemError(reason);
         MsgButtons buttons = number == 53 ? MsgButtons::RetryCancel : MsgButtons::OK;
         if (theUi().messageBox({text, theAppInfo().Title, buttons, MsgIcon::Warning, 1}) != MsgAnswer::Retry) return false;
     }
@@ -141,10 +129,10 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
     moduleExt = upperCase(moduleExt) + ".";
     bool bad = false;
     ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
-    std::string content;
-    if (!openForReading(FileName, content)) return;
+    LineReader lines(kLongestProjectLine);
+    if (!openForReading(FileName, lines)) return;
     ProjectRecords.clear();
-    bool complete = readLines(content, [&](const std::string& text) {
+    bool complete = readLines(lines, [&](const std::string& text) {
         cProjectLine line;
         incrementInt16(Records, "ProcessProjectFile");
         line.AsRecord = text;
@@ -209,9 +197,9 @@ void cProjectFile::ProcessProjectGroupFile(const std::string& fileName) {
     FileType = 0;
     bool bad = false;
     ParseFileName(FileName, FileNameDrive, FileNamePath, FileNameBase, FileNameExt, bad);
-    std::string content;
-    if (!openForReading(FileName, content)) return;
-    readLines(content, [&](const std::string& text) {
+    LineReader lines(kLongestProjectLine);
+    if (!openForReading(FileName, lines)) return;
+    readLines(lines, [&](const std::string& text) {
         cProjectLine line;
         line.AsRecord = text;
         incrementInt16(Records, "ProcessProjectGroupFile");
@@ -220,12 +208,10 @@ void cProjectFile::ProcessProjectGroupFile(const std::string& fileName) {
 }
 
 // A failure inside a line ends the reading of the file; the lines before it are kept.
-bool cProjectFile::readLines(const std::string& content, const std::function<void(const std::string&)>& perLine) {
-    std::istringstream lines(content);
-    std::string text;
+bool cProjectFile::readLines(LineReader& lines, const std::function<void(const std::string&)>& perLine) {
     int lineNumber = 0;
-    while (std::getline(lines, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    while (!lines.atEnd()) {
+        std::string text(lines.readLine());
         ++lineNumber;
         try {
             perLine(text);

@@ -11,6 +11,12 @@
 
 namespace hlyd {
 
+class LineReader;
+
+// Project and group lines are read a line at a time and none is kept beyond this: far longer
+// than any line the IDE writes, and a bound on what a file that is no project can cost.
+constexpr std::size_t kLongestProjectLine = 64 * 1024;
+
 // Line types of a project.
 enum : std::int32_t {
     kLineNone = 0,
@@ -70,11 +76,11 @@ public:
 
     cProjectLine& line(int n) { return ProjectRecords.at(n - 1); }
 
-    // The whole file; a failure is told (with Retry where it may help) and leaves BabStatus 12.
-    static bool openForReading(const std::string& fileName, std::string& content);
+    // A failure is told (with Retry where it may help) and leaves BabStatus 12.
+    static bool openForReading(const std::string& fileName, LineReader& in);
 
 private:
-    bool readLines(const std::string& content, const std::function<void(const std::string&)>& perLine);
+    bool readLines(LineReader& lines, const std::function<void(const std::string&)>& perLine);
     void addMember(cProjectLine& line);
     bool memberExists(cProjectLine& line);
     void parseValues(cProjectLine& line, const std::string& value);

@@ -1,12 +1,12 @@
 #include "files/project_listing.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <sstream>
 
 #include "analysis/file_validation.h"
 #include "files/member_paths.h"
 #include "files/project_file.h"
+#include "platform/line_reader.h"
+#include "platform/os.h"
 #include "settings/settings_store.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -20,7 +20,6 @@ namespace hlyd {
 
 namespace {
 
-namespace fs = std::filesystem;
 
 std::string pointList(const std::string& barList) {
     std::string list = "." + barList;
@@ -35,16 +34,15 @@ std::string directoryOf(const std::string& name) {
 }
 
 // A group file names its member projects, one to a line after "=".
-void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::istream& in) {
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, LineReader& in) {
     cFileDesc& group = projects[i];
     group.FileType = kFileGroup;
     std::int16_t position = int16Of(static_cast<std::int64_t>(i) + 1, "PFParseFile");
     oFile().Add({group.FileName, kFileGroup, true, position, position});
     std::string directory = directoryOf(group.FileName);
-    std::string text;
     std::int16_t count = 0;
-    while (std::getline(in, text)) {
-        if (!text.empty() && text.back() == '\r') text.pop_back();
+    while (!in.atEnd()) {
+        std::string text(in.readLine());
         std::size_t eq = text.find('=');
         if (eq == std::string::npos) continue;
         std::string member = resolveMemberPath(directory, directory + text.substr(eq + 1));
@@ -54,12 +52,12 @@ void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::istream& 
 }
 
 // A group that lists itself, or two groups that list each other, would be expanded without end.
-bool alreadyWalked(std::vector<fs::path>& walked, const std::string& name) {
-    std::error_code ec;
-    fs::path key = fs::weakly_canonical(name, ec);
-    if (ec) key = name;
-    if (std::find(walked.begin(), walked.end(), key) != walked.end()) return true;
-    walked.push_back(key);
+// A file is known by its device and number, so another spelling of its name is no escape.
+bool alreadyWalked(std::vector<os::FileInfo>& walked, const std::string& name) {
+    os::FileInfo info = os::fileInfo(name);
+    for (const os::FileInfo& seen : walked)
+        if (seen.sameFileAs(info)) return true;
+    walked.push_back(info);
     return false;
 }
 
@@ -71,16 +69,14 @@ void tellReadFailure(const std::string& name) {
 
 // False when a project or group cannot be read: the user hears of it at once, and the listing ends.
 bool findGroups(std::vector<cFileDesc>& projects) {
-    std::vector<fs::path> walked;
+    std::vector<os::FileInfo> walked;
     for (std::size_t i = 0; i < projects.size();) {
-        std::string content;
-        if (!cProjectFile::openForReading(projects[i].FileName, content)) {
+        LineReader in(kLongestProjectLine);
+        if (!cProjectFile::openForReading(projects[i].FileName, in)) {
             tellReadFailure(projects[i].FileName);
             return false;
         }
-        std::istringstream in(content);
-        std::string first;
-        std::getline(in, first);
+        std::string first(in.atEnd() ? std::string_view() : in.readLine());
         bool group = first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0;
         if (group && alreadyWalked(walked, projects[i].FileName)) {
             showMessage("The project group " + projects[i].FileName + " is already being read; it is skipped.",
@@ -177,6 +173,7 @@ void addChosenFiles(const std::vector<ProjectMemberOption>& options) {
 
 void PFParseFile(std::vector<cFileDesc> projects) {
     TraceScope trace(theDebug().TraceApplication, "PFParseFile");
+    DirectoryListingScope listings;  // each folder of the members is read once for the whole walk
     resetProjectFiles();
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);

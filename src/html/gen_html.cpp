@@ -1,10 +1,8 @@
 #include "html/gen_html.h"
 
-#include <unistd.h>
+#include <cstdio>
 
-#include <cerrno>
-#include <cstring>
-
+#include "files/run_inputs.h"
 #include "platform/ui.h"
 #include "shell/app_info.h"
 #include "shell/hlyd_error.h"
@@ -45,12 +43,12 @@ std::string htmlColourText(std::uint32_t colour) {
     }
 }
 
-cGenHTML::~cGenHTML() {
-    // A document that was not finished never stands under the chosen name.
-    if (file_) {
-        std::fclose(file_);
-        std::remove(partPath_.c_str());
-    }
+// A document that was not finished never stands under the chosen name: the writer abandons it.
+cGenHTML::~cGenHTML() = default;
+
+void cGenHTML::failed(int reason) {
+    file_.reset();
+    throw HlydError(runtimeErrorFromErrno(reason), describeSystemError(reason), "cGenHTML");
 }
 
 std::string cGenHTML::GetFileName() {
@@ -75,9 +73,12 @@ void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, co
     heading_ = heading.empty() ? title : heading;
     subTitle1_ = subTitle1;
     subTitle2_ = subTitle2;
-    partPath_ = outputPath_ + ".part" + std::to_string(::getpid());
-    file_ = std::fopen(partPath_.c_str(), "wb");
-    if (!file_) raiseRuntime(runtimeErrorFromErrno(errno), "cGenHTML");
+    // Never over a source of this run or over a device or FIFO; through a link, to its target.
+    int problem = outputTargetProblem(outputPath_, inputsOfThisRun());
+    auto writer = std::make_unique<os::AtomicWriter>();
+    if (problem == 0) problem = writer->begin(outputPath_);
+    if (problem != 0) failed(problem);
+    file_ = std::move(writer);
     const std::string& app = theAppInfo().Title;
     writeLine("<html>");
     writeLine("<head>");
@@ -90,8 +91,7 @@ void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, co
 
 void cGenHTML::writeLine(const std::string& text) {
     if (!file_) return;
-    if (std::fputs(text.c_str(), file_) < 0 || std::fputs(kLineEnd, file_) < 0)
-        raiseRuntime(runtimeErrorFromErrno(errno), "cGenHTML");
+    if (!file_->write(text) || !file_->write(kLineEnd)) failed(file_->error());
 }
 
 void cGenHTML::InsertStyleStart() {
@@ -194,13 +194,9 @@ void cGenHTML::TerminateDoc() {
     writeLine("</pre>");
     writeLine("</html>");
     if (!file_) return;
-    bool written = std::fclose(file_) == 0;
-    file_ = nullptr;
-    if (!written || std::rename(partPath_.c_str(), outputPath_.c_str()) != 0) {
-        int err = errno;
-        std::remove(partPath_.c_str());
-        raiseRuntime(runtimeErrorFromErrno(err), "cGenHTML");
-    }
+    int problem = file_->commit();
+    file_.reset();
+    if (problem != 0) failed(problem);
 }
 
 }  // namespace hlyd

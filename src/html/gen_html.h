@@ -2,8 +2,10 @@
 // The HTML document of a listing: a fixed head, a style per language element, and the text in
 // font tags inside one pre element. It knows HTML and nothing of source code.
 #include <cstdint>
-#include <cstdio>
+#include <memory>
 #include <string>
+
+#include "platform/os.h"
 
 namespace hlyd {
 
@@ -48,11 +50,12 @@ public:
 private:
     std::string GetFileName();
     void writeLine(const std::string& text);
+    [[noreturn]] void failed(int reason);  // drops the document and raises the system's reason
 
-    std::FILE* file_ = nullptr;
+    // Written beside the output and put in its place when complete.
+    std::unique_ptr<os::AtomicWriter> file_;
     std::string fileName_;
     std::string outputPath_;
-    std::string partPath_;  // written here, renamed to outputPath_ when complete
     std::string pendingAnchor_;
     std::int16_t currentElement_ = -1;
     std::string procLine_;

@@ -22,7 +22,11 @@ void setClock(Clock* clock) { currentClock = clock ? clock : &systemClock; }
 
 std::tm localTime(std::time_t t) {
     std::tm result{};
+#ifdef _WIN32
+    localtime_s(&result, &t);
+#else
     localtime_r(&t, &result);
+#endif
     return result;
 }
 

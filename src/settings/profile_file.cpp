@@ -1,14 +1,9 @@
 #include "settings/profile_file.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/os.h"
 #include "shell/text_format.h"
 
 namespace hlyd {
@@ -84,9 +79,7 @@ ProfileDocument parse(const std::string& content) {
 // file then costs one parse, and a save of many keys one write when they come in a batch.
 struct CachedDocument {
     std::string path;
-    struct timespec mtime {};
-    off_t size = -1;
-    ino_t inode = 0;
+    os::FileInfo disk;  // size, time and file number when it was read
     ProfileDocument doc;
     bool valid = false;
     bool batching = false;
@@ -95,38 +88,31 @@ struct CachedDocument {
 };
 CachedDocument cache;
 
-bool sameOnDisk(const struct stat& st) {
-    return cache.size == st.st_size && cache.inode == st.st_ino && cache.mtime.tv_sec == st.st_mtim.tv_sec &&
-           cache.mtime.tv_nsec == st.st_mtim.tv_nsec;
+bool sameOnDisk(const os::FileInfo& now) {
+    const os::FileInfo& then = cache.disk;
+    return then.size == now.size && then.fileId == now.fileId && then.device == now.device &&
+           then.modifiedSeconds == now.modifiedSeconds && then.modifiedNanoseconds == now.modifiedNanoseconds;
 }
 
 void rememberDiskState(const std::string& path) {
-    struct stat st {};
-    if (stat(path.c_str(), &st) != 0) {
-        cache.valid = false;
-        return;
-    }
-    cache.size = st.st_size;
-    cache.inode = st.st_ino;
-    cache.mtime = st.st_mtim;
+    cache.disk = os::fileInfo(path);
+    if (!cache.disk.exists()) cache.valid = false;
 }
 
 ProfileDocument readDocument(const std::string& path, bool& ok) {
-    std::ifstream in(path, std::ios::binary);
-    ok = static_cast<bool>(in);
-    std::ostringstream all;
-    if (ok) all << in.rdbuf();
-    return parse(all.str());
+    std::string content;
+    ok = os::readWholeFile(path, content) == 0;
+    return parse(content);
 }
 
 // Another file touched while a batch is open is read afresh each time and never cached, so
 // that the batch's document is not lost.
 ProfileDocument* loadOutsideBatch(const std::string& path) {
     static ProfileDocument scratch;
-    struct stat st {};
+    os::FileInfo info = os::fileInfo(path);
     bool ok = true;
-    if (stat(path.c_str(), &st) != 0) scratch = ProfileDocument{};
-    else if (!S_ISREG(st.st_mode)) return nullptr;
+    if (!info.exists()) scratch = ProfileDocument{};
+    else if (!info.regular()) return nullptr;
     else scratch = readDocument(path, ok);
     return ok ? &scratch : nullptr;
 }
@@ -135,22 +121,20 @@ ProfileDocument* loadOutsideBatch(const std::string& path) {
 // file exists but is no regular file or cannot be read.
 ProfileDocument* load(const std::string& path) {
     if (cache.batching) return cache.path == path ? &cache.doc : loadOutsideBatch(path);
-    struct stat st {};
-    if (stat(path.c_str(), &st) != 0) {
+    os::FileInfo info = os::fileInfo(path);
+    if (!info.exists()) {
         cache = CachedDocument{path};
         cache.valid = true;
         return &cache.doc;
     }
-    if (!S_ISREG(st.st_mode)) return nullptr;
-    if (cache.valid && cache.path == path && sameOnDisk(st)) return &cache.doc;
+    if (!info.regular()) return nullptr;
+    if (cache.valid && cache.path == path && sameOnDisk(info)) return &cache.doc;
     bool ok = true;
     ProfileDocument doc = readDocument(path, ok);
     if (!ok) return nullptr;
     cache = CachedDocument{path};
     cache.doc = std::move(doc);
-    cache.size = st.st_size;
-    cache.inode = st.st_ino;
-    cache.mtime = st.st_mtim;
+    cache.disk = info;
     cache.valid = true;
     return &cache.doc;
 }
@@ -209,23 +193,11 @@ void applyWrite(ProfileDocument& doc, const std::string& section, const std::opt
     index(doc);
 }
 
+// Whole or not at all, keeping the file's mode and any link to it; a read-only file is refused.
 bool replaceFile(const std::string& path, const ProfileDocument& doc) {
-    std::string temp = path + ".tmp" + std::to_string(::getpid());
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        for (const std::string& line : doc.lines) out << line << doc.lineEnd;
-        out.flush();
-        if (!out) {
-            std::remove(temp.c_str());
-            return false;
-        }
-    }
-    if (std::rename(temp.c_str(), path.c_str()) != 0) {
-        std::remove(temp.c_str());
-        return false;
-    }
-    return true;
+    std::string text;
+    for (const std::string& line : doc.lines) text.append(line).append(doc.lineEnd);
+    return os::replaceFile(path, text) == 0;
 }
 
 }  // namespace

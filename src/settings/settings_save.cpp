@@ -1,10 +1,6 @@
 // The save routines: each dialog's group of keys, the element attributes, the debug keys, the
 // window and printer state, the full save; and the load of start-up that may end in a full save.
-#include <filesystem>
-#include <fstream>
-
-#include <unistd.h>
-
+#include "platform/os.h"
 #include "settings/settings_keys.h"
 #include "settings/settings_store.h"
 #include "settings/profile_file.h"
@@ -18,15 +14,21 @@ namespace {
 
 // The settings directory exists and takes a new file; otherwise the reason, for the user.
 std::string settingsDirectoryProblem() {
-    namespace fs = std::filesystem;
-    fs::path dir = settingsDirectory();
-    std::error_code ec;
-    fs::create_directories(dir, ec);
-    if (ec) return ec.message();
-    fs::path probe = dir / (".hlyd-write-test-" + std::to_string(::getpid()));
-    std::ofstream(probe) << "x";
-    if (!fs::exists(probe, ec)) return "the directory cannot be written";
-    fs::remove(probe, ec);
+    std::string dir = settingsDirectory();
+    if (!os::makeDirectories(dir)) return "the directory cannot be made";
+    std::string probe = dir + "/.hlyd-write-test-" + std::to_string(os::processId());
+    os::OutputFile out;
+    if (int e = out.open(probe, false); e != 0) return "the directory cannot be written: " + os::errorText(e);
+    out.close();
+    os::removeFile(probe);
+    return {};
+}
+
+// A settings file the user made read-only is left as it is: a save would be refused anyway.
+std::string settingsFileProblem(const std::string& path) {
+    os::FileInfo info = os::fileInfo(path);
+    if (info.exists() && !info.regular()) return path + " is not a regular file";
+    if (info.exists() && !info.writableByMode) return path + " is read-only";
     return {};
 }
 
@@ -62,8 +64,9 @@ void saveAllSettings() {
 void loadSettingsAtStartup() {
     HlydSettings& s = hlydSettings();
     std::string problem = settingsDirectoryProblem();
-    s.SettingsWritable = problem.empty();
     sbInitINI();
+    if (problem.empty()) problem = settingsFileProblem(iniHandler().resolvedPath());
+    s.SettingsWritable = problem.empty();
     sbGetINIUser();
     cINIHandler& ini = iniHandler();
     s.FirstRun = ini.ReadString("Version", "<none>", "General") == "<none>";

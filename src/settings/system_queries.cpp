@@ -1,15 +1,8 @@
 #include "settings/system_queries.h"
 
-#include <fcntl.h>
-#include <langinfo.h>
-#include <sys/utsname.h>
-#include <unistd.h>
-
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
 
+#include "platform/os.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 
@@ -18,25 +11,6 @@ namespace hlyd {
 namespace {
 LocaleTexts locale;
 cWindow window;
-
-// The locale in force for the user, as the environment names it.
-std::string localeName(int category) {
-    for (const char* var : {"LC_ALL", category == LC_MEASUREMENT ? "LC_MEASUREMENT" : "LC_MONETARY", "LANG"}) {
-        const char* value = std::getenv(var);
-        if (value && *value) return value;
-    }
-    return "C";
-}
-
-// nl_langinfo of one item under the user's locale, without changing the program's own locale.
-std::string langInfo(int category, nl_item item) {
-    locale_t loc = newlocale(category == LC_MEASUREMENT ? LC_MEASUREMENT_MASK : LC_MONETARY_MASK | LC_NUMERIC_MASK,
-                             localeName(category).c_str(), nullptr);
-    if (!loc) return {};
-    std::string value = nl_langinfo_l(item, loc);
-    freelocale(loc);
-    return value;
-}
 }  // namespace
 
 LocaleTexts& localeTexts() { return locale; }
@@ -47,17 +21,12 @@ std::string separatorOrFallback(const std::string& reply, const std::string& fal
 
 void queryLocaleSeparators() {
     // The replies carry their terminator, as the classic locale query counts it.
-    std::string decimal = langInfo(LC_MONETARY, RADIXCHAR);
-    std::string group = langInfo(LC_MONETARY, __MON_THOUSANDS_SEP);
-    locale.DecimalSeparator = separatorOrFallback(decimal + '\0', ".");
-    locale.GroupSeparator = separatorOrFallback(group + '\0', ".");
+    os::LocaleFacts facts = os::userLocale();
+    locale.DecimalSeparator = separatorOrFallback(facts.decimalSeparator + '\0', ".");
+    locale.GroupSeparator = separatorOrFallback(facts.groupSeparator + '\0', ".");
 }
 
-bool fbIsMetric() {
-    std::string measurement = langInfo(LC_MEASUREMENT, _NL_MEASUREMENT_MEASUREMENT);
-    // 1 is metric, 2 is the US system; no answer counts as not metric.
-    return !measurement.empty() && measurement[0] == 1;
-}
+bool fbIsMetric() { return os::userLocale().metric; }
 
 bool fbDragShow() { return true; }
 
@@ -104,10 +73,9 @@ double GetNumberFromString(const std::string& text) {
 
 bool FileExists(const std::string& name) {
     TraceScope trace(theDebug().TraceApplication, "MFILESET::FileExists");
-    int fd = ::open(name.c_str(), O_RDONLY);
-    if (fd <= 0) return false;
-    ::close(fd);
-    return !std::filesystem::is_directory(name);
+    // Only a regular file counts: opening a FIFO to test it would wait for a writer.
+    os::InputFile file;
+    return file.open(name) == 0;
 }
 
 void sbFileNameFromDir(const std::string& full, std::string& name, std::string& directory) {
@@ -127,19 +95,17 @@ std::string systemDefaultPrinter() {
 }
 
 std::string cWindow::GetTempFile(const std::string& prefix) const {
-    std::string pattern = (std::filesystem::temp_directory_path() / (prefix + "XXXXXX")).string();
-    int fd = ::mkstemp(pattern.data());
-    if (fd >= 0) ::close(fd);
-    return pattern.substr(0, pattern.find('\0'));
+    std::string name = os::tempFileName(prefix);
+    return name.substr(0, name.find('\0'));
 }
 
 std::string cWindow::WinDir() const { return "/etc"; }
 
 std::string cWindow::WinVersion() const {
-    utsname u{};
-    if (uname(&u) != 0) return {};
+    os::SystemVersion v = os::systemVersion();
+    if (v.name.empty()) return {};
     // The platform, its release as the version, and the build the kernel names.
-    return std::string(" ") + u.sysname + " Version " + u.release + " Build " + u.version;
+    return " " + v.name + " Version " + v.release + " Build " + v.build;
 }
 
 cWindow& theWindow() { return window; }

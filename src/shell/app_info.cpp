@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/os.h"
+
 namespace fs = std::filesystem;
 
 namespace hlyd {
@@ -11,11 +13,10 @@ namespace {
 cAppInfo appInfo;
 
 fs::path runningExecutable(const char* argv0) {
-    std::error_code ec;
-    fs::path self = fs::read_symlink("/proc/self/exe", ec);
-    if (!ec && !self.empty()) return self;
-    if (argv0 && *argv0) return fs::absolute(argv0, ec);
-    return fs::current_path(ec) / "halyard";
+    std::string self = os::executablePath();
+    if (!self.empty()) return self;
+    if (argv0 && *argv0) return os::absolutePath(argv0);
+    return fs::path(os::currentDirectory()) / "halyard";
 }
 }  // namespace
 
@@ -38,10 +39,9 @@ std::string settingsDirectory() {
 std::string dataFilePath(const std::string& name) {
     if (appInfo.Path.empty()) initAppInfo(nullptr);
     fs::path beside = fs::path(appInfo.Path) / name;
-    std::error_code ec;
-    if (fs::exists(beside, ec)) return beside.string();
+    if (os::fileInfo(beside.string()).exists()) return beside.string();
     fs::path shared = fs::path(HLYD_INSTALL_PREFIX) / "share" / "halyard" / name;
-    if (fs::exists(shared, ec)) return shared.string();
+    if (os::fileInfo(shared.string()).exists()) return shared.string();
     return beside.string();
 }
 

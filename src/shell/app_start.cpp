@@ -1,7 +1,6 @@
 #include "shell/app_start.h"
 
 #include <chrono>
-#include <filesystem>
 #include <thread>
 
 #include "analysis/basiclan.h"
@@ -9,6 +8,7 @@
 #include "display/font_metrics.h"
 #include "files/file_table.h"
 #include "platform/surface.h"
+#include "platform/os.h"
 #include "platform/clock.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -127,8 +127,7 @@ int finishWindowedStart() {
 void processCommandLineFile() {
     std::string name = commandLineFileName(mainState.CommandLine);
     if (name.empty()) return;
-    std::error_code ec;
-    if (!std::filesystem::exists(name, ec)) {
+    if (!os::fileInfo(name).exists()) {
         showMessage("Halyard cannot print the requested file\n\nThe file does not exist.\n" + name +
                         "\nPlease check your request",
                     theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);

@@ -53,9 +53,9 @@ void cLog::LogData(const std::string& text) {
 }
 
 void cLog::writeLine(const std::string& line) {
-    if (file) {
-        std::fputs(line.c_str(), file);
-        std::fputc('\n', file);
+    if (file.isOpen()) {
+        file.write(line);
+        file.write("\n");
         return;
     }
     if (!queueing) return;
@@ -84,20 +84,16 @@ void cLog::LogOpen(const std::string& fileName, int mode) {
     if (!fileName.empty()) logFileName = fileName;
     const cAppInfo& app = theAppInfo();
     if (logFileName.empty()) logFileName = app.Path + "/" + app.EXEName + ".LOG";
-    if (file) std::fclose(file);  // the queue stays: it is what the new file must receive
-    file = nullptr;
-    std::FILE* opened = std::fopen(logFileName.c_str(), mode == 1 ? "w" : "a");
-    if (!opened) {
+    file.close();  // the queue stays: it is what the new file must receive
+    if (int reason = file.open(logFileName, mode != 1); reason != 0) {
         std::string text = "Unable to open Log-file\n\n" + logFileName +
-                           " due to the following error:\n" + std::strerror(errno) +
+                           " due to the following error:\n" + os::errorText(reason) +
                            "\nLog-file messages will be queued";
         MessageBoxRequest box{text, app.Title + " Open Error", MsgButtons::OK, MsgIcon::Warning, 1};
         theUi().messageBox(box);
         logBlock(text);
         return;
     }
-    file = opened;
-    std::setvbuf(file, nullptr, _IOFBF, 8192);
     GenerateLogHeader();
     emitQueue();
 }
@@ -119,8 +115,7 @@ void cLog::GenerateLogHeader() {
 }
 
 void cLog::LogClose() {
-    if (file) std::fclose(file);
-    file = nullptr;
+    file.close();
     queuePosition = 0;
 }
 

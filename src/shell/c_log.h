@@ -3,9 +3,10 @@
 // lines wait in a ring of 100 so that the start of a run is not lost.
 #include <array>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <vector>
+
+#include "platform/os.h"
 
 namespace hlyd {
 
@@ -30,7 +31,7 @@ public:
                       const std::string& info = {});
     void setQueueing(bool on) { queueing = on; }
 
-    bool isOpen() const { return file != nullptr; }
+    bool isOpen() const { return file.isOpen(); }
     int depth() const { return callDepth; }
 
 private:
@@ -40,7 +41,7 @@ private:
     std::string traceText(const std::string& proc, const char* mark, const std::string& cls,
                           const std::string& info) const;
 
-    std::FILE* file = nullptr;
+    os::OutputFile file;  // only a regular file: a FIFO named as the log must not stop the start
     std::string logFileName;
     std::vector<std::string> callStack;
     int callDepth = 0;

@@ -1,11 +1,10 @@
 #include "shell/error_report.h"
 
-#include <sys/utsname.h>
-
 #include <cstdlib>
 
 #include "analysis/source_model.h"
 #include "platform/clock.h"
+#include "platform/os.h"
 #include "platform/ui.h"
 #include "shell/app_info.h"
 #include "shell/c_debug.h"
@@ -32,9 +31,9 @@ long lineNumberOf(const std::string& where) {
 }
 
 std::string systemVersionText() {
-    utsname u{};
-    if (uname(&u) != 0) return "unknown";
-    return std::string(u.sysname) + " " + u.release + " (" + u.machine + ")";
+    os::SystemVersion v = os::systemVersion();
+    if (v.name.empty()) return "unknown";
+    return v.name + " " + v.release + " (" + v.machine + ")";
 }
 
 void setCurrentFileNameSource(std::function<std::string()> source) { currentFileNameSource = std::move(source); }

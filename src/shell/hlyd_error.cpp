@@ -2,6 +2,8 @@
 
 #include <cerrno>
 
+#include "platform/os.h"
+
 namespace hlyd {
 
 std::string errorDescription(int number) {
@@ -54,6 +56,12 @@ int runtimeErrorFromErrno(int err) {
         case EIO: return 57;
         default: return 75;
     }
+}
+
+std::string describeSystemError(int err) {
+    // A file that is there but is no regular file, or is read-only, is not described as missing.
+    if (err == os::kNotRegularFile || err == os::kReadOnlyFile || err == os::kSameAsInput) return os::errorText(err);
+    return errorDescription(runtimeErrorFromErrno(err));
 }
 
 }  // namespace hlyd

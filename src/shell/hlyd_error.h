@@ -29,5 +29,7 @@ std::string errorDescription(int number);
 
 // The run-time fault number that an operating-system error stands for (53 for a missing file, ...).
 int runtimeErrorFromErrno(int err);
+// The reason for a failure of the system (an errno value), for the user.
+std::string describeSystemError(int err);
 
 }  // namespace hlyd

@@ -1,11 +1,11 @@
 #include "shell/window_commands.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "files/file_selection.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "platform/os.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
 #include "shell/c_debug.h"
@@ -102,8 +102,7 @@ void setButtonAndMenu(const std::string& button, const std::string& menu, bool e
 
 bool helpFileThere() {
     const std::string& help = hlydMain().HelpFile;
-    std::error_code ec;
-    return !help.empty() && std::filesystem::exists(help, ec);
+    return !help.empty() && os::fileInfo(help).exists();
 }
 
 void setHelpCommands() {

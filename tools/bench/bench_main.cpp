@@ -131,6 +131,30 @@ void BM_ReadProjectOf500Members(benchmark::State& state) {
 }
 BENCHMARK(BM_ReadProjectOf500Members)->Unit(benchmark::kMillisecond);
 
+// A project of 10000 members, none of them there, in a folder of 10000 other files: each missing
+// member is looked for with its letter case mended, in the one listing of the folder.
+void BM_ReadProjectOf10000MissingMembers(benchmark::State& state) {
+    static const std::string path = [] {
+        namespace fs = std::filesystem;
+        fs::path dir = fs::temp_directory_path() / "hlyd-bench-missing";
+        fs::create_directories(dir);
+        std::ofstream vbp(dir / "Missing.vbp", std::ios::binary);
+        vbp << "Type=Exe\r\n";
+        for (int i = 1; i <= 10000; ++i) {
+            std::string n = std::to_string(i);
+            vbp << "Module=Gone" << n << "; Gone" << n << ".bas\r\n";
+            std::ofstream(dir / ("Here" + n + ".bas"), std::ios::binary) << "Attribute VB_Name = \"Here" << n << "\"\r\n";
+        }
+        return (dir / "Missing.vbp").string();
+    }();
+    for (auto _ : state) {
+        hlyd::resetFileTable();
+        hlyd::PFParseFile({hlyd::cFileDesc{path, hlyd::kFileProject, true, 0, 0}});
+    }
+    state.counters["BabStatus"] = hlyd::theDebug().BabStatus;
+}
+BENCHMARK(BM_ReadProjectOf10000MissingMembers)->Unit(benchmark::kMillisecond)->Iterations(1);
+
 // The save dialog of an export answers with a fixed path.
 class ExportUi : public hlyd::ConsoleUi {
 public:

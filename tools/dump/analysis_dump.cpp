@@ -1,5 +1,7 @@
 #include "analysis_dump.h"
 
+#include "platform/os.h"
+
 #include <cerrno>
 #include <cstring>
 
@@ -69,7 +71,7 @@ int dumpFileAnalysis(const std::string& path, const AnalysisDumpOptions& options
                      std::ostream& err) {
     SourceFile file;
     if (int e = file.open(path); e != 0) {
-        err << "hlyd-dump: cannot open " << path << ": " << std::strerror(e) << '\n';
+        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(e) << '\n';
         return 2;
     }
     std::string dialect = options.dialect == "auto" ? validate(path, out) : options.dialect;

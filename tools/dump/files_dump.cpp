@@ -1,5 +1,7 @@
 #include "files_dump.h"
 
+#include "platform/os.h"
+
 #include <cstring>
 #include <filesystem>
 #include <vector>
@@ -70,9 +72,8 @@ bool loadSettings() {
 }  // namespace
 
 int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err) {
-    std::error_code ec;
-    if (!std::filesystem::is_regular_file(path, ec)) {
-        err << "hlyd-dump: cannot open " << path << ": " << (ec ? ec.message() : std::strerror(ENOENT)) << '\n';
+    if (int problem = os::regularFileProblem(path); problem != 0) {
+        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
         return 2;
     }
     loadSettings();
@@ -102,9 +103,8 @@ int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err
 }
 
 int dumpProject(const std::string& path, std::ostream& out, std::ostream& err) {
-    std::error_code ec;
-    if (!std::filesystem::is_regular_file(path, ec)) {
-        err << "hlyd-dump: cannot open " << path << ": " << (ec ? ec.message() : std::strerror(ENOENT)) << '\n';
+    if (int problem = os::regularFileProblem(path); problem != 0) {
+        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
         return 2;
     }
     loadSettings();

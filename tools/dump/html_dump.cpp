@@ -1,5 +1,7 @@
 #include "html_dump.h"
 
+#include "platform/os.h"
+
 #include <filesystem>
 
 #include "analysis/keywords.h"
@@ -35,15 +37,14 @@ bool isProjectName(const std::string& path) {
 }  // namespace
 
 int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& err) {
-    std::error_code ec;
-    if (!std::filesystem::is_regular_file(path, ec)) {
-        err << "hlyd-dump: cannot open " << path << '\n';
+    if (int problem = os::regularFileProblem(path); problem != 0) {
+        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
         return 2;
     }
     queryLocaleSeparators();
     loadSettingsAtStartup();
     // The document names its source with its full path, as a file chosen in the Open dialog has.
-    std::string source = std::filesystem::absolute(path, ec).lexically_normal().string();
+    std::string source = os::absolutePath(path);
     ExportUi ui(outPath);
     setUi(&ui);
     if (isProjectName(source)) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "platform/os.h"
 #include "analysis_dump.h"
 #include "files_dump.h"
 #include "html_dump.h"
@@ -37,6 +38,7 @@ bool initKeywords() {
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argv[0]);
+    hlyd::os::useBinaryStandardStreams();
     hlyd::AnalysisDumpOptions options;
     std::string file;
     bool settings = false;

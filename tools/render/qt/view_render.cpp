@@ -1,6 +1,9 @@
 #include "view_render.h"
 
-#include <filesystem>
+#include <cerrno>
+
+#include <QBuffer>
+#include <QByteArray>
 #include <ostream>
 
 #include "analysis/basiclan.h"
@@ -12,6 +15,8 @@
 #include "files/file_table.h"
 #include "files/project_listing.h"
 #include "json_lines.h"
+#include "files/run_inputs.h"
+#include "platform/os.h"
 #include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
@@ -60,12 +65,24 @@ void report(const RenderRequest& request, std::ostream& out) {
         << '\n';
 }
 
+// The PNG replaces the output whole, never an input of this run, a device or a FIFO; a link is
+// written through to its target. 0 or the reason.
+int writePng(const QImage& image, const std::string& out, const std::string& input) {
+    std::vector<std::string> inputs = inputsOfThisRun();
+    inputs.push_back(input);
+    if (int problem = outputTargetProblem(out, inputs); problem != 0) return problem;
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG")) return EIO;
+    return os::replaceFile(out, std::string_view(png.constData(), static_cast<std::size_t>(png.size())));
+}
+
 }  // namespace
 
 int renderView(const RenderRequest& request, std::ostream& out, std::ostream& err) {
-    std::error_code ec;
-    if (!std::filesystem::is_regular_file(request.file, ec)) {
-        err << "hlyd-render: cannot open " << request.file << '\n';
+    if (int problem = os::regularFileProblem(request.file); problem != 0) {
+        err << "hlyd-render: cannot open " << request.file << ": " << os::errorText(problem) << '\n';
         return 2;
     }
     QSize screen = screenSizeTwips();
@@ -85,11 +102,11 @@ int renderView(const RenderRequest& request, std::ostream& out, std::ostream& er
         std::int32_t record = request.first;
         HlydDSEmitRequestedData(record);
     }
-    bool saved = picDisplay.image().save(fromLocalPath(request.out), "PNG");
+    int problem = writePng(picDisplay.image(), request.out, request.file);
     setDisplaySurface(nullptr);
     setUi(nullptr);
-    if (!saved) {
-        err << "hlyd-render: cannot write " << request.out << '\n';
+    if (problem != 0) {
+        err << "hlyd-render: cannot write " << request.out << ": " << os::errorText(problem) << '\n';
         return 3;
     }
     report(request, out);

@@ -1,0 +1,130 @@
+#include "platform/line_reader.h"
+
+#include <cstring>
+
+namespace hlyd {
+
+LineReader::LineReader(std::size_t longestLine, std::size_t chunk) : longest_(longestLine), chunk_(chunk) {}
+
+int LineReader::open(const std::string& path) {
+    close();
+    if (int e = file_.open(path); e != 0) return e;
+    size_ = file_.size();
+    // Room for one chunk beside the longest line kept: the buffer never grows.
+    buffer_.resize(chunk_ + longest_ + 2);
+    open_ = true;
+    fill();
+    return error_;
+}
+
+void LineReader::openText(std::string content) {
+    close();
+    buffer_ = std::move(content);
+    end_ = buffer_.size();
+    size_ = end_;
+    eof_ = true;
+    open_ = true;
+}
+
+void LineReader::close() {
+    file_.close();
+    buffer_.clear();
+    buffer_.shrink_to_fit();
+    line_.clear();
+    line_.shrink_to_fit();
+    start_ = end_ = 0;
+    consumed_ = size_ = 0;
+    eof_ = open_ = cut_ = skipTail_ = false;
+    error_ = 0;
+}
+
+bool LineReader::fill() {
+    if (eof_ || !file_.isOpen()) return false;
+    if (start_ > 0) {
+        std::memmove(buffer_.data(), buffer_.data() + start_, end_ - start_);
+        consumed_ += start_;
+        end_ -= start_;
+        start_ = 0;
+    }
+    long got = file_.read(buffer_.data() + end_, buffer_.size() - end_);
+    if (got <= 0) {
+        if (got < 0) error_ = file_.error();
+        eof_ = true;
+        return false;
+    }
+    end_ += static_cast<std::size_t>(got);
+    return true;
+}
+
+std::size_t LineReader::findLineEnd(std::size_t from) const {
+    const char* base = buffer_.data();
+    while (from < end_ && base[from] != '\n' && base[from] != '\r') ++from;
+    return from;
+}
+
+// Takes the line end at `at` off the buffer; false when a CR is the last byte read and more
+// must be read to see whether an LF follows it.
+bool LineReader::passLineEnd(std::size_t at) {
+    if (buffer_[at] == '\r' && at + 1 == end_ && !eof_) {
+        start_ = at;
+        fill();
+        return false;
+    }
+    start_ = at + 1;
+    if (buffer_[at] == '\r' && start_ < end_ && buffer_[start_] == '\n') ++start_;
+    return true;
+}
+
+void LineReader::skipRestOfLine() {
+    for (;;) {
+        std::size_t at = findLineEnd(start_);
+        if (at < end_) {
+            if (!passLineEnd(at)) continue;
+            break;
+        }
+        start_ = end_;
+        if (!fill()) break;
+    }
+    skipTail_ = false;
+}
+
+bool LineReader::atEnd() {
+    if (skipTail_) skipRestOfLine();
+    return start_ >= end_ && !fill();
+}
+
+// Hands out the first bytes of a line too long to keep; the rest, from `resumeAt`, is skipped
+// by the next read.
+std::string_view LineReader::cutLine(std::size_t resumeAt) {
+    cut_ = skipTail_ = true;
+    line_.assign(buffer_.data() + start_, longest_ + 1);
+    start_ = resumeAt;
+    return line_;
+}
+
+std::string_view LineReader::readLine() {
+    cut_ = false;
+    if (skipTail_) skipRestOfLine();
+    for (;;) {
+        std::size_t at = findLineEnd(start_);
+        if (at < end_) {
+            if (at - start_ > longest_) return cutLine(at);
+            // The CR may be the last byte read: a fill moves the line, so it is looked for again.
+            if (buffer_[at] == '\r' && at + 1 == end_ && !eof_) {
+                fill();
+                continue;
+            }
+            line_.assign(buffer_.data() + start_, at - start_);
+            passLineEnd(at);
+            return line_;
+        }
+        if (end_ - start_ > longest_) return cutLine(start_ + longest_ + 1);
+        if (!fill()) {
+            line_.assign(buffer_.data() + start_, end_ - start_);
+            start_ = end_;
+            return line_;
+        }
+    }
+}
+
+}  // namespace hlyd

@@ -1,0 +1,43 @@
+// The parts of the operating-system port that are the same on every system.
+#include <cstring>
+
+#include "platform/os.h"
+
+namespace hlyd::os {
+
+std::string errorText(int error) {
+    switch (error) {
+        case kNotRegularFile: return "Not a regular file";
+        case kReadOnlyFile: return "The file is read-only";
+        case kSameAsInput: return "The output would replace an input of this run";
+        default: return std::strerror(error);
+    }
+}
+
+int regularFileProblem(const std::string& path) {
+    FileInfo info = fileInfo(path);
+    if (!info.exists()) return info.error ? info.error : ENOENT;
+    return info.regular() ? 0 : kNotRegularFile;
+}
+
+int readWholeFile(const std::string& path, std::string& content) {
+    content.clear();
+    InputFile file;
+    if (int e = file.open(path); e != 0) return e;
+    char block[64 * 1024];
+    for (;;) {
+        long got = file.read(block, sizeof block);
+        if (got < 0) return file.error();
+        if (got == 0) return 0;
+        content.append(block, static_cast<std::size_t>(got));
+    }
+}
+
+int replaceFile(const std::string& target, std::string_view data) {
+    AtomicWriter writer;
+    if (int e = writer.begin(target); e != 0) return e;
+    if (!writer.write(data)) return writer.error();
+    return writer.commit();
+}
+
+}  // namespace hlyd::os

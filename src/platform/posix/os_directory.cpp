@@ -1,0 +1,56 @@
+// Directories and places on a POSIX system: listings, the temporary and current directories.
+#include <dirent.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/os.h"
+
+namespace hlyd::os {
+
+namespace {
+std::uint64_t listingsRead = 0;
+}
+
+int listDirectory(const std::string& directory, std::vector<std::string>& names) {
+    names.clear();
+    ++listingsRead;
+    DIR* dir = ::opendir(directory.empty() ? "." : directory.c_str());
+    if (!dir) return errno;
+    while (const dirent* entry = ::readdir(dir)) {
+        std::string name = entry->d_name;
+        if (name != "." && name != "..") names.push_back(std::move(name));
+    }
+    ::closedir(dir);
+    return 0;
+}
+
+std::uint64_t directoryListingsRead() { return listingsRead; }
+
+bool namesIgnoreCase() { return false; }
+
+std::string tempDirectory() {
+    const char* dir = std::getenv("TMPDIR");
+    return dir && *dir ? dir : "/tmp";
+}
+
+std::string tempFileName(const std::string& prefix) {
+    std::string pattern = tempDirectory() + "/" + prefix + "XXXXXX";
+    int fd = ::mkstemp(pattern.data());
+    if (fd >= 0) ::close(fd);
+    return pattern;
+}
+
+std::string currentDirectory() {
+    std::error_code ec;
+    return std::filesystem::current_path(ec).string();
+}
+
+std::string absolutePath(const std::string& path) {
+    std::error_code ec;
+    return std::filesystem::absolute(path, ec).lexically_normal().string();
+}
+
+}  // namespace hlyd::os

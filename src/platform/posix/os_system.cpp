@@ -1,0 +1,69 @@
+// The running program and the system under it, on a POSIX system: process, executable, kernel
+// version, and the facts of the user's locale.
+#include <langinfo.h>
+#include <locale.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdlib>
+
+#include "platform/os.h"
+
+namespace hlyd::os {
+
+namespace {
+
+// The locale the environment names for a category, without changing the program's own locale.
+std::string localeName(const char* categoryVariable) {
+    for (const char* var : {"LC_ALL", categoryVariable, "LANG"}) {
+        const char* value = std::getenv(var);
+        if (value && *value) return value;
+    }
+    return "C";
+}
+
+std::string langInfo(int mask, const char* categoryVariable, nl_item item) {
+    locale_t loc = ::newlocale(mask, localeName(categoryVariable).c_str(), static_cast<locale_t>(0));
+    if (!loc) return {};
+    std::string value = ::nl_langinfo_l(item, loc);
+    ::freelocale(loc);
+    return value;
+}
+
+}  // namespace
+
+long processId() { return static_cast<long>(::getpid()); }
+
+void useBinaryStandardStreams() {}
+
+std::string executablePath() {
+    char buffer[PATH_MAX];
+    ssize_t length = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
+    return length > 0 ? std::string(buffer, static_cast<std::size_t>(length)) : std::string();
+}
+
+SystemVersion systemVersion() {
+    utsname u{};
+    if (::uname(&u) != 0) return {};
+    return {u.sysname, u.release, u.version, u.machine};
+}
+
+LocaleFacts userLocale() {
+    LocaleFacts facts;
+    int money = LC_MONETARY_MASK | LC_NUMERIC_MASK;
+    facts.decimalSeparator = langInfo(money, "LC_MONETARY", RADIXCHAR);
+    facts.groupSeparator = langInfo(money, "LC_MONETARY", __MON_THOUSANDS_SEP);
+    // 1 is metric, 2 the US system; no answer counts as not metric.
+    std::string measurement = langInfo(LC_MEASUREMENT_MASK, "LC_MEASUREMENT", _NL_MEASUREMENT_MEASUREMENT);
+    facts.metric = !measurement.empty() && measurement[0] == 1;
+    locale_t time = ::newlocale(LC_TIME_MASK, "", static_cast<locale_t>(0));
+    if (time) {
+        facts.am = ::nl_langinfo_l(AM_STR, time);
+        facts.pm = ::nl_langinfo_l(PM_STR, time);
+        ::freelocale(time);
+    }
+    return facts;
+}
+
+}  // namespace hlyd::os

@@ -1,0 +1,104 @@
+// Whole-file replacement on Windows: a temporary file beside the target, flushed to the disk, put
+// in the target's place by ReplaceFile (which keeps the target's attributes and security) or, for
+// a new file, by a move that is written through.
+#include "platform/os.h"
+#include "platform/windows/win_support.h"
+
+namespace hlyd::os {
+
+namespace {
+
+// The file a link ends at, by the system's own resolution; the name itself when it is no link
+// or names nothing yet.
+std::string linkTarget(const std::string& path) {
+    if (!isSymlink(path)) return path;
+    HANDLE h = CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                           OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (h == INVALID_HANDLE_VALUE) return path;
+    char buffer[MAX_PATH * 2];
+    DWORD length = GetFinalPathNameByHandleA(h, buffer, sizeof buffer, FILE_NAME_NORMALIZED);
+    CloseHandle(h);
+    if (length == 0 || length >= sizeof buffer) return path;
+    std::string target(buffer, length);
+    if (target.rfind("\\\\?\\UNC\\", 0) == 0) return "\\\\" + target.substr(8);
+    if (target.rfind("\\\\?\\", 0) == 0) return target.substr(4);
+    return target;
+}
+
+}  // namespace
+
+struct AtomicWriter::Handle {
+    HANDLE h = INVALID_HANDLE_VALUE;
+    std::string target;
+    std::string temp;
+    bool replacing = false;
+    std::string pending;  // written out in blocks: a document comes a line at a time
+};
+
+AtomicWriter::AtomicWriter() : handle_(std::make_unique<Handle>()) {}
+AtomicWriter::~AtomicWriter() { abandon(); }
+
+int AtomicWriter::begin(const std::string& target) {
+    abandon();
+    Handle& h = *handle_;
+    h.target = linkTarget(target);
+    FileInfo info = fileInfo(h.target);
+    if (info.exists() && !info.regular()) return error_ = info.kind == FileKind::Directory ? EISDIR : kNotRegularFile;
+    if (info.exists() && !info.writableByMode) return error_ = kReadOnlyFile;
+    h.replacing = info.exists();
+    std::size_t cut = h.target.find_last_of("\\/");
+    std::string name = cut == std::string::npos ? h.target : h.target.substr(cut + 1);
+    std::string directory = cut == std::string::npos ? std::string() : h.target.substr(0, cut + 1);
+    static unsigned serial = 0;
+    h.temp = directory + "." + name + "." + std::to_string(GetCurrentProcessId()) + "." + std::to_string(++serial) + ".tmp";
+    h.h = CreateFileA(h.temp.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (h.h == INVALID_HANDLE_VALUE) {
+        h.temp.clear();
+        return error_ = win::lastErrno();
+    }
+    return error_ = 0;
+}
+
+bool AtomicWriter::write(std::string_view data) {
+    Handle& h = *handle_;
+    if (h.h == INVALID_HANDLE_VALUE) return false;
+    h.pending.append(data);
+    if (h.pending.size() < 64 * 1024) return true;
+    bool ok = win::writeAll(h.h, h.pending, error_);
+    h.pending.clear();
+    if (!ok) abandon();
+    return ok;
+}
+
+int AtomicWriter::commit() {
+    Handle& h = *handle_;
+    if (h.h == INVALID_HANDLE_VALUE) return error_ ? error_ : EBADF;
+    bool ok = win::writeAll(h.h, h.pending, error_) && FlushFileBuffers(h.h);
+    if (!ok && error_ == 0) error_ = win::lastErrno();
+    h.pending.clear();
+    CloseHandle(h.h);
+    h.h = INVALID_HANDLE_VALUE;
+    if (ok) {
+        ok = h.replacing ? ReplaceFileA(h.target.c_str(), h.temp.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+                                        nullptr, nullptr) != 0
+                         : MoveFileExA(h.temp.c_str(), h.target.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
+        if (!ok) error_ = win::lastErrno();
+    }
+    if (ok) {
+        h.temp.clear();
+        return error_ = 0;
+    }
+    abandon();
+    return error_;
+}
+
+void AtomicWriter::abandon() {
+    Handle& h = *handle_;
+    if (h.h != INVALID_HANDLE_VALUE) CloseHandle(h.h);
+    h.h = INVALID_HANDLE_VALUE;
+    h.pending.clear();
+    if (!h.temp.empty()) DeleteFileA(h.temp.c_str());
+    h.temp.clear();
+}
+
+}  // namespace hlyd::os

@@ -1,0 +1,115 @@
+// The operating-system port: files that are no regular files are never opened, lines are read as
+// a stream with a bound on memory, and a replace keeps the file's mode and links.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/line_reader.h"
+#include "platform/os.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+class OsPortTest : public test::ConfigDirTest {
+protected:
+    std::string path(const std::string& name) const { return (fs::path(dir) / name).string(); }
+    std::string write(const std::string& name, const std::string& text) const {
+        std::ofstream(path(name), std::ios::binary) << text;
+        return path(name);
+    }
+    std::string fifo(const std::string& name) const {
+        EXPECT_EQ(::mkfifo(path(name).c_str(), 0644), 0);
+        return path(name);
+    }
+    static std::string read(const std::string& file) {
+        std::ifstream in(file, std::ios::binary);
+        std::ostringstream all;
+        all << in.rdbuf();
+        return all.str();
+    }
+    static unsigned modeOf(const std::string& file) {
+        struct stat st {};
+        ::stat(file.c_str(), &st);
+        return st.st_mode & 07777;
+    }
+};
+
+TEST_F(OsPortTest, OnlyRegularFilesAreOpened) {
+    std::string pipe = fifo("pipe");
+    os::InputFile in;
+    EXPECT_EQ(in.open(pipe), os::kNotRegularFile);  // at once: no writer is waited for
+    EXPECT_EQ(in.open("/dev/zero"), os::kNotRegularFile);
+    EXPECT_EQ(in.open(dir), EISDIR);
+    EXPECT_EQ(in.open(path("missing")), ENOENT);
+    EXPECT_EQ(in.open(write("plain.bas", "x = 1\n")), 0);
+    EXPECT_EQ(in.size(), 6u);
+    os::OutputFile out;
+    EXPECT_EQ(out.open(pipe, true), os::kNotRegularFile);
+    EXPECT_EQ(os::fileInfo(pipe).kind, os::FileKind::Fifo);
+    EXPECT_EQ(os::fileInfo("/dev/null").kind, os::FileKind::Device);
+}
+
+// Every kind of line end, split at every place across the reader's blocks, reads the same.
+TEST_F(OsPortTest, LinesReadTheSameWhereverABlockEnds) {
+    const std::string text = "one\r\ntwo\rthree\nfour\r\n\r\nlast";
+    const std::vector<std::string> expected = {"one", "two", "three", "four", "", "last"};
+    std::string file = write("ends.bas", text);
+    for (std::size_t chunk = 1; chunk <= text.size(); ++chunk) {
+        LineReader reader(16, chunk);
+        ASSERT_EQ(reader.open(file), 0);
+        std::vector<std::string> lines;
+        while (!reader.atEnd()) lines.emplace_back(reader.readLine());
+        EXPECT_EQ(lines, expected) << "block of " << chunk;
+        EXPECT_EQ(reader.offset(), text.size());
+    }
+}
+
+TEST_F(OsPortTest, LongLineIsCutAndTheReaderStaysSmall) {
+    std::string file = path("huge.bas");
+    {
+        std::ofstream out(file, std::ios::binary);
+        out << "x = 1\r\n";
+        std::string block(1 << 20, 'a');
+        for (int i = 0; i < 8; ++i) out << block;  // an 8 MB second line
+        out << "\r\ny = 2\r\n";
+    }
+    LineReader reader(2048);
+    ASSERT_EQ(reader.open(file), 0);
+    EXPECT_EQ(reader.readLine(), "x = 1");
+    EXPECT_EQ(reader.readLine().size(), 2049u);
+    EXPECT_TRUE(reader.lastLineCut());
+    EXPECT_EQ(reader.readLine(), "y = 2");
+    EXPECT_FALSE(reader.lastLineCut());
+    EXPECT_TRUE(reader.atEnd());
+    EXPECT_LT(reader.bytesHeld(), 128u * 1024);
+}
+
+TEST_F(OsPortTest, ReplaceKeepsModeWritesThroughLinksAndRefusesReadOnly) {
+    std::string target = write("real.ini", "old\n");
+    ::chmod(target.c_str(), 0640);
+    std::string link = path("link.ini");
+    fs::create_symlink(target, link);
+    EXPECT_EQ(os::replaceFile(link, "new\n"), 0);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(read(target), "new\n");
+    EXPECT_EQ(modeOf(target), 0640u);
+
+    ::chmod(target.c_str(), 0444);  // refused by its mode, also to root
+    EXPECT_EQ(os::replaceFile(link, "lost\n"), os::kReadOnlyFile);
+    EXPECT_EQ(read(target), "new\n");
+    EXPECT_EQ(modeOf(target), 0444u);
+    EXPECT_EQ(os::replaceFile(fifo("pipe.ini"), "x"), os::kNotRegularFile);
+    // Nothing is left beside the files.
+    std::vector<std::string> names;
+    os::listDirectory(dir, names);
+    EXPECT_EQ(names.size(), 3u);
+}
+
+}  // namespace
+}  // namespace hlyd
