@@ -1,9 +1,13 @@
 // The record layout rule on a surface of fixed metrics, coordinates exact: indentation, one line
 // height for mixed fonts, wraps with and without the continuation mark, tokens too wide for a line.
+#include <fstream>
+#include <iterator>
 #include <tuple>
 
 #include "display/token_layout.h"
 #include "fake_surface.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
 #include "shell/hlyd_error.h"
 
 namespace hlyd {
@@ -76,6 +80,28 @@ TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
     HlydTKGetMaxTokenHeight(height, elements, kDisplay, 1, 1);
     EXPECT_EQ(height, 150);
     EXPECT_THROW(HlydTKGetMaxTokenHeight(height, elements, 0, 1, 3), HlydError);
+}
+
+// Traced measures read as numbers: "85", not "85.000000"; a fraction only where there is one.
+TEST_F(TokenLayoutTest, TracedMeasuresAreWrittenAsNumbers) {
+    const std::string log = dir + "/trace.log";
+    theLog().LogOpen(log, 1);
+    theDebug().TraceApplication = true;
+    HlydDAValidateFonts();
+    std::vector<std::string> pieces;
+    HlydTKSplitForOutput("ABCD", pieces, 250, kDisplay);
+    HlydTKSplitForOutput("ABCD", pieces, 102.5f, kDisplay);
+    float height = 0;
+    HlydTKGetMaxTokenHeight(height, {0, kElemKeyWords}, kDisplay, 1, 1);
+    theDebug().TraceApplication = false;
+    theLog().LogClose();
+    std::ifstream in(log);
+    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    for (const char* expected : {"ConnectorSize=85\r\n ContinueSize=200\r\n IndentSize=85\r\n MaxFontHeight=200\r\n"
+                                 " WhiteSpaceSize=85\r\n TwipsPerPixelX=15\r\n TwipsPerPixelY=15",
+                                 "|ABCD|\r\nWidth=250\r\n", "|ABCD|\r\nWidth=102.5\r\n", "MaxHeight=200"})
+        EXPECT_NE(text.find(expected), std::string::npos) << expected;
+    EXPECT_EQ(text.find(".000000"), std::string::npos);
 }
 
 TEST_F(TokenLayoutTest, MixedFontsStandOnOneBase) {

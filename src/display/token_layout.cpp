@@ -6,6 +6,7 @@
 #include "display/font_metrics.h"
 #include "files/file_table.h"
 #include "platform/surface.h"
+#include "settings/ini_handler.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 #include "shell/hlyd_error.h"
@@ -217,7 +218,7 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
     };
     height = heightOf(firstToken);
     for (std::int32_t i = firstToken + 1; i <= lastToken && height < ceiling; ++i) height = std::max(height, heightOf(i));
-    if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + std::to_string(height));
+    if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + numberText(height));
 }
 
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int dest) {
@@ -242,7 +243,7 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
         position += static_cast<std::size_t>(length);
     } while (position < text.size());
     if (theDebug().TraceApplication) {
-        std::string log = "TokenIn=|" + text + "|\r\nWidth=" + std::to_string(width) + "\r\nTokenOut=...";
+        std::string log = "TokenIn=|" + text + "|\r\nWidth=" + numberText(width) + "\r\nTokenOut=...";
         for (const std::string& p : pieces) log += "\r\n|" + p + "|";
         theLog().LogData(log);
     }
