@@ -56,6 +56,41 @@ TEST_F(TokenLayoutTest, SplitFallsWhereTheWidthRunsOut) {
     EXPECT_EQ(pieces, (std::vector<std::string>{""}));
 }
 
+// Counts what the split measures; "i" is half as wide as the other characters, so that the
+// width of a piece can't be told from its length.
+class MeasureCountingSurface : public test::FakeSurface {
+public:
+    float textWidth(const std::string& text) override {
+        ++calls;
+        characters += static_cast<long>(text.size());
+        float width = 0;
+        for (char c : text) width += c == 'i' ? 50.f : 100.f;
+        return width;
+    }
+    long calls = 0;
+    long characters = 0;
+};
+using SplitMeasureTest = test::SurfaceTestOf<MeasureCountingSurface>;
+
+// A project line of megabytes is split into thousands of pieces: the measuring grows with the
+// line, not with its square, and every piece is as long as fits.
+TEST_F(SplitMeasureTest, MeasuringIsLinearInTheText) {
+    std::string text;
+    for (int n = 0; n < 40000; ++n) text += (n % 7 == 3 || n % 11 == 0) ? 'i' : 'x';
+    surface.calls = surface.characters = 0;
+    std::vector<std::string> pieces;
+    HlydTKSplitForOutput(text, pieces, 1000, kDisplay);
+    EXPECT_LE(surface.characters, 4L * static_cast<long>(text.size()));
+    EXPECT_LE(surface.calls, 6L * static_cast<long>(pieces.size()) + 2);
+    std::string joined;
+    for (std::size_t p = 0; p < pieces.size(); ++p) {
+        joined += pieces[p];
+        ASSERT_LE(surface.textWidth(pieces[p]), 1000) << p;
+        if (p + 1 < pieces.size()) ASSERT_GT(surface.textWidth(pieces[p] + pieces[p + 1][0]), 1000) << p;
+    }
+    EXPECT_EQ(joined, text);
+}
+
 TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
     Token token;
     token.Text = "x";
