@@ -229,18 +229,19 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
     if (width <= 0) width = 1;
     pieces.clear();
     std::size_t position = 0;
-    float restWidth = s.textWidth(text);
+    double restWidth = s.textWidth(text);
     do {
         std::size_t restLength = text.size() - position;
         if (restWidth <= width) {
             std::string rest = text.substr(position);
-            if (position == 0 || s.textWidth(rest) <= width) {
+            if (position != 0) restWidth = s.textWidth(rest);  // the running figure may drift a little
+            if (restWidth <= width) {
                 pieces.push_back(std::move(rest));
                 break;
             }
         }
         auto widthOf = [&](long length) { return s.textWidth(text.substr(position, static_cast<std::size_t>(length))); };
-        long length = restWidth > 0 ? std::lround(width / restWidth * static_cast<float>(restLength)) : 1;
+        long length = std::lround(width / restWidth * static_cast<double>(restLength));
         length = std::clamp(length, 1L, static_cast<long>(restLength));
         float pieceWidth = -1;  // the width of the longest length measured to fit
         for (float w; length <= static_cast<long>(restLength) && (w = widthOf(length)) <= width; ++length) pieceWidth = w;
