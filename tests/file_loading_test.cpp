@@ -11,6 +11,7 @@
 #include "shell/c_debug.h"
 #include "shell/hlyd_error.h"
 #include "shell/main_window_model.h"
+#include "settings/system_queries.h"
 #include "test_support.h"
 
 namespace hlyd {
@@ -214,13 +215,20 @@ TEST_F(FileLoadingTest, ClosingFilesAndTheWindowMenu) {
     EXPECT_TRUE(mainWindow().controlsEnabled);
 }
 
-TEST_F(FileLoadingTest, StatusTextOnlyEveryTenthLine) {
+TEST_F(FileLoadingTest, StatusTextOnlyEveryTenthLineGroupedAsTheLocaleSays) {
+    const LocaleTexts before = localeTexts();
+    localeTexts().GroupSeparator = ",";
     StatusBarUpdate(true, 1230);
     EXPECT_EQ(mainWindow().lblStatus, " Lines parsed: 1,230 ");
     StatusBarUpdate(true, 1231);
     EXPECT_EQ(mainWindow().lblStatus, " Lines parsed: 1,230 ");
+    localeTexts().GroupSeparator = ".";
     StatusBarUpdate(false, 1234560);
-    EXPECT_EQ(mainWindow().lblStatus, " Lines output: 1,234,560 ");
+    EXPECT_EQ(mainWindow().lblStatus, " Lines output: 1.234.560 ");
+    localeTexts().GroupSeparator = "\xe2\x80\xaf";  // a narrow no-break space, as some locales group
+    StatusBarUpdate(false, 1234560);
+    EXPECT_EQ(mainWindow().lblStatus, " Lines output: 1\xe2\x80\xaf" "234\xe2\x80\xaf" "560 ");
+    localeTexts() = before;
 }
 
 TEST_F(FileLoadingTest, BadIndexAndVanishedFileRaise) {

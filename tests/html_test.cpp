@@ -116,6 +116,59 @@ TEST_F(HtmlTest, OutputNeverReplacesAnInputOrAFifoAndFollowsALink) {
     EXPECT_EQ(readAll(source("real.html")).rfind("<html>", 0), 0u);
 }
 
+// The listing's font tags, as a reader's parser sees them: every one opened is closed on its own
+// line, and none is closed that isn't open. (The fixed frame of the document, its anchors and
+// the closing span, stands as the format has it.) Returns the faults, one per line.
+std::vector<std::string> unbalancedFontTags(const std::string& document) {
+    std::vector<std::string> faults;
+    std::istringstream lines(document);
+    std::string line;
+    for (int n = 1; std::getline(lines, line); ++n) {
+        int open = 0;
+        for (std::size_t at = line.find('<'); at != std::string::npos; at = line.find('<', at + 1)) {
+            if (line.compare(at, 5, "<font") == 0) ++open;
+            if (line.compare(at, 7, "</font>") == 0 && --open < 0) faults.push_back("line " + std::to_string(n) + ": closed, not open");
+        }
+        if (open > 0) faults.push_back("line " + std::to_string(n) + ": left open: " + line);
+    }
+    return faults;
+}
+
+TEST_F(HtmlTest, FontTagsBalanceAndTheFormDescriptionIsIndentedOnce) {
+    std::ofstream(source("Heads.bas")) << "Attribute VB_Name = \"Heads\"\r\n"
+                                          "Public Function Three(ByVal a As Long, _\r\n"
+                                          "                      ByVal b As Long, _\r\n"
+                                          "                      ByVal c As Long) As Long\r\n"
+                                          "    Three = a + b + c\r\n"
+                                          "End Function\r\n";
+    std::ofstream(source("Form1.frm")) << "VERSION 5.00\r\n"
+                                          "Begin VB.Form Form1\r\n"
+                                          "   Caption         =   \"Form1\"\r\n"
+                                          "   Begin VB.CommandButton cmdGo\r\n"
+                                          "      Caption         =   \"Go\"\r\n"
+                                          "   End\r\n"
+                                          "End\r\n"
+                                          "Attribute VB_Name = \"Form1\"\r\n";
+    for (const char* name : {"Heads.bas", "Form1.frm"}) {
+        SCOPED_TRACE(name);
+        oFile().Add({source(name), kFileSource, false, 0, 0});
+        HlydFLProcessSelectedFile(static_cast<std::int16_t>(oFile().Count()));
+        ui.saveAnswer = source(std::string(name) + ".html");
+        HTMLEmitAFile();
+        EXPECT_EQ(unbalancedFontTags(readAll(source(std::string(name) + ".html"))), std::vector<std::string>{});
+    }
+    // The heading's anchor and link on its first line, its tags closed there.
+    std::string heads = readAll(source("Heads.bas.html"));
+    EXPECT_NE(heads.find("<a name=\"Three\"><font class=\"Proc\">Public Function Three(ByVal a As Long,</font>"
+                         "<font class=\"KeyWord\"> _  <A HREF=\"#TopOfTOC\">Table of Contents</A></font>\r\n"),
+              std::string::npos);
+    // The form's lines keep their own blanks, once, though analysis indents them.
+    std::string form = readAll(source("Form1.frm.html"));
+    EXPECT_NE(form.find("\r\n   <font class=\"Identifier\">Caption         </font>"), std::string::npos);
+    EXPECT_NE(form.find("\r\n      <font class=\"Identifier\">Caption         </font>"), std::string::npos);
+    EXPECT_NE(form.find("\r\n   <font class=\"KeyWord\">End</font>\r\n"), std::string::npos);
+}
+
 TEST(HtmlWriterTest, ColoursTagsAndEscaping) {
     EXPECT_EQ(htmlColourText(0), "000000");
     EXPECT_EQ(htmlColourText(0xFF), "FF0000");

@@ -1,9 +1,13 @@
 // The record layout rule on a surface of fixed metrics, coordinates exact: indentation, one line
 // height for mixed fonts, wraps with and without the continuation mark, tokens too wide for a line.
+#include <fstream>
+#include <iterator>
 #include <tuple>
 
 #include "display/token_layout.h"
 #include "fake_surface.h"
+#include "shell/c_debug.h"
+#include "shell/c_log.h"
 #include "shell/hlyd_error.h"
 
 namespace hlyd {
@@ -52,6 +56,41 @@ TEST_F(TokenLayoutTest, SplitFallsWhereTheWidthRunsOut) {
     EXPECT_EQ(pieces, (std::vector<std::string>{""}));
 }
 
+// Counts what the split measures; "i" is half as wide as the other characters, so that the
+// width of a piece can't be told from its length.
+class MeasureCountingSurface : public test::FakeSurface {
+public:
+    float textWidth(const std::string& text) override {
+        ++calls;
+        characters += static_cast<long>(text.size());
+        float width = 0;
+        for (char c : text) width += c == 'i' ? 50.f : 100.f;
+        return width;
+    }
+    long calls = 0;
+    long characters = 0;
+};
+using SplitMeasureTest = test::SurfaceTestOf<MeasureCountingSurface>;
+
+// A project line of megabytes is split into thousands of pieces: the measuring grows with the
+// line, not with its square, and every piece is as long as fits.
+TEST_F(SplitMeasureTest, MeasuringIsLinearInTheText) {
+    std::string text;
+    for (int n = 0; n < 40000; ++n) text += (n % 7 == 3 || n % 11 == 0) ? 'i' : 'x';
+    surface.calls = surface.characters = 0;
+    std::vector<std::string> pieces;
+    HlydTKSplitForOutput(text, pieces, 1000, kDisplay);
+    EXPECT_LE(surface.characters, 4L * static_cast<long>(text.size()));
+    EXPECT_LE(surface.calls, 6L * static_cast<long>(pieces.size()) + 2);
+    std::string joined;
+    for (std::size_t p = 0; p < pieces.size(); ++p) {
+        joined += pieces[p];
+        ASSERT_LE(surface.textWidth(pieces[p]), 1000) << p;
+        if (p + 1 < pieces.size()) ASSERT_GT(surface.textWidth(pieces[p] + pieces[p + 1][0]), 1000) << p;
+    }
+    EXPECT_EQ(joined, text);
+}
+
 TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
     Token token;
     token.Text = "x";
@@ -76,6 +115,28 @@ TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
     HlydTKGetMaxTokenHeight(height, elements, kDisplay, 1, 1);
     EXPECT_EQ(height, 150);
     EXPECT_THROW(HlydTKGetMaxTokenHeight(height, elements, 0, 1, 3), HlydError);
+}
+
+// Traced measures read as numbers: "85", not "85.000000"; a fraction only where there is one.
+TEST_F(TokenLayoutTest, TracedMeasuresAreWrittenAsNumbers) {
+    const std::string log = dir + "/trace.log";
+    theLog().LogOpen(log, 1);
+    theDebug().TraceApplication = true;
+    HlydDAValidateFonts();
+    std::vector<std::string> pieces;
+    HlydTKSplitForOutput("ABCD", pieces, 250, kDisplay);
+    HlydTKSplitForOutput("ABCD", pieces, 102.5f, kDisplay);
+    float height = 0;
+    HlydTKGetMaxTokenHeight(height, {0, kElemKeyWords}, kDisplay, 1, 1);
+    theDebug().TraceApplication = false;
+    theLog().LogClose();
+    std::ifstream in(log);
+    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    for (const char* expected : {"ConnectorSize=85\r\n ContinueSize=200\r\n IndentSize=85\r\n MaxFontHeight=200\r\n"
+                                 " WhiteSpaceSize=85\r\n TwipsPerPixelX=15\r\n TwipsPerPixelY=15",
+                                 "|ABCD|\r\nWidth=250\r\n", "|ABCD|\r\nWidth=102.5\r\n", "MaxHeight=200"})
+        EXPECT_NE(text.find(expected), std::string::npos) << expected;
+    EXPECT_EQ(text.find(".000000"), std::string::npos);
 }
 
 TEST_F(TokenLayoutTest, MixedFontsStandOnOneBase) {

@@ -10,6 +10,7 @@
 #include "display/viewing.h"
 #include "html/html_emit.h"
 #include "platform/qt/qt_text.h"
+#include "shell/debug_menu.h"
 #include "shell/main_window_model.h"
 #include "shell/window_commands.h"
 
@@ -100,6 +101,12 @@ void HlydWindow::buildWindowAndHelpMenus() {
     debugMenu_ = menuBar()->addMenu("&Debug");
     actions_["mnuDebug"] = debugMenu_->menuAction();
     debugMenu_->menuAction()->setVisible(false);
+    for (const DebugMenuItem& item : debugMenuItems()) {
+        if (item.flag && !debugMenu_->actions().isEmpty() && !debugMenu_->actions().back()->isCheckable())
+            debugMenu_->addSeparator();  // the log file items, then the switches
+        QAction* added = addCommand(debugMenu_, item.name, item.caption, [&item] { mnuDebug_Click(item); });
+        added->setCheckable(item.flag != nullptr);
+    }
     QMenu* help = menuBar()->addMenu("&Help");
     actions_["mnuHelp"] = help->menuAction();
     addCommand(help, "mnuHelContents", "&Help Topics...", nothing);

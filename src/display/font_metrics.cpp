@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 
+#include "settings/ini_handler.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 
@@ -53,11 +54,11 @@ private:
 
 void traceMetrics() {
     const LayoutMetrics& m = metrics;
-    theLog().LogData("ConnectorSize=" + std::to_string(m.ConnectorSize[1]) + "\r\n ContinueSize=" +
-                     std::to_string(m.ContinueSize[1]) + "\r\n IndentSize=" + std::to_string(m.IndentSize[1]) +
-                     "\r\n MaxFontHeight=" + std::to_string(m.MaxFontHeight[1]) + "\r\n WhiteSpaceSize=" +
-                     std::to_string(m.WhiteSpaceSize[1]) + "\r\n TwipsPerPixelX=" + std::to_string(m.TwipsPerPixelX) +
-                     "\r\n TwipsPerPixelY=" + std::to_string(m.TwipsPerPixelY));
+    theLog().LogData("ConnectorSize=" + numberText(m.ConnectorSize[1]) + "\r\n ContinueSize=" +
+                     numberText(m.ContinueSize[1]) + "\r\n IndentSize=" + numberText(m.IndentSize[1]) +
+                     "\r\n MaxFontHeight=" + numberText(m.MaxFontHeight[1]) + "\r\n WhiteSpaceSize=" +
+                     numberText(m.WhiteSpaceSize[1]) + "\r\n TwipsPerPixelX=" + numberText(m.TwipsPerPixelX) +
+                     "\r\n TwipsPerPixelY=" + numberText(m.TwipsPerPixelY));
 }
 
 }  // namespace

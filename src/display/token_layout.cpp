@@ -6,6 +6,7 @@
 #include "display/font_metrics.h"
 #include "files/file_table.h"
 #include "platform/surface.h"
+#include "settings/ini_handler.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
 #include "shell/hlyd_error.h"
@@ -217,32 +218,44 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
     };
     height = heightOf(firstToken);
     for (std::int32_t i = firstToken + 1; i <= lastToken && height < ceiling; ++i) height = std::max(height, heightOf(i));
-    if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + std::to_string(height));
+    if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + numberText(height));
 }
 
+// Each piece is measured, not the whole rest of the text for every piece: that made a long project
+// line quadratic. The rest's width is kept as the whole width less the pieces cut off, and the rest
+// itself is measured only when that says it may fit, when it is about one piece long.
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int dest) {
     Surface& s = *surfaceFor(dest);
     if (width <= 0) width = 1;
     pieces.clear();
     std::size_t position = 0;
+    double restWidth = s.textWidth(text);
     do {
-        std::string rest = text.substr(position);
-        float restWidth = s.textWidth(rest);
+        std::size_t restLength = text.size() - position;
         if (restWidth <= width) {
-            pieces.push_back(rest);
-            break;
+            std::string rest = text.substr(position);
+            if (position != 0) restWidth = s.textWidth(rest);  // the running figure may drift a little
+            if (restWidth <= width) {
+                pieces.push_back(std::move(rest));
+                break;
+            }
         }
-        long length = std::lround(width / restWidth * static_cast<float>(rest.size()));
-        if (length < 1) length = 1;
-        while (length <= static_cast<long>(rest.size()) && s.textWidth(rest.substr(0, length)) <= width) ++length;
+        auto widthOf = [&](long length) { return s.textWidth(text.substr(position, static_cast<std::size_t>(length))); };
+        long length = std::lround(width / restWidth * static_cast<double>(restLength));
+        length = std::clamp(length, 1L, static_cast<long>(restLength));
+        float pieceWidth = -1;  // the width of the longest length measured to fit
+        for (float w; length <= static_cast<long>(restLength) && (w = widthOf(length)) <= width; ++length) pieceWidth = w;
         --length;
-        while (length >= 1 && s.textWidth(rest.substr(0, length)) > width) --length;
-        if (length < 1) length = 1;
-        pieces.push_back(rest.substr(0, length));
+        // Only an estimate that was too long already has to step down.
+        if (pieceWidth < 0)
+            while (length >= 1 && (pieceWidth = widthOf(length)) > width) --length;
+        if (length < 1) length = 1, pieceWidth = widthOf(1);
+        pieces.push_back(text.substr(position, static_cast<std::size_t>(length)));
         position += static_cast<std::size_t>(length);
+        restWidth -= pieceWidth;
     } while (position < text.size());
     if (theDebug().TraceApplication) {
-        std::string log = "TokenIn=|" + text + "|\r\nWidth=" + std::to_string(width) + "\r\nTokenOut=...";
+        std::string log = "TokenIn=|" + text + "|\r\nWidth=" + numberText(width) + "\r\nTokenOut=...";
         for (const std::string& p : pieces) log += "\r\n|" + p + "|";
         theLog().LogData(log);
     }

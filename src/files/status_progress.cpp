@@ -1,13 +1,15 @@
 #include "files/status_progress.h"
 
 #include "platform/ui.h"
+#include "settings/system_queries.h"
 #include "shell/main_window_model.h"
 
 namespace hlyd {
 
 std::string groupedNumber(std::int64_t value) {
+    const std::string& separator = localeTexts().GroupSeparator;
     std::string digits = std::to_string(value < 0 ? -value : value);
-    for (int at = static_cast<int>(digits.size()) - 3; at > 0; at -= 3) digits.insert(at, ",");
+    for (int at = static_cast<int>(digits.size()) - 3; at > 0; at -= 3) digits.insert(at, separator);
     return value < 0 ? "-" + digits : digits;
 }
 

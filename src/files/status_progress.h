@@ -8,7 +8,7 @@ namespace hlyd {
 
 void StatusBarUpdate(bool parsing, std::int32_t lines);
 
-// "##,##0": thousands grouped by commas.
+// "##,##0": thousands grouped by the separator that the locale gave at start-up.
 std::string groupedNumber(std::int64_t value);
 
 }  // namespace hlyd

@@ -169,10 +169,10 @@ void cGenHTML::InsertProcStart(const std::string& line, const std::string& name)
     procLine_ = line;
 }
 
+// ProcLine keeps a copy of the closing tag only: the tag stays open for the line that is written
+// next, whose own line break closes it. (Taking the closing here lost it from the document.)
 void cGenHTML::InsertProcContinue() {
-    std::string lineBreak;
-    InsertLineBreak(lineBreak);
-    procLine_ += lineBreak;
+    if (currentElement_ != -1) procLine_ += "</font>";
 }
 
 void cGenHTML::InsertProcEnd(std::string& result) {

@@ -131,7 +131,8 @@ static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToke
         if (token == r.FirstT && isNumericText(text)) text += " ";
         return spaces;
     }
-    if (s.Flags & kFlagFormDescription) spaces += static_cast<int>(tok.LeadingSpace.size());
+    // The form description keeps its own layout: its blanks, and no indentation on top of them.
+    if (s.Flags & kFlagFormDescription) return spaces + static_cast<int>(tok.LeadingSpace.size());
     if (f.Indent) {
         spaces += f.IndentAmount * r.Indent;
         if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;

@@ -10,6 +10,7 @@
 #include "shell/app_start.h"
 #include "shell/c_debug.h"
 #include "shell/c_log.h"
+#include "shell/debug_menu.h"
 #include "shell/main_window_model.h"
 #include "shell/mru.h"
 #include "shell/text_format.h"
@@ -192,6 +193,7 @@ void sbSetToolBar() {
         setCommand(face.name, w.command(face.name).enabled);
     }
     w.command("mnuDebug").visible = hlydSettings().DebugMenu;
+    sbDebugMenuSet();
     setViewChecks();
     ShowMRU();
     HlydMSEnableHLYDControls();

@@ -14,6 +14,8 @@
 //            (from 0) is file i + 1, and with nine or more files the ninth item is "&More Files ... ",
 //            which asks frmFileList.
 //   Window:  mnuWinProjectWindow. Help: mnuHelContents, mnuHelSearch, mnuHelHelp, mnuHelAbout.
+//   Debug:   the items of debugMenuItems() (shell/debug_menu.h); the toggles' `checked` follows
+//            their switches.
 //   Toolbar, in this order: tbrOpen, tbrClose, tbrPrint, tbrPrintOptions, tbrDisplayOptions,
 //            tbrPriorProcedure, tbrNextProcedure, tbrPrintThisProcedure, tbrProcedures, tbrPriorFile,
 //            tbrNextFile, tbrHelp. Their `tip` follows `enabled`.

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <array>
@@ -26,6 +27,7 @@
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_application.h"
 #include "settings/settings_store.h"
+#include "shell/c_debug.h"
 #include "shell/app_start.h"
 #include "shell/main_window_model.h"
 #include "shell/window_commands.h"
@@ -152,6 +154,27 @@ TEST_F(WindowTest, CaptionsAndTipsAreTheClassicOnes) {
     window->action("mnuViewStatus")->trigger();
     EXPECT_FALSE(window->lblRecord()->isVisible());
     EXPECT_FALSE(window->action("mnuViewStatus")->isChecked());
+}
+
+TEST_F(WindowTest, TheDebugMenuHoldsItsItemsWhenTheSettingAsks) {
+    hlydSettings().DebugMenu = true;
+    sbSetToolBar();
+    window->refreshFromModel();
+    QAction* debug = window->action("mnuDebug");
+    ASSERT_NE(debug, nullptr);
+    EXPECT_TRUE(debug->isVisible());
+    int items = 0;
+    for (QAction* item : debug->menu()->actions()) items += item->isSeparator() ? 0 : 1;
+    EXPECT_EQ(items, 10);
+    QAction* traceApp = window->action("mnuDebugTraceApp");
+    ASSERT_NE(traceApp, nullptr);
+    EXPECT_TRUE(debug->menu()->actions().contains(traceApp));
+    traceApp->trigger();
+    EXPECT_TRUE(theDebug().TraceApplication);
+    EXPECT_TRUE(traceApp->isChecked());
+    traceApp->trigger();
+    EXPECT_FALSE(theDebug().TraceApplication);
+    EXPECT_FALSE(traceApp->isChecked());
 }
 
 TEST_F(WindowTest, ABinaryFileIsRefusedAndTheWindowStaysUsable) {

@@ -1,0 +1,77 @@
+#include "shell/debug_menu.h"
+
+#include <filesystem>
+
+#include "platform/ui.h"
+#include "shell/app_info.h"
+#include "shell/c_log.h"
+#include "shell/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr int kLogCreate = 1;
+constexpr int kLogAppend = 2;
+
+void openLog(bool forAppend) {
+    if (std::optional<std::string> name = HlydMSOpenLogFile(forAppend))
+        theLog().LogOpen(*name, forAppend ? kLogAppend : kLogCreate);
+}
+
+void mnuDebugLogOpen_Click() { openLog(false); }
+void mnuDebugOpenAppendLog_Click() { openLog(true); }
+void mnuDebugLogClose_Click() { theLog().LogClose(); }
+
+}  // namespace
+
+std::optional<std::string> HlydMSOpenLogFile(bool forAppend) {
+    FileDialogRequest request;
+    request.title = "Log File";
+    request.filter = "All Files|*.*|Log Files|*.LOG";
+    const std::string& current = theLog().LogFileName();
+    std::filesystem::path start = current.empty() ? std::filesystem::path(settingsDirectory()) / "DB_HLYD.LOG"
+                                                  : std::filesystem::path(current);
+    request.directory = start.parent_path().string();
+    request.fileName = start.filename().string();
+    if (!forAppend) return theUi().saveFileDialog(request);
+    std::optional<std::vector<std::string>> chosen = theUi().openFileDialog(request);
+    if (!chosen || chosen->empty()) return std::nullopt;
+    return chosen->front();
+}
+
+const std::vector<DebugMenuItem>& debugMenuItems() {
+    static const std::vector<DebugMenuItem> items{
+        {"mnuDebugLogOpen", "&Open Log File...", nullptr, mnuDebugLogOpen_Click},
+        {"mnuDebugOpenAppendLog", "Open Log File to &Append...", nullptr, mnuDebugOpenAppendLog_Click},
+        {"mnuDebugLogClose", "&Close Log File", nullptr, mnuDebugLogClose_Click},
+        {"mnuDebugDisableErrorTraps", "Disable &Error Traps", &cDebug::DontTrapErrors, nullptr},
+        {"mnuDebugDisableFixDataErrors", "Disable &Fixing of Data Errors", &cDebug::DontFixDataErrors, nullptr},
+        {"mnuDebugTraceApp", "Trace &Application", &cDebug::TraceApplication, nullptr},
+        {"mnuDebugLogEvents", "Log E&vents", &cDebug::TraceEvents, nullptr},
+        {"mnuDebugMouseEvents", "Log &Mouse Events", &cDebug::TraceMouseMove, nullptr},
+        {"mnuDebugLogClasses", "Log C&lasses", &cDebug::TraceClasses, nullptr},
+        {"mnuDebugLogTracePackages", "Log &Packages", &cDebug::TracePackages, nullptr},
+    };
+    return items;
+}
+
+void mnuDebug_Click(const DebugMenuItem& item) {
+    cDebug& d = theDebug();
+    if (item.run) item.run();
+    if (item.flag) d.*item.flag = !(d.*item.flag);
+    if (item.flag == &cDebug::DontTrapErrors)
+        theLog().LogData(std::string("DontTrapErrors=") + (d.DontTrapErrors ? "True" : "False"));
+    sbDebugMenuSet();
+}
+
+void sbDebugMenuSet() {
+    MainWindowModel& w = mainWindow();
+    for (const DebugMenuItem& item : debugMenuItems()) {
+        CommandState& c = w.command(item.name);
+        c.caption = item.caption;
+        c.checked = item.flag && theDebug().*item.flag;
+    }
+}
+
+}  // namespace hlyd
