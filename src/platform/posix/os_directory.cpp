@@ -7,16 +7,13 @@
 #include <filesystem>
 
 #include "platform/os.h"
+#include "platform/os_shared.h"
 
 namespace hlyd::os {
 
-namespace {
-std::uint64_t listingsRead = 0;
-}
-
 int listDirectory(const std::string& directory, std::vector<std::string>& names) {
     names.clear();
-    ++listingsRead;
+    shared::countDirectoryListing();
     DIR* dir = ::opendir(directory.empty() ? "." : directory.c_str());
     if (!dir) return errno;
     while (const dirent* entry = ::readdir(dir)) {
@@ -26,8 +23,6 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
     ::closedir(dir);
     return 0;
 }
-
-std::uint64_t directoryListingsRead() { return listingsRead; }
 
 bool namesIgnoreCase() { return false; }
 
