@@ -132,7 +132,7 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
 std::uint64_t directoryListingsRead();
 
 // True where file names are matched without regard to letter case and "\" separates (Windows).
-bool namesIgnoreCase();
+bool windowsFileNames();
 
 bool makeDirectories(const std::string& path);  // true when the directory exists afterwards
 bool removeFile(const std::string& path);

@@ -24,7 +24,7 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
     return 0;
 }
 
-bool namesIgnoreCase() { return false; }
+bool windowsFileNames() { return false; }
 
 std::string tempDirectory() {
     const char* dir = std::getenv("TMPDIR");

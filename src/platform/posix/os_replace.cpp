@@ -102,9 +102,13 @@ int AtomicWriter::commit() {
         abandon();
         return error_;
     }
+    // The data on the disk before the name: a crash leaves the old file or the new, never half.
     bool ok = ::fchmod(h.fd, h.mode) == 0 && ::fsync(h.fd) == 0;
-    int reason = errno;
-    ok = ::close(h.fd) == 0 && ok;
+    int reason = ok ? 0 : errno;
+    if (::close(h.fd) != 0 && ok) {
+        ok = false;
+        reason = errno;
+    }
     h.fd = -1;
     if (ok && ::rename(h.temp.c_str(), h.target.c_str()) == 0) {
         syncDirectory(directoryOf(h.target));

@@ -25,7 +25,7 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
     return 0;
 }
 
-bool namesIgnoreCase() { return true; }
+bool windowsFileNames() { return true; }
 
 std::string tempDirectory() {
     char buffer[MAX_PATH + 1];
