@@ -144,6 +144,9 @@ std::string currentDirectory();
 // The name made absolute against the current directory, with "." and ".." folded.
 std::string absolutePath(const std::string& path);
 
+// The system's own directory: the Windows directory, or /etc where there is none.
+std::string systemDirectory();
+
 long processId();
 // Standard output and error pass bytes as they are, with no line ends added: the tools' output
 // is the same on every system.
