@@ -18,7 +18,8 @@ std::string errorText(int error) {
 
 int regularFileProblem(const std::string& path) {
     FileInfo info = fileInfo(path);
-    if (!info.exists()) return info.error ? info.error : ENOENT;
+    if (info.error != 0) return info.error;  // missing, or there and not to be looked at
+    if (!info.exists()) return ENOENT;
     return info.regular() ? 0 : kNotRegularFile;
 }
 
