@@ -1,5 +1,7 @@
 // Loading a file of the table: the procedure list, the token elements, showing and closing
 // files, the progress text, and walking the records of the loaded file.
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -252,6 +254,17 @@ TEST_F(FileLoadingTest, BadIndexAndVanishedFileRaise) {
         EXPECT_EQ(e.Number, 53);
     }
     EXPECT_EQ(oFile().Count(), 1);  // the entry stays
+
+    // Replaced by a FIFO: refused at once for what it is, not waited on nor called missing.
+    ASSERT_EQ(::mkfifo(oFile().Item(which).FileName.c_str(), 0644), 0);
+    try {
+        ProcessSelectedFile(which);
+        FAIL() << "a FIFO must raise";
+    } catch (const HlydError& e) {
+        EXPECT_EQ(e.Number, 75);
+        EXPECT_EQ(e.Description, "Not a regular file");
+    }
+    fs::remove(oFile().Item(which).FileName);
 }
 
 TEST_F(FileLoadingTest, NavigationOverTheLoadedRecords) {

@@ -121,7 +121,8 @@ void ProcessSelectedFile(std::int16_t wWhich) {
     f.source.close();
     const cFileDesc& entry = f.oFile.Item(wWhich);
     if (entry.FileType != kFileSource) return;
-    if (int err = f.source.open(entry.FileName); err != 0) raiseRuntime(runtimeErrorFromErrno(err), "ProcessSelectedFile");
+    if (int err = f.source.open(entry.FileName); err != 0)
+        throw HlydError(runtimeErrorFromErrno(err), describeSystemError(err), "ProcessSelectedFile");
     resetLoadState();
     const SourceTables& t = theSourceTables();
     for (std::int32_t k = 1;; ++k) {

@@ -110,8 +110,8 @@ DirectoryListingScope::~DirectoryListingScope() {
 }
 
 std::string resolveMemberPath(const std::string& projectDirectory, const std::string& wholeFile) {
-    // On a system that ignores letter case and takes "\", the name is found as it is written.
-    if (os::namesIgnoreCase() && os::fileInfo(wholeFile).exists()) return wholeFile;
+    // Where names ignore letter case and take "\", a name found as written is used as written.
+    if (os::windowsFileNames() && os::fileInfo(wholeFile).exists()) return wholeFile;
     DirectoryListingScope scope;
     return resolve(projectDirectory, wholeFile);
 }

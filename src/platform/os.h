@@ -132,7 +132,7 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
 std::uint64_t directoryListingsRead();
 
 // True where file names are matched without regard to letter case and "\" separates (Windows).
-bool namesIgnoreCase();
+bool windowsFileNames();
 
 bool makeDirectories(const std::string& path);  // true when the directory exists afterwards
 bool removeFile(const std::string& path);
@@ -143,6 +143,9 @@ std::string tempDirectory();
 std::string currentDirectory();
 // The name made absolute against the current directory, with "." and ".." folded.
 std::string absolutePath(const std::string& path);
+
+// The system's own directory: the Windows directory, or /etc where there is none.
+std::string systemDirectory();
 
 long processId();
 // Standard output and error pass bytes as they are, with no line ends added: the tools' output

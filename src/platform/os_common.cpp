@@ -1,7 +1,9 @@
 // The parts of the operating-system port that are the same on every system.
+#include <cerrno>
 #include <cstring>
 
 #include "platform/os.h"
+#include "platform/os_shared.h"
 
 namespace hlyd::os {
 
@@ -16,7 +18,8 @@ std::string errorText(int error) {
 
 int regularFileProblem(const std::string& path) {
     FileInfo info = fileInfo(path);
-    if (!info.exists()) return info.error ? info.error : ENOENT;
+    if (info.error != 0) return info.error;  // missing, or there and not to be looked at
+    if (!info.exists()) return ENOENT;
     return info.regular() ? 0 : kNotRegularFile;
 }
 
@@ -39,5 +42,32 @@ int replaceFile(const std::string& target, std::string_view data) {
     if (!writer.write(data)) return writer.error();
     return writer.commit();
 }
+
+namespace {
+std::uint64_t listingsRead = 0;
+}
+
+std::uint64_t directoryListingsRead() { return listingsRead; }
+
+namespace shared {
+
+int replaceTargetProblem(const FileInfo& target) {
+    if (!target.exists()) return 0;
+    if (!target.regular()) return target.kind == FileKind::Directory ? EISDIR : kNotRegularFile;
+    // The mode, not a test of access: to root every file is writable, yet the user's choice stands.
+    return target.writableByMode ? 0 : kReadOnlyFile;
+}
+
+std::string tempNameBeside(const std::string& target) {
+    static unsigned serial = 0;
+    std::size_t cut = target.find_last_of("\\/");
+    std::string directory = cut == std::string::npos ? std::string() : target.substr(0, cut + 1);
+    std::string name = cut == std::string::npos ? target : target.substr(cut + 1);
+    return directory + "." + name + "." + std::to_string(processId()) + "." + std::to_string(++serial) + ".tmp";
+}
+
+void countDirectoryListing() { ++listingsRead; }
+
+}  // namespace shared
 
 }  // namespace hlyd::os

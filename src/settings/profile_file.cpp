@@ -79,8 +79,8 @@ ProfileDocument parse(const std::string& content) {
 // file then costs one parse, and a save of many keys one write when they come in a batch.
 struct CachedDocument {
     std::string path;
-    os::FileInfo disk;  // size, time and file number when it was read
-    ProfileDocument doc;
+    os::FileInfo disk{};  // size, time and file number when it was read
+    ProfileDocument doc{};
     bool valid = false;
     bool batching = false;
     int batchDepth = 0;  // batches nest: only the outermost end writes

@@ -99,7 +99,7 @@ std::string cWindow::GetTempFile(const std::string& prefix) const {
     return name.substr(0, name.find('\0'));
 }
 
-std::string cWindow::WinDir() const { return "/etc"; }
+std::string cWindow::WinDir() const { return os::systemDirectory(); }
 
 std::string cWindow::WinVersion() const {
     os::SystemVersion v = os::systemVersion();

@@ -132,7 +132,8 @@ void BM_ReadProjectOf500Members(benchmark::State& state) {
 BENCHMARK(BM_ReadProjectOf500Members)->Unit(benchmark::kMillisecond);
 
 // A project of 10000 members, none of them there, in a folder of 10000 other files: each missing
-// member is looked for with its letter case mended, in the one listing of the folder.
+// member is looked for with its letter case mended, in the one listing of the folder. When the
+// folder was read again for each member this took 94 s; with one listing per read, 0.16 s.
 void BM_ReadProjectOf10000MissingMembers(benchmark::State& state) {
     static const std::string path = [] {
         namespace fs = std::filesystem;

@@ -7,16 +7,13 @@
 #include <filesystem>
 
 #include "platform/os.h"
+#include "platform/os_shared.h"
 
 namespace hlyd::os {
 
-namespace {
-std::uint64_t listingsRead = 0;
-}
-
 int listDirectory(const std::string& directory, std::vector<std::string>& names) {
     names.clear();
-    ++listingsRead;
+    shared::countDirectoryListing();
     DIR* dir = ::opendir(directory.empty() ? "." : directory.c_str());
     if (!dir) return errno;
     while (const dirent* entry = ::readdir(dir)) {
@@ -27,9 +24,7 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
     return 0;
 }
 
-std::uint64_t directoryListingsRead() { return listingsRead; }
-
-bool namesIgnoreCase() { return false; }
+bool windowsFileNames() { return false; }
 
 std::string tempDirectory() {
     const char* dir = std::getenv("TMPDIR");

@@ -8,6 +8,7 @@
 #include <climits>
 
 #include "platform/os.h"
+#include "platform/os_shared.h"
 
 namespace hlyd::os {
 
@@ -76,18 +77,10 @@ int AtomicWriter::begin(const std::string& target) {
     abandon();
     Handle& h = *handle_;
     h.target = linkTarget(target);
+    if (int problem = shared::replaceTargetProblem(fileInfo(h.target)); problem != 0) return error_ = problem;
     struct stat st {};
-    if (::stat(h.target.c_str(), &st) == 0) {
-        if (!S_ISREG(st.st_mode)) return error_ = S_ISDIR(st.st_mode) ? EISDIR : kNotRegularFile;
-        // The mode bits, not access(): to root every file is writable, yet the user's choice stands.
-        if ((st.st_mode & 0222) == 0) return error_ = kReadOnlyFile;
-        h.mode = st.st_mode & 07777;
-    } else {
-        h.mode = modeForNewFile();
-    }
-    std::string name = h.target.substr(h.target.find_last_of('/') + 1);
-    static unsigned serial = 0;
-    h.temp = directoryOf(h.target) + "/." + name + "." + std::to_string(::getpid()) + "." + std::to_string(++serial) + ".tmp";
+    h.mode = ::stat(h.target.c_str(), &st) == 0 ? st.st_mode & 07777 : modeForNewFile();
+    h.temp = shared::tempNameBeside(h.target);
     h.fd = ::open(h.temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (h.fd < 0) return error_ = errno;
     return error_ = 0;
@@ -109,9 +102,13 @@ int AtomicWriter::commit() {
         abandon();
         return error_;
     }
+    // The data on the disk before the name: a crash leaves the old file or the new, never half.
     bool ok = ::fchmod(h.fd, h.mode) == 0 && ::fsync(h.fd) == 0;
-    int reason = errno;
-    ok = ::close(h.fd) == 0 && ok;
+    int reason = ok ? 0 : errno;
+    if (::close(h.fd) != 0 && ok) {
+        ok = false;
+        reason = errno;
+    }
     h.fd = -1;
     if (ok && ::rename(h.temp.c_str(), h.target.c_str()) == 0) {
         syncDirectory(directoryOf(h.target));

@@ -33,6 +33,8 @@ std::string langInfo(int mask, const char* categoryVariable, nl_item item) {
 
 }  // namespace
 
+std::string systemDirectory() { return "/etc"; }
+
 long processId() { return static_cast<long>(::getpid()); }
 
 void useBinaryStandardStreams() {}

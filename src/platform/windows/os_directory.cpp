@@ -1,16 +1,13 @@
 // Directories and places on Windows: listings, the temporary and current directories.
 #include "platform/os.h"
+#include "platform/os_shared.h"
 #include "platform/windows/win_support.h"
 
 namespace hlyd::os {
 
-namespace {
-std::uint64_t listingsRead = 0;
-}
-
 int listDirectory(const std::string& directory, std::vector<std::string>& names) {
     names.clear();
-    ++listingsRead;
+    shared::countDirectoryListing();
     std::string pattern = directory.empty() ? std::string(".") : directory;
     if (pattern.back() != '\\' && pattern.back() != '/') pattern += '\\';
     pattern += '*';
@@ -28,9 +25,7 @@ int listDirectory(const std::string& directory, std::vector<std::string>& names)
     return 0;
 }
 
-std::uint64_t directoryListingsRead() { return listingsRead; }
-
-bool namesIgnoreCase() { return true; }
+bool windowsFileNames() { return true; }
 
 std::string tempDirectory() {
     char buffer[MAX_PATH + 1];

@@ -2,6 +2,7 @@
 // in the target's place by ReplaceFile (which keeps the target's attributes and security) or, for
 // a new file, by a move that is written through.
 #include "platform/os.h"
+#include "platform/os_shared.h"
 #include "platform/windows/win_support.h"
 
 namespace hlyd::os {
@@ -43,14 +44,9 @@ int AtomicWriter::begin(const std::string& target) {
     Handle& h = *handle_;
     h.target = linkTarget(target);
     FileInfo info = fileInfo(h.target);
-    if (info.exists() && !info.regular()) return error_ = info.kind == FileKind::Directory ? EISDIR : kNotRegularFile;
-    if (info.exists() && !info.writableByMode) return error_ = kReadOnlyFile;
+    if (int problem = shared::replaceTargetProblem(info); problem != 0) return error_ = problem;
     h.replacing = info.exists();
-    std::size_t cut = h.target.find_last_of("\\/");
-    std::string name = cut == std::string::npos ? h.target : h.target.substr(cut + 1);
-    std::string directory = cut == std::string::npos ? std::string() : h.target.substr(0, cut + 1);
-    static unsigned serial = 0;
-    h.temp = directory + "." + name + "." + std::to_string(GetCurrentProcessId()) + "." + std::to_string(++serial) + ".tmp";
+    h.temp = shared::tempNameBeside(h.target);
     h.h = CreateFileA(h.temp.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h.h == INVALID_HANDLE_VALUE) {
         h.temp.clear();

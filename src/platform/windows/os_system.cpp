@@ -30,6 +30,12 @@ std::string machineName() {
 
 }  // namespace
 
+std::string systemDirectory() {
+    char buffer[MAX_PATH + 1];
+    UINT length = GetWindowsDirectoryA(buffer, sizeof buffer);
+    return length == 0 || length > MAX_PATH ? std::string("C:\\Windows") : std::string(buffer, length);
+}
+
 long processId() { return static_cast<long>(GetCurrentProcessId()); }
 
 std::string executablePath() {

@@ -55,10 +55,4 @@ inline bool writeAll(HANDLE handle, std::string_view data, int& error) {
     return true;
 }
 
-inline std::string directoryOf(const std::string& path) {
-    std::size_t at = path.find_last_of("\\/");
-    if (at == std::string::npos) return ".";
-    return at == 0 || (at == 2 && path[1] == ':') ? path.substr(0, at + 1) : path.substr(0, at);
-}
-
 }  // namespace hlyd::os::win
