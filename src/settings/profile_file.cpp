@@ -137,7 +137,8 @@ ProfileDocument* load(const std::string& path) {
     if (cache.batching) return cache.path == path ? &cache.doc : loadOutsideBatch(path);
     struct stat st {};
     if (stat(path.c_str(), &st) != 0) {
-        cache = CachedDocument{path};
+        cache = CachedDocument{};
+        cache.path = path;
         cache.valid = true;
         return &cache.doc;
     }
@@ -146,7 +147,8 @@ ProfileDocument* load(const std::string& path) {
     bool ok = true;
     ProfileDocument doc = readDocument(path, ok);
     if (!ok) return nullptr;
-    cache = CachedDocument{path};
+    cache = CachedDocument{};
+    cache.path = path;
     cache.doc = std::move(doc);
     cache.size = st.st_size;
     cache.inode = st.st_ino;
