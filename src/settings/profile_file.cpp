@@ -123,7 +123,8 @@ ProfileDocument* load(const std::string& path) {
     if (cache.batching) return cache.path == path ? &cache.doc : loadOutsideBatch(path);
     os::FileInfo info = os::fileInfo(path);
     if (!info.exists()) {
-        cache = CachedDocument{path};
+        cache = CachedDocument{};
+        cache.path = path;
         cache.valid = true;
         return &cache.doc;
     }
@@ -132,7 +133,8 @@ ProfileDocument* load(const std::string& path) {
     bool ok = true;
     ProfileDocument doc = readDocument(path, ok);
     if (!ok) return nullptr;
-    cache = CachedDocument{path};
+    cache = CachedDocument{};
+    cache.path = path;
     cache.doc = std::move(doc);
     cache.disk = info;
     cache.valid = true;

@@ -12,19 +12,13 @@ namespace {
 std::string yesNo(bool b) { return b ? "Yes" : "No"; }
 
 SettingShown shownBool(const std::string& section, const std::string& key, bool value) {
-    SettingShown s{section, key, SettingShown::Bool};
-    s.boolValue = value;
-    return s;
+    return SettingShown{section, key, SettingShown::Bool, value, 0, {}};
 }
 SettingShown shownNumber(const std::string& section, const std::string& key, double value) {
-    SettingShown s{section, key, SettingShown::Number};
-    s.numberValue = value;
-    return s;
+    return SettingShown{section, key, SettingShown::Number, false, value, {}};
 }
 SettingShown shownText(const std::string& section, const std::string& key, const std::string& value) {
-    SettingShown s{section, key, SettingShown::Text};
-    s.textValue = value;
-    return s;
+    return SettingShown{section, key, SettingShown::Text, false, 0, value};
 }
 
 class KeyList {
@@ -148,7 +142,7 @@ void formatKeys(KeyList& k, int dest) {
         k.add("Format", name, groups, [&ref, name](cINIHandler& ini) { ini.WriteBool(name, ref != 0); },
               [&ref, name] { return shownBool("Format", name, ref != 0); });
     };
-    flag("SkipAttributes", f.SkipAttributes, mine | (screen ? 0 : kSavePrint));
+    flag("SkipAttributes", f.SkipAttributes, mine | (screen ? 0u : unsigned{kSavePrint}));
     flag("ConnectControls", f.ConnectControls, mine);
     flag("ContinueGenerate", f.ContinueGenerate, mine);
     flag("ContinueHonor", f.ContinueHonor, printerOnly);
