@@ -86,7 +86,9 @@ TEST_F(SplitMeasureTest, MeasuringIsLinearInTheText) {
     for (std::size_t p = 0; p < pieces.size(); ++p) {
         joined += pieces[p];
         ASSERT_LE(surface.textWidth(pieces[p]), 1000) << p;
-        if (p + 1 < pieces.size()) ASSERT_GT(surface.textWidth(pieces[p] + pieces[p + 1][0]), 1000) << p;
+        if (p + 1 < pieces.size()) {
+            ASSERT_GT(surface.textWidth(pieces[p] + pieces[p + 1][0]), 1000) << p;
+        }
     }
     EXPECT_EQ(joined, text);
 }
