@@ -34,12 +34,12 @@ std::string directoryOf(const std::string& name) {
     return at == std::string::npos ? std::string() : name.substr(0, at + 1);
 }
 
-// A group file names its member projects, one to a line after "=".
-void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::istream& in) {
+// A group file names its member projects, one to a line after "="; `position` is its own.
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::size_t position, std::istream& in) {
     cFileDesc& group = projects[i];
     group.FileType = kFileGroup;
-    std::int16_t position = int16Of(static_cast<std::int64_t>(i) + 1, "PFParseFile");
-    oFile().Add({group.FileName, kFileGroup, true, position, position});
+    std::int16_t which = int16Of(static_cast<std::int64_t>(position), "PFParseFile");
+    oFile().Add({group.FileName, kFileGroup, true, which, which});
     std::string directory = directoryOf(group.FileName);
     std::string text;
     std::int16_t count = 0;
@@ -53,14 +53,10 @@ void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::istream& 
     }
 }
 
-// A group that lists itself, or two groups that list each other, would be expanded without end.
-bool alreadyWalked(std::vector<fs::path>& walked, const std::string& name) {
+fs::path walkKey(const std::string& name) {
     std::error_code ec;
     fs::path key = fs::weakly_canonical(name, ec);
-    if (ec) key = name;
-    if (std::find(walked.begin(), walked.end(), key) != walked.end()) return true;
-    walked.push_back(key);
-    return false;
+    return ec ? fs::path(name) : key;
 }
 
 void tellReadFailure(const std::string& name) {
@@ -69,10 +65,19 @@ void tellReadFailure(const std::string& name) {
     showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 
+// Expands the groups among the projects, in place. A group that lists itself, or two groups that
+// list each other, would be expanded without end: a group met again is left out, with a message.
 // False when a project or group cannot be read: the user hears of it at once, and the listing ends.
 bool findGroups(std::vector<cFileDesc>& projects) {
+    std::vector<cFileDesc> kept;
     std::vector<fs::path> walked;
-    for (std::size_t i = 0; i < projects.size();) {
+    for (std::size_t i = 0; i < projects.size(); ++i) {
+        fs::path key = walkKey(projects[i].FileName);
+        if (std::find(walked.begin(), walked.end(), key) != walked.end()) {
+            showMessage("The project group " + projects[i].FileName + " is already being read; it is skipped.",
+                        theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+            continue;
+        }
         std::string content;
         if (!cProjectFile::openForReading(projects[i].FileName, content)) {
             tellReadFailure(projects[i].FileName);
@@ -81,16 +86,13 @@ bool findGroups(std::vector<cFileDesc>& projects) {
         std::istringstream in(content);
         std::string first;
         std::getline(in, first);
-        bool group = first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0;
-        if (group && alreadyWalked(walked, projects[i].FileName)) {
-            showMessage("The project group " + projects[i].FileName + " is already being read; it is skipped.",
-                        theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
-            projects.erase(projects.begin() + static_cast<std::ptrdiff_t>(i));
-            continue;
+        if (first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0) {
+            walked.push_back(key);
+            expandGroup(projects, i, kept.size() + 1, in);
         }
-        if (group) expandGroup(projects, i, in);
-        ++i;
+        kept.push_back(projects[i]);
     }
+    projects = std::move(kept);
     return true;
 }
 
