@@ -183,7 +183,7 @@ void StatementBuilder::declaration(const std::string& w) {
     s_.Detail = base + declarationOffset(w);
 }
 
-void StatementBuilder::indentFlag(const KeyWord& k, const std::string& w) {
+void StatementBuilder::indentFlag(const KeyWord& /*k*/, const std::string& w) {
     if (w == "BEGIN" || w == "BEGINPROPERTY") {
         if (inHeader()) s_.Flags |= kFlagIndent;
     } else if (w == "IF") {
@@ -195,7 +195,7 @@ void StatementBuilder::indentFlag(const KeyWord& k, const std::string& w) {
     }
 }
 
-void StatementBuilder::outdentFlag(const KeyWord& k, const std::string& w) {
+void StatementBuilder::outdentFlag(const KeyWord& /*k*/, const std::string& w) {
     if (w == "END") {
         if (s_.LastSignificant == 0) return;
         std::string scratch;

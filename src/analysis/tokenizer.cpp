@@ -94,7 +94,7 @@ char LineCutter::takeWord() {
     return delim;
 }
 
-char LineCutter::extendNumber(char delim) {
+char LineCutter::extendNumber(char /*delim*/) {
     --pos_;  // the delimiter goes back to the front
     std::size_t end = scanUntil(pos_, kSets.numberEnd);
     word_.append(src_.substr(pos_, end - pos_));

@@ -40,7 +40,7 @@ void PicShow::setPicture(const QImage& image) {
     update();
 }
 
-void PicShow::paintEvent(QPaintEvent* event) {
+void PicShow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().base());
     if (!picture_.isNull()) painter.drawImage(QPoint(0, 0), picture_);

@@ -141,7 +141,7 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeReco
 
 // Draws the pieces; X is left at the right end of the text drawn last, so a token of blanks
 // leaves it where the text before it ended.
-void RecordPainter::drawPieces(std::int32_t i, const Token& token, AttributeRecord& a,
+void RecordPainter::drawPieces(std::int32_t /*i*/, const Token& token, AttributeRecord& a,
                                const std::vector<std::string>& pieces) {
     if (blanksOnly(token.Text)) {
         if (penX_ >= 0) x_ = penX_;

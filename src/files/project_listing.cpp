@@ -33,12 +33,12 @@ std::string directoryOf(const std::string& name) {
     return at == std::string::npos ? std::string() : name.substr(0, at + 1);
 }
 
-// A group file names its member projects, one to a line after "=".
-void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, LineReader& in) {
+// A group file names its member projects, one to a line after "="; `position` is its own.
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::size_t position, LineReader& in) {
     cFileDesc& group = projects[i];
     group.FileType = kFileGroup;
-    std::int16_t position = int16Of(static_cast<std::int64_t>(i) + 1, "PFParseFile");
-    oFile().Add({group.FileName, kFileGroup, true, position, position});
+    std::int16_t which = int16Of(static_cast<std::int64_t>(position), "PFParseFile");
+    oFile().Add({group.FileName, kFileGroup, true, which, which});
     std::string directory = directoryOf(group.FileName);
     std::int16_t count = 0;
     while (!in.atEnd()) {
@@ -51,13 +51,10 @@ void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, LineReader& in
     }
 }
 
-// A group that lists itself, or two groups that list each other, would be expanded without end.
 // A file is known by its device and number, so another spelling of its name is no escape.
-bool alreadyWalked(std::vector<os::FileInfo>& walked, const std::string& name) {
-    os::FileInfo info = os::fileInfo(name);
+bool seenBefore(const std::vector<os::FileInfo>& walked, const os::FileInfo& info) {
     for (const os::FileInfo& seen : walked)
         if (seen.sameFileAs(info)) return true;
-    walked.push_back(info);
     return false;
 }
 
@@ -67,26 +64,32 @@ void tellReadFailure(const std::string& name) {
     showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 
+// Expands the groups among the projects, in place. A group that lists itself, or two groups that
+// list each other, would be expanded without end: a group met again is left out, with a message.
 // False when a project or group cannot be read: the user hears of it at once, and the listing ends.
 bool findGroups(std::vector<cFileDesc>& projects) {
+    std::vector<cFileDesc> kept;
     std::vector<os::FileInfo> walked;
-    for (std::size_t i = 0; i < projects.size();) {
+    for (std::size_t i = 0; i < projects.size(); ++i) {
+        os::FileInfo key = os::fileInfo(projects[i].FileName);
+        if (seenBefore(walked, key)) {
+            showMessage("The project group " + projects[i].FileName + " is already being read; it is skipped.",
+                        theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+            continue;
+        }
         LineReader in(kLongestProjectLine);
         if (!cProjectFile::openForReading(projects[i].FileName, in)) {
             tellReadFailure(projects[i].FileName);
             return false;
         }
         std::string first(in.atEnd() ? std::string_view() : in.readLine());
-        bool group = first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0;
-        if (group && alreadyWalked(walked, projects[i].FileName)) {
-            showMessage("The project group " + projects[i].FileName + " is already being read; it is skipped.",
-                        theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
-            projects.erase(projects.begin() + static_cast<std::ptrdiff_t>(i));
-            continue;
+        if (first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0) {
+            walked.push_back(key);
+            expandGroup(projects, i, kept.size() + 1, in);
         }
-        if (group) expandGroup(projects, i, in);
-        ++i;
+        kept.push_back(projects[i]);
     }
+    projects = std::move(kept);
     return true;
 }
 

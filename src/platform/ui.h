@@ -50,22 +50,26 @@ public:
     virtual void processEvents() {}
     virtual void beep() {}
     // The chosen files (several when the request allows), or nothing when the user cancels.
-    virtual std::optional<std::vector<std::string>> openFileDialog(const FileDialogRequest& request) {
+    virtual std::optional<std::vector<std::string>> openFileDialog([[maybe_unused]] const FileDialogRequest& request) {
         return std::nullopt;
     }
     // A choice from a list (the list of open files); the position from 0, or nothing on cancel.
-    virtual std::optional<int> chooseFromList(const std::string& title, const std::vector<std::string>& items) {
+    virtual std::optional<int> chooseFromList([[maybe_unused]] const std::string& title,
+                                              [[maybe_unused]] const std::vector<std::string>& items) {
         return std::nullopt;
     }
     // The chosen file name, or nothing when the user cancels. Without a dialog nobody chooses.
-    virtual std::optional<std::string> saveFileDialog(const FileDialogRequest& request) { return std::nullopt; }
+    virtual std::optional<std::string> saveFileDialog([[maybe_unused]] const FileDialogRequest& request) {
+        return std::nullopt;
+    }
     // The choice of a project's members; false when the user cancels. Without a dialog every
     // member stays checked.
-    virtual bool chooseProjectMembers(const std::string& caption, std::vector<ProjectMemberOption>& members) {
+    virtual bool chooseProjectMembers([[maybe_unused]] const std::string& caption,
+                                      [[maybe_unused]] std::vector<ProjectMemberOption>& members) {
         return true;
     }
     // The hourglass while the program is busy, the default pointer after.
-    virtual void setBusy(bool busy) {}
+    virtual void setBusy([[maybe_unused]] bool busy) {}
 };
 
 // The port in force; a console implementation until the program installs another.

@@ -67,7 +67,7 @@ std::string cINIHandler::resolvedPath() const {
     return (std::filesystem::path(settingsDirectory()) / iniFileName_).string();
 }
 
-std::string cINIHandler::readRaw(const std::string& key, const std::string& defaultValue, bool useSystem) const {
+std::string cINIHandler::readRaw(const std::string& key, const std::string& defaultValue, bool /*useSystem*/) const {
     // There is no system profile here: both kinds of read go to the file.
     std::string value = getProfileString(resolvedPath(), section_, key, defaultValue);
     if (value.size() > kReadBuffer) value.resize(kReadBuffer);
