@@ -3,16 +3,16 @@
 # A higher layer reaches a lower one by a call; a lower one reaches up only through a callback or a
 # model it owns, so that no include ever runs upward and no two folders need each other.
 set(HLYD_LAYERS
-  "platform"
-  "platform/posix platform/windows platform/qt"
-  "base"
-  "settings analysis"
-  "files"
-  "display"
-  "printing html"
-  "shell"
-  "dialogs"
-  "tools/common"
+  "platform"                           # ports, line reading, text encoding, upper case
+  "platform/posix platform/windows platform/qt"  # the adapters of the ports
+  "base"                               # error model, log, debug switches, app info, message box
+  "settings analysis"                  # the settings and their records; the language analysis
+  "files"                              # file table, loading, projects, recent files, window model
+  "display"                            # layout, connectors, screen emitter, viewing, command states
+  "printing html"                      # paper and HTML output
+  "shell"                              # start and stop, command handlers, command line, error report
+  "dialogs"                            # Qt forms, the windowed run, main
+  "tools/common"                       # what the tools share
   "tools/dump tools/bench tools/render tools/fuzz")
 
 # Run as: cmake -DROOT=<checkout> -P layer_order.cmake. Reads src/ and tools/ only; builds nothing.
