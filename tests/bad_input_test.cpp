@@ -7,10 +7,10 @@
 #include <iterator>
 #include <random>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "platform/os.h"
 #include "settings/system_queries.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 #include "test_support.h"
 
 using namespace std::string_literals;

@@ -6,11 +6,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "files/main_window_model.h"
 #include "settings/settings_store.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 #include "shell/debug_menu.h"
-#include "shell/main_window_model.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
 

@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <sstream>
 
-#include "shell/c_debug.h"
+#include "base/c_debug.h"
 
 #include "analysis_dump.h"
 #include "json_lines.h"

@@ -1,6 +1,6 @@
-#include "shell/app_info.h"
+#include "base/app_info.h"
+#include "base/hlyd_error.h"
 #include "shell/error_report.h"
-#include "shell/hlyd_error.h"
 #include "test_support.h"
 
 namespace hlyd::test {

@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/c_debug.h"
+#include "base/hlyd_error.h"
 #include "files/file_loading.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/navigation.h"
 #include "files/status_progress.h"
-#include "shell/c_debug.h"
-#include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
 #include "settings/system_queries.h"
 #include "test_support.h"
 

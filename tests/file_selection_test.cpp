@@ -3,12 +3,12 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/c_debug.h"
 #include "files/file_selection.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/project_file.h"
 #include "settings/settings_store.h"
-#include "shell/c_debug.h"
-#include "shell/main_window_model.h"
 #include "test_support.h"
 
 namespace hlyd {

@@ -7,15 +7,15 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/hlyd_error.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/project_file.h"
 #include "files/project_listing.h"
 #include "html/gen_html.h"
 #include "html/html_emit.h"
 #include "settings/settings_store.h"
-#include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;

@@ -4,9 +4,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/hlyd_error.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/hlyd_error.h"
 #include "test_support.h"
 
 namespace hlyd {

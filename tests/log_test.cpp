@@ -1,8 +1,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "test_support.h"
 
 namespace hlyd::test {

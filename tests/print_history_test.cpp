@@ -7,11 +7,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/hlyd_error.h"
 #include "files/file_table.h"
 #include "settings/ini_handler.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
-#include "shell/hlyd_error.h"
 #include "test_support.h"
 
 namespace hlyd {

@@ -4,11 +4,11 @@
 #include <fstream>
 #include <tuple>
 
+#include "base/c_debug.h"
 #include "files/file_table.h"
 #include "files/project_file.h"
 #include "files/project_listing.h"
 #include "platform/os.h"
-#include "shell/c_debug.h"
 #include "test_support.h"
 
 namespace hlyd {

@@ -4,8 +4,8 @@
 #include "fake_surface.h"
 #include "files/file_loading.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "settings/settings_store.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 namespace {

@@ -7,12 +7,12 @@
 #include <set>
 #include <sstream>
 
-#include "display/attributes.h"
-#include "printing/page_settings.h"
+#include "base/app_info.h"
+#include "base/hlyd_error.h"
+#include "settings/attributes.h"
+#include "settings/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
-#include "shell/hlyd_error.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;

@@ -1,9 +1,9 @@
 #include <filesystem>
 
-#include "shell/app_info.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "shell/app_start.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 #include "shell/start_mode.h"
 #include "test_support.h"
 

@@ -6,18 +6,18 @@
 
 #include <unistd.h>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "display/connectors.h"
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
 #include "settings/profile_file.h"
-#include "shell/main_window_model.h"
 #include "settings/settings_store.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 
 namespace hlyd::test {
 

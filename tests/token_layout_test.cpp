@@ -4,11 +4,11 @@
 #include <iterator>
 #include <tuple>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
 #include "display/token_layout.h"
 #include "fake_surface.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 namespace {

@@ -1,13 +1,13 @@
 // The viewing logic through the window's models: keys and the scroll bar, the procedure list,
 // next and prior procedure and file. The view is drawn on a surface of fixed metrics.
+#include "base/hlyd_error.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
 #include "fake_surface.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "settings/settings_store.h"
-#include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 namespace {

@@ -5,12 +5,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/app_info.h"
+#include "display/command_states.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
+#include "files/mru.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
-#include "shell/main_window_model.h"
-#include "shell/mru.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
 

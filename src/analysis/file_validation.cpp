@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "analysis/basiclan_state.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/message_box.h"
+#include "base/text_format.h"
 #include "platform/os.h"
-#include "shell/c_debug.h"
-#include "shell/text_format.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/message_box.h"
 
 namespace hlyd {
 

@@ -5,12 +5,12 @@
 
 #include "analysis/basiclan_state.h"
 #include "analysis/keyword_file.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/message_box.h"
 #include "platform/os.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/message_box.h"
 
 namespace hlyd {
 

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/char_case.h"
+
 namespace hlyd {
 
 struct KeyWord {
@@ -35,10 +37,5 @@ bool BabIsKeyWord(std::string_view word);
 
 // The entry of the current dialect's table (0 is the sentinel).
 const KeyWord& dialectKeyWord(std::int32_t index);
-
-// Single-byte upper case: ASCII and the letters of Windows-1252.
-unsigned char upperChar(unsigned char c);
-std::string upperCase(std::string_view text);
-bool equalsUpper(std::string_view text, std::string_view upperWord);
 
 }  // namespace hlyd

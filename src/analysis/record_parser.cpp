@@ -3,10 +3,10 @@
 #include "analysis/basiclan_state.h"
 #include "analysis/record_reader.h"
 #include "analysis/statement_analysis.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
 #include "platform/ui.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

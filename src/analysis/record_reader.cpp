@@ -4,9 +4,9 @@
 
 #include "analysis/basiclan_state.h"
 #include "analysis/tokenizer.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
 
 namespace hlyd {
 

@@ -1,9 +1,9 @@
 #include "analysis/source_model.h"
 
 #include "analysis/basiclan_state.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
 
 namespace hlyd {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/c_debug.h"
+#include "base/c_debug.h"
 
 namespace hlyd {
 

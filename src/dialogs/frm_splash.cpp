@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "base/app_info.h"
 #include "platform/qt/qt_text.h"
-#include "shell/app_info.h"
 
 namespace hlyd {
 

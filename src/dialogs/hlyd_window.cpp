@@ -11,18 +11,18 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "base/app_info.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
 #include "dialogs/view_hooks.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
+#include "files/main_window_model.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
 #include "shell/app_start.h"
 #include "shell/error_report.h"
-#include "shell/main_window_model.h"
 #include "shell/window_commands.h"
 
 namespace hlyd {

@@ -8,10 +8,10 @@
 
 #include "dialogs/hlyd_window.h"
 #include "display/viewing.h"
+#include "files/main_window_model.h"
 #include "html/html_emit.h"
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
-#include "shell/main_window_model.h"
 #include "shell/window_commands.h"
 
 namespace hlyd {

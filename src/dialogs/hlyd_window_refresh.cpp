@@ -10,10 +10,10 @@
 #include "dialogs/hlyd_window.h"
 #include "display/viewing.h"
 #include "files/file_selection.h"
+#include "files/main_window_model.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

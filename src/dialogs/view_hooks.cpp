@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "display/screen_emitter.h"
+#include "files/main_window_model.h"
 #include "files/project_listing.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/hlyd_error.h"
 #include "display/font_metrics.h"
 #include "platform/surface.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

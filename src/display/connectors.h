@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "display/attributes.h"
 #include "display/token_layout.h"
+#include "settings/attributes.h"
 
 namespace hlyd {
 

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <string>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "settings/ini_handler.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 
 namespace hlyd {
 

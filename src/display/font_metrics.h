@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "display/attributes.h"
 #include "platform/surface.h"
+#include "settings/attributes.h"
 
 namespace hlyd {
 

@@ -7,12 +7,12 @@
 #include "display/font_metrics.h"
 #include "display/token_layout.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
 #include "platform/surface.h"
 #include "platform/ui.h"
 #include "settings/settings_store.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
 #include "display/font_metrics.h"
 #include "files/file_table.h"
 #include "platform/surface.h"
 #include "settings/ini_handler.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "analysis/source_model.h"
-#include "display/attributes.h"
+#include "settings/attributes.h"
 
 namespace hlyd {
 

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "display/command_states.h"
 #include "display/screen_emitter.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/navigation.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
-#include "shell/window_commands.h"
 
 namespace hlyd {
 

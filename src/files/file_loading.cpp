@@ -1,13 +1,13 @@
 #include "files/file_loading.h"
 
 #include "analysis/basiclan.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/message_box.h"
 #include "files/file_table.h"
 #include "files/proc_list.h"
 #include "files/status_progress.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/message_box.h"
 
 namespace hlyd {
 

@@ -3,19 +3,19 @@
 #include <filesystem>
 #include <optional>
 
-#include "analysis/keywords.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/message_box.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/mru.h"
 #include "files/project_listing.h"
+#include "platform/char_case.h"
 #include "platform/ui.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/message_box.h"
-#include "shell/mru.h"
-#include "shell/text_format.h"
-#include "shell/vb_convert.h"
 
 namespace hlyd {
 

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/text_format.h"
 #include "files/file_loading.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "platform/ui.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/main_window_model.h"
-#include "shell/text_format.h"
 
 namespace hlyd {
 

@@ -3,7 +3,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "analysis/keywords.h"
+#include "platform/char_case.h"
 #include "platform/os.h"
 
 namespace hlyd {

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "analysis/source_model.h"
+#include "base/c_debug.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "platform/ui.h"
-#include "shell/c_debug.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

@@ -3,14 +3,14 @@
 #include <cctype>
 #include <cstdio>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
 #include "files/file_table.h"
 #include "platform/clock.h"
 #include "platform/os.h"
 #include "settings/ini_handler.h"
 #include "settings/settings_store.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

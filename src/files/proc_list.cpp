@@ -3,10 +3,10 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "files/file_table.h"
 #include "settings/settings_store.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 
 namespace hlyd {
 

@@ -1,17 +1,17 @@
 #include "files/project_file.h"
 
 #include "analysis/basiclan_state.h"
-#include "analysis/keywords.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/message_box.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
 #include "files/member_paths.h"
+#include "platform/char_case.h"
 #include "platform/line_reader.h"
 #include "settings/system_queries.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/message_box.h"
-#include "shell/app_info.h"
-#include "shell/text_format.h"
-#include "shell/vb_convert.h"
 
 namespace hlyd {
 

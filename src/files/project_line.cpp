@@ -1,10 +1,10 @@
 // The analysis of one line of a project file: its keyword, its values, and the file it names.
-#include "analysis/keywords.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
 #include "files/project_file.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/text_format.h"
-#include "shell/vb_convert.h"
+#include "platform/char_case.h"
 
 namespace hlyd {
 

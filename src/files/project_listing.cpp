@@ -3,18 +3,18 @@
 #include <algorithm>
 
 #include "analysis/file_validation.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/message_box.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
+#include "files/main_window_model.h"
 #include "files/member_paths.h"
 #include "files/project_file.h"
 #include "platform/line_reader.h"
 #include "platform/os.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/main_window_model.h"
-#include "shell/message_box.h"
-#include "shell/text_format.h"
-#include "shell/vb_convert.h"
 
 namespace hlyd {
 

@@ -1,8 +1,8 @@
 #include "files/status_progress.h"
 
+#include "files/main_window_model.h"
 #include "platform/ui.h"
 #include "settings/system_queries.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

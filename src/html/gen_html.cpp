@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
+#include "base/app_info.h"
+#include "base/hlyd_error.h"
 #include "files/run_inputs.h"
 #include "platform/ui.h"
-#include "shell/app_info.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

@@ -4,20 +4,20 @@
 #include <memory>
 
 #include "analysis/source_model.h"
-#include "display/attributes.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "display/token_layout.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/navigation.h"
 #include "files/print_history.h"
 #include "files/project_file.h"
 #include "html/gen_html.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
+#include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

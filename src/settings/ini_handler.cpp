@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "analysis/keywords.h"
+#include "base/app_info.h"
+#include "base/text_format.h"
+#include "platform/char_case.h"
 #include "settings/profile_file.h"
-#include "shell/app_info.h"
-#include "shell/text_format.h"
 
 namespace hlyd {
 

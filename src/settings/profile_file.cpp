@@ -3,8 +3,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/text_format.h"
 #include "platform/os.h"
-#include "shell/text_format.h"
 
 namespace hlyd {
 

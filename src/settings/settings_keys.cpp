@@ -1,9 +1,9 @@
 #include "settings/settings_keys.h"
 
-#include "display/attributes.h"
-#include "printing/page_settings.h"
+#include "base/c_debug.h"
+#include "settings/attributes.h"
+#include "settings/page_settings.h"
 #include "settings/profile_file.h"
-#include "shell/c_debug.h"
 
 namespace hlyd {
 

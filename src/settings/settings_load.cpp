@@ -4,17 +4,17 @@
 #include <filesystem>
 #include <memory>
 
-#include "analysis/keywords.h"
-#include "display/attributes.h"
-#include "printing/page_settings.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
+#include "platform/char_case.h"
+#include "settings/attributes.h"
+#include "settings/page_settings.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/text_format.h"
-#include "shell/vb_convert.h"
 
 namespace hlyd {
 

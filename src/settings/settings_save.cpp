@@ -1,12 +1,12 @@
 // The save routines: each dialog's group of keys, the element attributes, the debug keys, the
 // window and printer state, the full save; and the load of start-up that may end in a full save.
+#include "base/app_info.h"
+#include "base/c_log.h"
+#include "base/message_box.h"
 #include "platform/os.h"
+#include "settings/profile_file.h"
 #include "settings/settings_keys.h"
 #include "settings/settings_store.h"
-#include "settings/profile_file.h"
-#include "shell/app_info.h"
-#include "shell/c_log.h"
-#include "shell/message_box.h"
 
 namespace hlyd {
 

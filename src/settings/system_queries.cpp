@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "platform/os.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
 
 namespace hlyd {
 

@@ -2,10 +2,10 @@
 
 #include <filesystem>
 
+#include "base/app_info.h"
+#include "base/c_log.h"
+#include "files/main_window_model.h"
 #include "platform/ui.h"
-#include "shell/app_info.h"
-#include "shell/c_log.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

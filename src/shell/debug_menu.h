@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/c_debug.h"
+#include "base/c_debug.h"
 
 namespace hlyd {
 

@@ -3,14 +3,14 @@
 #include <cstdlib>
 
 #include "analysis/source_model.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/text_format.h"
 #include "platform/clock.h"
 #include "platform/os.h"
 #include "platform/ui.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/hlyd_error.h"
-#include "shell/text_format.h"
 
 namespace hlyd {
 

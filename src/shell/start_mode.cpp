@@ -1,6 +1,6 @@
 #include "shell/start_mode.h"
 
-#include "shell/text_format.h"
+#include "base/text_format.h"
 
 namespace hlyd {
 

@@ -31,8 +31,6 @@ void HlydMSEnableHLYDControls();
 // Points the model's enableControls / disableControls hooks, which the long operations call, at
 // the two above. A window that wraps the hooks calls these itself.
 void installCommandHooks();
-void sbProcButtonsSet();
-void sbFileButtonSet();
 void sbButtonsOpen();
 // Builds the menu items and toolbar buttons with their captions and tips.
 void sbSetToolBar();

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <cstdlib>
 
-#include "shell/app_info.h"
+#include "base/app_info.h"
 
 int main(int argc, char** argv) {
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);

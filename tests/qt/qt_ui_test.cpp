@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "dialogs/list_dialog.h"
+#include "platform/qt/list_dialog.h"
 #include "platform/qt/qt_ui.h"
 
 namespace hlyd {

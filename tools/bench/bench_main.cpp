@@ -10,6 +10,8 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
 #include "bench_sources.h"
 #include "files/file_loading.h"
 #include "files/file_table.h"
@@ -17,8 +19,6 @@
 #include "html/html_emit.h"
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // How a tool without a window ends on a run-time fault: one line on standard error, status 1.
 #include <iosfwd>
 
-#include "shell/hlyd_error.h"
+#include "base/hlyd_error.h"
 
 namespace hlyd {
 

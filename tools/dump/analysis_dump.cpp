@@ -6,9 +6,9 @@
 #include <cstring>
 
 #include "analysis/basiclan.h"
+#include "base/c_debug.h"
+#include "base/hlyd_error.h"
 #include "json_lines.h"
-#include "shell/c_debug.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

@@ -8,6 +8,7 @@
 
 #include "analysis/basiclan.h"
 #include "analysis_dump.h"
+#include "base/c_debug.h"
 #include "files/file_loading.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
@@ -17,7 +18,6 @@
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/c_debug.h"
 
 namespace hlyd {
 

@@ -4,15 +4,15 @@
 
 #include <filesystem>
 
-#include "analysis/keywords.h"
+#include "base/hlyd_error.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
 #include "files/project_listing.h"
 #include "html/html_emit.h"
+#include "platform/char_case.h"
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/hlyd_error.h"
 
 namespace hlyd {
 

@@ -3,14 +3,14 @@
 #include <string>
 
 #include "analysis/basiclan.h"
-#include "platform/os.h"
 #include "analysis_dump.h"
+#include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/hlyd_error.h"
 #include "files_dump.h"
 #include "html_dump.h"
+#include "platform/os.h"
 #include "settings_dump.h"
-#include "shell/app_info.h"
-#include "shell/c_debug.h"
-#include "shell/hlyd_error.h"
 #include "tool_errors.h"
 
 namespace {

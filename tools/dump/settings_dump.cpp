@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "files/mru.h"
 #include "json_lines.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/mru.h"
 
 namespace hlyd {
 

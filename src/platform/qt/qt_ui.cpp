@@ -5,7 +5,7 @@
 #include <QMessageBox>
 #include <QStringList>
 
-#include "dialogs/list_dialog.h"
+#include "platform/qt/list_dialog.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "analysis/basiclan.h"
+#include "base/app_info.h"
 #include "bench_sources.h"
 #include "dialogs/view_hooks.h"
 #include "display/font_metrics.h"
@@ -18,12 +19,11 @@
 #include "display/viewing.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/project_file.h"
 #include "files/project_listing.h"
 #include "platform/qt/image_surface.h"
 #include "settings/settings_store.h"
-#include "shell/app_info.h"
-#include "shell/main_window_model.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <string>
 
-#include "shell/app_info.h"
+#include "base/app_info.h"
 #include "tool_errors.h"
 #include "view_render.h"
 

@@ -7,25 +7,25 @@
 #include <ostream>
 
 #include "analysis/basiclan.h"
+#include "base/c_debug.h"
+#include "base/hlyd_error.h"
 #include "dialogs/view_hooks.h"
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "files/file_selection.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/project_listing.h"
-#include "json_lines.h"
 #include "files/run_inputs.h"
-#include "platform/os.h"
+#include "json_lines.h"
 #include "platform/console_ui.h"
+#include "platform/os.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/screen_metrics.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
-#include "shell/c_debug.h"
-#include "shell/hlyd_error.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

@@ -2,7 +2,7 @@
 // letters of the upper half, and the four letters that Windows-1252 keeps in 0x80-0x9F.
 #include <array>
 
-#include "analysis/keywords.h"
+#include "platform/char_case.h"
 
 namespace hlyd {
 

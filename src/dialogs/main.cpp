@@ -2,8 +2,8 @@
 // a run with windows.
 #include <string>
 
-#include "platform/qt/qt_application.h"
-#include "shell/app_info.h"
+#include "base/app_info.h"
+#include "dialogs/qt_application.h"
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);

@@ -1,4 +1,4 @@
-#include "display/attributes.h"
+#include "settings/attributes.h"
 
 #include <memory>
 

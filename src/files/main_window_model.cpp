@@ -1,9 +1,9 @@
-#include "shell/main_window_model.h"
+#include "files/main_window_model.h"
 
 #include <algorithm>
 #include <memory>
 
-#include "analysis/keywords.h"
+#include "platform/char_case.h"
 
 namespace hlyd {
 

@@ -1,4 +1,4 @@
-#include "shell/text_format.h"
+#include "base/text_format.h"
 
 #include "platform/clock.h"
 

@@ -1,6 +1,6 @@
-#include "shell/message_box.h"
+#include "base/message_box.h"
 
-#include "shell/c_log.h"
+#include "base/c_log.h"
 
 namespace hlyd {
 

@@ -1,15 +1,15 @@
-#include "shell/mru.h"
+#include "files/mru.h"
 
 #include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
 
-#include "analysis/keywords.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "files/main_window_model.h"
+#include "platform/char_case.h"
 #include "settings/settings_store.h"
-#include "shell/c_debug.h"
-#include "shell/c_log.h"
-#include "shell/main_window_model.h"
 
 namespace hlyd {
 

@@ -1,4 +1,4 @@
-#include "printing/page_settings.h"
+#include "settings/page_settings.h"
 
 namespace hlyd {
 

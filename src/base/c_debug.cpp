@@ -1,6 +1,6 @@
-#include "shell/c_debug.h"
+#include "base/c_debug.h"
 
-#include "shell/c_log.h"
+#include "base/c_log.h"
 
 namespace hlyd {
 

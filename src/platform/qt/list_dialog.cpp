@@ -1,4 +1,4 @@
-#include "dialogs/list_dialog.h"
+#include "platform/qt/list_dialog.h"
 
 #include <QDialogButtonBox>
 #include <QListWidget>

@@ -1,4 +1,4 @@
-#include "shell/hlyd_error.h"
+#include "base/hlyd_error.h"
 
 #include <cerrno>
 

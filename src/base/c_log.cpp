@@ -1,12 +1,12 @@
-#include "shell/c_log.h"
+#include "base/c_log.h"
 
 #include <cstring>
 #include <memory>
 
+#include "base/app_info.h"
+#include "base/text_format.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
-#include "shell/app_info.h"
-#include "shell/text_format.h"
 
 namespace hlyd {
 

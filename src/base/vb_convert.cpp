@@ -1,9 +1,9 @@
-#include "shell/vb_convert.h"
+#include "base/vb_convert.h"
 
 #include <cmath>
 #include <limits>
 
-#include "shell/hlyd_error.h"
+#include "base/hlyd_error.h"
 
 namespace hlyd {
 

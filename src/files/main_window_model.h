@@ -1,6 +1,8 @@
 #pragma once
 // The window controls that the logic drives, as plain models: the Qt window binds to them, and
-// the logic runs the same without a window.
+// the logic runs the same without a window. The models stand with the files because loading and
+// walking a file are the lowest layers that write them (lblRecord, the scroll bar, cboProc);
+// display, html and the commands above reach them from here.
 #include <cstdint>
 #include <functional>
 #include <map>

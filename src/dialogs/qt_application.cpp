@@ -1,4 +1,4 @@
-#include "platform/qt/qt_application.h"
+#include "dialogs/qt_application.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -6,6 +6,7 @@
 
 #include "dialogs/frm_splash.h"
 #include "dialogs/hlyd_window.h"
+#include "files/main_window_model.h"
 #include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_ui.h"
@@ -13,7 +14,6 @@
 #include "platform/surface.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
-#include "shell/main_window_model.h"
 #include "shell/start_mode.h"
 
 namespace hlyd {

@@ -1,0 +1,79 @@
+#include "display/command_states.h"
+
+#include "base/text_format.h"
+#include "files/file_table.h"
+#include "files/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+
+struct ButtonFace {
+    const char* name;
+    const char* caption;
+    const char* tipEnabled;
+    const char* tipDisabled;
+};
+
+constexpr ButtonFace kButtons[] = {
+    {"tbrOpen", "Open", "Open a file or project for processing", ""},
+    {"tbrClose", "Close", "Close this file", "Not available unless a file is open"},
+    {"tbrPrint", "Print", "Print this file", "Printing not currently available"},
+    {"tbrPrintOptions", "Print Options", "Set Halyard Print Options ", ""},
+    {"tbrDisplayOptions", "Display Options", "Set Halyard Display Options ", ""},
+    {"tbrPriorProcedure", "Prior Procedure", "Display the Prior procedure in File", "Not available"},
+    {"tbrNextProcedure", "Next Procedure", "Display the Next procedure in File", "Not available"},
+    {"tbrPrintThisProcedure", "Print This Procedure", "Print the current procedure ", "Not available"},
+    {"tbrProcedures", "Procedures", "Select Procedure to View", "Not available"},
+    {"tbrPriorFile", "Prior File", "Display the Prior File in list", "Not available"},
+    {"tbrNextFile", "Next File", "Display the Next File in list", "Not available"},
+    {"tbrHelp", "Help", "Help", "Not available - Help file Missing"},
+};
+
+const ButtonFace* buttonFace(const std::string& name) {
+    for (const ButtonFace& face : kButtons)
+        if (name == face.name) return &face;
+    return nullptr;
+}
+
+}  // namespace
+
+void setCommand(const std::string& name, bool enabled) {
+    CommandState& c = mainWindow().command(name);
+    c.enabled = enabled;
+    if (const ButtonFace* face = buttonFace(name)) c.tip = enabled ? face->tipEnabled : face->tipDisabled;
+}
+
+void setButtonAndMenu(const std::string& button, const std::string& menu, bool enabled) {
+    setCommand(button, enabled);
+    setCommand(menu, enabled);
+}
+
+void setButtonFaces() {
+    MainWindowModel& w = mainWindow();
+    for (const ButtonFace& face : kButtons) {
+        w.command(face.name).caption = face.caption;
+        setCommand(face.name, w.command(face.name).enabled);
+    }
+}
+
+void sbProcButtonsSet() {
+    const SortedListModel& list = mainWindow().cboProc;
+    bool listUsable = fileTable().wCurrentFile >= 1 && list.ListCount() >= 1;
+    setCommand("cboProc", listUsable);
+    setCommand("tbrProcedures", listUsable);
+    int last = list.ListCount() - 1;
+    bool atFirst = list.ListIndex == 0;
+    // A last line " ..." stands for procedures not read yet: there is more to go to.
+    bool atLast = listUsable && list.ListIndex == last && trimSpaces(list.List(last)) != "...";
+    setButtonAndMenu("tbrPriorProcedure", "mnuViewProc1", listUsable && !atFirst);
+    setButtonAndMenu("tbrNextProcedure", "mnuViewProc0", listUsable && !atLast);
+}
+
+void sbFileButtonSet() {
+    const FileTableModule& f = fileTable();
+    setButtonAndMenu("tbrPriorFile", "mnuViewFile1", f.wCurrentFile > 1);
+    setButtonAndMenu("tbrNextFile", "mnuViewFile0", f.wCurrentFile != f.oFile.Count());
+}
+
+}  // namespace hlyd

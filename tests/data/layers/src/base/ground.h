@@ -1,0 +1,3 @@
+#pragma once
+// Reaches up to the top: the check must name this include.
+#include "shell/top.h"

@@ -1,0 +1,3 @@
+#pragma once
+// Side by side with analysis: the check must name this include.
+#include "analysis/words.h"
