@@ -281,6 +281,8 @@ void GetFilesToProcess(std::int16_t which) {
     processChosenNames(std::move(names));
 }
 
+void resetFileSelection() { resourcesOpen = false; }
+
 int frmFileList() {
     std::vector<std::string> items;
     for (const cFileDesc& entry : oFile()) items.push_back(entry.FileName);
