@@ -1,4 +1,9 @@
+#include <functional>
+#include <stdexcept>
+
 #include "base/app_info.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "shell/error_report.h"
 #include "test_support.h"
@@ -59,6 +64,53 @@ TEST(ErrorReportTest, InternalErrorShowsTheStatusAndTheFile) {
               std::string::npos);
     EXPECT_NE(r.text.find("Procedure Call-list...\n->BabParseRecord\n"), std::string::npos);
     EXPECT_EQ(lineNumberOf("X line: 0"), 0);
+}
+
+// Where the program would exit, the test's end throws this instead.
+struct ProgramEnded {
+    int exitCode;
+};
+
+class TrappedFaultTest : public ConfigDirTest {
+protected:
+    // Runs the body under the trap: the exit code the program was asked to end with, -1 when not asked.
+    static int trapped(const std::function<void()>& body) {
+        setProgramEnd([](int exitCode) { throw ProgramEnded{exitCode}; });
+        try {
+            trapErrors("HlydDSEmitRequestedData line: 12", body);
+        } catch (const ProgramEnded& ended) {
+            return ended.exitCode;
+        }
+        return -1;
+    }
+};
+
+TEST_F(TrappedFaultTest, AFaultIsReportedAndTheProgramAskedToEnd) {
+    theLog().LogTraceEnter("HlydDSEmitRequestedData");
+    theDebug().setStatus(kStatusInternalFault, 3);
+    EXPECT_EQ(trapped([] { raiseInternal("HlydDSEmitRequestedData"); }), 1);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
+    const std::string& report = ui.shown[0].text;
+    EXPECT_NE(report.find("Error: 32000 in HlydDSEmitRequestedData line: 12 at line 12\n"), std::string::npos)
+        << report;
+    EXPECT_NE(report.find("Status = 6 Reason = 3\n"), std::string::npos);
+    EXPECT_NE(report.find("Procedure Call-list...\n->HlydDSEmitRequestedData\n"), std::string::npos);
+
+    // Any other exception is a fault as well, reported as error 5 with its own text.
+    EXPECT_EQ(trapped([] { throw std::out_of_range("index past the end"); }), 1);
+    ASSERT_EQ(ui.shown.size(), 2u);
+    EXPECT_NE(ui.shown[1].text.find("VB Error # 5 - index past the end"), std::string::npos);
+
+    // A body that does not fail reports nothing and ends nothing.
+    EXPECT_EQ(trapped([] {}), -1);
+    EXPECT_EQ(ui.shown.size(), 2u);
+}
+
+TEST_F(TrappedFaultTest, WithTrapsOffTheFaultPassesToThePlatform) {
+    theDebug().DontTrapErrors = true;
+    EXPECT_THROW(trapped([] { raiseRuntime(9); }), HlydError);
+    EXPECT_TRUE(ui.shown.empty());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "shell/module_reset.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -14,8 +15,7 @@ protected:
         setUi(&ui);
         setClock(&clock);
         clock.ticks = 1000;
-        resetLog();
-        resetDebug();
+        resetModuleState();
     }
     void TearDown() override {
         theLog().LogClose();

@@ -28,7 +28,6 @@ protected:
     void SetUp() override {
         ConfigDirTest::SetUp();
         dir_ = dir;
-        resetFileTable();
         hlydSettings().SaveHYInfo = true;
         hlydSettings().SaveHYFile = (dir_ / "TMRHIST.TMR").string();
         source_ = (dir_ / "Module1.bas").string();

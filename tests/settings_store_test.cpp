@@ -13,6 +13,7 @@
 #include "settings/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
+#include "files/mru.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -299,6 +300,36 @@ TEST_F(SettingsStoreTest, ReadOnlySettingsFileIsToldAndKept) {
     EXPECT_EQ(hlydSettings().HeadingLeft, "mine");
     saveAllSettings();
     EXPECT_EQ(iniText(), before);
+}
+
+// The file was writable at start and is read-only by the first save: the user hears it then, with
+// the file and the reason, and only then; the saves after it change nothing and say nothing.
+TEST_F(SettingsStoreTest, ASaveThatFailsLaterIsToldOnce) {
+    loadSettingsAtStartup();
+    ASSERT_TRUE(ui.shown.empty());
+    const std::string before = iniText();
+    fs::permissions(iniPath(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    hlydSettings().HeadingLeft = "changed";
+    sbPrintINISave();
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find(iniPath().string() + " is read-only"), std::string::npos) << ui.shown[0].text;
+    EXPECT_NE(ui.shown[0].text.find("will not be kept"), std::string::npos);
+    saveAllSettings();
+    saveWindowState();
+    SaveMRU();
+    EXPECT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(iniText(), before);
+}
+
+// A settings file that has become a directory cannot even be read for the batch; that is told too.
+TEST_F(SettingsStoreTest, ASaveIntoWhatIsNoLongerAFileIsTold) {
+    loadSettingsAtStartup();
+    fs::remove(iniPath());
+    fs::create_directory(iniPath());
+    SaveMRU();
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find(iniPath().string() + " is not a regular file"), std::string::npos)
+        << ui.shown[0].text;
 }
 
 }  // namespace

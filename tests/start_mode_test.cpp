@@ -4,6 +4,7 @@
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "shell/app_start.h"
+#include "shell/module_reset.h"
 #include "shell/start_mode.h"
 #include "test_support.h"
 
@@ -25,8 +26,7 @@ class AppStartTest : public AnalysisTest {
 protected:
     void SetUp() override {
         AnalysisTest::SetUp();
-        resetBasiclan();
-        resetHlydMain();
+        resetModuleState();  // Main does BabInit itself
     }
 };
 

@@ -18,6 +18,7 @@
 #include "files/project_file.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
+#include "shell/module_reset.h"
 
 namespace hlyd::test {
 
@@ -65,10 +66,7 @@ void ConfigDirTest::SetUp() {
 
 void ConfigDirTest::useConfigDir(const std::string& directory) {
     setenv("HLYD_CONFIG_DIR", directory.c_str(), 1);
-    resetSettings();
-    resetDebug();
-    resetLog();
-    clearProfileCache();
+    resetModuleState();
 }
 
 void ConfigDirTest::TearDown() {
@@ -76,31 +74,15 @@ void ConfigDirTest::TearDown() {
     else unsetenv("HLYD_CONFIG_DIR");
     setUi(nullptr);
     setClock(nullptr);
-    resetSettings();
-    clearProfileCache();
+    resetModuleState();
     std::error_code ec;
     std::filesystem::remove_all(dir, ec);
 }
 
 void ProgramTest::SetUp() {
     ConfigDirTest::SetUp();
-    resetBasiclan();
     BabInitFrom(keywordFilePath());
-    resetFileTable();
-    resetProjectFiles();
-    resetMainWindow();
-    resetNavigation();
-    resetEmitterState();
-    resetConnectorStack();
-    resetLayoutMetrics();
     loadSettingsAtStartup();
-}
-
-void ProgramTest::TearDown() {
-    resetFileTable();
-    resetProjectFiles();
-    resetMainWindow();
-    ConfigDirTest::TearDown();
 }
 
 std::int16_t ProgramTest::showSource(const std::string& name, const std::string& text) {
@@ -125,15 +107,14 @@ UtcZone::~UtcZone() {
 void AnalysisTest::SetUp() {
     setUi(&ui);
     setClock(&clock);
-    resetDebug();
-    resetLog();
-    resetBasiclan();
+    resetModuleState();
     BabInitFrom(keywordFilePath());
 }
 
 void AnalysisTest::TearDown() {
     setUi(nullptr);
     setClock(nullptr);
+    resetModuleState();
 }
 
 int AnalysisTest::analyze(const std::string& text, const std::string& dialect) {

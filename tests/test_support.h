@@ -71,14 +71,14 @@ protected:
     FixedClock clock;
 };
 
-// A settings directory of its own ($HLYD_CONFIG_DIR is `dir`), the settings, log and debug state
-// reset, a scripted Ui and a fixed clock. The environment and the state are put back afterwards,
-// so that the suites of one process do not see each other.
+// A settings directory of its own ($HLYD_CONFIG_DIR is `dir`), every module's state reset, a
+// scripted Ui and a fixed clock. The environment and the state are put back afterwards, so that
+// the suites of one process do not see each other.
 class ConfigDirTest : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
-    // Points $HLYD_CONFIG_DIR elsewhere and resets what depends on it.
+    // Points $HLYD_CONFIG_DIR elsewhere and resets every module, as for a new run.
     void useConfigDir(const std::string& directory);
 
     std::string dir;  // removed with everything in it at the end
@@ -95,7 +95,6 @@ private:
 class ProgramTest : public ConfigDirTest {
 protected:
     void SetUp() override;
-    void TearDown() override;  // empties the file table, the projects and the window model
     // Writes a source file, appends it to the file table and shows it; returns its position.
     std::int16_t showSource(const std::string& name, const std::string& text);
 };

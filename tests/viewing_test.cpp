@@ -17,7 +17,6 @@ class ViewingTest : public test::SurfaceTest {
 protected:
     void SetUp() override {
         test::SurfaceTest::SetUp();
-        resetViewingState();
         emitterState().ViewHeight = 8000;
         // As the window does: a file that becomes current is shown from its first record.
         mainWindow().emitRequestedData = [] {

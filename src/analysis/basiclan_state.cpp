@@ -13,5 +13,6 @@ BasiclanModule& basiclan() { return *module; }
 void resetBasiclan() { module = std::make_unique<BasiclanModule>(); }
 
 SourceTables& theSourceTables() { return *tables; }
+void resetSourceTables() { tables = std::make_unique<SourceTables>(); }
 
 }  // namespace hlyd

@@ -99,7 +99,7 @@ void tell(const std::string& text, MsgButtons buttons = MsgButtons::OK) {
 void readFailure(const std::string& fileName, int number) {
     std::string text = "Module BabValidateFile diagnosed VBErr=" + std::to_string(number) + " on file " + fileName;
     tell(text);
-    theDebug().setStatus(4, 2);
+    theDebug().setStatus(kStatusReadingStopped, kDetailReadFailure);
 }
 
 // Returns false when the user gave up or the failure is final; the status says which.
@@ -113,13 +113,13 @@ bool openFile(const std::string& fileName, os::InputFile& in) {
             MsgAnswer answer = showMessage(fileName + "\n\n" + description, "BabValidateFile",
                                            MsgButtons::RetryCancel, MsgIcon::Warning, 2);
             if (answer == MsgAnswer::Retry) continue;
-            theDebug().setStatus(12, 0);
+            theDebug().setStatus(kStatusDeviceGivenUp, 0);
             return false;
         }
         std::string text = "The following error occurred processing " + fileName + ".\n\n" + description;
         tell(text);
         theLog().LogData("VBErr=" + std::to_string(number));
-        theDebug().setStatus(7, 0);
+        theDebug().setStatus(kStatusFileNotFound, 0);
         return false;
     }
 }
@@ -153,11 +153,11 @@ void validateFirstLine(const std::string& fileName, std::string& dialect) {
         line.find('\xFF') != std::string::npos)
         return readFailure(fileName, 14);
     if (line.empty()) {
-        theDebug().setStatus(4, 1);
+        theDebug().setStatus(kStatusReadingStopped, kDetailEmptyFile);
         return;
     }
     std::string detected = dialectOfFirstLine(line);
-    if (detected.empty()) theDebug().setStatus(20, 1);
+    if (detected.empty()) theDebug().setStatus(kStatusNotSource, kDetailNotSource);
     else dialect = detected;
 }
 
@@ -167,14 +167,14 @@ void BabValidateFile(const std::string& fileName, std::string& dialect, bool tel
     TraceScope trace(theDebug().TracePackages, "BabValidateFile");
     if (theDebug().TracePackages) theLog().LogData("File=" + fileName);
     if (!basiclan().BabInitDone) {
-        theDebug().setStatus(2, 0);
+        theDebug().setStatus(kStatusNotInitialised, 0);
         raiseInternal("BabValidateFile");
     }
     if (trimSpaces(fileName).empty()) {
-        theDebug().setStatus(3, 0);
+        theDebug().setStatus(kStatusBadArgument, 0);
         raiseInternal("BabValidateFile");
     }
-    theDebug().setStatus(0, 0);
+    theDebug().setStatus(kStatusOk, 0);
     tellUserNow = tellUser;
     dialect = "?";
     validateFirstLine(fileName, dialect);

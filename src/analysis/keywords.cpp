@@ -64,7 +64,7 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
                        directory + "\n\n" + kKeywordFileName + " is required for " + title +
                        " to operate.\n\nPlease install this file in the directory " + directory;
     showMessage(text, title, MsgButtons::OK, MsgIcon::Critical);
-    theDebug().setStatus(-7, 0);
+    theDebug().setStatus(kStatusKeywordFileMissing, 0);
     raiseInternal("BabInit");
 }
 
@@ -74,7 +74,7 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
     std::string text = "The following error occurred processing " + path + ".\n\n" +
                        describeSystemError(err);
     showMessage(text, "BabInit -- I/O Error", MsgButtons::OK, MsgIcon::Warning);
-    theDebug().setStatus(-12, 0);
+    theDebug().setStatus(kStatusKeywordFileUnreadable, 0);
     raiseInternal("BabInit");
 }
 
@@ -86,7 +86,7 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
     std::string text = "BabInit\n" + path + "\n\nInvalid " + fault + "\n\nRecord=" +
                        std::to_string(entry) + " KeyWord=|" + word + "|";
     showMessage(text, "BabInit", MsgButtons::OK, MsgIcon::Critical);
-    theDebug().setStatus(4, entry);
+    theDebug().setStatus(kStatusReadingStopped, entry);
     raiseInternal("BabInit");
 }
 
@@ -118,7 +118,7 @@ void BabInitFrom(const std::string& path) {
     TraceScope trace(theDebug().TracePackages, "BabInit");
     BasiclanModule& m = basiclan();
     if (m.BabInitDone) {
-        theDebug().setStatus(1, 0);
+        theDebug().setStatus(kStatusAlreadyInitialised, 0);
         return;
     }
     m.BabInitDone = true;
@@ -139,7 +139,7 @@ void BabInit() { BabInitFrom(dataFilePath(kKeywordFileName)); }
 void BuildKeyWordsForDialect(const std::string& dialect) {
     BasiclanModule& m = basiclan();
     if (dialect != "3" && dialect != "4" && dialect != "5" && dialect != "6") {
-        theDebug().setStatus(3, 1);
+        theDebug().setStatus(kStatusBadArgument, kDetailUnknownDialect);
         raiseInternal("BuildKeyWordsForDialect");
     }
     if (dialect == m.CurrentDialect) return;

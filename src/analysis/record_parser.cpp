@@ -17,7 +17,7 @@ void reportInternalFault(const char* proc, const char* text) {
     logBlock(message);
     if (!theDebug().DontFixDataErrors) return;
     theUi().messageBox({message, std::string(proc) + " -- Internal Error", MsgButtons::OK, MsgIcon::Warning, 1});
-    theDebug().BabStatus = 6;
+    theDebug().BabStatus = kStatusInternalFault;
 }
 
 // The Record that was read last; when that was the end of the file, the one before the sentinel.
@@ -40,7 +40,7 @@ private:
     void outdent();
     void tieComments();
     void indent(bool hashLine);
-    bool failed() const { return theDebug().BabStatus == 4; }
+    bool failed() const { return theDebug().BabStatus == kStatusReadingStopped; }
     std::int32_t flagsOf(std::int32_t statement) const {
         return statement == firstStatement_ ? lead_.Flags : t_.Statements[statement].Flags;
     }
@@ -218,12 +218,12 @@ void LogicalLineParser::indent(bool hashLine) {
 void BabParseRecord(SourceFile& file, SourceTables& tables) {
     TraceScope trace(theDebug().TracePackages, "BabParseRecord");
     if (!basiclan().BabInitDone) {
-        theDebug().setStatus(2, 0);
+        theDebug().setStatus(kStatusNotInitialised, 0);
         raiseInternal("BabParseRecord");
     }
-    theDebug().setStatus(0, 0);
+    theDebug().setStatus(kStatusOk, 0);
     if (file.atEnd()) {
-        theDebug().BabStatus = 11;
+        theDebug().BabStatus = kStatusEndOfFile;
         return;
     }
     LogicalLineParser(file, tables).parse();

@@ -47,15 +47,15 @@ void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
         return;
     }
     m.TokensUBound = kTokensLimit;
-    theDebug().setStatus(-4, 0);
+    theDebug().setStatus(kStatusTooManyTokens, 0);
     raiseInternal(kProcName);
 }
 
 void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
     std::int32_t count = 0;
     ExtractTokens(line, m.WorkTokens, count);
-    if (theDebug().BabStatus == 4) {
-        theDebug().setStatus(-3, 0);
+    if (theDebug().BabStatus == kStatusReadingStopped) {
+        theDebug().setStatus(kStatusLineTooComplex, 0);
         raiseInternal(kProcName);
     }
     AnalyzeTokens(m.WorkTokens, count);
@@ -74,10 +74,11 @@ void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
 
 std::string failureMessage(int status) {
     switch (status) {
-        case -1: return "Invalid Token -- could not be processed";
-        case -2: return "Record too big -- greater than 2048 characters";
-        case -3: return "Record too complex -- contains more than " + std::to_string(kWorkTokensUBound) + " tokens";
-        case -4: return "Too many tokens -- more than 500000";
+        case kStatusInvalidToken: return "Invalid Token -- could not be processed";
+        case kStatusLineTooLong: return "Record too big -- greater than 2048 characters";
+        case kStatusLineTooComplex:
+            return "Record too complex -- contains more than " + std::to_string(kWorkTokensUBound) + " tokens";
+        case kStatusTooManyTokens: return "Too many tokens -- more than 500000";
         default: return "Unknown error";
     }
 }
@@ -113,12 +114,12 @@ void recover(SourceTables& t, BasiclanModule& m, int number, const std::string& 
     }
     t.Records[m.RecordIndex].FirstT = t.TokenCount;
     t.Records[m.RecordIndex].LastT = t.TokenCount;
-    debug.BabStatus = 4;
+    debug.BabStatus = kStatusReadingStopped;
 }
 
 // The empty Record after the last line marks the end of the file.
 void addSentinelAtEnd(SourceFile& file, SourceTables& t, BasiclanModule& m) {
-    if (!file.atEnd() && theDebug().BabStatus != 4) return;
+    if (!file.atEnd() && theDebug().BabStatus != kStatusReadingStopped) return;
     if (++m.RecordIndex > m.RecordsUBound - kGrowthMargin) {
         m.RecordsUBound = m.RecordIndex;
         t.Records.redimPreserve(m.RecordsUBound);
@@ -131,16 +132,16 @@ void addSentinelAtEnd(SourceFile& file, SourceTables& t, BasiclanModule& m) {
 void ReadRecordExtractTokens(SourceFile& file, SourceTables& t, bool& inContinuedComment) {
     BasiclanModule& m = basiclan();
     cDebug& debug = theDebug();
-    debug.BabStatus = 0;
+    debug.BabStatus = kStatusOk;
     if (file.atEnd()) {
-        debug.BabStatus = 11;
+        debug.BabStatus = kStatusEndOfFile;
         return;
     }
     if (t.RecordCount == 0) m.RecordIndex = 0;
     try {
         std::string_view line = file.readLine();
         if (line.size() > static_cast<std::size_t>(kMaxRecordLength)) {
-            debug.setStatus(-2, 0);
+            debug.setStatus(kStatusLineTooLong, 0);
             raiseInternal(kProcName);
         }
         if (continuesComment(t, inContinuedComment)) readCommentContinuation(line, t, m);

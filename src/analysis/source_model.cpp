@@ -11,7 +11,7 @@ namespace {
 
 void requireInit(const char* proc) {
     if (basiclan().BabInitDone) return;
-    theDebug().setStatus(2, 0);
+    theDebug().setStatus(kStatusNotInitialised, 0);
     raiseInternal(proc);
 }
 
@@ -19,7 +19,7 @@ template <class T>
 void blankRange(VbArray<T>& table, std::int32_t first, std::int32_t last, const char* proc) {
     requireInit(proc);
     if (first < 0 || first > last || last > table.UBound()) {
-        theDebug().setStatus(3, 23);
+        theDebug().setStatus(kStatusBadArgument, kDetailOutsideBounds);
         raiseInternal(proc);
     }
     for (std::int32_t i = first; i <= last; ++i) table[i] = T{};

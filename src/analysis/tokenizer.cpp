@@ -204,7 +204,7 @@ void LineCutter::cutDelimiter(char delim) {
 void LineCutter::cut(std::int32_t& count) {
     while (pos_ <= len_) {
         if (index_ >= kWorkTokensUBound - 3) {
-            theDebug().BabStatus = 4;
+            theDebug().BabStatus = kStatusReadingStopped;
             break;
         }
         Token& t = building();

@@ -23,7 +23,7 @@ constexpr const char* kMoreProcedures = " ...";
     logBlock(" -- Assertion Failure\nListIndex > UBound(colProc) and either ListCount <= 2 or Value <> | ...|\nListIndex =" +
              std::to_string(list.ListIndex) + "\nListCount =" + std::to_string(list.ListCount()) +
              "\nUBound(colProc) =" + std::to_string(static_cast<int>(yProc().size()) - 1) + "\nValue =|" + text + "|");
-    theDebug().BabStatus = -6;
+    theDebug().BabStatus = kStatusAssertionFailed;
     raiseInternal("cboProc_Click");
 }
 

@@ -19,14 +19,14 @@ constexpr const char* kLoadDialect = "6";
     logBlock(std::string("ProcessSelectedFile -- Assertion Failure\nSpecified File-index not within bounds of oFile()\n") +
              "Specified File-index =" + std::to_string(wWhich) + "\noFile() bounds = (1," +
              std::to_string(oFile().Count()) + ")");
-    theDebug().setStatus(-6, 0);
+    theDebug().setStatus(kStatusAssertionFailed, 0);
     raiseInternal("ProcessSelectedFile");
 }
 
 [[noreturn]] void readPastEnd(std::int32_t record) {
     showMessage("Trying to read Record # " + std::to_string(record) + " after EOF.", "Internal Error",
                 MsgButtons::OKCancel, MsgIcon::Critical);
-    theDebug().BabStatus = 6;
+    theDebug().BabStatus = kStatusInternalFault;
     raiseInternal("sbParseRecord");
 }
 
@@ -103,11 +103,11 @@ void sbParseRecord(std::int32_t& record) {
         BabParseRecord(f.source, t);
         int status = theDebug().BabStatus;
         bool covered = static_cast<std::int32_t>(f.TokenElements.size()) - 1 >= t.TokenCount;
-        if (status != 0 && status != 11 && covered) break;
+        if (status != kStatusOk && status != kStatusEndOfFile && covered) break;
         assignElements(oldTokenCount);
         trackConditional(oldTokenCount + 1);
         scanNewRecordsForProcedures(firstNewRecord, firstNewStatement);
-        if (status == 11) break;
+        if (status == kStatusEndOfFile) break;
     } while (!((record != -1 && t.RecordCount >= record) || atEndRecord()));
     if (atEndRecord()) f.source.close();
     if (record == -1 || record > t.RecordCount) record = t.RecordCount - 1;
@@ -128,7 +128,7 @@ void ProcessSelectedFile(std::int16_t wWhich) {
     for (std::int32_t k = 1;; ++k) {
         std::int32_t wanted = k;
         sbParseRecord(wanted);
-        if (theDebug().BabStatus != 0) break;
+        if (theDebug().BabStatus != kStatusOk) break;
         StatusBarUpdate(true, t.RecordCount);
         if (k > t.RecordCount || t.Records[k].FirstT == 0 || !f.source.isOpen()) break;
     }

@@ -21,10 +21,6 @@ namespace hlyd {
 
 namespace {
 
-constexpr std::int16_t kStatusCancelled = 8;
-constexpr std::int16_t kStatusFound = 9;
-constexpr std::int16_t kStatusNotInTable = 5;
-
 // Set while every open entry is a resource file: the next selection starts afresh.
 bool resourcesOpen = false;
 
@@ -144,7 +140,7 @@ bool applyProjectRules(std::vector<std::string>& names, const NameKinds& kinds, 
         projectChosen = false;
     }
     if (projectChosen) return true;
-    status() = 0;
+    status() = kStatusOk;
     VBFileValidate(names, true);
     return status() != kStatusCancelled;
 }
@@ -165,7 +161,7 @@ std::vector<cFileDesc> addNewNames(const std::vector<std::string>& names, bool p
         std::int16_t which = 0;
         FindNameInList(name, which);
         if (status() == kStatusNotInTable) {
-            status() = 0;
+            status() = kStatusOk;
             if (projectChosen) projects.push_back(cFileDesc{name, kFileProject});
             else f.oFile.Add(cFileDesc{name, kFileSource});
         }
@@ -183,7 +179,7 @@ void rememberOpenFiles() {
 
 void openProjects(const std::vector<cFileDesc>& projects) {
     PFParseFile(projects);
-    if (status() == 0 && oFile().Count() > 0) {
+    if (status() == kStatusOk && oFile().Count() > 0) {
         UpdateMRUList(oFile().Item(1).FileName);
         SaveMRU();
         ShowMRU();
@@ -225,7 +221,7 @@ void FindNameInList(const std::string& fileName, std::int16_t& which) {
         which = int16Of(files.Count() + 1);
         for (int i = 1; i <= files.Count(); ++i) {
             if (files.Item(i).FileName != fileName) continue;
-            status() = kStatusFound;
+            status() = kStatusInTable;
             which = int16Of(i);
             break;
         }
@@ -272,7 +268,7 @@ void GetListFromCommonDialog(std::vector<std::string>& names) {
 
 void GetFilesToProcess(std::int16_t which) {
     TraceScope trace(tracing(), "GetFilesToProcess");
-    theDebug().setStatus(0, 0);
+    theDebug().setStatus(kStatusOk, 0);
     FileTableModule& f = fileTable();
     if (f.projectOpen || resourcesOpen) cHLYD::CloseFiles();
     f.projectOpen = false;
@@ -284,6 +280,8 @@ void GetFilesToProcess(std::int16_t which) {
     BusyPointer busy;
     processChosenNames(std::move(names));
 }
+
+void resetFileSelection() { resourcesOpen = false; }
 
 int frmFileList() {
     std::vector<std::string> items;

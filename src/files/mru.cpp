@@ -26,7 +26,9 @@ void SaveMRU() {
     HlydSettings& s = hlydSettings();
     if (!s.SettingsWritable) return;
     cINIHandler& ini = iniHandler();
-    for (int i = 1; i <= 7; ++i) ini.WriteString("MRU" + std::to_string(i), s.MRU[i], std::string("MRU"));
+    writeSettingsBatch([&] {
+        for (int i = 1; i <= 7; ++i) ini.WriteString("MRU" + std::to_string(i), s.MRU[i], std::string("MRU"));
+    });
 }
 
 void ShowMRU() {

@@ -27,7 +27,7 @@ void HlydCFGetRecord(std::int32_t& record, std::string& control) {
     if ((record > t.RecordCount || wasEnd) && t.Records.UBound() >= 0 && record - t.RecordCount >= kCaptionJump)
         control = "Line:" + std::to_string(t.RecordCount);
     if (state.runState == kRunCancelled) {
-        theDebug().BabStatus = 8;
+        theDebug().BabStatus = kStatusCancelled;
         theUi().setBusy(false);
     }
 }

@@ -106,7 +106,7 @@ bool cProjectFile::openForReading(const std::string& fileName, LineReader& in) {
         int reason = in.open(fileName);
         if (reason == 0) return true;
         int number = runtimeErrorFromErrno(reason);
-        theDebug().setStatus(12, number);
+        theDebug().setStatus(kStatusProjectUnreadable, number);
         logBlock("VBErr=" + std::to_string(number));
         std::string text = "The following error occurred processing " + fileName + ".\n\n" + describeSystemError(reason);
         MsgButtons buttons = number == 53 ? MsgButtons::RetryCancel : MsgButtons::OK;
@@ -148,7 +148,7 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
     std::string text2 = "For the project file " + FileName + "\n" + std::to_string(filesNotFound_) +
                         " files were not found and\n" + std::to_string(filesFound_) + " files were found.";
     if (filesFound_ == 0) {
-        theDebug().BabStatus = 19;
+        theDebug().BabStatus = kStatusNoProjectMember;
         text2 += "\n\nNo further processing will occur.";
     }
     showMessage(text2, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
@@ -220,7 +220,7 @@ bool cProjectFile::readLines(LineReader& lines, const std::function<void(const s
                                  ".\nRemainder of file not processed.\n\n" + e.Description + " at line " +
                                  std::to_string(lineNumber) + "\nLast line read: " + text;
             showMessage(report, theAppInfo().Title, MsgButtons::OKCancel, MsgIcon::Critical);
-            theDebug().BabStatus = 12;
+            theDebug().BabStatus = kStatusProjectUnreadable;
             return false;
         }
     }

@@ -100,7 +100,7 @@ bool checkMembers(cProjectFile& project, const std::vector<std::int16_t>& lines,
         cProjectLine& line = project.line(lines[k]);
         std::vector<std::string> names{line.WholeFile};
         VBFileValidate(names, false);
-        if (theDebug().BabStatus == 8) return false;
+        if (theDebug().BabStatus == kStatusCancelled) return false;
         if (names[0].empty()) {
             ++binary;
             line.FileType = kLineNone;
@@ -123,16 +123,16 @@ bool readProject(const cFileDesc& entry, const std::string& formExt, const std::
     auto project = std::make_unique<cProjectFile>();
     project->ProcessProjectFile(entry.FileName, formExt, moduleExt);
     cDebug& d = theDebug();
-    if (d.BabStatus == 12) {
+    if (d.BabStatus == kStatusProjectUnreadable) {
         tellReadFailure(entry.FileName);
         return false;
     }
-    if (d.BabStatus == 13) {
+    if (d.BabStatus == kStatusProjectSyntax) {
         showMessage("Syntax error on file " + entry.FileName + "\nreading record #" + std::to_string(project->Records),
                     theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
         return false;
     }
-    if (d.BabStatus == 19) return false;
+    if (d.BabStatus == kStatusNoProjectMember) return false;
     if (!checkMembers(*project, project->Forms, project->FormCount, binary) ||
         !checkMembers(*project, project->Classes, project->ClassCount, binary) ||
         !checkMembers(*project, project->Modules, project->ModuleCount, binary))
@@ -205,17 +205,17 @@ void VBFileValidate(std::vector<std::string>& names, bool canOverride) {
         std::string dialect;
         std::string file = name;
         BabValidateFile(file, dialect, canOverride);
-        if (d.BabStatus == 12 || d.BabStatus == 7) {
+        if (d.BabStatus == kStatusDeviceGivenUp || d.BabStatus == kStatusFileNotFound) {
             std::string text = "There are errors in processing";
-            if (d.BabStatus == 7) text += "\nFile: " + file + "\nWas Not Found";
+            if (d.BabStatus == kStatusFileNotFound) text += "\nFile: " + file + "\nWas Not Found";
             text += "\n\nDo you want to cancel processing?";
             name.clear();
             if (showMessage(text, theAppInfo().Title, MsgButtons::YesNo, MsgIcon::Question, 2) == MsgAnswer::Yes) {
-                d.BabStatus = 8;
+                d.BabStatus = kStatusCancelled;
                 return;
             }
-        } else if (d.BabStatus == 4) {
-            if (d.BabStatusDetail == 2) {
+        } else if (d.BabStatus == kStatusReadingStopped) {
+            if (d.BabStatusDetail == kDetailReadFailure) {
                 std::string text = file + "\nis not a Visual Basic source-file and cannot be processed.";
                 // A caller that cannot override sums these files up in one box of its own.
                 if (canOverride) showMessage(text, theAppInfo().Title, MsgButtons::OKCancel, MsgIcon::Warning);
@@ -231,15 +231,15 @@ void VBFileValidate(std::vector<std::string>& names, bool canOverride) {
                 if (showMessage(text, title, MsgButtons::YesNo, MsgIcon::Question) == MsgAnswer::No) {
                     if (d.TraceApplication) theLog().LogData("File removed=" + file);
                     name.clear();
-                    d.BabStatus = 8;
+                    d.BabStatus = kStatusCancelled;
                 } else {
-                    d.BabStatus = 0;
+                    d.BabStatus = kStatusOk;
                 }
             } else {
                 name.clear();
             }
         }
-        d.setStatus(0, 0);
+        d.setStatus(kStatusOk, 0);
     }
 }
 

@@ -233,14 +233,15 @@ bool writeProfileString(const std::string& file, const std::string& section,
     return true;
 }
 
-void beginProfileBatch(const std::string& file) {
+bool beginProfileBatch(const std::string& file) {
     if (cache.batching) {
         ++cache.batchDepth;
-        return;
+        return true;
     }
-    if (!load(file)) return;
+    if (!load(file)) return false;
     cache.batching = true;
     cache.batchDepth = 1;
+    return true;
 }
 
 bool endProfileBatch() {

@@ -18,8 +18,10 @@ bool writeProfileString(const std::string& file, const std::string& section,
                         const std::optional<std::string>& key, const std::optional<std::string>& value);
 
 // Writes to the file between these two calls are collected and written once, at the end; a
-// save of many keys then replaces the file one time. Returns false when that write failed.
-void beginProfileBatch(const std::string& file);
+// save of many keys then replaces the file one time. The begin returns false when the file
+// cannot be read (no batch is open then, and each write fails by itself); the end returns false
+// when the write failed.
+bool beginProfileBatch(const std::string& file);
 bool endProfileBatch();
 
 // Forgets what was read, so that the next read goes to the disk again.

@@ -219,14 +219,15 @@ std::vector<SettingKey> settingKeys() {
 void writeSettingGroups(unsigned groups, int dest, int element) {
     cINIHandler& ini = iniHandler();
     if (!hlydSettings().SettingsWritable) return;
-    beginProfileBatch(ini.resolvedPath());
-    for (SettingKey& key : settingKeys()) {
-        if (!(key.groups & groups)) continue;
-        if (key.groups & kSaveElement && dest != 0 && (key.displayOrPrint != dest || key.element != element)) continue;
-        ini.setSection(key.section);
-        key.write(ini);
-    }
-    endProfileBatch();
+    writeSettingsBatch([&] {
+        for (SettingKey& key : settingKeys()) {
+            if (!(key.groups & groups)) continue;
+            if (key.groups & kSaveElement && dest != 0 && (key.displayOrPrint != dest || key.element != element))
+                continue;
+            ini.setSection(key.section);
+            key.write(ini);
+        }
+    });
 }
 
 }  // namespace hlyd

@@ -32,11 +32,22 @@ std::string settingsFileProblem(const std::string& path) {
     return {};
 }
 
-void tellSettingsCannotBeSaved(const std::string& reason) {
+// Once in a run, whether start-up found the place unwritable or a later save failed: a user who
+// was told does not want to hear it at every save.
+void tellSettingsNotKept(const std::string& place, const std::string& reason, const std::string& consequence) {
+    HlydSettings& s = hlydSettings();
+    if (s.SettingsLossTold) return;
+    s.SettingsLossTold = true;
     const std::string& title = theAppInfo().Title;
-    showMessage(title + " cannot save its settings in " + settingsDirectory() + " (" + reason + ").\n\n" + title +
-                    " starts with the settings it can read, and changes made in this run will not be kept.",
-                title, MsgButtons::OK, MsgIcon::Warning);
+    showMessage(title + " cannot save its settings in " + place + " (" + reason + ").\n\n" + consequence, title,
+                MsgButtons::OK, MsgIcon::Warning);
+}
+
+// The reason a save failed after start-up, as far as it can be seen now.
+std::string saveFailureReason(const std::string& path) {
+    std::string reason = settingsDirectoryProblem();
+    if (reason.empty()) reason = settingsFileProblem(path);
+    return reason.empty() ? "the file could not be written" : reason;
 }
 
 }  // namespace
@@ -52,13 +63,22 @@ void savePrinterState() { writeSettingGroups(kSavePrinterState); }
 void saveAllSettings() {
     HlydSettings& s = hlydSettings();
     if (!s.SettingsWritable) return;
-    cINIHandler& ini = iniHandler();
-    beginProfileBatch(ini.resolvedPath());
-    writeSettingGroups(kSaveDisplay | kSavePrint | kSavePrintOptions | kSaveElement | kSaveDebug | kSaveWindow |
-                       kSavePrinterState | kSaveFullOnly);
-    s.Version = theAppInfo().Version;
-    ini.WriteString("Version", s.Version, std::string("General"));
-    endProfileBatch();
+    writeSettingsBatch([&s] {
+        writeSettingGroups(kSaveDisplay | kSavePrint | kSavePrintOptions | kSaveElement | kSaveDebug | kSaveWindow |
+                           kSavePrinterState | kSaveFullOnly);
+        s.Version = theAppInfo().Version;
+        iniHandler().WriteString("Version", s.Version, std::string("General"));
+    });
+}
+
+bool writeSettingsBatch(const std::function<void()>& writes) {
+    const std::string path = iniHandler().resolvedPath();
+    bool begun = beginProfileBatch(path);
+    writes();
+    if (begun && endProfileBatch()) return true;
+    theLog().LogData("Settings not saved=" + path);
+    tellSettingsNotKept(path, saveFailureReason(path), "Changes to the settings made in this run will not be kept.");
+    return false;
 }
 
 void loadSettingsAtStartup() {
@@ -75,7 +95,9 @@ void loadSettingsAtStartup() {
     if (s.LoggingIsOn && !s.LogFile.empty()) theLog().LogOpen(s.LogFile, 1);
     s.Version = ini.ReadString("Version", "", "General");
     if (!s.SettingsWritable) {
-        tellSettingsCannotBeSaved(problem);
+        tellSettingsNotKept(settingsDirectory(), problem,
+                            theAppInfo().Title +
+                                " starts with the settings it can read, and changes made in this run will not be kept.");
     } else if (s.Version != theAppInfo().Version) {
         saveAllSettings();
     }

@@ -3,6 +3,7 @@
 // with defaults and sanity rules, and the save routines, each writing exactly its own keys.
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,7 @@ struct HlydSettings {
     bool FirstRun = false;
     bool MetricUnits = false;
     bool SettingsWritable = true;
+    bool SettingsLossTold = false;  // the user heard that settings could not be kept
 };
 
 HlydSettings& hlydSettings();
@@ -95,6 +97,10 @@ void saveDebugSettings();
 void saveWindowState();
 void savePrinterState();
 void saveAllSettings();  // the full save, Version last
+
+// Runs the writes as one replacement of the settings file. When the file could not be written
+// the user is told, once in a run, that the settings will not be kept; false then.
+bool writeSettingsBatch(const std::function<void()>& writes);
 
 // The load of start-up: user, first-run test, all keys, the log, and the full save that a first
 // run or another version's file needs. Tells the user once when the settings cannot be saved.

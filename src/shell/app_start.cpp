@@ -44,7 +44,9 @@ void initKeywords() {
         BabInit();
     } catch (const HlydError& e) {
         int status = theDebug().BabStatus;
-        if (e.Number != kInternalError || (status != -7 && status != 4 && status != -12)) throw;
+        bool told = status == kStatusKeywordFileMissing || status == kStatusReadingStopped ||
+                    status == kStatusKeywordFileUnreadable;
+        if (e.Number != kInternalError || !told) throw;
     }
 }
 
@@ -108,7 +110,7 @@ void waitForSplash() {
 int finishWindowedStart() {
     std::int32_t mode = mainState.StartMode;
     if (mode != kStartCommandLineFile && windowHooks.raiseSplash) windowHooks.raiseSplash();
-    if (theDebug().BabStatus == -7) {
+    if (theDebug().BabStatus == kStatusKeywordFileMissing) {
         if (windowHooks.unloadForms) windowHooks.unloadForms();
         mainState.ApplicationEnding = true;
         return 1;
@@ -165,9 +167,9 @@ void InitApp() {
 
 void HLYDStart() {
     trapErrors("HLYDStart", [] {
-        theDebug().setStatus(0, 0);
+        theDebug().setStatus(kStatusOk, 0);
         InitApp();
-        if (theDebug().BabStatus == -7) return;
+        if (theDebug().BabStatus == kStatusKeywordFileMissing) return;
         std::int32_t mode = mainState.StartMode;
         if (mode == kStartStandalone || mode == kStartCommandLineFile || mode == kStartIdeMode) HLYDShow();
         theUi().processEvents();
@@ -176,7 +178,7 @@ void HLYDStart() {
 
 void HLYDShow() {
     trapErrors("HLYDShow", [] {
-        theDebug().setStatus(0, 0);
+        theDebug().setStatus(kStatusOk, 0);
         if (windowHooks.active()) {
             if (mainState.StartMode != kStartCommandLineFile) windowHooks.showMainWindow();
             else windowHooks.hideMainWindow();
@@ -217,7 +219,7 @@ int Main(const std::string& commandLine, std::int32_t platformMode) {
     }
     HLYDStart();
     if (windowHooks.active()) return finishWindowedStart();
-    if (theDebug().BabStatus == -7) return 1;
+    if (theDebug().BabStatus == kStatusKeywordFileMissing) return 1;
     // Without a window the standalone run has nothing to wait for; it ends as the window would.
     if (mainState.StartMode == kStartStandalone && !mainState.ApplicationEnding) HlydMNTerminateApp();
     return 0;

@@ -16,6 +16,7 @@ namespace hlyd {
 
 namespace {
 std::function<std::string()> currentFileNameSource;
+std::function<void(int)> programEnd;
 
 std::string upperAscii(std::string s) {
     for (char& c : s)
@@ -37,6 +38,8 @@ std::string systemVersionText() {
 }
 
 void setCurrentFileNameSource(std::function<std::string()> source) { currentFileNameSource = std::move(source); }
+
+void setProgramEnd(std::function<void(int)> end) { programEnd = std::move(end); }
 
 ErrorReport composeErrorReport(const ErrorReportInput& in) {
     const cAppInfo& app = theAppInfo();
@@ -121,7 +124,8 @@ void ERHandler(int number, const std::string& description, const std::string& so
     } catch (...) {
         // A failure while reporting must not keep the program from ending.
     }
-    std::exit(1);
+    if (programEnd) programEnd(1);
+    std::exit(1);  // also when a put-in end came back: nothing goes on after a report
 }
 
 }  // namespace hlyd

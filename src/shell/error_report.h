@@ -46,6 +46,11 @@ void setCurrentFileNameSource(std::function<std::string()> source);
 // `where`, unless the debug switch lets it through to the platform.
 void trapErrors(const char* where, const std::function<void()>& body);
 
+// How the program ends after a report. The process exits unless another end is put in; a test
+// puts in one that throws, so that a trapped fault can be followed without ending the test's
+// process. An empty one puts the exit back.
+void setProgramEnd(std::function<void(int exitCode)> end);
+
 // Composes and shows the report, writes the log, and ends the program. Does not return.
 [[noreturn]] void ERHandler(int number, const std::string& description, const std::string& source,
                             const std::string& where);

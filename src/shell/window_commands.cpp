@@ -96,7 +96,7 @@ void showSelectedFile() {
 
 void openAndShow(std::int16_t which) {
     GetFilesToProcess(which);
-    if (theDebug().BabStatus != 8) showSelectedFile();
+    if (theDebug().BabStatus != kStatusCancelled) showSelectedFile();
     HlydMSEnableHLYDControls();
 }
 

@@ -38,15 +38,6 @@ namespace {
 
 const std::string kSampleModule = std::string(HLYD_SOURCE_DIR) + "/examples/Sample/Sample.bas";
 
-void resetRun() {
-    resetFileTable();
-    resetProjectFiles();
-    resetMainWindow();
-    resetEmitterState();
-    resetViewingState();
-    resetLayoutMetrics();
-}
-
 // The picture shows something besides its background.
 bool hasDrawing(const QImage& picture) {
     QRgb background = picture.pixel(picture.width() - 1, picture.height() - 1);
@@ -60,7 +51,6 @@ class WindowTest : public test::ProgramTest {
 protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        resetViewingState();
         window = std::make_unique<HlydWindow>();
         setDisplaySurface(&window->picDisplay());
         HlydDAValidateFonts();
@@ -73,7 +63,6 @@ protected:
     void TearDown() override {
         setDisplaySurface(nullptr);
         window.reset();
-        resetRun();
         ProgramTest::TearDown();
     }
 
@@ -196,13 +185,10 @@ class WindowedStartTest : public test::ConfigDirTest {
 protected:
     void SetUp() override {
         ConfigDirTest::SetUp();
-        resetHlydMain();
         installWindowedRun();
     }
     void TearDown() override {
         uninstallWindowedRun();
-        resetRun();
-        resetHlydMain();
         ConfigDirTest::TearDown();
     }
 };

@@ -58,7 +58,8 @@ void analyzeText(const std::string& text) {
     hlyd::BabInitFile(tables, "6");
     do {
         hlyd::BabParseRecord(file, tables);
-    } while (hlyd::theDebug().BabStatus != 11 && hlyd::theDebug().BabStatus != 4);
+    } while (hlyd::theDebug().BabStatus != hlyd::kStatusEndOfFile &&
+             hlyd::theDebug().BabStatus != hlyd::kStatusReadingStopped);
 }
 
 void runAnalysis(benchmark::State& state, const std::string& text) {

@@ -80,7 +80,7 @@ int dumpFileAnalysis(const std::string& path, const AnalysisDumpOptions& options
     for (;;) {
         BabParseRecord(file, tables);
         int status = theDebug().BabStatus;
-        if (status == 11 || status == 4) break;
+        if (status == kStatusEndOfFile || status == kStatusReadingStopped) break;
     }
     if (!options.summary) dumpTables(tables, out);
     dumpEnd(tables, out);

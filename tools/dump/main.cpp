@@ -29,7 +29,7 @@ bool initKeywords() {
     try {
         hlyd::BabInit();
     } catch (const hlyd::HlydError&) {
-        if (hlyd::theDebug().BabStatus == -7) return false;
+        if (hlyd::theDebug().BabStatus == hlyd::kStatusKeywordFileMissing) return false;
     }
     return true;
 }

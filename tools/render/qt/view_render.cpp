@@ -38,7 +38,7 @@ bool loadKeywords(std::ostream& err) {
         err << "hlyd-render: keyword data: " << e.Description << '\n';
         return false;
     }
-    return theDebug().BabStatus != -7;
+    return theDebug().BabStatus != kStatusKeywordFileMissing;
 }
 
 // As the Open command does it: a project or group is read with its members, a source file

@@ -1,0 +1,65 @@
+#include "shell/module_reset.h"
+
+#include "analysis/basiclan_state.h"
+#include "display/connectors.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "display/viewing.h"
+#include "files/file_selection.h"
+#include "files/file_table.h"
+#include "files/navigation.h"
+#include "files/project_file.h"
+#include "settings/profile_file.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
+#include "shell/app_start.h"
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "shell/error_report.h"
+#include "files/main_window_model.h"
+
+namespace hlyd {
+
+namespace {
+
+void resetDiagnostics() {
+    resetDebug();
+    resetLog();
+    setCurrentFileNameSource(nullptr);
+    setProgramEnd(nullptr);
+}
+
+void resetSettingsState() {
+    resetSettings();  // with the element attributes and the page settings
+    clearProfileCache();
+    localeTexts() = LocaleTexts{};
+}
+
+void resetFilesAndAnalysis() {
+    resetBasiclan();
+    resetSourceTables();
+    resetFileTable();
+    resetProjectFiles();
+    resetFileSelection();
+    resetNavigation();
+}
+
+void resetDisplay() {
+    resetMainWindow();
+    resetEmitterState();
+    resetConnectorStack();
+    resetLayoutMetrics();
+    resetViewingState();
+}
+
+}  // namespace
+
+void resetModuleState() {
+    resetDiagnostics();
+    resetSettingsState();
+    resetFilesAndAnalysis();
+    resetDisplay();
+    resetHlydMain();
+}
+
+}  // namespace hlyd
