@@ -107,27 +107,35 @@ void BM_LoadLargeFile(benchmark::State& state) {
 }
 BENCHMARK(BM_LoadLargeFile)->Unit(benchmark::kMillisecond);
 
-// A project of 500 members, every one of them checked on the disk.
-void BM_ReadProjectOf500Members(benchmark::State& state) {
-    static const std::string path = [] {
-        namespace fs = std::filesystem;
-        fs::path dir = fs::temp_directory_path() / "hlyd-bench-project";
-        fs::create_directories(dir);
-        std::ofstream vbp(dir / "Big.vbp", std::ios::binary);
-        vbp << "Type=Exe\r\n";
-        for (int i = 1; i <= 500; ++i) {
-            std::string name = "Mod" + std::to_string(i);
-            vbp << "Module=" << name << "; " << name << ".bas\r\n";
-            std::ofstream(dir / (name + ".bas"), std::ios::binary) << "Attribute VB_Name = \"" << name
-                                                                    << "\"\r\nOption Explicit\r\n";
-        }
-        return (dir / "Big.vbp").string();
-    }();
+// A project in a folder of its own, of `count` modules named `member` and a number, beside
+// `count` files named `file` and a number: the same names for members that are there.
+std::string benchProject(const std::string& folder, const std::string& member, const std::string& file, int count) {
+    namespace fs = std::filesystem;
+    fs::path dir = fs::temp_directory_path() / folder;
+    fs::create_directories(dir);
+    std::ofstream vbp(dir / "Big.vbp", std::ios::binary);
+    vbp << "Type=Exe\r\n";
+    for (int i = 1; i <= count; ++i) {
+        std::string n = std::to_string(i);
+        vbp << "Module=" << member << n << "; " << member << n << ".bas\r\n";
+        std::ofstream(dir / (file + n + ".bas"), std::ios::binary)
+            << "Attribute VB_Name = \"" << file << n << "\"\r\nOption Explicit\r\n";
+    }
+    return (dir / "Big.vbp").string();
+}
+
+void readProject(benchmark::State& state, const std::string& path) {
     for (auto _ : state) {
         hlyd::resetFileTable();
         hlyd::PFParseFile({hlyd::cFileDesc{path, hlyd::kFileProject, true, 0, 0}});
     }
     state.counters["files"] = static_cast<double>(hlyd::oFile().Count());
+}
+
+// A project of 500 members, every one of them checked on the disk.
+void BM_ReadProjectOf500Members(benchmark::State& state) {
+    static const std::string path = benchProject("hlyd-bench-project", "Mod", "Mod", 500);
+    readProject(state, path);
 }
 BENCHMARK(BM_ReadProjectOf500Members)->Unit(benchmark::kMillisecond);
 
@@ -135,23 +143,8 @@ BENCHMARK(BM_ReadProjectOf500Members)->Unit(benchmark::kMillisecond);
 // member is looked for with its letter case mended, in the one listing of the folder. When the
 // folder was read again for each member this took 94 s; with one listing per read, 0.16 s.
 void BM_ReadProjectOf10000MissingMembers(benchmark::State& state) {
-    static const std::string path = [] {
-        namespace fs = std::filesystem;
-        fs::path dir = fs::temp_directory_path() / "hlyd-bench-missing";
-        fs::create_directories(dir);
-        std::ofstream vbp(dir / "Missing.vbp", std::ios::binary);
-        vbp << "Type=Exe\r\n";
-        for (int i = 1; i <= 10000; ++i) {
-            std::string n = std::to_string(i);
-            vbp << "Module=Gone" << n << "; Gone" << n << ".bas\r\n";
-            std::ofstream(dir / ("Here" + n + ".bas"), std::ios::binary) << "Attribute VB_Name = \"Here" << n << "\"\r\n";
-        }
-        return (dir / "Missing.vbp").string();
-    }();
-    for (auto _ : state) {
-        hlyd::resetFileTable();
-        hlyd::PFParseFile({hlyd::cFileDesc{path, hlyd::kFileProject, true, 0, 0}});
-    }
+    static const std::string path = benchProject("hlyd-bench-missing", "Gone", "Here", 10000);
+    readProject(state, path);
     state.counters["BabStatus"] = hlyd::theDebug().BabStatus;
 }
 BENCHMARK(BM_ReadProjectOf10000MissingMembers)->Unit(benchmark::kMillisecond)->Iterations(1);

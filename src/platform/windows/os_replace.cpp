@@ -1,6 +1,5 @@
-// Whole-file replacement on Windows: a temporary file beside the target, flushed to the disk, put
-// in the target's place by ReplaceFile (which keeps the target's attributes and security) or, for
-// a new file, by a move that is written through.
+// Whole-file replacement on Windows: a temporary file beside the target, flushed to the disk, given
+// the target's attributes, and moved over it by a move that is written through.
 #include "platform/os.h"
 #include "platform/os_shared.h"
 #include "platform/windows/win_support.h"
@@ -32,7 +31,7 @@ struct AtomicWriter::Handle {
     HANDLE h = INVALID_HANDLE_VALUE;
     std::string target;
     std::string temp;
-    bool replacing = false;
+    DWORD attributes = 0;  // the target's, kept: hidden, system, archive
     std::string pending;  // written out in blocks: a document comes a line at a time
 };
 
@@ -45,7 +44,8 @@ int AtomicWriter::begin(const std::string& target) {
     h.target = linkTarget(target);
     FileInfo info = fileInfo(h.target);
     if (int problem = shared::replaceTargetProblem(info); problem != 0) return error_ = problem;
-    h.replacing = info.exists();
+    DWORD old = info.exists() ? GetFileAttributesA(h.target.c_str()) : INVALID_FILE_ATTRIBUTES;
+    h.attributes = old == INVALID_FILE_ATTRIBUTES ? 0 : old & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE);
     h.temp = shared::tempNameBeside(h.target);
     h.h = CreateFileA(h.temp.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h.h == INVALID_HANDLE_VALUE) {
@@ -75,9 +75,8 @@ int AtomicWriter::commit() {
     CloseHandle(h.h);
     h.h = INVALID_HANDLE_VALUE;
     if (ok) {
-        ok = h.replacing ? ReplaceFileA(h.target.c_str(), h.temp.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
-                                        nullptr, nullptr) != 0
-                         : MoveFileExA(h.temp.c_str(), h.target.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
+        if (h.attributes != 0) SetFileAttributesA(h.temp.c_str(), h.attributes);
+        ok = MoveFileExA(h.temp.c_str(), h.target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
         if (!ok) error_ = win::lastErrno();
     }
     if (ok) {
