@@ -11,6 +11,7 @@
 #include "printing/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
+#include "settings/window_place.h"
 #include "shell/app_info.h"
 #include "shell/hlyd_error.h"
 #include "test_support.h"
@@ -183,6 +184,44 @@ TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {
     EXPECT_EQ(element(kPrint, kElemKeyWords).ForeColor, 16711680u);
     EXPECT_EQ(displayAttributes().Format[kDisplay].ProcSkip, 'P');
     EXPECT_EQ(displayAttributes().Format[kPrint].ProcSkip, 'N');
+}
+
+// Values no one would choose on purpose give way to the defaults: a window place off every
+// screen or too small to work in, negative widths and font sizes, text in its background's colour.
+TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
+    setScreenSizeTwips(1920 * 15, 1080 * 15);
+    const std::array<std::int32_t, 4> place{2880, 2700, 23040, 10800};  // a tenth in, a sixth down
+    for (const char* screen : {"999999 999999 12000 9000", "-20000 300 12000 9000", "300 -5000 12000 9000",
+                               "300 300 1200 9000", "300 300 12000 900", "300 300 -12000 -9000"}) {
+        loadFrom(std::string("[General]\nScreen=") + screen + "\n");
+        EXPECT_EQ(hlydSettings().Screen, place) << screen;
+    }
+    loadFrom("[General]\nScreen=-3000 300 12000 9000\n");  // partly off the left edge: still usable
+    EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{-3000, 300, 12000, 9000}));
+    setScreenAreasTwips({{0, 0, 28800, 16200}, {28800, 0, 28800, 16200}});
+    loadFrom("[General]\nScreen=30000 300 12000 9000\n");  // on the second screen
+    EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{30000, 300, 12000, 9000}));
+    setScreenSizeTwips(1920 * 15, 1080 * 15);
+
+    loadFrom("[General]\nCurrentPrinter=P1\n"
+             "[Format]\nIndentAmount.Display=-3\nTabWidth.Print=-1\nTabWidth.Display=0\n"
+             "[Display]\nFontAttr.Comments=No Yes No No -9\n"
+             "Color.Foreground.Identifiers=255\nColor.Background.Identifiers=255\n"
+             "Color.Foreground.Literals=16777215\nColor.Background.Literals=16777215\n"
+             "[P1.Print]\nFontAttr.KeyWords=Yes No No No -1\n"
+             "Color.Foreground.Literals=0\nColor.Background.Literals=0\n");
+    const std::array<FormatRecord, 3>& format = displayAttributes().Format;
+    EXPECT_EQ(format[kDisplay].IndentAmount, 4);
+    EXPECT_EQ(format[kPrint].TabWidth, 4);
+    EXPECT_EQ(format[kDisplay].TabWidth, 0);  // no tab width is a choice
+    EXPECT_EQ(element(kDisplay, kElemComments).Font.Size, 10);
+    EXPECT_EQ(element(kPrint, kElemKeyWords).Font.Size, 12);
+    EXPECT_EQ(element(kDisplay, kElemIdentifiers).ForeColor, 0u);
+    EXPECT_EQ(element(kDisplay, kElemIdentifiers).BackColor, 255u);
+    EXPECT_EQ(element(kDisplay, kElemLiterals).ForeColor, 0u);  // white on the white it was stored as
+    // The default colour is the background's too: the default background comes back with it.
+    EXPECT_EQ(element(kPrint, kElemLiterals).ForeColor, 0u);
+    EXPECT_EQ(element(kPrint, kElemLiterals).BackColor, 16777215u);
 }
 
 TEST_F(SettingsStoreTest, DialectReadFromDialectSavedUnderDefault) {
