@@ -1,6 +1,7 @@
 // The settings store: first run against later run, a file of another version brought up to
 // date, the older keys and the sanity rules on reading, and save routines that each write
 // exactly their own keys.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -279,14 +280,13 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
     EXPECT_TRUE(debug.count("Debug/LogFile"));
 }
 
-// Junk of every byte but CR: the settings load with their defaults, and the first-run save adds its
-// keys behind the junk, which stays byte for byte.
+// Junk of every byte: the settings load with their defaults, and the first-run save adds its keys
+// behind the junk, which stays byte for byte, lone CRs and all.
 TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaultsAndIsKept) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> byte(0, 255);
     std::string junk;
-    while (junk.size() < 2'000'000)
-        if (char c = static_cast<char>(byte(random)); c != '\r') junk += c;
+    while (junk.size() < 2'000'000) junk += static_cast<char>(byte(random));
     writeIni(junk);
     loadSettingsAtStartup();
     const HlydSettings& s = hlydSettings();
@@ -301,6 +301,29 @@ TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaultsAndIsKept) {
     ASSERT_GT(after.size(), junk.size());
     EXPECT_TRUE(after.compare(0, junk.size(), junk) == 0) << "the junk was changed";
     clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("Version", "", "General"), theAppInfo().Version);
+}
+
+// The user's lines keep their own endings, whatever the mix; a header that is not one does not take
+// our keys: they go into sections of their own behind the user's text.
+TEST_F(SettingsStoreTest, UserTextKeepsItsLineEndsAndOurKeysTheirOwnSections) {
+    const std::string mine = "[Mine]\r\nA=1\nB=2\r[General\nVersion=junk\r\n\x01\x02 no end";
+    writeIni(mine);
+    loadSettingsAtStartup();
+    EXPECT_TRUE(hlydSettings().FirstRun);
+    std::string after = iniText();
+    ASSERT_GT(after.size(), mine.size());
+    EXPECT_EQ(after.substr(0, mine.size()), mine);
+    std::string ours = after.substr(mine.size());
+    EXPECT_EQ(ours.rfind("\r\n\r\n[", 0), 0u) << ours.substr(0, 40);
+    EXPECT_NE(ours.find("\r\n[General]\r\n"), std::string::npos);
+    std::size_t crlf = 0;
+    for (std::size_t at = ours.find("\r\n"); at != std::string::npos; at = ours.find("\r\n", at + 2)) ++crlf;
+    EXPECT_EQ(crlf, static_cast<std::size_t>(std::count(ours.begin(), ours.end(), '\n')))
+        << "our lines end as the file's first line does";
+    clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("A", "", "Mine"), "1");
+    EXPECT_EQ(iniHandler().ReadString("B", "", "Mine"), "2");
     EXPECT_EQ(iniHandler().ReadString("Version", "", "General"), theAppInfo().Version);
 }
 
