@@ -274,6 +274,23 @@ TEST_F(WindowedStartTest, ClosingTheWindowKeepsItsPlaceInTheSettings) {
     EXPECT_NE(text.find("Screen=" + std::to_string(expected[0]) + " " + std::to_string(expected[1])), std::string::npos);
 }
 
+// Settings that cannot be kept do not stop the window: the user is told why, once, and works on.
+TEST_F(WindowedStartTest, AnUnwritableSettingsFolderIsToldAndTheWindowWorks) {
+    std::ofstream(dir + "/plain") << "not a directory";
+    useConfigDir(dir + "/plain/config");
+    ASSERT_EQ(Main("/idemode"), 0);
+    HlydWindow* window = windowedMainWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find("will not be kept"), std::string::npos) << ui.shown[0].text;
+    ui.openAnswers.push_back(std::vector<std::string>{kSampleModule});
+    window->action("mnuFilOpen")->trigger();
+    EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
+    window->close();
+    EXPECT_EQ(ui.shown.size(), 1u);
+}
+
 TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {
     std::ofstream(dir + "/HLYD.INI") << "[General]\nShowOpenDialog=No\n";
     EXPECT_EQ(Main("/idemode"), 0);
