@@ -233,7 +233,7 @@ TEST_F(FileLoadingTest, StatusTextOnlyEveryTenthLineGroupedAsTheLocaleSays) {
     localeTexts() = before;
 }
 
-TEST_F(FileLoadingTest, BadIndexAndVanishedFileRaise) {
+TEST_F(FileLoadingTest, BadIndexRaisesAndAnUnopenableFileLeavesAStatus) {
     std::int16_t which = add("Shapes.bas", kModule);
     try {
         ProcessSelectedFile(static_cast<std::int16_t>(which + 1));
@@ -244,27 +244,51 @@ TEST_F(FileLoadingTest, BadIndexAndVanishedFileRaise) {
         EXPECT_EQ(theDebug().BabStatus, -6);
     }
 
-    // Listed, then deleted before it was shown.
+    // Listed and loaded, then deleted: the next load leaves empty tables and says why.
     resetDebug();
+    ProcessSelectedFile(which);
     fs::remove(oFile().Item(which).FileName);
-    try {
-        ProcessSelectedFile(which);
-        FAIL() << "a vanished file must raise";
-    } catch (const HlydError& e) {
-        EXPECT_EQ(e.Number, 53);
-    }
-    EXPECT_EQ(oFile().Count(), 1);  // the entry stays
+    ProcessSelectedFile(which);
+    EXPECT_EQ(theDebug().BabStatus, kStatusFileUnreadable);
+    EXPECT_EQ(theDebug().BabStatusDetail, 53);
+    EXPECT_FALSE(fileTable().openFailure.empty());
+    EXPECT_EQ(theSourceTables().RecordCount, 0);
+    EXPECT_EQ(yProc().size(), 1u);
+    EXPECT_EQ(oFile().Count(), 1);  // the one who shows it decides
 
     // Replaced by a FIFO: refused at once for what it is, not waited on nor called missing.
     ASSERT_EQ(::mkfifo(oFile().Item(which).FileName.c_str(), 0644), 0);
-    try {
-        ProcessSelectedFile(which);
-        FAIL() << "a FIFO must raise";
-    } catch (const HlydError& e) {
-        EXPECT_EQ(e.Number, 75);
-        EXPECT_EQ(e.Description, "Not a regular file");
-    }
+    ProcessSelectedFile(which);
+    EXPECT_EQ(theDebug().BabStatusDetail, 75);
+    EXPECT_EQ(fileTable().openFailure, "Not a regular file");
     fs::remove(oFile().Item(which).FileName);
+}
+
+// Between listing and showing a file may vanish: the user is told its name, it is closed, and
+// the window goes on with the file that takes its place.
+TEST_F(FileLoadingTest, VanishedFileIsNamedAndClosedAndTheOthersGoOn) {
+    add("A.bas", "Sub A()\nEnd Sub\n");
+    std::int16_t gone = add("Gone.bas", kModule);
+    add("C.bas", "Sub C()\nEnd Sub\n");
+    const std::string goneName = oFile().Item(gone).FileName;
+    fs::remove(goneName);
+    HlydFLProcessSelectedFile(gone);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find(goneName), std::string::npos) << ui.shown[0].text;
+    EXPECT_EQ(oFile().Count(), 2);
+    EXPECT_EQ(mainWindow().Caption, "Halyard - C.bas");
+    EXPECT_EQ(fileTable().wCurrentFile, 2);
+    EXPECT_EQ(mainWindow().windowMenu.size(), 2u);
+    EXPECT_FALSE(ui.busy);
+
+    // The last file going too leaves an empty window, and every name was told.
+    fs::remove(oFile().Item(1).FileName);
+    fs::remove(oFile().Item(2).FileName);
+    HlydFLProcessSelectedFile(2);
+    EXPECT_EQ(ui.shown.size(), 3u);
+    EXPECT_EQ(oFile().Count(), 0);
+    EXPECT_EQ(fileTable().wCurrentFile, 0);
+    EXPECT_EQ(mainWindow().Caption, "Halyard");
 }
 
 TEST_F(FileLoadingTest, NavigationOverTheLoadedRecords) {

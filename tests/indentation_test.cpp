@@ -83,6 +83,22 @@ TEST_F(IndentationTest, ConditionalCompilationStandsAtTheMargin) {
     EXPECT_EQ(indents(10), (std::vector<int>{0, 0, 1, 0, 0, 0, 1, 0, 0, 0}));
 }
 
+// A file that ends just after "#End If" lends nothing to the file read after it.
+TEST_F(IndentationTest, NextFileStartsAtTheMarginAfterAFileEndingInHashEndIf) {
+    analyze(
+        "If a Then\n"
+        "#If A Then\n"
+        "x = 1\n"
+        "#End If\n");
+    analyze(
+        "y = 1\n"
+        "If b Then\n"
+        "z = 1\n"
+        "End If\n");
+    EXPECT_EQ(indents(4), (std::vector<int>{0, 0, 1, 0}));
+    EXPECT_FALSE(basiclan().RestoreIndent);
+}
+
 TEST_F(IndentationTest, UnbalancedCloserIsLoggedAndReadingGoesOn) {
     std::string logPath = test::writeTempFile("indentation-test.log", "");
     theLog().LogOpen(logPath, 1);

@@ -1,6 +1,7 @@
 // The settings store: first run against later run, a file of another version brought up to
 // date, the older keys and the sanity rules on reading, and save routines that each write
 // exactly their own keys.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -14,6 +15,7 @@
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "files/mru.h"
+#include "settings/window_place.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -186,6 +188,44 @@ TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {
     EXPECT_EQ(displayAttributes().Format[kPrint].ProcSkip, 'N');
 }
 
+// Values no one would choose on purpose give way to the defaults: a window place off every
+// screen or too small to work in, negative widths and font sizes, text in its background's colour.
+TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
+    setScreenSizeTwips(1920 * 15, 1080 * 15);
+    const std::array<std::int32_t, 4> place{2880, 2700, 23040, 10800};  // a tenth in, a sixth down
+    for (const char* screen : {"999999 999999 12000 9000", "-20000 300 12000 9000", "300 -5000 12000 9000",
+                               "300 300 1200 9000", "300 300 12000 900", "300 300 -12000 -9000"}) {
+        loadFrom(std::string("[General]\nScreen=") + screen + "\n");
+        EXPECT_EQ(hlydSettings().Screen, place) << screen;
+    }
+    loadFrom("[General]\nScreen=-3000 300 12000 9000\n");  // partly off the left edge: still usable
+    EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{-3000, 300, 12000, 9000}));
+    setScreenAreasTwips({{0, 0, 28800, 16200}, {28800, 0, 28800, 16200}});
+    loadFrom("[General]\nScreen=30000 300 12000 9000\n");  // on the second screen
+    EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{30000, 300, 12000, 9000}));
+    setScreenSizeTwips(1920 * 15, 1080 * 15);
+
+    loadFrom("[General]\nCurrentPrinter=P1\n"
+             "[Format]\nIndentAmount.Display=-3\nTabWidth.Print=-1\nTabWidth.Display=0\n"
+             "[Display]\nFontAttr.Comments=No Yes No No -9\n"
+             "Color.Foreground.Identifiers=255\nColor.Background.Identifiers=255\n"
+             "Color.Foreground.Literals=16777215\nColor.Background.Literals=16777215\n"
+             "[P1.Print]\nFontAttr.KeyWords=Yes No No No -1\n"
+             "Color.Foreground.Literals=0\nColor.Background.Literals=0\n");
+    const std::array<FormatRecord, 3>& format = displayAttributes().Format;
+    EXPECT_EQ(format[kDisplay].IndentAmount, 4);
+    EXPECT_EQ(format[kPrint].TabWidth, 4);
+    EXPECT_EQ(format[kDisplay].TabWidth, 0);  // no tab width is a choice
+    EXPECT_EQ(element(kDisplay, kElemComments).Font.Size, 10);
+    EXPECT_EQ(element(kPrint, kElemKeyWords).Font.Size, 12);
+    EXPECT_EQ(element(kDisplay, kElemIdentifiers).ForeColor, 0u);
+    EXPECT_EQ(element(kDisplay, kElemIdentifiers).BackColor, 255u);
+    EXPECT_EQ(element(kDisplay, kElemLiterals).ForeColor, 0u);  // white on the white it was stored as
+    // The default colour is the background's too: the default background comes back with it.
+    EXPECT_EQ(element(kPrint, kElemLiterals).ForeColor, 0u);
+    EXPECT_EQ(element(kPrint, kElemLiterals).BackColor, 16777215u);
+}
+
 TEST_F(SettingsStoreTest, DialectReadFromDialectSavedUnderDefault) {
     loadFrom("[Dialect]\nDialect=4\nDefault=5\nDetect=manual\n");
     EXPECT_EQ(hlydSettings().Dialect, "4");
@@ -241,14 +281,13 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
     EXPECT_TRUE(debug.count("Debug/LogFile"));
 }
 
-// Junk of every byte but CR: the settings load with their defaults, and the first-run save adds its
-// keys behind the junk, which stays byte for byte.
+// Junk of every byte: the settings load with their defaults, and the first-run save adds its keys
+// behind the junk, which stays byte for byte, lone CRs and all.
 TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaultsAndIsKept) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> byte(0, 255);
     std::string junk;
-    while (junk.size() < 2'000'000)
-        if (char c = static_cast<char>(byte(random)); c != '\r') junk += c;
+    while (junk.size() < 2'000'000) junk += static_cast<char>(byte(random));
     writeIni(junk);
     loadSettingsAtStartup();
     const HlydSettings& s = hlydSettings();
@@ -263,6 +302,29 @@ TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaultsAndIsKept) {
     ASSERT_GT(after.size(), junk.size());
     EXPECT_TRUE(after.compare(0, junk.size(), junk) == 0) << "the junk was changed";
     clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("Version", "", "General"), theAppInfo().Version);
+}
+
+// The user's lines keep their own endings, whatever the mix; a header that is not one does not take
+// our keys: they go into sections of their own behind the user's text.
+TEST_F(SettingsStoreTest, UserTextKeepsItsLineEndsAndOurKeysTheirOwnSections) {
+    const std::string mine = "[Mine]\r\nA=1\nB=2\r[General\nVersion=junk\r\n\x01\x02 no end";
+    writeIni(mine);
+    loadSettingsAtStartup();
+    EXPECT_TRUE(hlydSettings().FirstRun);
+    std::string after = iniText();
+    ASSERT_GT(after.size(), mine.size());
+    EXPECT_EQ(after.substr(0, mine.size()), mine);
+    std::string ours = after.substr(mine.size());
+    EXPECT_EQ(ours.rfind("\r\n\r\n[", 0), 0u) << ours.substr(0, 40);
+    EXPECT_NE(ours.find("\r\n[General]\r\n"), std::string::npos);
+    std::size_t crlf = 0;
+    for (std::size_t at = ours.find("\r\n"); at != std::string::npos; at = ours.find("\r\n", at + 2)) ++crlf;
+    EXPECT_EQ(crlf, static_cast<std::size_t>(std::count(ours.begin(), ours.end(), '\n')))
+        << "our lines end as the file's first line does";
+    clearProfileCache();
+    EXPECT_EQ(iniHandler().ReadString("A", "", "Mine"), "1");
+    EXPECT_EQ(iniHandler().ReadString("B", "", "Mine"), "2");
     EXPECT_EQ(iniHandler().ReadString("Version", "", "General"), theAppInfo().Version);
 }
 

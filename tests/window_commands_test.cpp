@@ -12,6 +12,7 @@
 #include "files/main_window_model.h"
 #include "files/mru.h"
 #include "settings/settings_store.h"
+#include "shell/command_status.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
 
@@ -129,6 +130,23 @@ TEST_F(WindowCommandsTest, ProcedureButtonsFollowThePositionInTheList) {
     EXPECT_FALSE(cmd("tbrNextProcedure").enabled);
 }
 
+// A file of declarations only gives the list one entry: neither step leads anywhere, whether
+// the list stands on its entry or on none.
+TEST_F(WindowCommandsTest, FileWithoutProceduresOffersNoProcedureSteps) {
+    showSource("decl.bas", "Attribute VB_Name = \"D\"\nOption Explicit\nDim x As Long\n");
+    SortedListModel& list = mainWindow().cboProc;
+    ASSERT_EQ(list.ListCount(), 1);
+    for (int index : {-1, 0}) {
+        list.ListIndex = index;
+        sbProcButtonsSet();
+        EXPECT_TRUE(cmd("cboProc").enabled);
+        EXPECT_FALSE(cmd("tbrPriorProcedure").enabled) << index;
+        EXPECT_FALSE(cmd("mnuViewProc1").enabled) << index;
+        EXPECT_FALSE(cmd("tbrNextProcedure").enabled) << index;
+        EXPECT_FALSE(cmd("mnuViewProc0").enabled) << index;
+    }
+}
+
 TEST_F(WindowCommandsTest, FileButtonsFollowTheCurrentFile) {
     openFiles(3);
     auto at = [](int current) {
@@ -218,6 +236,56 @@ TEST_F(WindowCommandsTest, OpenShowsTheChosenFileAndCloseEmptiesTheWindow) {
     mnuFileMRU_Click(1);
     EXPECT_EQ(oFile().Count(), 1);
     EXPECT_EQ(ui.dialogs.size(), 2u);
+}
+
+// A recent file that is gone is not opened; the user may take it off the list.
+TEST_F(WindowCommandsTest, MissingRecentFileIsOfferedForRemoval) {
+    std::string a = writeModule("a.bas");
+    std::string gone = (fs::path(dir) / "gone.bas").string();
+    setMRU({gone, a});
+    ShowMRU();
+    ui.answers = {MsgAnswer::No};
+    mnuFileMRU_Click(1);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].buttons, MsgButtons::YesNo);
+    EXPECT_NE(ui.shown[0].text.find(gone), std::string::npos);
+    EXPECT_EQ(oFile().Count(), 0);
+    EXPECT_EQ(mru(), (Names{gone, a, "", "", "", "", ""}));
+
+    ui.answers = {MsgAnswer::Yes};
+    mnuFileMRU_Click(1);
+    EXPECT_EQ(mru(), (Names{a, "", "", "", "", "", ""}));
+    EXPECT_EQ(mainWindow().mruCaptions.at(0), "&1 " + a);
+    EXPECT_EQ(mainWindow().mruCaptions.at(1), "");
+    EXPECT_EQ(iniHandler().ReadString("MRU1", "", "MRU"), a);
+    EXPECT_EQ(iniHandler().ReadString("MRU2", "", "MRU"), "");
+    EXPECT_EQ(oFile().Count(), 0);
+}
+
+// A project whose members are all missing leaves nothing open, and nothing to act on is offered.
+TEST_F(WindowCommandsTest, ProjectWithNoReadableMemberLeavesNothingEnabled) {
+    fs::path project = fs::path(dir) / "p.vbp";
+    std::ofstream(project, std::ios::binary) << "Type=Exe\nModule=M1; missing1.bas\nModule=M2; missing2.bas\n";
+    ui.openAnswers = {Names{project.string()}};
+    mnuFilOpen_Click();
+    for (const char* name : {"mnuFilClose", "mnuFilCloseAll", "tbrClose", "mnuFileHTML", "cboProc", "tbrProcedures",
+                             "tbrPriorProcedure", "mnuViewProc1", "tbrNextProcedure", "mnuViewProc0", "tbrPriorFile",
+                             "mnuViewFile1", "tbrNextFile", "mnuViewFile0"})
+        EXPECT_FALSE(cmd(name).enabled) << name << " with " << oFile().Count() << " files, current "
+                                        << fileTable().wCurrentFile;
+}
+
+// Once a command is over the status label is at rest again, unless it holds a result to read.
+TEST_F(WindowCommandsTest, StatusComesBackToReadyAfterACommand) {
+    for (const char* progress : {"Processing...", "Line:", "Line:120", " Lines parsed: 1,230 ",
+                                 "Generating HTML for file a.bas ...", ""}) {
+        mainWindow().lblStatus = progress;
+        settleStatusAfterCommand();
+        EXPECT_EQ(mainWindow().lblStatus, "Ready") << progress;
+    }
+    mainWindow().lblStatus = "HTML generated for a.bas";
+    settleStatusAfterCommand();
+    EXPECT_EQ(mainWindow().lblStatus, "HTML generated for a.bas");
 }
 
 }  // namespace

@@ -61,6 +61,9 @@ void LogicalLineParser::parse() {
     if (firstRecord_ == 1) {
         m_.IndentLevel = 0;
         m_.InClassHeader = m_.InFormHeader = false;
+        // A file that ended just after "#End If" must not hand its level on to the next file.
+        m_.SavedIndent = 0;
+        m_.RestoreIndent = m_.InHashIf = false;
     }
     if (!leadingComments()) return;
     codeRecord_ = lastCodeRecord_ = lastReadRecord(file_, t_);

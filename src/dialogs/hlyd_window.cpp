@@ -22,6 +22,7 @@
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
+#include "shell/command_status.h"
 #include "shell/error_report.h"
 #include "shell/window_commands.h"
 
@@ -121,6 +122,7 @@ void HlydWindow::presentView() {
 // Every command ends in the common tail: an unexpected failure goes to the error report.
 void HlydWindow::runCommand(const std::function<void()>& command) {
     trapErrors("HLYD", command);
+    settleStatusAfterCommand();
     refreshFromModel();
 }
 
@@ -132,7 +134,7 @@ void HlydWindow::runToolbarCommand(const std::function<void()>& command) {
     lblStatus_->setText(fromUtf8(w.lblStatus));
     lblStatus_->repaint();
     trapErrors("HLYD", command);
-    if (w.lblStatus == "Processing...") w.lblStatus = "Ready";
+    settleStatusAfterCommand();
     refreshFromModel();
 }
 

@@ -45,6 +45,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     // Tips of the toolbar stay hidden while the ToolTips setting is off.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -56,6 +57,8 @@ private:
     void buildViewMenu();
     void buildWindowAndHelpMenus();
     void buildToolBar();
+    QToolBar* addButtonBar(const QString& title, const char* name);
+    void placeToolBars();
     void buildPopupMenu();
     QAction* addCommand(QMenu* menu, const std::string& name, const QString& caption, std::function<void()> run);
     QAction* addButton(const std::string& name, const QString& caption, std::function<void()> run);
@@ -84,6 +87,7 @@ private:
     QLabel* lblRecord_ = nullptr;
     QLabel* lblStatus_ = nullptr;
     QToolBar* toolBar_ = nullptr;
+    QToolBar* fileBar_ = nullptr;  // the procedure list and the file buttons
     QMenu* fileMenu_ = nullptr;
     QMenu* viewMenu_ = nullptr;
     QMenu* windowMenu_ = nullptr;

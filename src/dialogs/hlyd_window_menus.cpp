@@ -40,7 +40,11 @@ QAction* HlydWindow::addButton(const std::string& name, const QString& caption, 
     auto* button = new QAction(caption, this);
     button->setObjectName(fromUtf8(name));
     connect(button, &QAction::triggered, this, [this, run] { runToolbarCommand(run); });
-    toolBar_->addAction(button);
+    QToolBar* bar = fileBar_ ? fileBar_ : toolBar_;
+    bar->addAction(button);
+    // A button without a tip of its own shows its caption as one: the ToolTips setting is kept on
+    // the button itself, not only on the bar around it.
+    bar->widgetForAction(button)->installEventFilter(this);
     actions_[name] = button;
     return button;
 }
@@ -117,12 +121,20 @@ void HlydWindow::buildWindowAndHelpMenus() {
     addCommand(help, "mnuHelAbout", "&About Halyard...", [this] { showAbout(); });
 }
 
+QToolBar* HlydWindow::addButtonBar(const QString& title, const char* name) {
+    QToolBar* bar = addToolBar(title);
+    bar->setObjectName(name);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    bar->installEventFilter(this);
+    return bar;
+}
+
+// The toolbar is two bars in one row: from the procedure list on the second one goes to a row
+// of its own when the window is too narrow for both, so that the list and the file buttons are
+// never folded away behind the bar's edge.
 void HlydWindow::buildToolBar() {
-    toolBar_ = addToolBar("Toolbar");
-    toolBar_->setObjectName("tbrToolBar");
-    toolBar_->setMovable(false);
-    toolBar_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    toolBar_->installEventFilter(this);
+    toolBar_ = addButtonBar("Toolbar", "tbrToolBar");
     addButton("tbrOpen", "Open", mnuFilOpen_Click);
     addButton("tbrClose", "Close", mnuFilClose_Click);
     addButton("tbrPrint", "Print", nothing);
@@ -131,12 +143,14 @@ void HlydWindow::buildToolBar() {
     addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
     addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });
     addButton("tbrPrintThisProcedure", "Print This Procedure", nothing);
-    cboProc_ = new QComboBox(toolBar_);
+    fileBar_ = addButtonBar("Procedures and files", "tbrToolBarFiles");
+    cboProc_ = new QComboBox(fileBar_);
     cboProc_->setObjectName("cboProc");
     cboProc_->setMinimumContentsLength(16);
     cboProc_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cboProc_->setMaxVisibleItems(24);
-    actions_["tbrProcedures"] = toolBar_->addWidget(cboProc_);
+    cboProc_->installEventFilter(this);
+    actions_["tbrProcedures"] = fileBar_->addWidget(cboProc_);
     connect(cboProc_, &QComboBox::activated, this, &HlydWindow::onProcChosen);
     addButton("tbrPriorFile", "Prior File", [] { mnuViewFile_Click(1); });
     addButton("tbrNextFile", "Next File", [] { mnuViewFile_Click(0); });

@@ -20,6 +20,9 @@ namespace hlyd {
 namespace {
 
 const std::string kMoreFiles = "&More Files ... ";
+// The procedure list's width in characters: at least this, and at most that however long a name.
+constexpr std::size_t kProcListMin = 16;
+constexpr std::size_t kProcListMax = 40;
 
 // Item i of the View menu's list is open file i + 1; the item for more files asks for one.
 void chooseFromViewList(int item) {
@@ -76,7 +79,14 @@ void HlydWindow::refreshProcList() {
     if (shownProcs_ != list.items()) {
         shownProcs_ = list.items();
         cboProc_->clear();
-        for (const std::string& name : shownProcs_) cboProc_->addItem(fromCp1252(name));
+        std::size_t longest = 0;
+        for (const std::string& name : shownProcs_) {
+            cboProc_->addItem(fromCp1252(name));
+            longest = std::max(longest, name.size());
+        }
+        // Wide enough for the longest name of the file, within limits: a name of a hundred
+        // characters is cut rather than push the file buttons off the bar.
+        cboProc_->setMinimumContentsLength(static_cast<int>(std::clamp<std::size_t>(longest, kProcListMin, kProcListMax)));
     }
     if (cboProc_->currentIndex() != list.ListIndex) cboProc_->setCurrentIndex(list.ListIndex);
     syncing_ = false;
@@ -128,8 +138,22 @@ void HlydWindow::refreshDynamicMenus() {
 void HlydWindow::refreshBars() {
     const HlydSettings& s = hlydSettings();
     if (toolBar_->isVisibleTo(this) != s.ToolBar) toolBar_->setVisible(s.ToolBar);
+    if (fileBar_->isVisibleTo(this) != s.ToolBar) fileBar_->setVisible(s.ToolBar);
+    placeToolBars();
     if (statusBar()->isVisibleTo(this) != s.StatusBar) statusBar()->setVisible(s.StatusBar);
     debugMenu_->menuAction()->setVisible(s.DebugMenu);
+}
+
+void HlydWindow::placeToolBars() {
+    bool narrow = toolBar_->sizeHint().width() + fileBar_->sizeHint().width() > width();
+    if (narrow == toolBarBreak(fileBar_)) return;
+    if (narrow) insertToolBarBreak(fileBar_);
+    else removeToolBarBreak(fileBar_);
+}
+
+void HlydWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    placeToolBars();
 }
 
 bool HlydWindow::eventFilter(QObject* watched, QEvent* event) {

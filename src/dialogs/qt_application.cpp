@@ -13,6 +13,7 @@
 #include "platform/qt/screen_metrics.h"
 #include "platform/surface.h"
 #include "settings/settings_store.h"
+#include "settings/window_place.h"
 #include "shell/app_start.h"
 #include "shell/start_mode.h"
 
@@ -104,6 +105,7 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     QApplication::setApplicationName("Halyard");
     QSize screen = screenSizeTwips();
     setScreenSizeTwips(screen.width(), screen.height());
+    setScreenAreasTwips(screenAreasInTwips());
     // A run that works from the command line shows no window: its messages go to standard error
     // and are answered at once, so that nobody is left waiting on a box that no one sees.
     QtUi windowUi;

@@ -66,14 +66,20 @@ void sbProcButtonsSet() {
     bool atFirst = list.ListIndex == 0;
     // A last line " ..." stands for procedures not read yet: there is more to go to.
     bool atLast = listUsable && list.ListIndex == last && trimSpaces(list.List(last)) != "...";
-    setButtonAndMenu("tbrPriorProcedure", "mnuViewProc1", listUsable && !atFirst);
-    setButtonAndMenu("tbrNextProcedure", "mnuViewProc0", listUsable && !atLast);
+    // A list of one entry (declarations only, or one procedure) has nowhere to go, wherever the
+    // list stands; the bare position rule would offer a step that does nothing.
+    bool somewhereToGo = listUsable && list.ListCount() >= 2;
+    setButtonAndMenu("tbrPriorProcedure", "mnuViewProc1", somewhereToGo && !atFirst);
+    setButtonAndMenu("tbrNextProcedure", "mnuViewProc0", somewhereToGo && !atLast);
 }
 
 void sbFileButtonSet() {
     const FileTableModule& f = fileTable();
-    setButtonAndMenu("tbrPriorFile", "mnuViewFile1", f.wCurrentFile > 1);
-    setButtonAndMenu("tbrNextFile", "mnuViewFile0", f.wCurrentFile != f.oFile.Count());
+    // Only a file that is shown has neighbours: a selection that left the table empty (a
+    // project with no readable member) may leave wCurrentFile anywhere.
+    bool shown = f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count();
+    setButtonAndMenu("tbrPriorFile", "mnuViewFile1", shown && f.wCurrentFile > 1);
+    setButtonAndMenu("tbrNextFile", "mnuViewFile0", shown && f.wCurrentFile != f.oFile.Count());
 }
 
 }  // namespace hlyd

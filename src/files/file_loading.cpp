@@ -121,9 +121,15 @@ void ProcessSelectedFile(std::int16_t wWhich) {
     f.source.close();
     const cFileDesc& entry = f.oFile.Item(wWhich);
     if (entry.FileType != kFileSource) return;
-    if (int err = f.source.open(entry.FileName); err != 0)
-        throw HlydError(runtimeErrorFromErrno(err), describeSystemError(err), "ProcessSelectedFile");
+    // A file gone or unreadable since it was listed is a condition of the desktop, not a fault of
+    // the program: the caller learns it from the status instead of the error report.
     resetLoadState();
+    f.openFailure.clear();
+    if (int err = f.source.open(entry.FileName); err != 0) {
+        f.openFailure = describeSystemError(err);
+        theDebug().setStatus(kStatusFileUnreadable, runtimeErrorFromErrno(err));
+        return;
+    }
     const SourceTables& t = theSourceTables();
     for (std::int32_t k = 1;; ++k) {
         std::int32_t wanted = k;

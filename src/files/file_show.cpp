@@ -11,6 +11,7 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "platform/ui.h"
+#include "base/message_box.h"
 
 namespace hlyd {
 
@@ -44,6 +45,38 @@ void showNothing() {
     w.Caption = theAppInfo().Title;
 }
 
+// After an entry left the table: the file now at wCurrentFile (or the last) is shown, or nothing.
+void showAfterRemoval() {
+    FileTableModule& f = fileTable();
+    rebuildWindowMenu();
+    if (f.oFile.Count() == 0) {
+        mainWindow().clearDisplay();
+        f.wCurrentFile = 0;
+    }
+    std::int16_t next = f.wCurrentFile > f.oFile.Count() ? static_cast<std::int16_t>(f.oFile.Count()) : f.wCurrentFile;
+    if (f.oFile.Count() == 0) {
+        showNothing();
+        mainWindow().enableControls();
+        return;
+    }
+    HlydFLProcessSelectedFile(next);
+}
+
+// A file that vanished or became unreadable since it was listed is named to the user and closed,
+// also within a project, and the window goes on with the others.
+void closeUnreadableFile(std::int16_t wWhich) {
+    FileTableModule& f = fileTable();
+    const std::string name = f.oFile.Item(wWhich).FileName;
+    const std::string reason = f.openFailure;
+    f.openFailure.clear();
+    theUi().setBusy(false);
+    showMessage("The file " + name + " cannot be read (" + reason + ").\n\nIt has been closed.", theAppInfo().Title,
+                MsgButtons::OK, MsgIcon::Warning);
+    f.oFile.Remove(wWhich);
+    f.wCurrentFile = wWhich;
+    showAfterRemoval();
+}
+
 }  // namespace
 
 void rebuildWindowMenu() {
@@ -66,6 +99,7 @@ void HlydFLProcessSelectedFile(std::int16_t wWhich) {
         w.Caption = theAppInfo().Title;
     } else {
         ProcessSelectedFile(wWhich);
+        if (!f.openFailure.empty()) return closeUnreadableFile(wWhich);
         w.Caption = theAppInfo().Title + " - " + withoutPath(f.oFile.Item(wWhich).FileName);
     }
     w.firstLine = 0;
@@ -86,18 +120,7 @@ void cHLYD::CloseFile() {
     if (f.projectOpen) return CloseFiles();
     f.source.close();
     if (f.oFile.Count() > 0 && f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count()) f.oFile.Remove(f.wCurrentFile);
-    rebuildWindowMenu();
-    if (f.oFile.Count() == 0) {
-        mainWindow().clearDisplay();
-        f.wCurrentFile = 0;
-    }
-    std::int16_t next = f.wCurrentFile > f.oFile.Count() ? static_cast<std::int16_t>(f.oFile.Count()) : f.wCurrentFile;
-    if (f.oFile.Count() == 0) {
-        showNothing();
-        mainWindow().enableControls();
-        return;
-    }
-    HlydFLProcessSelectedFile(next);
+    showAfterRemoval();
 }
 
 void cHLYD::CloseFiles() {

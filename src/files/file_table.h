@@ -56,6 +56,7 @@ struct FileTableModule {
     std::string sVBName;
     bool bInConditional = false;
     bool projectOpen = false;                   // a project or group is being shown
+    std::string openFailure;                    // why the last load could not open its file
     std::vector<std::int32_t> TokenElements{0};  // element row of each token, from 1
     std::vector<ProcEntry> yProc{ProcEntry{}};  // from 0
 };

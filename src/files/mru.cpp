@@ -5,10 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "base/message_box.h"
 #include "files/main_window_model.h"
 #include "platform/char_case.h"
+#include "platform/os.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -51,6 +54,20 @@ void UpdateMRUList(const std::string& fileName) {
     // Entries ahead of the one found move back one place; without a match the last one falls off.
     for (int i = std::min(found, 7); i > 1; --i) mru[i] = mru[i - 1];
     mru[1] = fileName;
+}
+
+bool offerRemovalOfMissingRecentFile(int position) {
+    std::array<std::string, 8>& mru = hlydSettings().MRU;
+    const std::string name = mru[position];
+    if (name.empty() || os::fileInfo(name).exists()) return false;
+    MsgAnswer answer = showMessage(name + "\n\ncannot be found. Remove it from the list of recent files?",
+                                   theAppInfo().Title, MsgButtons::YesNo, MsgIcon::Question);
+    if (answer != MsgAnswer::Yes) return true;
+    for (int i = position; i < 7; ++i) mru[i] = mru[i + 1];
+    mru[7].clear();
+    SaveMRU();
+    ShowMRU();
+    return true;
 }
 
 }  // namespace hlyd

@@ -15,6 +15,9 @@ std::string lowerKey(const std::string& s) { return lowerCaseAscii(trimBlanks(s)
 // One parsed file: its lines as they stand, and where each section and key is.
 struct ProfileDocument {
     std::vector<std::string> lines;
+    // Each line's own ending as the file has it ("" for a last line without one); the user's lines
+    // keep theirs, whatever mix of CR LF, LF and CR they came with, and ours take lineEnd.
+    std::vector<std::string> ends;
     std::string lineEnd = "\n";
     // lower-cased section -> line of its header; first occurrence wins, as lookups stop there
     std::unordered_map<std::string, std::size_t> sections;
@@ -70,6 +73,7 @@ ProfileDocument parse(const std::string& content) {
         pos = end;
         if (pos < content.size() && content[pos] == '\r' && pos + 1 < content.size() && content[pos + 1] == '\n') ++pos;
         if (pos < content.size()) ++pos;
+        doc.ends.push_back(content.substr(end, pos - end));
     }
     index(doc);
     return doc;
@@ -162,9 +166,19 @@ std::size_t nextSection(const ProfileDocument& doc, std::size_t header) {
     return i;
 }
 
+void insertLine(ProfileDocument& doc, std::size_t at, std::string text) {
+    doc.lines.insert(doc.lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(text));
+    doc.ends.insert(doc.ends.begin() + static_cast<std::ptrdiff_t>(at), doc.lineEnd);
+}
+
+void eraseLines(ProfileDocument& doc, std::size_t from, std::size_t to) {
+    doc.lines.erase(doc.lines.begin() + static_cast<std::ptrdiff_t>(from), doc.lines.begin() + static_cast<std::ptrdiff_t>(to));
+    doc.ends.erase(doc.ends.begin() + static_cast<std::ptrdiff_t>(from), doc.ends.begin() + static_cast<std::ptrdiff_t>(to));
+}
+
 void appendKey(ProfileDocument& doc, const std::string& section, const std::string& key, const std::string& value) {
     doc.keys.emplace(lowerKey(section) + '\n' + lowerKey(key), doc.lines.size());
-    doc.lines.push_back(key + "=" + value);
+    insertLine(doc, doc.lines.size(), key + "=" + value);
 }
 
 // Applies one write; the index is kept in step without a new parse where lines do not move.
@@ -173,32 +187,36 @@ void applyWrite(ProfileDocument& doc, const std::string& section, const std::opt
     auto header = doc.sections.find(lowerKey(section));
     if (!key) {
         if (header == doc.sections.end()) return;
-        doc.lines.erase(doc.lines.begin() + header->second, doc.lines.begin() + nextSection(doc, header->second));
+        eraseLines(doc, header->second, nextSection(doc, header->second));
         return index(doc);
     }
     auto existing = doc.keys.find(lowerKey(section) + '\n' + lowerKey(*key));
     if (existing != doc.keys.end()) {
         if (value) return void(doc.lines[existing->second] = *key + "=" + *value);
-        doc.lines.erase(doc.lines.begin() + existing->second);
+        eraseLines(doc, existing->second, existing->second + 1);
         return index(doc);
     }
     if (!value) return;
     if (header == doc.sections.end()) {
-        if (!doc.lines.empty() && !trimBlanks(doc.lines.back()).empty()) doc.lines.emplace_back();
+        if (!doc.lines.empty() && !trimBlanks(doc.lines.back()).empty()) insertLine(doc, doc.lines.size(), "");
         doc.sections.emplace(lowerKey(section), doc.lines.size());
-        doc.lines.push_back("[" + section + "]");
+        insertLine(doc, doc.lines.size(), "[" + section + "]");
         return appendKey(doc, section, *key, *value);
     }
     std::size_t at = endOfSection(doc, header->second);
     if (at == doc.lines.size()) return appendKey(doc, section, *key, *value);
-    doc.lines.insert(doc.lines.begin() + at, *key + "=" + *value);
+    insertLine(doc, at, *key + "=" + *value);
     index(doc);
 }
 
 // Whole or not at all, keeping the file's mode and any link to it; a read-only file is refused.
 bool replaceFile(const std::string& path, const ProfileDocument& doc) {
     std::string text;
-    for (const std::string& line : doc.lines) text.append(line).append(doc.lineEnd);
+    for (std::size_t i = 0; i < doc.lines.size(); ++i) {
+        const std::string& end = doc.ends[i];
+        // A last line without an ending gets one only when a line of ours follows it.
+        text.append(doc.lines[i]).append(end.empty() && i + 1 < doc.lines.size() ? doc.lineEnd : end);
+    }
     return os::replaceFile(path, text) == 0;
 }
 

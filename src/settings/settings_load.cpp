@@ -15,6 +15,7 @@
 #include "settings/page_settings.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
+#include "settings/window_place.h"
 
 namespace hlyd {
 
@@ -48,6 +49,12 @@ std::int16_t readInt16(const std::string& key, double defaultValue) {
 
 std::int32_t readInt32(const std::string& key, double defaultValue) {
     return clngOf(iniHandler().ReadNumber(key, defaultValue), kLoadSource);
+}
+
+// A count of columns below 0 makes no sense to anyone: it is taken as a slip for the default.
+std::int16_t readNotNegative(const std::string& key, double defaultValue) {
+    std::int16_t value = readInt16(key, defaultValue);
+    return value < 0 ? static_cast<std::int16_t>(defaultValue) : value;
 }
 
 std::int16_t readClamped(const std::string& key, double defaultValue, double lower, double upper) {
@@ -129,8 +136,8 @@ void readFormat(int dest) {
     std::string skip = i.ReadString("ProcSkip" + d, "");
     if (skip.empty()) skip = i.ReadBool("NewPage" + d, false) ? "P" : "N";
     f.ProcSkip = static_cast<unsigned char>(skip[0]);
-    f.IndentAmount = readInt16("IndentAmount" + d, 4);
-    f.TabWidth = readInt16("TabWidth" + d, 4);
+    f.IndentAmount = readNotNegative("IndentAmount" + d, 4);
+    f.TabWidth = readNotNegative("TabWidth" + d, 4);
     f.Indent = i.ReadBool("Indent" + d, true);
     f.Orphan = readInt16("Orphan" + d, 1);
 }
@@ -169,6 +176,10 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
     std::vector<std::string> fallback = splitOn(screenDefault, ' ');
     for (int k = 0; k < 4; ++k)
         s.Screen[k] = clngOf(valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]), kLoadSource);
+    // A place off every screen (a monitor since unplugged) or too small to work in would give a
+    // window the user cannot find or use: it starts at the default place instead.
+    if (!usableWindowPlace(s.Screen, screenAreasTwips()))
+        for (int k = 0; k < 4; ++k) s.Screen[k] = clngOf(valOf(fallback[k]), kLoadSource);
     s.ToolBar = i.ReadBool("ToolBar", true);
     s.ToolTips = i.ReadBool("ToolTips", true);
     s.StatusBar = i.ReadBool("StatusBar", true);
@@ -194,8 +205,13 @@ void readElements(int dest, const std::string& section, const std::string& defau
         double foreground = green ? 65280 : (e == kElemKeyWords ? 16711680 : 0);
         i.setSection(section);
         a.BackColor = colourOf(i.ReadNumber("Color.Background." + name, background));
+        const std::uint32_t storedBack = a.BackColor;
         if (dest == kDisplay && a.BackColor == kWhite) a.BackColor = kSystemWindowBackground;
         a.ForeColor = colourOf(i.ReadNumber("Color.Foreground." + name, foreground));
+        // Text in the colour of its own background cannot be seen: it is drawn in the element's
+        // default colour, and on the default background when that colour is the same.
+        if (a.ForeColor == a.BackColor || a.ForeColor == storedBack) a.ForeColor = colourOf(foreground);
+        if (a.ForeColor == a.BackColor) a.BackColor = colourOf(background);
         a.FontName = i.ReadString("FontName." + name, defaultFont);
         std::string defaults = std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(defaultSize);
         std::vector<std::string> words = i.ReadWords("FontAttr." + name, defaults, section);
@@ -207,6 +223,7 @@ void readElements(int dest, const std::string& section, const std::string& defau
         a.Font.Underline = fontAttrFlag(word(2));
         a.Font.Strikethrough = fontAttrFlag(word(3));
         a.Font.Size = valOf(word(4));
+        if (a.Font.Size < 0) a.Font.Size = defaultSize;  // no font has a negative size
     }
 }
 
@@ -266,6 +283,7 @@ std::string printerSection() { return settings->CurrentPrinter + ".Print"; }
 void setScreenSizeTwips(std::int32_t width, std::int32_t height) {
     screenWidthTwips = width;
     screenHeightTwips = height;
+    setScreenAreasTwips({{0, 0, width, height}});
 }
 
 void sbInitINI() {

@@ -154,6 +154,7 @@ void mnuFilCloseAll_Click() {
 void mnuFileMRU_Click(int position) {
     if (position < 1 || position > 7) return;
     theLog().LogData("MRU=" + std::to_string(position) + " FileName(MRU)=" + hlydSettings().MRU[position]);
+    if (offerRemovalOfMissingRecentFile(position)) return;
     openAndShow(static_cast<std::int16_t>(position));
 }
 

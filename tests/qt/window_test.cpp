@@ -9,6 +9,9 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolBar>
+#include <QToolTip>
+#include <QHelpEvent>
 #include <array>
 #include <fstream>
 #include <iterator>
@@ -73,6 +76,12 @@ protected:
     }
     std::int32_t first() const { return emitterState().FirstRecord; }
     QString recordLabel() const { return window->lblRecord()->text(); }
+    // The widget of a toolbar button, on whichever of the bars it stands.
+    QWidget* buttonOf(const std::string& name) const {
+        for (QToolBar* bar : window->findChildren<QToolBar*>())
+            if (QWidget* button = bar->widgetForAction(window->action(name))) return button;
+        return nullptr;
+    }
 
     std::unique_ptr<HlydWindow> window;
 };
@@ -91,6 +100,43 @@ TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
     ASSERT_EQ(window->cboProc()->count(), procs.ListCount());
     for (int i = 0; i < procs.ListCount(); ++i) EXPECT_EQ(window->cboProc()->itemText(i).toStdString(), procs.List(i));
     EXPECT_EQ(window->action("tbrClose")->toolTip(), "Close this file");
+    EXPECT_EQ(window->lblStatus()->text().toStdString(), "Ready");  // a menu command ends at rest, as a button does
+}
+
+// With the ToolTips setting off no button shows a tip, not even its caption.
+TEST_F(WindowTest, ToolTipsOffShowNoTip) {
+    auto tipOf = [&](const std::string& name) {
+        QToolTip::hideText();  // the tip goes after a short delay
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
+        QWidget* button = buttonOf(name);
+        QHelpEvent help(QEvent::ToolTip, QPoint(4, 4), button->mapToGlobal(QPoint(4, 4)));
+        QApplication::sendEvent(button, &help);
+        QString shown = QToolTip::isVisible() ? QToolTip::text() : QString();
+        QToolTip::hideText();
+        return shown.toStdString();
+    };
+    EXPECT_EQ(tipOf("tbrOpen"), "Open a file or project for processing");
+    window->action("mnuViewToolTips")->trigger();
+    ASSERT_FALSE(hlydSettings().ToolTips);
+    for (const char* name : {"tbrOpen", "tbrClose", "tbrNextFile", "tbrPrintOptions"}) EXPECT_EQ(tipOf(name), "") << name;
+}
+
+// The list is as wide as the longest procedure name, and at 800 pixels the file buttons still
+// stand on the bar.
+TEST_F(WindowTest, ProcedureListFitsItsNamesAndTheFileButtonsStayOnTheBar) {
+    const std::string longName = "CalculateTheQuarterlyTotals";
+    std::string module = test::writeTempFile(
+        "Wide.bas", "Attribute VB_Name = \"W\"\nSub " + longName + "()\nEnd Sub\nSub A()\nEnd Sub\n");
+    window->resize(800, 600);
+    open(module);
+    QApplication::processEvents();
+    QComboBox* list = window->cboProc();
+    EXPECT_GE(list->width(), list->fontMetrics().horizontalAdvance(QString::fromStdString(longName)));
+    for (const char* name : {"tbrPriorFile", "tbrNextFile"}) {
+        QWidget* button = buttonOf(name);
+        EXPECT_TRUE(button->isVisible()) << name;
+        EXPECT_LE(button->mapTo(window.get(), QPoint(button->width(), 0)).x(), window->width()) << name;
+    }
 }
 
 TEST_F(WindowTest, KeysInTheViewScroll) {
@@ -212,6 +258,23 @@ TEST_F(WindowedStartTest, ClosingTheWindowKeepsItsPlaceInTheSettings) {
     std::ifstream ini(dir + "/HLYD.INI");
     std::string text((std::istreambuf_iterator<char>(ini)), std::istreambuf_iterator<char>());
     EXPECT_NE(text.find("Screen=" + std::to_string(expected[0]) + " " + std::to_string(expected[1])), std::string::npos);
+}
+
+// Settings that cannot be kept do not stop the window: the user is told why, once, and works on.
+TEST_F(WindowedStartTest, AnUnwritableSettingsFolderIsToldAndTheWindowWorks) {
+    std::ofstream(dir + "/plain") << "not a directory";
+    useConfigDir(dir + "/plain/config");
+    ASSERT_EQ(Main("/idemode"), 0);
+    HlydWindow* window = windowedMainWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find("will not be kept"), std::string::npos) << ui.shown[0].text;
+    ui.openAnswers.push_back(std::vector<std::string>{kSampleModule});
+    window->action("mnuFilOpen")->trigger();
+    EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
+    window->close();
+    EXPECT_EQ(ui.shown.size(), 1u);
 }
 
 TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {

@@ -33,4 +33,15 @@ QSize screenSizeTwips() {
     return {pixels.width() * screenTwipsPerPixelX(), pixels.height() * screenTwipsPerPixelY()};
 }
 
+std::vector<std::array<std::int32_t, 4>> screenAreasInTwips() {
+    std::vector<std::array<std::int32_t, 4>> areas;
+    const int x = screenTwipsPerPixelX();
+    const int y = screenTwipsPerPixelY();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        QRect g = screen->geometry();
+        areas.push_back({g.x() * x, g.y() * y, g.width() * x, g.height() * y});
+    }
+    return areas;
+}
+
 }  // namespace hlyd
