@@ -195,6 +195,66 @@ TEST_F(FileSelectionTest, ProjectAloneIsReadAndRemembered) {
     EXPECT_EQ(hlydSettings().MRU[1], project);
 }
 
+// Whatever is open stays open until something takes its place: a Cancel at any step of the
+// choice (the dialog, the check of a file, the choice of a project's members) changes nothing.
+TEST_F(FileSelectionTest, CancelAtAnyStepKeepsWhatIsOpen) {
+    write("a.bas");
+    write("b.bas");
+    std::string first = write("first.vbp", "Type=Exe\nModule=M; a.bas\n");
+    std::string second = write("second.vbp", "Type=Exe\nModule=M; b.bas\n");
+    ui.openAnswers.push_back(std::vector<std::string>{first});
+    GetFilesToProcess(0);
+    const std::vector<std::string> open = tableNames();
+    ASSERT_EQ(open.size(), 2u);
+    auto expectFirstStillOpen = [&](const char* step) {
+        EXPECT_EQ(status(), 8) << step;
+        EXPECT_EQ(tableNames(), open) << step;
+        EXPECT_TRUE(fileTable().projectOpen) << step;
+        ASSERT_EQ(oProjectFiles().Count(), 1) << step;
+        EXPECT_EQ(oProjectFiles().Item(1).FileName, first) << step;
+    };
+
+    GetFilesToProcess(0);  // the dialog is cancelled
+    expectFirstStillOpen("dialog");
+
+    ui.openAnswers.push_back(std::vector<std::string>{(src_ / "missing.bas").string()});
+    ui.answers = {MsgAnswer::Yes};  // "Do you want to cancel processing?"
+    GetFilesToProcess(0);
+    expectFirstStillOpen("check of the file");
+
+    ui.openAnswers.push_back(std::vector<std::string>{second});
+    ui.keepMembers = false;
+    GetFilesToProcess(0);
+    expectFirstStillOpen("choice of members");
+
+    // Source files open alone stay too when a project's members are not chosen.
+    resetFileTable();
+    std::string c = write("c.bas");
+    oFile().Add(cFileDesc{c});
+    ui.openAnswers.push_back(std::vector<std::string>{second});
+    GetFilesToProcess(0);
+    EXPECT_EQ(tableNames(), std::vector<std::string>{c});
+    EXPECT_FALSE(fileTable().projectOpen);
+    EXPECT_EQ(status(), 8);
+}
+
+// A real choice does replace the open project, and a member chosen again opens alone.
+TEST_F(FileSelectionTest, ChosenFilesReplaceAnOpenProject) {
+    std::string a = write("a.bas");
+    std::string project = write("app.vbp", "Type=Exe\nModule=M; a.bas\n");
+    ui.openAnswers.push_back(std::vector<std::string>{project});
+    GetFilesToProcess(0);
+    ASSERT_TRUE(fileTable().projectOpen);
+
+    ui.openAnswers.push_back(std::vector<std::string>{oFile().Item(2).FileName});
+    GetFilesToProcess(0);
+
+    ASSERT_EQ(oFile().Count(), 1);
+    EXPECT_EQ(oFile().Item(1).FileType, kFileSource);
+    EXPECT_FALSE(fileTable().projectOpen);
+    EXPECT_EQ(fileTable().wCurrentFile, 0);  // the caller shows the one after it: the new file
+}
+
 TEST_F(FileSelectionTest, RecentFilePositionOpensThatFile) {
     std::string a = write("a.bas"), b = write("b.bas");
     hlydSettings().MRU[1] = a;

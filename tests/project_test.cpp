@@ -188,12 +188,12 @@ TEST_F(ProjectTest, GroupOfTwoProjects) {
     EXPECT_EQ(oFile().Item(4).FileType, kFileProject);
     EXPECT_TRUE(fs::equivalent(oFile().Item(5).FileName, dir_ / "Two/B.bas"));
 
-    // Cancelling the choice leaves only the group's own entry.
+    // Cancelling the choice adds nothing, not even the group's own entry, and keeps the listing.
     resetFileTable();
     chooser.cancel = true;
     list(vbg);
-    ASSERT_EQ(oFile().Count(), 1);
-    EXPECT_EQ(oFile().Item(1).FileType, kFileGroup);
+    EXPECT_EQ(oFile().Count(), 0);
+    EXPECT_EQ(oProjectFiles().Count(), 3);
 }
 
 TEST_F(ProjectTest, LineKeepsFiveValuesAtMost) {

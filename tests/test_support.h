@@ -18,7 +18,8 @@ namespace hlyd::test {
 using Chosen = std::optional<std::vector<std::string>>;
 
 // Answers message boxes from a queue (the default button when it is empty) and keeps every text;
-// answers the Open dialog from a queue too (an empty one cancels) and keeps every dialog asked.
+// answers the Open dialog from a queue too (an empty one cancels) and keeps every dialog asked;
+// keeps every member of a project unless told to cancel that choice.
 class ScriptedUi : public Ui {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
@@ -31,6 +32,7 @@ public:
         listed = items;
         return listAnswer;
     }
+    bool chooseProjectMembers(const std::string&, std::vector<ProjectMemberOption>&) override { return keepMembers; }
     void setBusy(bool on) override { busy = on; }
     std::deque<MsgAnswer> answers;
     std::vector<MessageBoxRequest> shown;
@@ -39,6 +41,7 @@ public:
     std::vector<FileDialogRequest> dialogs;
     std::optional<int> listAnswer;
     std::vector<std::string> listed;
+    bool keepMembers = true;  // false: the user cancels the choice of a project's members
     bool busy = false;
 };
 

@@ -238,6 +238,41 @@ TEST_F(WindowCommandsTest, OpenShowsTheChosenFileAndCloseEmptiesTheWindow) {
     EXPECT_EQ(ui.dialogs.size(), 2u);
 }
 
+// Closing one member takes the whole project with it, so the user is asked first; the project's
+// own listing closes without a question.
+TEST_F(WindowCommandsTest, ClosingAMemberAsksBeforeTheProjectCloses) {
+    writeModule("a.bas");
+    writeModule("b.bas");
+    fs::path project = fs::path(dir) / "p.vbp";
+    std::ofstream(project, std::ios::binary) << "Type=Exe\nModule=A; a.bas\nModule=B; b.bas\n";
+    ui.openAnswers = {Names{project.string()}};
+    mnuFilOpen_Click();
+    ASSERT_EQ(oFile().Count(), 3);
+    HlydFLProcessSelectedFile(2);
+    ASSERT_EQ(fileTable().wCurrentFile, 2);
+
+    ui.answers = {MsgAnswer::Cancel};
+    mnuFilClose_Click();
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text, "a.bas is part of the project p.vbp, which closes as a whole.\n\n"
+                                "Close the project and all its files?");
+    EXPECT_EQ(ui.shown[0].buttons, MsgButtons::OKCancel);
+    EXPECT_EQ(oFile().Count(), 3);
+    EXPECT_EQ(mainWindow().Caption, theAppInfo().Title + " - a.bas");
+
+    ui.answers = {MsgAnswer::OK};
+    mnuFilClose_Click();
+    EXPECT_EQ(oFile().Count(), 0);
+
+    ui.openAnswers = {Names{project.string()}};
+    mnuFilOpen_Click();
+    HlydFLProcessSelectedFile(1);
+    ui.shown.clear();
+    mnuFilClose_Click();
+    EXPECT_TRUE(ui.shown.empty());
+    EXPECT_EQ(oFile().Count(), 0);
+}
+
 // A recent file that is gone is not opened; the user may take it off the list.
 TEST_F(WindowCommandsTest, MissingRecentFileIsOfferedForRemoval) {
     std::string a = writeModule("a.bas");

@@ -126,10 +126,22 @@ void openResourceFiles(const std::vector<std::string>& names, const NameKinds& k
     resourcesOpen = true;
 }
 
+bool projectOrResourcesOpen() { return fileTable().projectOpen || resourcesOpen; }
+
+// What is open gives way to a new choice only once that choice is sure: the dialog, the checks
+// and the choice of a project's members can each still end in Cancel, and a Cancel must find the
+// window as it was. An open project or set of resource files is replaced by anything; open
+// source files only by a project chosen alone.
+void closeWhatTheChoiceReplaces(bool oneProjectAlone) {
+    FileTableModule& f = fileTable();
+    if (projectOrResourcesOpen() || (oneProjectAlone && f.oFile.Count() > 0)) cHLYD::CloseFiles();
+    f.projectOpen = false;
+    resourcesOpen = false;
+}
+
 // A project goes alone: mixed with source files it is dropped and the source files go on.
 // Returns false when nothing is left to open.
 bool applyProjectRules(std::vector<std::string>& names, const NameKinds& kinds, bool& projectChosen) {
-    if (kinds.projects == 1 && names.size() == 1 && oFile().Count() > 0) cHLYD::CloseFiles();
     projectChosen = kinds.projects > 0;
     if (projectChosen && kinds.projects != static_cast<int>(names.size())) {
         showMessage("A Project-file may not be specified with other files.", theAppInfo().Title, MsgButtons::OK,
@@ -152,23 +164,19 @@ std::vector<std::string> nonEmpty(const std::vector<std::string>& names) {
     return kept;
 }
 
-// New names join the table (source files) or the list of projects to read; names open already
-// are left where they are.
-std::vector<cFileDesc> addNewNames(const std::vector<std::string>& names, bool projectChosen) {
+// New source files join the table; names open already are left where they are.
+void addSourceFiles(const std::vector<std::string>& names) {
     FileTableModule& f = fileTable();
-    std::vector<cFileDesc> projects;
     for (const std::string& name : names) {
         std::int16_t which = 0;
         FindNameInList(name, which);
         if (status() == kStatusNotInTable) {
             status() = kStatusOk;
-            if (projectChosen) projects.push_back(cFileDesc{name, kFileProject});
-            else f.oFile.Add(cFileDesc{name, kFileSource});
+            f.oFile.Add(cFileDesc{name, kFileSource});
         }
         f.wCurrentFile = int16Of(f.oFile.Count() - 1);
         if (tracing()) theLog().LogData("<" + name + ">");
     }
-    return projects;
 }
 
 void rememberOpenFiles() {
@@ -177,8 +185,24 @@ void rememberOpenFiles() {
     ShowMRU();
 }
 
-void openProjects(const std::vector<cFileDesc>& projects) {
-    PFParseFile(projects);
+// Every chosen project is read afresh, even one open now: it may have changed on the disk.
+void openProjects(const std::vector<std::string>& names, bool oneProjectAlone) {
+    std::vector<cFileDesc> projects;
+    for (const std::string& name : names) {
+        projects.push_back(cFileDesc{name, kFileProject});
+        if (tracing()) theLog().LogData("<" + name + ">");
+    }
+    bool replaced = false;
+    PFParseFile(projects, [&replaced, oneProjectAlone] {
+        closeWhatTheChoiceReplaces(oneProjectAlone);
+        fileTable().projectOpen = true;
+        fileTable().wCurrentFile = int16Of(oFile().Count() - 1);
+        replaced = true;
+    });
+    if (!replaced) {
+        status() = kStatusCancelled;  // what was shown stays shown, as it was
+        return;
+    }
     if (status() == kStatusOk && oFile().Count() > 0) {
         UpdateMRUList(oFile().Item(1).FileName);
         SaveMRU();
@@ -188,9 +212,16 @@ void openProjects(const std::vector<cFileDesc>& projects) {
 }
 
 void processChosenNames(std::vector<std::string> names) {
-    if (names.empty()) return rememberOpenFiles();
+    if (names.empty()) {
+        if (!projectOrResourcesOpen()) rememberOpenFiles();
+        return;
+    }
     NameKinds kinds = sortNames(names);
-    if (kinds.resources > 0) return openResourceFiles(names, kinds);
+    if (kinds.resources > 0) {
+        closeWhatTheChoiceReplaces(false);
+        return openResourceFiles(names, kinds);
+    }
+    bool oneProjectAlone = kinds.projects == 1 && names.size() == 1;
     bool projectChosen = false;
     if (!applyProjectRules(names, kinds, projectChosen)) return;
     names = nonEmpty(names);
@@ -198,10 +229,10 @@ void processChosenNames(std::vector<std::string> names) {
         status() = kStatusCancelled;
         return;
     }
-    if (projectChosen) fileTable().projectOpen = true;
-    std::vector<cFileDesc> projects = addNewNames(names, projectChosen);
-    if (projectChosen) openProjects(projects);
-    else rememberOpenFiles();
+    if (projectChosen) return openProjects(names, oneProjectAlone);
+    closeWhatTheChoiceReplaces(false);
+    addSourceFiles(names);
+    rememberOpenFiles();
 }
 
 }  // namespace
@@ -269,14 +300,12 @@ void GetListFromCommonDialog(std::vector<std::string>& names) {
 void GetFilesToProcess(std::int16_t which) {
     TraceScope trace(tracing(), "GetFilesToProcess");
     theDebug().setStatus(kStatusOk, 0);
-    FileTableModule& f = fileTable();
-    if (f.projectOpen || resourcesOpen) cHLYD::CloseFiles();
-    f.projectOpen = false;
-    resourcesOpen = false;
     std::vector<std::string> names;
     if (which > 0) names.push_back(which <= 7 ? hlydSettings().MRU[which] : std::string());
     else GetListFromCommonDialog(names);
-    if (status() == kStatusCancelled || firstNameAlreadyOpen(names)) return;
+    if (status() == kStatusCancelled) return;
+    // A member of an open project chosen again opens alone, in place of the project.
+    if (!projectOrResourcesOpen() && firstNameAlreadyOpen(names)) return;
     BusyPointer busy;
     processChosenNames(std::move(names));
 }

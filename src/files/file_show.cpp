@@ -77,6 +77,19 @@ void closeUnreadableFile(std::int16_t wWhich) {
     showAfterRemoval();
 }
 
+// A project closes as a whole; closing one of its members would take every other member with it,
+// so the user says first whether that is meant. Closing the project's own listing asks nothing.
+bool projectMayClose() {
+    const FileTableModule& f = fileTable();
+    if (f.wCurrentFile < 1 || f.wCurrentFile > f.oFile.Count()) return true;
+    const cFileDesc& current = f.oFile.Item(f.wCurrentFile);
+    if (current.FileType != kFileSource) return true;
+    const std::string text = withoutPath(current.FileName) + " is part of the project " +
+                             withoutPath(f.oFile.Item(1).FileName) +
+                             ", which closes as a whole.\n\nClose the project and all its files?";
+    return showMessage(text, theAppInfo().Title, MsgButtons::OKCancel, MsgIcon::Question) == MsgAnswer::OK;
+}
+
 }  // namespace
 
 void rebuildWindowMenu() {
@@ -117,7 +130,10 @@ void HlydFLProcessSelectedFile(std::int16_t wWhich) {
 void cHLYD::CloseFile() {
     TraceScope trace(theDebug().TraceApplication, "HlydFLCloseFile");
     FileTableModule& f = fileTable();
-    if (f.projectOpen) return CloseFiles();
+    if (f.projectOpen) {
+        if (projectMayClose()) CloseFiles();
+        return;
+    }
     f.source.close();
     if (f.oFile.Count() > 0 && f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count()) f.oFile.Remove(f.wCurrentFile);
     showAfterRemoval();

@@ -1,5 +1,7 @@
 #include "files/project_file.h"
 
+#include <utility>
+
 #include "analysis/basiclan_state.h"
 #include "base/app_info.h"
 #include "base/c_debug.h"
@@ -67,6 +69,10 @@ const std::array<const char*, 68>& projectKeywords() {
 
 cProjectFiles& oProjectFiles() { return *projects; }
 void resetProjectFiles() { projects = std::make_unique<cProjectFiles>(); }
+std::unique_ptr<cProjectFiles> replaceProjectFiles(std::unique_ptr<cProjectFiles> next) {
+    std::swap(projects, next);
+    return next;
+}
 
 void ParseFileName(const std::string& file, std::string& drive, std::string& path, std::string& base,
                    std::string& ext, bool& bad) {

@@ -101,6 +101,8 @@ private:
 
 cProjectFiles& oProjectFiles();
 void resetProjectFiles();
+// Puts `next` in force and hands back the listing it replaces.
+std::unique_ptr<cProjectFiles> replaceProjectFiles(std::unique_ptr<cProjectFiles> next);
 
 // Splits a name into drive (with its colon), path (with its separator), base and extension
 // (with its point); "\" and "/" both separate directories.

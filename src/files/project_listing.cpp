@@ -33,12 +33,14 @@ std::string directoryOf(const std::string& name) {
     return at == std::string::npos ? std::string() : name.substr(0, at + 1);
 }
 
-// A group file names its member projects, one to a line after "="; `position` is its own.
-void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::size_t position, LineReader& in) {
+// A group file names its member projects, one to a line after "="; `position` is its own. The
+// group's own entry waits in `groups` until the members are chosen.
+void expandGroup(std::vector<cFileDesc>& projects, std::size_t i, std::size_t position, LineReader& in,
+                 std::vector<cFileDesc>& groups) {
     cFileDesc& group = projects[i];
     group.FileType = kFileGroup;
     std::int16_t which = int16Of(static_cast<std::int64_t>(position), "PFParseFile");
-    oFile().Add({group.FileName, kFileGroup, true, which, which});
+    groups.push_back({group.FileName, kFileGroup, true, which, which});
     std::string directory = directoryOf(group.FileName);
     std::int16_t count = 0;
     while (!in.atEnd()) {
@@ -67,7 +69,7 @@ void tellReadFailure(const std::string& name) {
 // Expands the groups among the projects, in place. A group that lists itself, or two groups that
 // list each other, would be expanded without end: a group met again is left out, with a message.
 // False when a project or group cannot be read: the user hears of it at once, and the listing ends.
-bool findGroups(std::vector<cFileDesc>& projects) {
+bool findGroups(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups) {
     std::vector<cFileDesc> kept;
     std::vector<os::FileInfo> walked;
     for (std::size_t i = 0; i < projects.size(); ++i) {
@@ -85,7 +87,7 @@ bool findGroups(std::vector<cFileDesc>& projects) {
         std::string first(in.atEnd() ? std::string_view() : in.readLine());
         if (first.find('=') == std::string::npos && first.compare(0, 7, "VBGROUP") == 0) {
             walked.push_back(key);
-            expandGroup(projects, i, kept.size() + 1, in);
+            expandGroup(projects, i, kept.size() + 1, in, groups);
         }
         kept.push_back(projects[i]);
     }
@@ -172,29 +174,44 @@ void addChosenFiles(const std::vector<ProjectMemberOption>& options) {
     }
 }
 
-}  // namespace
-
-void PFParseFile(std::vector<cFileDesc> projects) {
-    TraceScope trace(theDebug().TraceApplication, "PFParseFile");
-    DirectoryListingScope listings;  // each folder of the members is read once for the whole walk
-    resetProjectFiles();
+// Reads every project and group and lets the user choose the members; false when that ends
+// early (a project cannot be read, or the user cancelled).
+bool readAndChoose(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups,
+                   std::vector<ProjectMemberOption>& options) {
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);
     std::string formExt = pointList(s.FormExt);
-    if (!findGroups(projects)) return;
+    if (!findGroups(projects, groups)) return false;
     int binary = 0;
     for (const cFileDesc& entry : projects) {
         if (entry.FileType == kFileProject) {
-            if (!readProject(entry, formExt, moduleExt, binary)) return;
+            if (!readProject(entry, formExt, moduleExt, binary)) return false;
         } else if (entry.FileType == kFileGroup) {
             auto group = std::make_unique<cProjectFile>();
             group->ProcessProjectGroupFile(entry.FileName);
             oProjectFiles().Add(std::move(group));
         }
     }
-    if (oProjectFiles().Count() == 0) return;
-    std::vector<ProjectMemberOption> options = memberOptions();
-    if (!theUi().chooseProjectMembers("Project File - " + oProjectFiles().Item(1).FileName, options)) return;
+    if (oProjectFiles().Count() == 0) return false;
+    options = memberOptions();
+    return theUi().chooseProjectMembers("Project File - " + oProjectFiles().Item(1).FileName, options);
+}
+
+}  // namespace
+
+void PFParseFile(std::vector<cFileDesc> projects, const std::function<void()>& beforeAdding) {
+    TraceScope trace(theDebug().TraceApplication, "PFParseFile");
+    DirectoryListingScope listings;  // each folder of the members is read once for the whole walk
+    // The listing in force stays whole until the new one is chosen: a Cancel goes back to it.
+    std::unique_ptr<cProjectFiles> previous = replaceProjectFiles(std::make_unique<cProjectFiles>());
+    std::vector<cFileDesc> groups;
+    std::vector<ProjectMemberOption> options;
+    if (!readAndChoose(projects, groups, options)) {
+        replaceProjectFiles(std::move(previous));
+        return;
+    }
+    if (beforeAdding) beforeAdding();
+    for (cFileDesc& group : groups) oFile().Add(std::move(group));
     addChosenFiles(options);
 }
 
