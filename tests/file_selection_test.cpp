@@ -81,6 +81,25 @@ TEST_F(FileSelectionTest, DialogIsAskedWithTheSettingsAndCancelGivesStatus8) {
     EXPECT_FALSE(ui.busy);
 }
 
+// The Open dialog starts in the folder of the last files opened, in this run and the next; a
+// DefaultFileLoc that the user set still wins, and a Cancel moves nothing.
+TEST_F(FileSelectionTest, DialogStartsWhereFilesWereLastOpened) {
+    std::string a = write("a.bas");
+    ui.openAnswers.push_back(std::vector<std::string>{a});
+    GetFilesToProcess(0);
+    EXPECT_EQ(ui.dialogs.back().directory, "");
+    EXPECT_EQ(hlydSettings().LastFileLoc, src_.string());
+    EXPECT_EQ(iniHandler().ReadString("LastFileLoc", "", "General"), src_.string());
+
+    GetFilesToProcess(0);  // cancelled
+    EXPECT_EQ(ui.dialogs.back().directory, src_.string());
+    EXPECT_EQ(hlydSettings().LastFileLoc, src_.string());
+
+    hlydSettings().DefaultFileLoc = dir;
+    GetFilesToProcess(0);
+    EXPECT_EQ(ui.dialogs.back().directory, dir);
+}
+
 TEST_F(FileSelectionTest, DialogAnswersInEitherFormGiveFullNames) {
     auto namesFor = [this](Chosen answer) {
         ui.openAnswers.push_back(answer);

@@ -83,6 +83,34 @@ TEST_F(HtmlTest, CancelledDialogLeavesNoFileAndNothingOpen) {
         EXPECT_EQ(entry.path().extension().string().find(".part"), std::string::npos) << entry.path();
 }
 
+// The dialog starts where the last document went (beside the source the first time), and the
+// status speaks of the work only once a target is chosen: a Cancel leaves it as it was.
+TEST_F(HtmlTest, SaveDialogStartsWhereTheLastDocumentWent) {
+    fs::create_directory(source("exports"));
+    oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    std::vector<std::string> statusWhileAsked;
+    ui.whileDialogShows = [&] { statusWhileAsked.push_back(mainWindow().lblStatus); };
+    mainWindow().lblStatus = "Ready";
+
+    HlydMNSaveAsHTML();  // cancelled
+    EXPECT_EQ(mainWindow().lblStatus, "Ready");
+    EXPECT_EQ(hlydSettings().LastHTMLLoc, "");
+
+    ui.saveAnswer = source("exports/first.html");
+    HlydMNSaveAsHTML();
+    EXPECT_EQ(statusWhileAsked, (std::vector<std::string>{"Ready", "Ready"}));
+    EXPECT_EQ(hlydSettings().LastHTMLLoc, source("exports"));
+    EXPECT_EQ(iniHandler().ReadString("LastHTMLLoc", "", "General"), source("exports"));
+
+    HlydMNSaveAsHTML();
+    ASSERT_EQ(ui.dialogs.size(), 3u);
+    EXPECT_EQ(ui.dialogs[1].directory, "");
+    EXPECT_EQ(ui.dialogs[1].fileName, source("Module1.HTML"));
+    EXPECT_EQ(ui.dialogs[2].directory, source("exports"));
+    EXPECT_EQ(ui.dialogs[2].fileName, "Module1.HTML");
+}
+
 TEST_F(HtmlTest, UnwritablePlaceRaisesAndLeavesNothingBehind) {
     oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);

@@ -32,6 +32,7 @@ MsgAnswer ScriptedUi::messageBox(const MessageBoxRequest& request) {
 
 Chosen ScriptedUi::openFileDialog(const FileDialogRequest& request) {
     dialogs.push_back(request);
+    if (whileDialogShows) whileDialogShows();
     if (openAnswers.empty()) return std::nullopt;
     Chosen a = openAnswers.front();
     openAnswers.pop_front();

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <ctime>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +26,7 @@ public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
     std::optional<std::string> saveFileDialog(const FileDialogRequest& request) override {
         dialogs.push_back(request);
+        if (whileDialogShows) whileDialogShows();
         return saveAnswer;
     }
     Chosen openFileDialog(const FileDialogRequest& request) override;
@@ -41,7 +43,8 @@ public:
     std::vector<FileDialogRequest> dialogs;
     std::optional<int> listAnswer;
     std::vector<std::string> listed;
-    bool keepMembers = true;  // false: the user cancels the choice of a project's members
+    bool keepMembers = true;
+    std::function<void()> whileDialogShows;  // runs while a file dialog is up  // false: the user cancels the choice of a project's members
     bool busy = false;
 };
 

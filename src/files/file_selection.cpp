@@ -15,6 +15,7 @@
 #include "files/project_listing.h"
 #include "platform/char_case.h"
 #include "platform/ui.h"
+#include "settings/last_folders.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -283,7 +284,7 @@ std::string openDialogFilter() {
 void GetListFromCommonDialog(std::vector<std::string>& names) {
     TraceScope trace(tracing(), "GetListFromCommonDialog");
     const HlydSettings& s = hlydSettings();
-    FileDialogRequest request{"File(s) to Process", s.DefaultFileLoc, "", openDialogFilter(), s.CDLGFileIndex, true};
+    FileDialogRequest request{"File(s) to Process", openDialogFolder(), "", openDialogFilter(), s.CDLGFileIndex, true};
     if (tracing()) {
         theLog().LogData("FileExtensions...");
         theLog().LogData(request.filter);
@@ -294,6 +295,7 @@ void GetListFromCommonDialog(std::vector<std::string>& names) {
         return;
     }
     names = namesFromDialog(*chosen);
+    if (!names.empty()) rememberOpenFolder(names.front());
     if (tracing()) traceChosenNames(names);
 }
 

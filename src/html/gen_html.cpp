@@ -6,6 +6,8 @@
 #include "base/hlyd_error.h"
 #include "files/run_inputs.h"
 #include "platform/ui.h"
+#include "settings/settings_store.h"
+#include "settings/system_queries.h"
 
 namespace hlyd {
 
@@ -57,6 +59,14 @@ std::string cGenHTML::GetFileName() {
     FileDialogRequest request;
     request.title = "Save as HTML";
     request.fileName = proposed;
+    // A user who exports several files wants them together: the dialog starts where the last
+    // document went, and only the first export of all starts beside its source.
+    const std::string& lastFolder = hlydSettings().LastHTMLLoc;
+    if (!lastFolder.empty()) {
+        std::string directory;
+        sbFileNameFromDir(proposed, request.fileName, directory);
+        request.directory = lastFolder;
+    }
     request.filter = "HTML Files|*.htm;*.html|All Files (*.*)|*.*";
     std::optional<std::string> chosen = theUi().saveFileDialog(request);
     Cancelled = !chosen.has_value();

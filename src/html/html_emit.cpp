@@ -16,6 +16,7 @@
 #include "platform/clock.h"
 #include "platform/ui.h"
 #include "settings/attributes.h"
+#include "settings/last_folders.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
 
@@ -206,10 +207,10 @@ void EmitProjectRecord(const std::string& text) {
 
 }  // namespace hlydHTML
 
-void HTMLEmitAFile() {
+bool HTMLEmitAFile(const std::function<void(const std::string& target)>& targetChosen) {
     TraceScope trace(theDebug().TraceApplication, "HTMLEmitAFile");
     FileTableModule& files = fileTable();
-    if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return;
+    if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return false;
     theUi().setBusy(true);
     emission.doc = std::make_unique<cGenHTML>();
     emission.procPending = false;
@@ -224,7 +225,9 @@ void HTMLEmitAFile() {
         ~Release() { emission.doc.reset(); }
     } release;
     doc.InitDoc(name, entry.FileName, project ? name : files.sVBName, saved, generated);
-    if (!doc.Cancelled) {
+    const bool written = !doc.Cancelled;
+    if (written) {
+        if (targetChosen) targetChosen(doc.OutputPath());
         writeStyles(doc);
         mainWindow().disableControls();
         if (!project) {
@@ -239,16 +242,20 @@ void HTMLEmitAFile() {
     emission.doc.reset();
     mainWindow().enableControls();
     theUi().setBusy(false);
+    return written;
 }
 
 void HlydMNSaveAsHTML() {
     const FileTableModule& files = fileTable();
     if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return;
-    const std::string& name = files.oFile.Item(files.wCurrentFile).FileName;
-    mainWindow().lblStatus = "Generating HTML for file " + name + " ...";
-    theUi().processEvents();
-    HTMLEmitAFile();
-    mainWindow().lblStatus = "HTML generated for " + name;
+    const std::string name = files.oFile.Item(files.wCurrentFile).FileName;
+    // The status speaks of the work once there is work: a Cancel in the dialog leaves it as it was.
+    bool written = HTMLEmitAFile([&name](const std::string& target) {
+        rememberHtmlFolder(target);
+        mainWindow().lblStatus = "Generating HTML for file " + name + " ...";
+        theUi().processEvents();
+    });
+    if (written) mainWindow().lblStatus = "HTML generated for " + name;
 }
 
 }  // namespace hlyd

@@ -20,6 +20,7 @@ enum SaveGroup : unsigned {
     kSaveElement = 1u << 6,
     kSaveFullOnly = 1u << 7,  // only the full save writes it
     kSaveNever = 1u << 8,     // read, or kept in memory, but written by no routine
+    kSaveFolders = 1u << 9,   // the folders the file dialogs start in
 };
 
 struct SettingKey {

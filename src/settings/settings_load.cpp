@@ -90,6 +90,8 @@ void readDebug(HlydSettings& s) {
 void readPrinterAndColumns(HlydSettings& s) {
     cINIHandler& i = iniHandler();
     s.DefaultFileLoc = i.ReadString("DefaultFileLoc", "", "General");
+    s.LastFileLoc = i.ReadString("LastFileLoc", "", "General");
+    s.LastHTMLLoc = i.ReadString("LastHTMLLoc", "", "General");
     s.CurrentPrinter = i.ReadString("CurrentPrinter", systemDefaultPrinter(), "General");
     ColumnSpec& c = pageSettings().Columns;
     i.setSection(printerSection());

@@ -65,7 +65,7 @@ void saveAllSettings() {
     if (!s.SettingsWritable) return;
     writeSettingsBatch([&s] {
         writeSettingGroups(kSaveDisplay | kSavePrint | kSavePrintOptions | kSaveElement | kSaveDebug | kSaveWindow |
-                           kSavePrinterState | kSaveFullOnly);
+                           kSavePrinterState | kSaveFolders | kSaveFullOnly);
         s.Version = theAppInfo().Version;
         iniHandler().WriteString("Version", s.Version, std::string("General"));
     });

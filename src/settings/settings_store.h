@@ -28,6 +28,8 @@ struct HlydSettings {
     bool ToolTips = true;
     bool StatusBar = true;
     std::string DefaultFileLoc;
+    std::string LastFileLoc;  // where files were last opened from
+    std::string LastHTMLLoc;  // where the last HTML document went
     std::string CurrentPrinter;
     bool SaveHYInfo = false;
     std::string SaveHYFile;

@@ -40,6 +40,7 @@ namespace hlyd {
 namespace {
 
 const std::string kSampleModule = std::string(HLYD_SOURCE_DIR) + "/examples/Sample/Sample.bas";
+const std::string kSampleProject = std::string(HLYD_SOURCE_DIR) + "/examples/Sample/Sample.vbp";
 
 // The picture shows something besides its background.
 bool hasDrawing(const QImage& picture) {
@@ -101,6 +102,24 @@ TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
     for (int i = 0; i < procs.ListCount(); ++i) EXPECT_EQ(window->cboProc()->itemText(i).toStdString(), procs.List(i));
     EXPECT_EQ(window->action("tbrClose")->toolTip(), "Close this file");
     EXPECT_EQ(window->lblStatus()->text().toStdString(), "Ready");  // a menu command ends at rest, as a button does
+}
+
+// Open, then Esc in the dialog: the project shown before is still shown, whole.
+TEST_F(WindowTest, OpenThenCancelLeavesTheProjectShown) {
+    open(kSampleProject);
+    const QString title = window->windowTitle();
+    const int files = oFile().Count();
+    ASSERT_GT(files, 1);
+    ASSERT_TRUE(hasDrawing(window->picShow()->picture()));
+
+    window->action("mnuFilOpen")->trigger();  // no answer waiting: the dialog is cancelled
+    QApplication::processEvents();
+
+    EXPECT_EQ(ui.dialogs.size(), 2u);
+    EXPECT_EQ(window->windowTitle(), title);
+    EXPECT_EQ(oFile().Count(), files);
+    EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
+    EXPECT_TRUE(window->action("mnuFilClose")->isEnabled());
 }
 
 // With the ToolTips setting off no button shows a tip, not even its caption.
