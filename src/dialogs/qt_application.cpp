@@ -64,8 +64,13 @@ void installHooks() {
     };
     run.showMainWindow = [] {
         if (!forms.window) return;
-        if (!forms.window->isVisible()) showWindowAsSaved(*forms.window);
-        else forms.window->raise();
+        if (!forms.window->isVisible()) {
+            showWindowAsSaved(*forms.window);
+        } else {
+            // The splash held the focus while it was up; the window takes it back when ready.
+            forms.window->raise();
+            forms.window->activateWindow();
+        }
         forms.window->refreshFromModel();
     };
     run.hideMainWindow = [] {
