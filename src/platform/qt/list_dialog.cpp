@@ -47,7 +47,8 @@ int ListDialog::chosenRow() const {
 
 int ListDialog::choose(QWidget* parent, const QString& title, const QStringList& paths, QSize& size) {
     ListDialog dialog(parent, title, paths);
-    if (size.isValid() && !size.isEmpty()) dialog.resize(size);
+    // Without a size of the user's the list is roomy enough for a project's paths.
+    dialog.resize(size.isValid() && !size.isEmpty() ? size : QSize(560, 380));
     int answer = dialog.exec();
     size = dialog.size();
     return answer == QDialog::Accepted ? dialog.chosenRow() : -1;
