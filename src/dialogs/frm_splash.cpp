@@ -70,6 +70,10 @@ void FrmSplash::showCentred() {
 void FrmSplash::raiseAboveOthers() {
     raise();
     activateWindow();
+    // The main window's input fence filters the application too, and the filter installed last
+    // sees an event first: a key aimed at the window must reach this filter before the fence drops it.
+    qApp->removeEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
 bool FrmSplash::eventFilter(QObject* watched, QEvent* event) {
