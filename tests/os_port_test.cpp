@@ -9,6 +9,7 @@
 
 #include "platform/line_reader.h"
 #include "platform/os.h"
+#include "platform/path_parts.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -39,6 +40,20 @@ protected:
         return st.st_mode & 07777;
     }
 };
+
+// Both separators cut, as project members are named in Windows form; a root keeps its separator.
+TEST(PathParts, NameFirstThenItsFolder) {
+    auto split = [](const std::string& path) {
+        NameAndFolder parts = nameAndFolder(path);
+        return parts.name + "|" + parts.folder;
+    };
+    EXPECT_EQ(split("/work/proj/Module1.bas"), "Module1.bas|/work/proj");
+    EXPECT_EQ(split("C:\\VB\\Forms\\Main.frm"), "Main.frm|C:\\VB\\Forms");
+    EXPECT_EQ(split("/work/proj\\sub/Class1.cls"), "Class1.cls|/work/proj\\sub");
+    EXPECT_EQ(split("Sample.bas"), "Sample.bas|");
+    EXPECT_EQ(split("/Sample.bas"), "Sample.bas|/");
+    EXPECT_EQ(split("C:\\Sample.bas"), "Sample.bas|C:\\");
+}
 
 TEST_F(OsPortTest, OnlyRegularFilesAreOpened) {
     std::string pipe = fifo("pipe");

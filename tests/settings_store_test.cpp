@@ -226,6 +226,21 @@ TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
     EXPECT_EQ(element(kPrint, kElemLiterals).BackColor, 16777215u);
 }
 
+// The size the user gave the list of open files comes back; a size no one would choose gives the
+// list its own.
+TEST_F(SettingsStoreTest, TheFileListKeepsItsSize) {
+    setScreenSizeTwips(1920 * 15, 1080 * 15);
+    loadFrom("[General]\nFileList=9000 6000\n");
+    EXPECT_EQ(hlydSettings().FileList, (std::array<std::int32_t, 2>{9000, 6000}));
+    hlydSettings().FileList = {12000, 7500};
+    saveWindowState();
+    EXPECT_NE(iniText().find("FileList=12000 7500"), std::string::npos);
+    for (const char* size : {"", "9000", "10 6000", "9000 -6000", "99999999 6000", "9000 99999999", "wide tall"}) {
+        loadFrom(std::string("[General]\nFileList=") + size + "\n");
+        EXPECT_EQ(hlydSettings().FileList, (std::array<std::int32_t, 2>{0, 0})) << size;
+    }
+}
+
 TEST_F(SettingsStoreTest, DialectReadFromDialectSavedUnderDefault) {
     loadFrom("[Dialect]\nDialect=4\nDefault=5\nDetect=manual\n");
     EXPECT_EQ(hlydSettings().Dialect, "4");
@@ -258,7 +273,7 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
               (Keys{"General/Orientation", "General/CurrentPrinter", "General/Duplex", "General/PaperSize",
                     "General/Copies", "General/PrintQuality"}));
     EXPECT_EQ(keysAfter(saveWindowState),
-              (Keys{"General/Screen", "General/ToolBar", "General/ToolTips", "General/StatusBar"}));
+              (Keys{"General/Screen", "General/ToolBar", "General/ToolTips", "General/StatusBar", "General/FileList"}));
     EXPECT_EQ(keysAfter([] { saveElementAttributes(kPrint, kElemKeyWords); }),
               (Keys{"PDF.Print/Color.Background.KeyWords", "PDF.Print/Color.Foreground.KeyWords",
                     "PDF.Print/FontName.KeyWords", "PDF.Print/FontAttr.KeyWords"}));

@@ -3,9 +3,11 @@
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "files/main_window_model.h"
 #include "shell/app_start.h"
 #include "shell/module_reset.h"
 #include "shell/start_mode.h"
+#include "shell/window_commands.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -54,6 +56,54 @@ TEST_F(AppStartTest, MissingKeywordFileEndsTheRunAfterItsMessage) {
     EXPECT_EQ(theDebug().BabStatus, -7);
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find("BASICLAN.KEYwas not found in the directory \n"), std::string::npos);
+}
+
+// A Ui whose pending events are the user's: a key on the splash at every look. Should the key go
+// unheard, the time runs out after a thousand looks, so that the test fails instead of hanging.
+class KeyOnSplashUi : public ScriptedUi {
+public:
+    void processEvents() override {
+        if (!mainWindow().controlsEnabled) sawCommandsWaiting = true;
+        endSplashWait();
+        if (++looks > 1000) clock->moment += 10;
+    }
+    FixedClock* clock = nullptr;
+    int looks = 0;
+    bool sawCommandsWaiting = false;
+};
+
+class WindowedStartLogicTest : public ConfigDirTest {
+protected:
+    void SetUp() override {
+        ConfigDirTest::SetUp();
+        installCommandHooks();
+        keyUi.clock = &clock;
+        setUi(&keyUi);
+        WindowedRun& run = windowedRun();
+        run.loadMainWindow = [] {};
+        run.showSplash = [](const std::string&, const std::string&) {};
+        run.showMainWindow = [this] { ++shown; };
+        run.closeSplash = [this] { commandsAtClose = mainWindow().controlsEnabled; };
+    }
+    void TearDown() override {
+        windowedRun() = WindowedRun{};
+        ConfigDirTest::TearDown();
+    }
+    KeyOnSplashUi keyUi;
+    int shown = 0;
+    bool commandsAtClose = true;
+};
+
+// The clock stands still, so only the key ends the splash's wait; the commands wait with it, and
+// are back when the start is over (the Open dialog was asked for with them enabled).
+TEST_F(WindowedStartLogicTest, AKeyOnTheSplashEndsTheWaitAndTheCommandsWaitWithIt) {
+    EXPECT_EQ(Main(""), 0);
+    EXPECT_LT(keyUi.looks, 100);
+    EXPECT_TRUE(keyUi.sawCommandsWaiting);
+    EXPECT_FALSE(commandsAtClose);
+    EXPECT_TRUE(mainWindow().controlsEnabled);
+    EXPECT_EQ(shown, 2);  // shown at once, and brought to the front when ready
+    EXPECT_EQ(keyUi.dialogs.size(), 1u);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "base/hlyd_error.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
+#include "display/wheel_scroll.h"
 #include "fake_surface.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
@@ -197,6 +198,55 @@ TEST_F(ViewingTest, ProcedureListAndNextAndPriorProcedure) {
     } catch (const HlydError& e) {
         EXPECT_EQ(e.Number, kInternalError);
     }
+}
+
+// A notch is three records, with Ctrl a page; the view stays within the bar and a turn to the end
+// asks for the end, as the End key does.
+TEST_F(ViewingTest, TheWheelScrollsThreeRecordsANotchAndAPageWithCtrl) {
+    openNumbered();
+    setScrollValue(10);
+    picShow_Wheel({-kWheelNotch, 0, false});
+    EXPECT_EQ(bar().Value, 13);
+    EXPECT_EQ(first(), 13);
+    picShow_Wheel({2 * kWheelNotch, 0, false});
+    EXPECT_EQ(first(), 7);
+    std::int32_t page = bar().LargeChange;
+    picShow_Wheel({-kWheelNotch, 0, true});
+    EXPECT_EQ(first(), 7 + page);
+    picShow_Wheel({20 * kWheelNotch, 0, false});
+    EXPECT_EQ(bar().Value, bar().Min);
+    picShow_Wheel({-20 * kWheelNotch, 0, true});
+    EXPECT_EQ(bar().Value, bar().Max);
+    EXPECT_FALSE(viewingState().NotAtEnd);
+    EXPECT_EQ(surface.callsOf("print").back().text, "100");
+}
+
+// Fine wheels and touchpads send small deltas: they add up to whole records, and a turn back
+// starts afresh instead of first paying off what the other direction left.
+TEST_F(ViewingTest, SmallWheelAndTouchpadDeltasAddUpToRecords) {
+    WheelSteps steps = wheelSteps({-15, 0, false}, 10);
+    EXPECT_EQ(steps.records, 0);
+    steps = wheelSteps({-15, 0, false}, 10);
+    EXPECT_EQ(steps.records, 0);
+    steps = wheelSteps({-15, 0, false}, 10);  // 45 eighths: one record of a notch's three
+    EXPECT_EQ(steps.records, 1);
+    steps = wheelSteps({30, 0, false}, 10);
+    EXPECT_EQ(steps.records, 0);
+    steps = wheelSteps({15, 0, false}, 10);
+    EXPECT_EQ(steps.records, -1);
+
+    steps = wheelSteps({0, -25, false}, 10);  // pixels: one record per line's height
+    EXPECT_EQ(steps.records, 2);
+    steps = wheelSteps({0, -5, false}, 10);
+    EXPECT_EQ(steps.records, 1);
+    steps = wheelSteps({0, -29, true}, 10);  // with Ctrl a notch's worth of lines is a page
+    EXPECT_EQ(steps.pages, 0);
+    steps = wheelSteps({0, -1, true}, 10);
+    EXPECT_EQ(steps.pages, 1);
+    EXPECT_EQ(steps.records, 0);
+
+    EXPECT_EQ(wheelScrollValue(5, 1, 50, 20, {3, 1}), 28);
+    EXPECT_EQ(wheelScrollValue(5, 1, 50, 20, {0, -1}), 1);
 }
 
 TEST_F(ViewingTest, NextAndPriorFile) {

@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "base/app_info.h"
 #include "platform/qt/qt_text.h"
+#include "shell/app_start.h"
 
 namespace hlyd {
 
@@ -28,7 +31,9 @@ QLabel* addLine(QVBoxLayout* layout, QWidget* parent, const QString& text, const
 }  // namespace
 
 FrmSplash::FrmSplash(const std::string& user, const std::string& company)
-    : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) {
+    // No stay-on-top hint: a window manager may ignore it, and where it is honoured the splash
+    // would stand above every other program too. The splash raises itself above our own window.
+    : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setObjectName("frmSplash");
     const cAppInfo& app = theAppInfo();
     auto* frame = new QFrame(this);
@@ -56,7 +61,43 @@ void FrmSplash::showCentred() {
     show();
     raise();
     repaint();
+    // Watches the whole application: keys go to whichever window is active, and the main window
+    // appears and is activated behind the splash's back.
+    qApp->installEventFilter(this);
     QApplication::processEvents();
 }
+
+void FrmSplash::raiseAboveOthers() {
+    raise();
+    activateWindow();
+    // The main window's input fence filters the application too, and the filter installed last
+    // sees an event first: a key aimed at the window must reach this filter before the fence drops it.
+    qApp->removeEventFilter(this);
+    qApp->installEventFilter(this);
+}
+
+bool FrmSplash::eventFilter(QObject* watched, QEvent* event) {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            // A box of the start (settings that cannot be kept) needs its keys, and is no splash.
+            if (!QApplication::activeModalWidget()) endSplashWait();
+            break;
+        case QEvent::MouseButtonPress:
+            if (widget && widget->window() == this) endSplashWait();
+            break;
+        case QEvent::Show:
+        case QEvent::WindowActivate:
+            // After the other window is up, or the raise would land below it.
+            if (widget && widget->isWindow() && widget != this && !QApplication::activeModalWidget())
+                QTimer::singleShot(0, this, &FrmSplash::raiseAboveOthers);
+            break;
+        default: break;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// Escape would close the splash as a dialog; any key only ends the wait (see the filter).
+void FrmSplash::keyPressEvent(QKeyEvent* event) { event->accept(); }
 
 }  // namespace hlyd

@@ -17,6 +17,7 @@
 #include "dialogs/view_hooks.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
+#include "display/wheel_scroll.h"
 #include "files/main_window_model.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
@@ -79,6 +80,7 @@ void HlydWindow::buildView() {
     setCentralWidget(central);
     connect(picShow_, &PicShow::resized, this, &HlydWindow::onViewResized);
     connect(picShow_, &PicShow::keyDown, this, &HlydWindow::onKeyDown);
+    connect(picShow_, &PicShow::wheelTurned, this, &HlydWindow::onWheel);
     connect(vsbDisplay_, &QScrollBar::valueChanged, this, &HlydWindow::onScrollValue);
     connect(picShow_, &PicShow::contextMenuAsked, this, [this](QPoint at) { popupMenu_->popup(at); });
 }
@@ -146,6 +148,10 @@ void HlydWindow::onViewResized(QSize pixels) {
 
 void HlydWindow::onKeyDown(int keyCode, int shift) {
     runCommand([&] { picShow_KeyDown(keyCode, shift); });
+}
+
+void HlydWindow::onWheel(int angleEighths, int pixels, bool ctrl) {
+    runCommand([&] { picShow_Wheel(WheelTurn{angleEighths, pixels, ctrl}); });
 }
 
 void HlydWindow::onScrollValue(int value) {

@@ -76,6 +76,7 @@ private:
 
     void onViewResized(QSize pixels);
     void onKeyDown(int keyCode, int shift);
+    void onWheel(int angleEighths, int pixels, bool ctrl);
     void onScrollValue(int value);
     void onProcChosen(int index);
     void showAbout();

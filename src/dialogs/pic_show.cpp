@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 namespace hlyd {
 
@@ -50,6 +51,11 @@ void PicShow::keyPressEvent(QKeyEvent* event) {
     int code = classicKeyCode(event->key());
     if (code == 0) return QWidget::keyPressEvent(event);
     emit keyDown(code, classicShift(event->modifiers()));
+    event->accept();
+}
+
+void PicShow::wheelEvent(QWheelEvent* event) {
+    emit wheelTurned(event->angleDelta().y(), event->pixelDelta().y(), event->modifiers() & Qt::ControlModifier);
     event->accept();
 }
 

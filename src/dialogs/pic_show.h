@@ -1,6 +1,7 @@
 #pragma once
 // The visible picture of the view (picShow): it shows the last finished image of the hidden
-// picture, holds the focus and passes the keys on as the classic key codes.
+// picture, holds the focus and passes the keys on as the classic key codes, and wheel turns as
+// they come.
 #include <QImage>
 #include <QWidget>
 
@@ -16,12 +17,15 @@ public:
 
 signals:
     void keyDown(int keyCode, int shift);
+    // Eighths of a degree, or a touchpad's pixels (0 when the platform gives none).
+    void wheelTurned(int angleEighths, int pixels, bool ctrl);
     void resized(QSize pixels);
     void contextMenuAsked(QPoint globalPos);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <array>
 #include <memory>
 
 #include "dialogs/frm_splash.h"
@@ -40,6 +41,17 @@ void showWindowAsSaved(HlydWindow& window) {
 
 QtUi* qtUiInForce() { return dynamic_cast<QtUi*>(&theUi()); }
 
+// The settings keep sizes in twips, as the window's place; an empty size is the dialog's own.
+QSize pixelsOf(const std::array<std::int32_t, 2>& twips, ImageSurface& screen) {
+    if (twips[0] <= 0 || twips[1] <= 0) return {};
+    return {twips[0] / screen.twipsPerPixelX(), twips[1] / screen.twipsPerPixelY()};
+}
+
+std::array<std::int32_t, 2> twipsOf(QSize pixels, ImageSurface& screen) {
+    if (!pixels.isValid() || pixels.isEmpty()) return {};
+    return {pixels.width() * screen.twipsPerPixelX(), pixels.height() * screen.twipsPerPixelY()};
+}
+
 void installHooks() {
     WindowedRun& run = windowedRun();
     run.showSplash = [](const std::string& user, const std::string& company) {
@@ -61,18 +73,26 @@ void installHooks() {
             };
         }
         forms.window->restoreFromSettings();
+        if (QtUi* ui = qtUiInForce()) ui->fileListSize = pixelsOf(hlydSettings().FileList, forms.window->picDisplay());
     };
     run.showMainWindow = [] {
         if (!forms.window) return;
-        if (!forms.window->isVisible()) showWindowAsSaved(*forms.window);
-        else forms.window->raise();
+        if (!forms.window->isVisible()) {
+            showWindowAsSaved(*forms.window);
+        } else {
+            // The splash held the focus while it was up; the window takes it back when ready.
+            forms.window->raise();
+            forms.window->activateWindow();
+        }
         forms.window->refreshFromModel();
     };
     run.hideMainWindow = [] {
         if (forms.window) forms.window->hide();
     };
     run.storeWindowState = [] {
-        if (forms.window) forms.window->storeIntoSettings();
+        if (!forms.window) return;
+        forms.window->storeIntoSettings();
+        if (QtUi* ui = qtUiInForce()) hlydSettings().FileList = twipsOf(ui->fileListSize, forms.window->picDisplay());
     };
     run.unloadForms = [] {
         forms.splash.reset();

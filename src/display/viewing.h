@@ -21,6 +21,8 @@ void viewResized(int viewHeightTwips);
 struct ViewingState {
     bool InScroll = false;
     bool NotAtEnd = true;
+    int WheelEighths = 0;  // the part of wheel turns not yet a whole step
+    int WheelPixels = 0;   // the same for a touchpad's pixels
 };
 ViewingState& viewingState();
 void resetViewingState();

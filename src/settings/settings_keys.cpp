@@ -72,6 +72,8 @@ void generalKeys(KeyList& k, HlydSettings& s) {
     k.boolean(g, "ToolBar", s.ToolBar, kSaveWindow);
     k.boolean(g, "ToolTips", s.ToolTips, kSaveWindow);
     k.boolean(g, "StatusBar", s.StatusBar, kSaveWindow);
+    k.computed(g, "FileList", kSaveWindow,
+               [&s] { return std::to_string(s.FileList[0]) + " " + std::to_string(s.FileList[1]); });
     k.text(g, "DefaultFileLoc", s.DefaultFileLoc, kSaveNever);
     k.text(g, "LastFileLoc", s.LastFileLoc, kSaveFolders);
     k.text(g, "LastHTMLLoc", s.LastHTMLLoc, kSaveFolders);

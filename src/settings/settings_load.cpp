@@ -61,6 +61,20 @@ std::int16_t readClamped(const std::string& key, double defaultValue, double low
     return cintOf(iniHandler().ReadNumber(key, defaultValue, lower, upper), kLoadSource);
 }
 
+// The list of open files is resized by the user and kept; a size smaller than a few lines or
+// larger than the screen is no choice anyone made, and the list takes its own size instead.
+std::array<std::int32_t, 2> readFileListSize() {
+    std::vector<std::string> words = iniHandler().ReadWords("FileList", "0 0", std::string("General"));
+    std::array<std::int32_t, 2> size{};
+    const std::array<double, 2> lower{3000, 1500}, upper{screenWidthTwips * 1.0, screenHeightTwips * 1.0};
+    for (std::size_t k = 0; k < 2; ++k) {
+        double value = k < words.size() ? valOf(words[k]) : 0;
+        if (!(value >= lower[k] && value <= upper[k])) return {};
+        size[k] = static_cast<std::int32_t>(value);
+    }
+    return size;
+}
+
 void readGeneralHead(HlydSettings& s) {
     cINIHandler& i = iniHandler();
     i.setSection("General");
@@ -182,6 +196,7 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
     // window the user cannot find or use: it starts at the default place instead.
     if (!usableWindowPlace(s.Screen, screenAreasTwips()))
         for (int k = 0; k < 4; ++k) s.Screen[k] = clngOf(valOf(fallback[k]), kLoadSource);
+    s.FileList = readFileListSize();
     s.ToolBar = i.ReadBool("ToolBar", true);
     s.ToolTips = i.ReadBool("ToolTips", true);
     s.StatusBar = i.ReadBool("StatusBar", true);

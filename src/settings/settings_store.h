@@ -27,6 +27,7 @@ struct HlydSettings {
     bool ToolBar = true;
     bool ToolTips = true;
     bool StatusBar = true;
+    std::array<std::int32_t, 2> FileList{};  // the list of open files: width, height in twips; 0 0 its own
     std::string DefaultFileLoc;
     std::string LastFileLoc;  // where files were last opened from
     std::string LastHTMLLoc;  // where the last HTML document went

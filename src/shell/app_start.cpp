@@ -11,6 +11,7 @@
 #include "base/message_box.h"
 #include "display/font_metrics.h"
 #include "files/file_table.h"
+#include "files/main_window_model.h"
 #include "files/mru.h"
 #include "platform/clock.h"
 #include "platform/os.h"
@@ -88,19 +89,24 @@ void validateSettingsFonts() {
     sbPrintINISave();
 }
 
+// The window is shown before the splash's wait is over, and the start goes on after it (the Open
+// dialog). A command started meanwhile would be overtaken by that start, so the commands wait
+// until the window is ready, as during any long operation.
 void loadMainWindowHidden() {
     if (!windowHooks.active()) return;
     windowHooks.loadMainWindow();
     sbSetToolBar();
+    mainWindow().disableControls();
 }
 
-// The splash stays up this long in a standalone start, whatever else is ready.
+// The splash stays up this long in a standalone start, unless the user dismisses it: a key or a
+// click says the splash has been seen, and eight seconds of nothing to do only cost the user.
 void waitForSplash() {
     auto elapsed = [] {
         long seconds = secondsSinceMidnight(theClock().now()) - mainState.StartTime;
         return seconds < 0 ? seconds + kSecondsPerDay : seconds;
     };
-    while (elapsed() < kSplashSeconds) {
+    while (!mainState.SplashWaitEnded && elapsed() < kSplashSeconds) {
         theUi().processEvents();
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
@@ -120,6 +126,7 @@ int finishWindowedStart() {
         windowHooks.showMainWindow();
     }
     if (windowHooks.closeSplash) windowHooks.closeSplash();
+    if (!mainState.ApplicationEnding) mainWindow().enableControls();
     theUi().setBusy(false);
     bool interactive = mode == kStartStandalone || mode == kStartIdeMode;
     if (interactive && !mainState.ApplicationEnding && hlydSettings().ShowOpenDialog) mnuFilOpen_Click();
@@ -142,6 +149,7 @@ void processCommandLineFile() {
 }  // namespace
 
 WindowedRun& windowedRun() { return windowHooks; }
+void endSplashWait() { mainState.SplashWaitEnded = true; }
 HlydMainState& hlydMain() { return mainState; }
 void resetHlydMain() { mainState = HlydMainState{}; }
 

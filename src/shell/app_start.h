@@ -15,6 +15,7 @@ struct HlydMainState {
     std::string HelpFile;
     std::vector<std::string> ElementClassNames;
     bool ApplicationEnding = false;
+    bool SplashWaitEnded = false;  // the user pressed a key or clicked on the splash
 };
 
 // What a run with a window adds to the start and the stop. A run without a window leaves the hooks
@@ -38,6 +39,9 @@ void resetHlydMain();
 // The entry point; returns the process exit code. With a window, the caller then runs the event
 // loop unless the run has ended already (hlydMain().ApplicationEnding).
 int Main(const std::string& commandLine, std::int32_t platformMode = 0);
+
+// A key or a click on the splash: the user has seen it and wants the window now.
+void endSplashWait();
 
 void InitApp();
 void HLYDStart();

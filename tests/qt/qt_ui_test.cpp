@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include "platform/qt/list_dialog.h"
 #include "platform/qt/qt_ui.h"
@@ -50,6 +52,36 @@ TEST(QtUi, TheListDialogGivesThePositionChosen) {
     QtUi ui;
     enterInNextDialog();
     EXPECT_EQ(ui.chooseFromList("Files", {"a.bas", "b.bas"}), std::optional<int>(0));
+}
+
+// Members of one folder differ only in their names: the name comes first, the folder after it;
+// a typed letter goes to the first name it begins; the size the user leaves is the next one's.
+TEST(QtUi, TheFileListShowsNamesFirstJumpsByLetterAndKeepsItsSize) {
+    QtUi ui;
+    ui.fileListSize = QSize(520, 340);
+    QSize opened;
+    QStringList names, folders;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        opened = dialog->size();
+        auto* list = dialog->findChild<QTreeWidget*>("lstFiles");
+        ASSERT_NE(list, nullptr);
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            names << list->topLevelItem(row)->text(0);
+            folders << list->topLevelItem(row)->text(1);
+        }
+        QTest::keyClick(list, Qt::Key_M);
+        dialog->resize(600, 400);
+        dialog->accept();
+    });
+    std::vector<std::string> paths{"/work/big/project/Alpha.bas", "/work/big/project/Beta.cls",
+                                   "/work/big/project/Main.frm", "/work/big/other/Zeta.bas"};
+    EXPECT_EQ(ui.chooseFromList("Files", paths), std::optional<int>(2));
+    EXPECT_EQ(opened, QSize(520, 340));
+    EXPECT_EQ(names, QStringList({"Alpha.bas", "Beta.cls", "Main.frm", "Zeta.bas"}));
+    EXPECT_EQ(folders.front(), "/work/big/project");
+    EXPECT_EQ(ui.fileListSize, QSize(600, 400));
 }
 
 }  // namespace

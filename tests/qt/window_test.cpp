@@ -11,7 +11,10 @@
 #include <QTest>
 #include <QToolBar>
 #include <QToolTip>
+#include <QElapsedTimer>
 #include <QHelpEvent>
+#include <QTimer>
+#include <QWheelEvent>
 #include <array>
 #include <fstream>
 #include <iterator>
@@ -176,6 +179,29 @@ TEST_F(WindowTest, KeysInTheViewScroll) {
     EXPECT_EQ(first(), start);
 }
 
+// The wheel over the view scrolls the listing, and the view keeps the focus and its keys.
+TEST_F(WindowTest, TheWheelOverTheViewScrolls) {
+    window->resize(900, 320);
+    QApplication::processEvents();
+    open(kSampleModule);
+    window->picShow()->setFocus();
+    std::int32_t start = first();
+    auto turn = [&](QPoint pixels, QPoint angle, Qt::KeyboardModifiers modifiers) {
+        QPointF at(10, 10);
+        QWheelEvent wheel(at, window->picShow()->mapToGlobal(at), pixels, angle, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(window->picShow(), &wheel);
+    };
+    turn(QPoint(), QPoint(0, -120), Qt::NoModifier);
+    EXPECT_EQ(first(), start + 3);
+    EXPECT_EQ(window->vsbDisplay()->value(), mainWindow().vsbDisplay.Value);
+    EXPECT_EQ(recordLabel(), QString("Line: %1").arg(start + 3));
+    turn(QPoint(0, 400), QPoint(0, 120), Qt::NoModifier);  // a touchpad's pixels, many lines' worth
+    EXPECT_EQ(first(), start);
+    QTest::keyClick(window->picShow(), Qt::Key_Down);
+    EXPECT_EQ(first(), start + 1);
+}
+
 TEST_F(WindowTest, TheProcedureListJumpsToTheProcedure) {
     open(kSampleModule);
     int index = window->cboProc()->findText("Fill");
@@ -294,6 +320,52 @@ TEST_F(WindowedStartTest, AnUnwritableSettingsFolderIsToldAndTheWindowWorks) {
     EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
     window->close();
     EXPECT_EQ(ui.shown.size(), 1u);
+}
+
+// The scripted answers, with the window's events handled as the program's own Ui does.
+class EventsUi : public test::ScriptedUi {
+public:
+    void processEvents() override { QApplication::processEvents(); }
+};
+
+// A standalone start waits on its splash while the clock stands still: a key ends the wait, and
+// the window is there with its commands. Meanwhile the commands waited. Gives the start's time.
+qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
+    EventsUi events;
+    setUi(&events);
+    QTimer press;
+    QObject::connect(&press, &QTimer::timeout, [&] {
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "frmSplash" && top->isVisible() && windowedMainWindow()) {
+                commandsWaited = !mainWindow().controlsEnabled;
+                QTest::keyClick(onSplash ? top : windowedMainWindow()->picShow(), Qt::Key_Space);
+                press.stop();
+            }
+    });
+    press.start(20);
+    QObject guard;  // the timer ends with the start
+    QTimer::singleShot(5000, &guard, [] { endSplashWait(); });  // the test fails rather than hang
+    QElapsedTimer started;
+    started.start();
+    EXPECT_EQ(Main(""), 0);
+    EXPECT_EQ(events.dialogs.size(), 1u);
+    setUi(&restored);
+    return started.elapsed();
+}
+
+// The key on the splash, or on the window behind it that the user may have clicked into.
+TEST_F(WindowedStartTest, AKeyEndsTheSplashWait) {
+    for (bool onSplash : {true, false}) {
+        bool commandsWaited = false;
+        EXPECT_LT(startAndPressSpace(onSplash, commandsWaited, ui), 4000) << onSplash;
+        EXPECT_TRUE(commandsWaited);
+        ASSERT_NE(windowedMainWindow(), nullptr);
+        EXPECT_TRUE(windowedMainWindow()->isVisible());
+        EXPECT_TRUE(mainWindow().controlsEnabled);
+        uninstallWindowedRun();
+        useConfigDir(dir + "/again");
+        installWindowedRun();
+    }
 }
 
 TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {

@@ -147,7 +147,7 @@ std::optional<int> QtUi::chooseFromList(const std::string& title, const std::vec
     PointerRestored pointer;
     QStringList shown;
     for (const std::string& item : items) shown.append(fromUtf8(item));
-    int chosen = ListDialog::choose(parent_.data(), fromUtf8(title), shown);
+    int chosen = ListDialog::choose(parent_.data(), fromUtf8(title), shown, fileListSize);
     if (chosen < 0) return std::nullopt;
     return chosen;
 }

@@ -2,6 +2,7 @@
 // The user-interface port on Qt: message boxes, the file dialogs, a list to choose from, the
 // hourglass and the processing of pending events.
 #include <QPointer>
+#include <QSize>
 #include <QWidget>
 #include <functional>
 
@@ -16,6 +17,8 @@ public:
     // Runs before pending events are handled: the logic writes labels (progress of a long read)
     // and expects them seen at these points.
     std::function<void()> beforeEvents;
+    // The size of the list of open files: the window layer keeps it in the settings.
+    QSize fileListSize;
 
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
     void processEvents() override;
