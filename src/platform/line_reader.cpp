@@ -114,9 +114,11 @@ std::string_view LineReader::readLine() {
                 fill();
                 continue;
             }
-            line_.assign(buffer_.data() + start_, at - start_);
+            // A whole line in the buffer is handed out in place: the copy is kept for the cut and
+            // last lines, whose bytes a later fill would move.
+            std::string_view line(buffer_.data() + start_, at - start_);
             passLineEnd(at);
-            return line_;
+            return line;
         }
         if (end_ - start_ > longest_) return cutLine(start_ + longest_ + 1);
         if (!fill()) {

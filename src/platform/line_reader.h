@@ -24,7 +24,7 @@ public:
     bool atEnd();
     std::uint64_t size() const { return size_; }
     std::uint64_t offset() const { return consumed_ + start_; }  // how far the file has been read
-    // The next line, without its line end; valid until the next call.
+    // The next line, without its line end; valid until the next call of readLine or atEnd.
     std::string_view readLine();
     bool lastLineCut() const { return cut_; }
     int error() const { return error_; }
@@ -42,7 +42,7 @@ private:
     std::size_t chunk_;
     os::InputFile file_;
     std::string buffer_;
-    std::string line_;  // the line handed out, a copy, so that reading on cannot change it
+    std::string line_;  // a cut or last line handed out, a copy, since a fill would move its bytes
     std::size_t start_ = 0;  // first unread byte
     std::size_t end_ = 0;    // one past the last byte read into the buffer
     std::uint64_t consumed_ = 0;
