@@ -1,0 +1,81 @@
+#pragma once
+// A printer: a drawing surface in twips that also has pages, documents, job properties and the
+// capabilities of its device. The system's printers, the built-in PDF printer, the recording
+// printer of the tools and tests, and the null printer of a machine with none all stand behind it.
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/surface.h"
+
+namespace hlyd {
+
+// The device's own figures, in its pixels: what the page geometry is computed from.
+struct PrinterCaps {
+    std::int32_t PhysicalWidth = 0;    // the whole sheet
+    std::int32_t PhysicalHeight = 0;
+    std::int32_t PhysicalOffsetX = 0;  // the unprintable strip at the left and at the top
+    std::int32_t PhysicalOffsetY = 0;
+    std::int32_t PixelsPerInchX = 0;
+    std::int32_t PixelsPerInchY = 0;
+};
+
+// The job properties a print command may set. A device may refuse a value: setJobProperty then
+// answers 380 (value not valid) or 483 (property not supported), which the caller raises.
+enum class JobProperty { Orientation, Copies, Duplex, PaperSize, PrintQuality };
+
+class Printer : public Surface {
+public:
+    virtual std::string deviceName() const = 0;
+    virtual PrinterCaps caps() const = 0;
+
+    // The printable area in twips, as the device gives it.
+    virtual float scaleLeft() const = 0;
+    virtual float scaleTop() const = 0;
+    virtual float scaleHeight() const = 0;
+    // scaleWidth(), width() and height() (the whole page in twips) come from Surface.
+
+    // Pages and documents. Page() counts the pages of the document in progress, from 1.
+    virtual void newPage() = 0;
+    virtual void endDoc() = 0;
+    // Ends the document in progress and drops the pages of it that were not delivered yet.
+    virtual void killDoc() = 0;
+    virtual std::int32_t page() const = 0;
+    // What the page about to begin is: its printed number and its kind (1 code, 2 project file,
+    // 3 procedure contents, 4 project contents). A printer may label its pages with it.
+    virtual void setPageLabel(std::int32_t printedNumber, int kind) { (void)printedNumber, (void)kind; }
+
+    virtual std::int32_t jobProperty(JobProperty which) const = 0;
+    // 0 when taken, else the error number of the refusal.
+    virtual int setJobProperty(JobProperty which, std::int32_t value) = 0;
+
+    // One print command is one job. A printer that writes a file takes its target here; the file
+    // appears only when the job ends with keep true and everything could be written (false
+    // otherwise: then nothing is left behind, and an existing file stays as it was).
+    virtual void beginJob(const std::string& outputPath) { (void)outputPath; }
+    virtual bool endJob(bool keep) { (void)keep; return true; }
+    // Why the last endJob failed, for the message the user gets.
+    virtual std::string jobError() const { return {}; }
+};
+
+// The printers of this machine: the system's, and the built-in ones.
+class PrinterSystem {
+public:
+    virtual ~PrinterSystem() = default;
+    virtual std::vector<std::string> printerNames() const = 0;
+    // Empty when the machine has no printer at all.
+    virtual std::string defaultPrinterName() const = 0;
+    // The printer of that name; nullptr when there is none.
+    virtual std::unique_ptr<Printer> open(const std::string& name) = 0;
+};
+
+// The printer in force, also installed as the printer surface; none until the start or a test
+// installs one. The caller keeps ownership.
+Printer* currentPrinter();
+void setCurrentPrinter(Printer* printer);
+
+PrinterSystem* printerSystem();
+void setPrinterSystem(PrinterSystem* system);
+
+}  // namespace hlyd

@@ -1,0 +1,233 @@
+#include "printing/recording_printer.h"
+
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+namespace hlyd {
+
+namespace {
+
+constexpr const char* kFonts[] = {"Courier New", "Arial", "Times New Roman"};
+constexpr float kPageWidth = 12240, kPageHeight = 15840;
+constexpr std::int32_t kPixelsPerInch = 600, kOffsetPixels = 150;
+constexpr float kOffsetTwips = kOffsetPixels * 1440.0f / kPixelsPerInch;
+
+std::string jsonText(const std::string& text) {
+    std::string out = "\"";
+    for (unsigned char c : text) {
+        if (c == '"' || c == '\\') out += '\\', out += static_cast<char>(c);
+        else if (c < 0x20) {
+            char buffer[8];
+            std::snprintf(buffer, sizeof buffer, "\\u%04x", c);
+            out += buffer;
+        } else if (c < 0x80) out += static_cast<char>(c);
+        else {  // the source's single-byte text, shown as Latin-1 in UTF-8
+            out += static_cast<char>(0xC0 | (c >> 6));
+            out += static_cast<char>(0x80 | (c & 0x3F));
+        }
+    }
+    return out + "\"";
+}
+
+std::string jsonNumber(double value) {
+    if (value == std::floor(value) && std::fabs(value) < 1e15) return std::to_string(static_cast<long long>(value));
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "%.6g", value);
+    return buffer;
+}
+
+std::string jsonColour(std::uint32_t bgr) {
+    char buffer[8];
+    std::snprintf(buffer, sizeof buffer, "#%02X%02X%02X", bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
+    return buffer;
+}
+
+const char* jsonBool(bool on) { return on ? "true" : "false"; }
+
+}  // namespace
+
+RecordingPrinter::RecordingPrinter(std::string name, Sink sink) : name_(std::move(name)), sink_(std::move(sink)) {}
+
+void RecordingPrinter::setFontName(const std::string& name) {
+    for (const char* f : kFonts)
+        if (name == f) font_ = name;
+}
+
+float RecordingPrinter::textWidth(const std::string& text) {
+    return static_cast<float>(size_ * 12 * static_cast<double>(text.size()));
+}
+
+float RecordingPrinter::textHeight(const std::string& text) {
+    double lines = 1;
+    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lines;
+    return static_cast<float>(size_ * 24 * lines);
+}
+
+float RecordingPrinter::scaleWidth() const { return kPageWidth - 2 * kOffsetTwips; }
+float RecordingPrinter::scaleHeight() const { return kPageHeight - 2 * kOffsetTwips; }
+
+std::vector<std::string> RecordingPrinter::fonts() const { return {std::begin(kFonts), std::end(kFonts)}; }
+
+PrinterCaps RecordingPrinter::caps() const {
+    return {static_cast<std::int32_t>(kPageWidth / 1440 * kPixelsPerInch),
+            static_cast<std::int32_t>(kPageHeight / 1440 * kPixelsPerInch),
+            kOffsetPixels,
+            kOffsetPixels,
+            kPixelsPerInch,
+            kPixelsPerInch};
+}
+
+void RecordingPrinter::emit(PrintEvent e) {
+    e.doc = doc_;
+    e.page = page_;
+    if (sink_) sink_(e);
+}
+
+void RecordingPrinter::ensurePage() {
+    if (!docOpen_) {
+        docOpen_ = true;
+        ++doc_;
+        page_ = 0;
+        pagesInDoc_ = 0;
+    }
+    if (page_ != 0) return;
+    page_ = 1;
+    ++pagesInDoc_;
+    PrintEvent e;
+    e.kind = PrintEvent::PageStart;
+    e.printed = printed_;
+    e.type = type_;
+    emit(e);
+}
+
+void RecordingPrinter::print(const std::string& text) {
+    ensurePage();
+    if (!text.empty()) {
+        PrintEvent e;
+        e.kind = PrintEvent::Text;
+        e.x1 = x_;
+        e.y1 = y_;
+        e.font = font_;
+        e.size = size_;
+        e.bold = bold_;
+        e.italic = italic_;
+        e.underline = underline_;
+        e.colour = fore_;
+        e.text = text;
+        emit(std::move(e));
+    }
+    x_ += textWidth(text);
+}
+
+void RecordingPrinter::line(float x1, float y1, float x2, float y2, std::uint32_t colour) {
+    ensurePage();
+    PrintEvent e;
+    e.kind = PrintEvent::Line;
+    e.x1 = x1, e.y1 = y1, e.x2 = x2, e.y2 = y2;
+    e.colour = colour;
+    e.width = drawWidth_;
+    emit(e);
+    x_ = x2, y_ = y2;
+}
+
+// A filled box is told as its four edges, so that a reader of the dump sees where it lies.
+void RecordingPrinter::filledBox(float x1, float y1, float x2, float y2, std::uint32_t colour) {
+    int width = drawWidth_;
+    drawWidth_ = 1;
+    line(x1, y1, x2, y1, colour);
+    line(x2, y1, x2, y2, colour);
+    line(x2, y2, x1, y2, colour);
+    line(x1, y2, x1, y1, colour);
+    drawWidth_ = width;
+    x_ = x2, y_ = y2;
+}
+
+void RecordingPrinter::newPage() {
+    ensurePage();
+    delivered_ += 1;
+    --pagesInDoc_;  // the page ended is delivered; the one begun now is counted when it begins
+    ++page_;
+    ++pagesInDoc_;
+    PrintEvent e;
+    e.kind = PrintEvent::PageStart;
+    e.printed = printed_;
+    e.type = type_;
+    emit(e);
+    x_ = y_ = 0;
+}
+
+void RecordingPrinter::endDoc() {
+    if (!docOpen_) return;
+    delivered_ += pagesInDoc_;
+    PrintEvent e;
+    e.kind = PrintEvent::EndDoc;
+    emit(e);
+    docOpen_ = false;
+    page_ = 0;
+    pagesInDoc_ = 0;
+    x_ = y_ = 0;
+}
+
+void RecordingPrinter::killDoc() {
+    if (!docOpen_) return;
+    PrintEvent e;
+    e.kind = PrintEvent::KillDoc;
+    emit(e);
+    docOpen_ = false;
+    page_ = 0;
+    pagesInDoc_ = 0;
+    x_ = y_ = 0;
+}
+
+std::int32_t RecordingPrinter::jobProperty(JobProperty which) const {
+    switch (which) {
+        case JobProperty::Orientation: return orientation_;
+        case JobProperty::Copies: return copies_;
+        case JobProperty::Duplex: return 1;
+        case JobProperty::PaperSize: return paperSize_;
+        case JobProperty::PrintQuality: return quality_;
+    }
+    return 0;
+}
+
+// It prints on one side only, and knows one paper: asking for more is refused as a driver would.
+int RecordingPrinter::setJobProperty(JobProperty which, std::int32_t value) {
+    switch (which) {
+        case JobProperty::Orientation:
+            if (value != 1 && value != 2) return 380;
+            orientation_ = value;
+            break;
+        case JobProperty::Copies: copies_ = value; break;
+        case JobProperty::Duplex:
+            if (value != 1) return 483;
+            break;
+        case JobProperty::PaperSize: paperSize_ = value; break;
+        case JobProperty::PrintQuality: quality_ = value; break;
+    }
+    return 0;
+}
+
+std::string printEventJson(const PrintEvent& e) {
+    std::string head = "\"doc\":" + std::to_string(e.doc);
+    std::string where = head + ",\"page\":" + std::to_string(e.page);
+    switch (e.kind) {
+        case PrintEvent::PageStart:
+            return "{\"kind\":\"page\"," + where + ",\"printed\":" + std::to_string(e.printed) +
+                   ",\"type\":" + std::to_string(e.type) + "}";
+        case PrintEvent::Text:
+            return "{\"kind\":\"text\"," + where + ",\"x\":" + jsonNumber(e.x1) + ",\"y\":" + jsonNumber(e.y1) +
+                   ",\"font\":" + jsonText(e.font) + ",\"size\":" + jsonNumber(e.size) + ",\"bold\":" +
+                   jsonBool(e.bold) + ",\"italic\":" + jsonBool(e.italic) + ",\"underline\":" + jsonBool(e.underline) +
+                   ",\"colour\":\"" + jsonColour(e.colour) + "\",\"text\":" + jsonText(e.text) + "}";
+        case PrintEvent::Line:
+            return "{\"kind\":\"line\"," + where + ",\"x1\":" + jsonNumber(e.x1) + ",\"y1\":" + jsonNumber(e.y1) +
+                   ",\"x2\":" + jsonNumber(e.x2) + ",\"y2\":" + jsonNumber(e.y2) + ",\"width\":" +
+                   std::to_string(e.width) + ",\"colour\":\"" + jsonColour(e.colour) + "\"}";
+        case PrintEvent::EndDoc: return "{\"kind\":\"enddoc\"," + head + "}";
+        case PrintEvent::KillDoc: return "{\"kind\":\"killdoc\"," + head + "}";
+    }
+    return "{}";
+}
+
+}  // namespace hlyd
