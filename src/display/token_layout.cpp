@@ -38,11 +38,15 @@ private:
     int elementOf(std::int32_t token) const;
     bool markAfter(const Token& token) const { return f_.ContinueGenerate || (f_.ContinueHonor && (token.Continued & 1)); }
     void firstTokenStart(const Token& token);
-    void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces);
+    void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
+                    std::int32_t last);
     void drawPieces(std::int32_t i, const Token& token, AttributeRecord& a, const std::vector<std::string>& pieces);
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
     void continuationMark();
     void movePen(float x, float y);
+    bool breakIfFull();
+    void gapBefore(std::int32_t next, const AttributeRecord& left);
+    std::int32_t lastToken(const Record& r) const;
 
     int dest_;
     Surface& s_;
@@ -56,7 +60,43 @@ private:
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
     float penX_ = -1, penY_ = -1;
     std::int32_t wraps_ = 0;
+    bool stopped_ = false;
 };
+
+// On paper a line that would reach the bottom limit goes to the next column or page first; the
+// record keeps its place relative to the left edge, which may have moved with the column.
+bool RecordPainter::breakIfFull() {
+    if (!hooks_.breakAtBottom || y_ + lineHeight_ < pos_.Bottom) return true;
+    float oldLeft = pos_.Left;
+    if (!hooks_.breakAtBottom(pos_)) {
+        stopped_ = true;
+        return false;
+    }
+    x_ += pos_.Left - oldLeft;
+    xWrap_ += pos_.Left - oldLeft;
+    y_ = pos_.Top;
+    yNext_ = y_ + lineHeight_;
+    penX_ = penY_ = -1;
+    return true;
+}
+
+void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
+    const std::string& lead = t_.Tokens[next].LeadingSpace;
+    std::size_t blanks = lead.size();
+    float unit = static_cast<float>(left.SpaceWidth);
+    if (hooks_.gap == GapRule::WhiteSpace) unit = m_.WhiteSpaceSize[dest_];
+    if (hooks_.gap == GapRule::SingleBlank) {
+        blanks = lead.empty() ? 0 : 1;
+        unit = m_.WhiteSpaceSize[dest_];
+    }
+    x_ += static_cast<float>(blanks) * unit;
+    if (hooks_.textDrawn) hooks_.textDrawn->append(blanks, ' ');
+}
+
+std::int32_t RecordPainter::lastToken(const Record& r) const {
+    if (!hooks_.toStatementEnd) return r.LastT;
+    return t_.Statements[r.FirstS].LastToken;
+}
 
 int RecordPainter::elementOf(std::int32_t token) const {
     if (procedureLine_) return kElemProcedures;
@@ -81,6 +121,7 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     movePen(x_, yText);
     s_.print(text);
     penX_ = x_ + width;
+    if (hooks_.textDrawn) hooks_.textDrawn->append(text);
 }
 
 // " _" in the KeyWords attributes, at the pen.
@@ -114,12 +155,13 @@ void RecordPainter::firstTokenStart(const Token& token) {
 }
 
 // Decides where the token stands and into which pieces it falls.
-void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces) {
+void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
+                               std::int32_t last) {
     const Record& r = t_.Records[record_];
     bool first = i == r.FirstT;
     setAttributesOn(s_, a);
     float width = s_.textWidth(token.Text);
-    bool reserve = (i != r.LastT && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1));
+    bool reserve = (i != last && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1));
     float limitX = reserve ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
     pieces.assign(1, token.Text);
     if (x_ + width <= limitX) return;
@@ -136,7 +178,10 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeReco
         if (x_ > limitX) xWrap_ = x_ = pos_.Left;
         HlydTKSplitForOutput(token.Text, pieces, limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1, dest_);
     }
-    if (!first) y_ += lineHeight_;
+    if (!first) {
+        y_ += lineHeight_;
+        breakIfFull();
+    }
 }
 
 // Draws the pieces; X is left at the right end of the text drawn last, so a token of blanks
@@ -155,8 +200,9 @@ void RecordPainter::drawPieces(std::int32_t /*i*/, const Token& token, Attribute
         if (drawable && markAfter(token)) continuationMark();
         x_ = xWrap_ + m_.WhiteSpaceSize[dest_];
         y_ = yNext_;
-        yNext_ += lineHeight_;
-        yText_ += lineHeight_;
+        if (!breakIfFull()) return;
+        yNext_ = y_ + lineHeight_;
+        yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
         ++wraps_;
     }
     x_ = penX_;
@@ -166,24 +212,28 @@ std::int32_t RecordPainter::run() {
     const Record& r = t_.Records[record_];
     const Statement& governing = governingStatement(record_);
     if (governing.Class == kStmtHeader && f_.SkipAttributes) return -1;
+    std::int32_t last = lastToken(r);
     xWrap_ = m_.WhiteSpaceSize[dest_] > pos_.Right ? pos_.Right - m_.WhiteSpaceSize[dest_] : pos_.Left;
     x_ = pos_.Left;
     y_ = pos_.Top;
     procedureLine_ = t_.Statements[r.FirstS].Class == kStmtProcStart || t_.Statements[r.LastS].Class == kStmtProcStart;
     if (procedureLine_) lineHeight_ = static_cast<float>(attributesOf(kElemProcedures, dest_).Height);
-    else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, r.LastT);
+    else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, last);
     if (hooks_.separator) hooks_.separator(governing, r, xWrap_, y_);
+    if (!breakIfFull()) return wraps_;
     yNext_ = y_ + lineHeight_;
     std::vector<std::string> pieces;
-    for (std::int32_t i = r.FirstT; i >= 1 && i <= r.LastT; ++i) {
+    for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
         if (i == r.FirstT) firstTokenStart(token);
-        placeToken(i, token, a, pieces);
+        placeToken(i, token, a, pieces, last);
+        if (stopped_) break;
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
         if (i == r.FirstT) {
             if (hooks_.beforeFirstToken) hooks_.beforeFirstToken(record_);
+            if (hooks_.firstLine) hooks_.firstLine(y_, lineHeight_);
             bool opensOrCloses = governing.Flags & (kFlagIndent | kFlagOutdent);
             if (f_.ConnectControls && r.FirstT == governing.FirstToken && opensOrCloses && hooks_.connectors) {
                 hooks_.connectors(pos_, lineHeight_, wraps_, record_, x_);
@@ -192,9 +242,9 @@ std::int32_t RecordPainter::run() {
             }
         }
         drawPieces(i, token, a, pieces);
-        if (i < r.LastT) x_ += static_cast<float>(t_.Tokens[i + 1].LeadingSpace.size()) * static_cast<float>(a.SpaceWidth);
+        if (i < last) gapBefore(i + 1, a);
     }
-    if (r.LastT >= 1 && f_.ContinueHonor && (t_.Tokens[r.LastT].Continued & 1)) continuationMark();
+    if (!stopped_ && last >= 1 && f_.ContinueHonor && (t_.Tokens[last].Continued & 1)) continuationMark();
     pos_.Top = yNext_;
     return wraps_;
 }

@@ -26,8 +26,24 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
                              std::int32_t firstToken, std::int32_t lastToken);
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int displayOrPrint);
 
+// How the gap before a token is measured: its blanks in the space width of the font on its left
+// (the screen), in the mean white space (paper), or as one blank whatever it holds (the
+// declaration lines of a contents listing).
+enum class GapRule { SpaceWidth, WhiteSpace, SingleBlank };
+
 // What differs between the destinations while a record is laid out.
 struct RecordLayoutHooks {
+    GapRule gap = GapRule::SpaceWidth;
+    // The last token drawn: the record's own, or (for a declaration) its first statement's last.
+    bool toStatementEnd = false;
+    // On a surface with pages: called when the next line would reach `pos.Bottom`, the bottom
+    // limit; it moves `pos` to the next column or page (Left, Right, Top, Bottom) and answers false
+    // when printing must stop. The line goes on at the same distance from the new left edge.
+    std::function<bool(AreaRecord& pos)> breakAtBottom;
+    // The record's first line is reached: its top and its height (line numbers go there).
+    std::function<void(float y, float lineHeight)> firstLine;
+    // When set, receives the text drawn, gaps as blanks.
+    std::string* textDrawn = nullptr;
     // Draws the separator line when the destination calls for one; may move `y` down.
     std::function<void(const Statement& governing, const Record& record, float xWrap, float& y)> separator;
     // Before the record's first token is drawn.
