@@ -1,6 +1,7 @@
 #include "base/vb_convert.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "base/hlyd_error.h"
@@ -33,5 +34,15 @@ std::int16_t cintOf(double value, const std::string& source) { return roundedInt
 std::int32_t clngOf(double value, const std::string& source) { return roundedInto<std::int32_t>(value, source); }
 
 void incrementInt16(std::int16_t& count, const std::string& source) { count = int16Of(count + 1, source); }
+
+bool isNumeric(const std::string& text) {
+    std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string::npos) return false;
+    std::size_t last = text.find_last_not_of(" \t");
+    std::string number = text.substr(first, last - first + 1);
+    char* end = nullptr;
+    std::strtod(number.c_str(), &end);
+    return end == number.c_str() + number.size() && number.find_first_of("xXpPnN") == std::string::npos;
+}
 
 }  // namespace hlyd

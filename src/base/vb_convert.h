@@ -14,6 +14,10 @@ std::int16_t int16Of(std::int64_t value, const std::string& source = {});
 std::int16_t cintOf(double value, const std::string& source = {});
 std::int32_t clngOf(double value, const std::string& source = {});
 
+// True when the text, blanks aside, reads whole as a number ("12", " 3.5 ", "-1"), as a typed
+// field is tested before its value is taken.
+bool isNumeric(const std::string& text);
+
 // Adds one to a 16-bit count.
 void incrementInt16(std::int16_t& count, const std::string& source = {});
 

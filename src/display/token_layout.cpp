@@ -233,7 +233,10 @@ std::int32_t RecordPainter::run() {
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
         if (i == r.FirstT) {
             if (hooks_.beforeFirstToken) hooks_.beforeFirstToken(record_);
-            if (hooks_.firstLine) hooks_.firstLine(y_, lineHeight_);
+            if (hooks_.firstLine) {
+                hooks_.firstLine(y_, lineHeight_);
+                penX_ = penY_ = -1;  // the pen is where the line's number left it
+            }
             bool opensOrCloses = governing.Flags & (kFlagIndent | kFlagOutdent);
             if (f_.ConnectControls && r.FirstT == governing.FirstToken && opensOrCloses && hooks_.connectors) {
                 hooks_.connectors(pos_, lineHeight_, wraps_, record_, x_);

@@ -3,6 +3,7 @@
 // in force, the page counters of the document being printed and the choices of the request.
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "display/token_layout.h"
 #include "settings/page_settings.h"
@@ -25,9 +26,6 @@ constexpr std::int16_t kPageCode = 1;
 constexpr std::int16_t kPageProject = 2;
 constexpr std::int16_t kPageProcContents = 3;
 constexpr std::int16_t kPageProjectContents = 4;
-
-// What the print status dialog's Cancel leaves in the cancel request.
-constexpr std::int32_t kCancelRequested = 14;
 
 // The emitter's running position on the page, in twips.
 struct wPos {
@@ -76,8 +74,8 @@ struct PrintState {
     std::int32_t FirstPage = 0;
     std::int32_t LastPage = 0;
     std::int32_t PagesBeforeToc = 0;  // the page count saved before the table of contents
-    std::int32_t CancelRequest = 0;
     std::string StatusText;           // what the print status dialog shows
+    bool FootingPrinted = false;      // the page in progress has its footing already
 
     // The request in force.
     bool Code = true;     // print the code
@@ -87,6 +85,9 @@ struct PrintState {
     bool NoHistory = false;
     std::string OptionalLine;  // the optional heading line of the print dialog
     bool ContentsOnly = false;
+    // The procedures chosen for printing, by position in yProc; none chosen prints the whole file.
+    std::vector<std::int16_t> SelectedProcs;
+    bool ProcsSelected = false;
 };
 
 PrintState& printState();

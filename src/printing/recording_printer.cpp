@@ -1,7 +1,5 @@
 #include "printing/recording_printer.h"
 
-#include <cmath>
-#include <cstdio>
 #include <utility>
 
 namespace hlyd {
@@ -12,38 +10,6 @@ constexpr const char* kFonts[] = {"Courier New", "Arial", "Times New Roman"};
 constexpr float kPageWidth = 12240, kPageHeight = 15840;
 constexpr std::int32_t kPixelsPerInch = 600, kOffsetPixels = 150;
 constexpr float kOffsetTwips = kOffsetPixels * 1440.0f / kPixelsPerInch;
-
-std::string jsonText(const std::string& text) {
-    std::string out = "\"";
-    for (unsigned char c : text) {
-        if (c == '"' || c == '\\') out += '\\', out += static_cast<char>(c);
-        else if (c < 0x20) {
-            char buffer[8];
-            std::snprintf(buffer, sizeof buffer, "\\u%04x", c);
-            out += buffer;
-        } else if (c < 0x80) out += static_cast<char>(c);
-        else {  // the source's single-byte text, shown as Latin-1 in UTF-8
-            out += static_cast<char>(0xC0 | (c >> 6));
-            out += static_cast<char>(0x80 | (c & 0x3F));
-        }
-    }
-    return out + "\"";
-}
-
-std::string jsonNumber(double value) {
-    if (value == std::floor(value) && std::fabs(value) < 1e15) return std::to_string(static_cast<long long>(value));
-    char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.6g", value);
-    return buffer;
-}
-
-std::string jsonColour(std::uint32_t bgr) {
-    char buffer[8];
-    std::snprintf(buffer, sizeof buffer, "#%02X%02X%02X", bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
-    return buffer;
-}
-
-const char* jsonBool(bool on) { return on ? "true" : "false"; }
 
 }  // namespace
 
@@ -90,9 +56,11 @@ void RecordingPrinter::ensurePage() {
         ++doc_;
         page_ = 0;
         pagesInDoc_ = 0;
+        pagePending_ = true;
     }
-    if (page_ != 0) return;
-    page_ = 1;
+    if (!pagePending_) return;
+    pagePending_ = false;
+    ++page_;
     ++pagesInDoc_;
     PrintEvent e;
     e.kind = PrintEvent::PageStart;
@@ -143,28 +111,23 @@ void RecordingPrinter::filledBox(float x1, float y1, float x2, float y2, std::ui
     x_ = x2, y_ = y2;
 }
 
+// The page ended is delivered; the next one begins with its first output, when its label is known.
 void RecordingPrinter::newPage() {
     ensurePage();
-    delivered_ += 1;
-    --pagesInDoc_;  // the page ended is delivered; the one begun now is counted when it begins
-    ++page_;
-    ++pagesInDoc_;
-    PrintEvent e;
-    e.kind = PrintEvent::PageStart;
-    e.printed = printed_;
-    e.type = type_;
-    emit(e);
+    ++delivered_;
+    --pagesInDoc_;
+    pagePending_ = true;
     x_ = y_ = 0;
 }
 
 void RecordingPrinter::endDoc() {
     if (!docOpen_) return;
     delivered_ += pagesInDoc_;
+    pagesInDoc_ = 0;
     PrintEvent e;
     e.kind = PrintEvent::EndDoc;
     emit(e);
     docOpen_ = false;
-    page_ = 0;
     pagesInDoc_ = 0;
     x_ = y_ = 0;
 }
@@ -175,7 +138,6 @@ void RecordingPrinter::killDoc() {
     e.kind = PrintEvent::KillDoc;
     emit(e);
     docOpen_ = false;
-    page_ = 0;
     pagesInDoc_ = 0;
     x_ = y_ = 0;
 }
@@ -206,28 +168,6 @@ int RecordingPrinter::setJobProperty(JobProperty which, std::int32_t value) {
         case JobProperty::PrintQuality: quality_ = value; break;
     }
     return 0;
-}
-
-std::string printEventJson(const PrintEvent& e) {
-    std::string head = "\"doc\":" + std::to_string(e.doc);
-    std::string where = head + ",\"page\":" + std::to_string(e.page);
-    switch (e.kind) {
-        case PrintEvent::PageStart:
-            return "{\"kind\":\"page\"," + where + ",\"printed\":" + std::to_string(e.printed) +
-                   ",\"type\":" + std::to_string(e.type) + "}";
-        case PrintEvent::Text:
-            return "{\"kind\":\"text\"," + where + ",\"x\":" + jsonNumber(e.x1) + ",\"y\":" + jsonNumber(e.y1) +
-                   ",\"font\":" + jsonText(e.font) + ",\"size\":" + jsonNumber(e.size) + ",\"bold\":" +
-                   jsonBool(e.bold) + ",\"italic\":" + jsonBool(e.italic) + ",\"underline\":" + jsonBool(e.underline) +
-                   ",\"colour\":\"" + jsonColour(e.colour) + "\",\"text\":" + jsonText(e.text) + "}";
-        case PrintEvent::Line:
-            return "{\"kind\":\"line\"," + where + ",\"x1\":" + jsonNumber(e.x1) + ",\"y1\":" + jsonNumber(e.y1) +
-                   ",\"x2\":" + jsonNumber(e.x2) + ",\"y2\":" + jsonNumber(e.y2) + ",\"width\":" +
-                   std::to_string(e.width) + ",\"colour\":\"" + jsonColour(e.colour) + "\"}";
-        case PrintEvent::EndDoc: return "{\"kind\":\"enddoc\"," + head + "}";
-        case PrintEvent::KillDoc: return "{\"kind\":\"killdoc\"," + head + "}";
-    }
-    return "{}";
 }
 
 }  // namespace hlyd

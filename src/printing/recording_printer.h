@@ -82,7 +82,7 @@ public:
     void newPage() override;
     void endDoc() override;
     void killDoc() override;
-    std::int32_t page() const override { return page_ == 0 ? 1 : page_; }
+    std::int32_t page() const override { return !docOpen_ ? 1 : pagePending_ ? page_ + 1 : page_; }
     void setPageLabel(std::int32_t printedNumber, int kind) override { printed_ = printedNumber, type_ = kind; }
     std::int32_t jobProperty(JobProperty which) const override;
     int setJobProperty(JobProperty which, std::int32_t value) override;
@@ -101,13 +101,11 @@ private:
     int drawWidth_ = 1;
     std::int32_t doc_ = 0, page_ = 0;  // page 0: the document has no page yet
     bool docOpen_ = false;
+    bool pagePending_ = false;  // a new page is due with the next output
     std::int32_t pagesInDoc_ = 0, delivered_ = 0;
     std::int32_t printed_ = 0;
     int type_ = 1;
     std::int32_t orientation_ = 1, copies_ = 1, paperSize_ = 1, quality_ = -4;
 };
-
-// The event as one JSON object on one line, in the format of the tools' print dump.
-std::string printEventJson(const PrintEvent& event);
 
 }  // namespace hlyd

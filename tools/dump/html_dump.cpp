@@ -2,14 +2,11 @@
 
 #include "platform/os.h"
 
-#include <filesystem>
-
 #include "base/hlyd_error.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
-#include "files/project_listing.h"
+#include "files/open_for_run.h"
 #include "html/html_emit.h"
-#include "platform/char_case.h"
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -28,12 +25,6 @@ private:
     std::string out_;
 };
 
-bool isProjectName(const std::string& path) {
-    std::string ext = upperCase(std::filesystem::path(path).extension().string());
-    if (!ext.empty()) ext.erase(0, 1);
-    return ("|" + upperCase(hlydSettings().ProjectExt) + "|").find("|" + ext + "|") != std::string::npos;
-}
-
 }  // namespace
 
 int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& err) {
@@ -47,12 +38,7 @@ int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& 
     std::string source = os::absolutePath(path);
     ExportUi ui(outPath);
     setUi(&ui);
-    if (isProjectName(source)) {
-        fileTable().projectOpen = true;
-        PFParseFile({cFileDesc{source, kFileProject, true, 0, 0}});
-    } else {
-        oFile().Add({source, kFileSource, false, 0, 0});
-    }
+    openFileForRun(source);
     int status = 0;
     if (oFile().Count() == 0) {
         err << "hlyd-dump: " << source << " gave nothing to export\n";

@@ -7,8 +7,10 @@
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/hlyd_error.h"
+#include "base/text_format.h"
 #include "files_dump.h"
 #include "html_dump.h"
+#include "print_dump.h"
 #include "platform/os.h"
 #include "settings_dump.h"
 #include "tool_errors.h"
@@ -20,7 +22,8 @@ int usage(const std::string& problem) {
               << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n"
               << "       hlyd-dump --settings\n"
               << "       hlyd-dump --procs FILE | --project FILE\n"
-              << "       hlyd-dump --html OUT FILE\n";
+              << "       hlyd-dump --html OUT FILE\n"
+              << "       hlyd-dump --print FILE [--pages FROM-TO] [--start N] [--procs NAME,...]\n";
     return 2;
 }
 
@@ -44,16 +47,32 @@ int main(int argc, char** argv) {
     bool settings = false;
     std::string mode;
     std::string htmlOut;
+    hlyd::PrintDumpOptions print;
+    // With --print, --procs names the procedures to print; alone it is the mode that lists them.
+    bool printing = false;
+    for (int i = 1; i < argc; ++i) printing = printing || std::string(argv[i]) == "--print";
     for (int i = 1; i < argc; ++i) {
         std::string arg = argv[i];
         if (arg == "--settings") {
             settings = true;
-        } else if (arg == "--procs" || arg == "--project") {
+        } else if ((arg == "--procs" && !printing) || arg == "--project") {
             mode = arg;
         } else if (arg == "--html") {
             if (++i >= argc) return usage("--html needs an output file");
             mode = arg;
             htmlOut = argv[i];
+        } else if (arg == "--print") {
+            mode = arg;
+        } else if (arg == "--pages") {
+            if (++i >= argc || !hlyd::parsePageRange(argv[i], print)) return usage("--pages needs FROM-TO");
+        } else if (arg == "--start") {
+            std::string n = ++i < argc ? argv[i] : "";
+            if (n.empty() || n.size() > 9 || n.find_first_not_of("0123456789") != std::string::npos)
+                return usage("--start needs a page number");
+            print.startPage = std::stoi(n);
+        } else if (arg == "--procs") {
+            if (++i >= argc) return usage("--procs needs names");
+            print.procs = hlyd::splitOn(argv[i], ',');
         } else if (arg == "--summary") {
             options.summary = true;
         } else if (arg == "--dialect") {
@@ -84,6 +103,10 @@ int main(int argc, char** argv) {
         if (mode == "--procs") return hlyd::dumpProcedures(file, std::cout, std::cerr);
         if (mode == "--project") return hlyd::dumpProject(file, std::cout, std::cerr);
         if (mode == "--html") return hlyd::dumpHtml(htmlOut, file, std::cerr);
+        if (mode == "--print") {
+            print.file = file;
+            return hlyd::dumpPrint(print, std::cout, std::cerr);
+        }
         return hlyd::dumpFileAnalysis(file, options, std::cout, std::cerr);
     } catch (const hlyd::HlydError& e) {
         return hlyd::reportToolError("hlyd-dump", e, std::cerr);

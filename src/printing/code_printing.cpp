@@ -1,0 +1,173 @@
+#include "printing/code_printing.h"
+
+#include <vector>
+
+#include "display/connectors.h"
+#include "display/font_metrics.h"
+#include "display/token_layout.h"
+#include "files/file_table.h"
+#include "files/navigation.h"
+#include "files/main_window_model.h"
+#include "platform/printer.h"
+#include "printing/columns.h"
+#include "printing/contents.h"
+#include "printing/job_properties.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+constexpr const char* kDeclarations = "<Declarations>";
+constexpr const char* kDesignerObject = "(Designer Object Definition)";
+
+// Walks the records of the current file onto paper; one walk for the whole file, another for the
+// chosen procedures.
+class CodeListing {
+public:
+    explicit CodeListing(wPos& pos);
+    void wholeFile();
+    void selectedProcs();
+
+private:
+    bool printRecord(std::int32_t record);
+    bool wanted(std::int32_t record) const;
+    bool breakBefore(std::int32_t record);
+    void separator(std::int32_t record);
+    void notePage(int entry);
+    void closeConnectors();
+
+    wPos& pos_;
+    const FormatRecord& f_;
+    PrintState& p_;
+    const SourceTables& t_;
+    std::vector<int> entryOf_;  // by record: the procedure entry that starts there, or -1
+    float numberSpace_ = 0;
+    std::int32_t lastRecord_ = 0;
+};
+
+CodeListing::CodeListing(wPos& pos)
+    : pos_(pos), f_(displayAttributes().Format[kPrint]), p_(printState()), t_(theSourceTables()) {
+    SetPrinterProp();
+    pos_.LeftPos = p_.UsableArea.Left + (f_.ConnectControls ? 2 * layoutMetrics().ConnectorSize[kPrint] : 0);
+    numberSpace_ = hlydSettings().LineNumbers ? p_.LineNumberWidth : 0;
+    entryOf_.assign(static_cast<std::size_t>(t_.RecordCount) + 2, -1);
+    std::vector<ProcEntry>& procs = yProc();
+    for (ProcEntry& e : procs) e.ProcPrinted = false;  // a run notes afresh what it printed
+    for (std::size_t e = procs.size(); e-- > 1;) {
+        std::int32_t first = procs[e].FirstRecord;
+        if (first >= 1 && first < static_cast<std::int32_t>(entryOf_.size())) entryOf_[first] = static_cast<int>(e);
+    }
+}
+
+// Records of the form's description or of the code, as the request asks.
+bool CodeListing::wanted(std::int32_t record) const {
+    bool formDefinition = t_.Statements[t_.Records[record].FirstS].Flags & kFlagFormDescription;
+    return formDefinition ? p_.FormDef : p_.Code;
+}
+
+bool CodeListing::breakBefore(std::int32_t record) {
+    HlydPAPointNextColumn(pos_, record);
+    if (p_.PrintStatus == kPrintStopped) return false;
+    if (f_.ConnectControls) {
+        AreaRecord top;
+        top.Left = pos_.LeftPos;
+        top.Right = pos_.RightPos;
+        top.Top = pos_.TopPos;
+        top.Bottom = p_.UsableArea.Bottom;
+        HlydCLContinueBeforeTop(kPrint, top, 0, numberSpace_);
+    }
+    return true;
+}
+
+void CodeListing::separator(std::int32_t record) {
+    Printer& printer = *currentPrinter();
+    const LayoutMetrics& m = layoutMetrics();
+    if (pos_.TopPos + 5.0f * m.TwipsPerPixelY > p_.UsableArea.Bottom && f_.SeparatorBold && !breakBefore(record)) return;
+    if (f_.SeparatorBold) printer.setDrawWidth(5);
+    printer.line(pos_.LeftPos, pos_.TopPos, pos_.RightPos, pos_.TopPos,
+                 displayAttributes().Elements[kElemKeyWords].slot[kPrint].ForeColor);
+    if (f_.SeparatorBold) printer.setDrawWidth(1);
+    pos_.TopPos += static_cast<float>((f_.SeparatorBold ? 10 : 5) * m.TwipsPerPixelY);
+}
+
+// The page the entry's first record ended on is the page the contents show for it.
+void CodeListing::notePage(int entry) {
+    ProcEntry& e = yProc()[static_cast<std::size_t>(entry)];
+    e.ProcPage = p_.PrintedPageNumber;
+    e.ProcPrinted = true;
+    if (!hlydSettings().TableOfContents) return;
+    std::string declaration;
+    const Statement& st = t_.Statements[e.FirstStatement];
+    for (std::int32_t i = st.FirstToken; i >= 1 && i <= st.LastToken; ++i) {
+        if (!t_.Tokens[i].LeadingSpace.empty() && !declaration.empty()) declaration += ' ';
+        declaration += t_.Tokens[i].Text;
+    }
+    SetTOC(declaration, e.ProcPage, false);
+}
+
+bool CodeListing::printRecord(std::int32_t record) {
+    const HlydSettings& s = hlydSettings();
+    int entry = entryOf_[static_cast<std::size_t>(record)];
+    const std::string name = entry > 0 ? yProc()[static_cast<std::size_t>(entry)].Name : std::string();
+    bool procStart = entry > 0 && name != kDeclarations && name != kDesignerObject;
+    if (!wanted(record)) return true;
+    bool orphan = pos_.TopPos + f_.Orphan * layoutMetrics().MaxFontHeight[kPrint] > p_.UsableArea.Bottom;
+    bool skip = f_.ProcSkip == 'P' || f_.ProcSkip == 'C' || orphan;
+    if (((skip && procStart) || p_.PageNumber == 0) && !breakBefore(record)) return false;
+    if (procStart && s.LineNumberHow == 1) p_.CurrentLineNumber = s.LineNumberStart;
+    if (f_.Separator && procStart) separator(record);
+    if (p_.PrintStatus == kPrintStopped) return false;
+    std::int32_t contentsPages = 0;
+    std::string text;
+    EmitCodeRecord(record, pos_, contentsPages, kEmitCode, text);
+    lastRecord_ = record;
+    if (p_.PrintStatus == kPrintStopped) return false;
+    if (entry > 0) notePage(entry);
+    return true;
+}
+
+void CodeListing::closeConnectors() {
+    if (!f_.ConnectControls || lastRecord_ == 0) return;
+    const Record& r = t_.Records[lastRecord_];
+    std::int16_t open = static_cast<std::int16_t>(r.Indent);
+    if (t_.Statements[r.FirstS].Flags & kFlagOutdent) ++open;
+    HlydCLContinueAfterBottom(kPrint, p_.UsableArea.Bottom, open);
+}
+
+void CodeListing::wholeFile() {
+    for (std::int32_t record = 1;; ++record) {
+        HlydCFGetRecord(record, mainWindow().lblRecord);
+        if (record > t_.RecordCount || t_.Records[record].FirstT == 0) break;
+        if (p_.PrintStatus == kPrintStopped || !printRecord(record)) break;
+    }
+    closeConnectors();
+}
+
+void CodeListing::selectedProcs() {
+    const HlydSettings& s = hlydSettings();
+    const std::vector<ProcEntry>& procs = yProc();
+    for (std::size_t e = 1; e < procs.size() && p_.PrintStatus != kPrintStopped; ++e) {
+        if (e >= p_.SelectedProcs.size() || !p_.SelectedProcs[e]) continue;
+        if (s.LineNumberHow == 1) p_.CurrentLineNumber = s.LineNumberStart;
+        for (std::int32_t record = procs[e].FirstRecord; record >= 1 && record <= procs[e].LastRecord; ++record) {
+            if (record > t_.RecordCount || t_.Records[record].FirstT == 0) break;
+            if (!printRecord(record)) break;
+        }
+    }
+    closeConnectors();
+}
+
+}  // namespace
+
+void EmitCodeFile(wPos& pos) {
+    if (!currentPrinter()) return;
+    CodeListing(pos).wholeFile();
+}
+
+void EmitCodeFileSelectedProcs(wPos& pos) {
+    if (!currentPrinter()) return;
+    CodeListing(pos).selectedProcs();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,23 @@
+#pragma once
+// A source file on paper: record after record in columns, procedures starting where the options
+// say, lines numbered, long records wrapped, connector lines carried over breaks, and the page of
+// each procedure noted for the contents.
+#include <cstdint>
+#include <string>
+
+#include "printing/print_state.h"
+
+namespace hlyd {
+
+// What a record is printed for: the listing, a procedure table, a project's contents.
+constexpr int kEmitCode = 1;
+constexpr int kEmitProcContents = 2;
+constexpr int kEmitProjectContents = 3;
+
+void EmitCodeFile(wPos& pos);
+void EmitCodeFileSelectedProcs(wPos& pos);
+// Prints one record at the position; returns the pieces it was wrapped into and the text printed.
+std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode,
+                            std::string& textPrinted);
+
+}  // namespace hlyd

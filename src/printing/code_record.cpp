@@ -1,0 +1,134 @@
+// One record on paper: the rule of the screen's layout, with the paper's breaks, line numbers and
+// gaps given to it as parameters.
+#include "base/text_format.h"
+#include "display/connectors.h"
+#include "display/font_metrics.h"
+#include "display/token_layout.h"
+#include "files/file_table.h"
+#include "platform/printer.h"
+#include "printing/code_printing.h"
+#include "printing/columns.h"
+#include "printing/page_change.h"
+#include "printing/printer_fonts.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+AttributeRecord& printAttributes(int element) { return displayAttributes().Elements[element].slot[kPrint]; }
+
+// The levels still open at a break: the record's own, and the one a closer is about to end.
+std::int16_t openLevels(std::int32_t record) {
+    const SourceTables& t = theSourceTables();
+    std::int16_t indent = static_cast<std::int16_t>(t.Records[record].Indent);
+    if (t.Statements[t.Records[record].FirstS].Flags & kFlagOutdent) ++indent;
+    return indent;
+}
+
+AreaRecord areaAt(const wPos& pos, float leftShift) {
+    AreaRecord a;
+    a.Left = pos.LeftPos + leftShift;
+    a.Right = pos.RightPos;
+    a.Top = pos.TopPos;
+    a.Bottom = printState().UsableArea.Bottom;
+    return a;
+}
+
+class RecordOnPaper {
+public:
+    RecordOnPaper(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode)
+        : record_(record), pos_(pos), contentsPages_(contentsPages), mode_(mode) {}
+    std::int32_t run(std::string& text);
+
+private:
+    bool breakHere(AreaRecord& area);
+    void lineNumber(float y, float lineHeight);
+    void connectors(const AreaRecord& area, float lineHeight, std::int32_t wraps, float xToken);
+
+    std::int32_t record_;
+    wPos& pos_;
+    std::int32_t& contentsPages_;
+    int mode_;
+    float numberWidth_ = 0;
+};
+
+bool RecordOnPaper::breakHere(AreaRecord& area) {
+    PrintState& p = printState();
+    bool connect = displayAttributes().Format[kPrint].ConnectControls != 0;
+    if (mode_ == kEmitProcContents) {
+        HlydPHEmitProcContents(pos_.TopPos, contentsPages_, "PROCEDURE ");
+    } else if (mode_ == kEmitProjectContents) {
+        HlydPHEmitProjectProcContents(pos_.TopPos);
+    } else {
+        std::int16_t indent = openLevels(record_);
+        if (connect) HlydCLContinueAfterBottom(kPrint, area.Bottom, indent);
+        if (p.PrintStatus == kPrintStopped) return false;
+        HlydPAPointNextColumn(pos_, record_);
+        if (p.PrintStatus == kPrintStopped) return false;
+        if (connect) HlydCLContinueBeforeTop(kPrint, areaAt(pos_, 0), indent, numberWidth_);
+    }
+    if (p.PrintStatus == kPrintStopped) return false;
+    area = areaAt(pos_, numberWidth_);
+    return true;
+}
+
+void RecordOnPaper::lineNumber(float y, float lineHeight) {
+    Printer* printer = currentPrinter();
+    if (!printer) return;
+    PrintState& p = printState();
+    AttributeRecord& a = printAttributes(kElemLineNumbers);
+    HlydPASetAttributes(a);
+    std::string text = zeroPad(p.CurrentLineNumber, 5);
+    float yText = y + lineHeight - static_cast<float>(a.Height);
+    if (a.BackColor != kWhite)
+        printer->filledBox(pos_.LeftPos, yText, pos_.LeftPos + printer->textWidth(text), y + lineHeight, a.BackColor);
+    printer->setCurrentX(pos_.LeftPos);
+    printer->setCurrentY(yText);
+    printer->print(text);
+    p.CurrentLineNumber += hlydSettings().LineNumberIncrement;
+}
+
+void RecordOnPaper::connectors(const AreaRecord& area, float lineHeight, std::int32_t wraps, float xToken) {
+    AreaRecord at = area;
+    at.Left -= numberWidth_;
+    AreaRecord next = at;
+    next.Top = at.Top + lineHeight;
+    float xOffset = numberWidth_;
+    HlydCLBeginOrEnd(kPrint, at, static_cast<std::int16_t>(theSourceTables().Records[record_].Indent), next, wraps,
+                     record_, xToken, displayAttributes().Format[kPrint], xOffset);
+}
+
+std::int32_t RecordOnPaper::run(std::string& text) {
+    PrintState& p = printState();
+    bool numbered = hlydSettings().LineNumbers && mode_ == kEmitCode;
+    numberWidth_ = numbered ? p.LineNumberWidth : 0;
+    pos_.BottomLimit = p.UsableArea.Bottom;
+    RecordLayoutHooks hooks;
+    hooks.gap = mode_ == kEmitCode ? GapRule::WhiteSpace : GapRule::SingleBlank;
+    hooks.toStatementEnd = mode_ != kEmitCode;
+    hooks.textDrawn = &text;
+    hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
+    if (numbered) hooks.firstLine = [this](float y, float h) { lineNumber(y, h); };
+    if (mode_ == kEmitCode)
+        hooks.connectors = [this](const AreaRecord& area, float h, std::int32_t wraps, std::int32_t, float x) {
+            connectors(area, h, wraps, x);
+        };
+    AreaRecord area = areaAt(pos_, numberWidth_);
+    std::int32_t wraps = layoutRecord(kPrint, record_, area, hooks);
+    if (wraps < 0) return 0;
+    pos_.TopPos = area.Top;
+    if (!p.PrinterValid) p.PrintStatus = kPrintStopped;
+    return wraps + 1;
+}
+
+}  // namespace
+
+std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode,
+                            std::string& textPrinted) {
+    textPrinted.clear();
+    if (!currentPrinter()) return 0;
+    return RecordOnPaper(record, pos, contentsPages, mode).run(textPrinted);
+}
+
+}  // namespace hlyd

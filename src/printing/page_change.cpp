@@ -1,0 +1,274 @@
+#include "printing/page_change.h"
+
+#include <cmath>
+#include <memory>
+#include <optional>
+
+#include "base/c_debug.h"
+#include "base/c_log.h"
+#include "base/hlyd_error.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
+#include "files/file_table.h"
+#include "files/navigation.h"
+#include "platform/printer.h"
+#include "platform/ui.h"
+#include "printing/print_state.h"
+#include "printing/print_status.h"
+#include "printing/printer_errors.h"
+#include "printing/printer_fonts.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+std::unique_ptr<cHeadings> heading = std::make_unique<cHeadings>();
+std::unique_ptr<cHeadings> footing = std::make_unique<cHeadings>();
+
+constexpr std::int16_t kContinuousNumbering = 2;
+
+AttributeRecord& headingElement() { return displayAttributes().Elements[kElemHeadersFooters].slot[kPrint]; }
+
+bool printsBothSides(Printer& printer) {
+    std::int32_t duplex = printer.jobProperty(JobProperty::Duplex);
+    return duplex == 2 || duplex == 3;
+}
+
+// Ends the page in progress: its footing, the counters, and the page range's verdict on it.
+// False when the range is past and the run is over.
+bool endPage(Printer& printer, std::int16_t kind) {
+    PrintState& p = printState();
+    EmitFooting();
+    ++p.PageNumber;
+    if (kind != kPageProcContents) ++p.PrintedPageNumber;
+    if (p.PageRange && p.PageNumber > p.FirstPage && p.PageNumber > p.LastPage) {
+        p.PrintStatus = kPrintStopped;
+        return false;
+    }
+    // Pages before the range are made, headed and dropped, so that the page numbers come out right.
+    if (p.PageRange && p.PageNumber <= p.FirstPage) printerStep([&] { printer.killDoc(); });
+    else printerStep([&] { printer.newPage(); });
+    return true;
+}
+
+void startDocument(Printer& printer, std::int16_t kind) {
+    PrintState& p = printState();
+    p.PageNumber = 1;
+    bool continuous = hlydSettings().PageNumberHow == kContinuousNumbering;
+    if (!continuous) p.PrintedPageNumber = 1;
+    if (continuous && kind != kPageProcContents) {
+        ++p.PrintedPageNumber;
+        // Printed on both sides, each module starts on a right-hand page.
+        if (printsBothSides(printer) && p.PrintedPageNumber % 2 == 0) ++p.PrintedPageNumber;
+    }
+    p.PrintedPageNumber = startPageNumber(p.PrintedPageNumber);
+}
+
+void checkPageCount(Printer& printer) {
+    PrintState& p = printState();
+    if (!p.PrinterValid || !hlydSettings().PrintContinuous) return;
+    if (p.PageNumber == printer.page() || p.PagesBeforeToc + 1 == printer.page()) return;
+    if (!theDebug().DontTrapErrors) return;
+    theLog().LogData(" -- Assertion failure\r\nInternal PageNumber <> Printer PageNumber\r\nInternal PageNumber = " +
+                     std::to_string(p.PageNumber) + "\r\nPrinter's PageNumber = " + std::to_string(printer.page()));
+    p.PrintStatus = kPrintAssertFailed;
+    raiseInternal("EmitHeading");
+}
+
+std::string statusText(Printer& printer, std::int16_t kind, std::int32_t contentsPage) {
+    PrintState& p = printState();
+    std::string text;
+    if (kind == kPageProcContents) {
+        text = "Now Printing Proc Contents Page " + std::to_string(contentsPage);
+        for (cHeadings* h : {heading.get(), footing.get()}) {
+            h->UseRoman = true;
+            h->IsContents = true;
+            h->PrintPageNumber = contentsPage;
+        }
+    } else {
+        text = "Now Printing Page " + std::to_string(p.PageNumber);
+    }
+    const FileTableModule& files = fileTable();
+    int which = (kind == kPageCode || kind == kPageProcContents) ? files.wCurrentFile : 1;
+    std::string name = which >= 1 && which <= files.oFile.Count() ? files.oFile.Item(which).FileName : std::string();
+    return text + "\r\nof '" + name + "'\r\non " + printer.deviceName();
+}
+
+// The heading's lines take one line at the top whatever their number; the footing's lines and one
+// more are kept free at the bottom.
+void reserveHeadingRoom(Printer& printer) {
+    PrintState& p = printState();
+    float h = std::nearbyint(printer.textHeight("X"));
+    p.UsableArea.Top = p.SavedTop + (heading->TotalLines > 0 ? h : 0);
+    p.UsableArea.Bottom = p.SavedBottom - h * static_cast<float>(footing->TotalLines + 1);
+}
+
+void printHeadingLines(Printer& printer, float& topPos) {
+    PrintState& p = printState();
+    std::int32_t height = headingElement().Height;
+    printer.setCurrentY(p.UsableArea.Top);
+    topPos = p.UsableArea.Top;
+    std::string optional = p.OptionalLine;
+    optional.erase(optional.find_last_not_of(' ') + 1);
+    if (!optional.empty()) {
+        printer.setCurrentX(p.UsableArea.Left);
+        printerStep([&] { printer.print(optional); });
+        topPos += static_cast<float>(height);
+    }
+    HeaderFooterOutput(*heading, topPos);
+    topPos += static_cast<float>(height * (heading->TotalLines + 2) / 2);
+}
+
+void headPage(Printer& printer, float& topPos, const std::string& procText, std::int16_t kind,
+              std::int32_t contentsPage) {
+    PrintState& p = printState();
+    if (p.PageNumber != 0) {
+        if (!endPage(printer, kind)) return;
+    } else {
+        startDocument(printer, kind);
+    }
+    heading->UseRoman = footing->UseRoman = false;
+    heading->PrintPageNumber = footing->PrintPageNumber = p.PrintedPageNumber;
+    printer.setPageLabel(kind == kPageProcContents ? contentsPage : p.PrintedPageNumber, kind);
+    printerStep([&] { printer.print(""); });
+    p.FootingPrinted = false;
+    HlydPASetAttributes(headingElement());
+    checkPageCount(printer);
+    showPrintStatus(statusText(printer, kind, contentsPage));
+    HlydPASetAttributes(headingElement());
+    if (!p.PrinterValid) {
+        p.PrintStatus = kPrintStopped;
+        return;
+    }
+    heading->csProcHeading = procText;
+    if (p.PageNumber == 1) {
+        HeadingsSetup();
+        reserveHeadingRoom(printer);
+    }
+    printHeadingLines(printer, topPos);
+    theUi().processEvents();
+}
+
+}  // namespace
+
+cHeadings& pageHeading() { return *heading; }
+cHeadings& pageFooting() { return *footing; }
+
+void resetPageChange() {
+    heading = std::make_unique<cHeadings>();
+    footing = std::make_unique<cHeadings>();
+}
+
+void HlydPHInit(bool isContents) {
+    heading = std::make_unique<cHeadings>();
+    footing = std::make_unique<cHeadings>();
+    heading->IsContents = footing->IsContents = isContents;
+}
+
+void HlydPHEmitForCode(float& topPos, std::int32_t record) {
+    heading->clCurrentRecord = record;
+    std::string procText;
+    if (hlydSettings().ProcName) {
+        std::int16_t which = 0;
+        HlydPCGetAssociatedProc(record, which);
+        const std::vector<ProcEntry>& procs = yProc();
+        if (which >= 0 && which < static_cast<std::int16_t>(procs.size())) procText = procs[which].Name;
+    }
+    EmitHeading(topPos, procText, kPageCode, 0);
+}
+
+void HlydPHEmitForProject(float& topPos) { EmitHeading(topPos, "PROJECT FILE", kPageProject, 0); }
+
+void HlydPHEmitProcContents(float& topPos, std::int32_t& contentsPages, const std::string& title) {
+    ++contentsPages;
+    std::string text = title;
+    for (char& c : text)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    if (!text.empty() && text.back() != ' ') text += ' ';
+    EmitHeading(topPos, text + "CONTENTS", kPageProcContents, contentsPages);
+}
+
+void HlydPHEmitProjectProcContents(float& topPos) {
+    HlydPHInit(true);
+    EmitHeading(topPos, "PROJECT CONTENTS", kPageProjectContents, 0);
+}
+
+void EmitHeading(float& topPos, const std::string& procText, std::int16_t kind, std::int32_t contentsPage) {
+    PrintState& p = printState();
+    topPos = 0;
+    p.PageKind = kind;
+    Printer* printer = currentPrinter();
+    if (!printer) p.PrintStatus = kPrintStopped;
+    else headPage(*printer, topPos, procText, kind, contentsPage);
+    // The status dialog's Cancel lands here, at the page change, and drops the document.
+    if (navigation().runState == kRunCancelled) {
+        p.PrintStatus = kPrintStopped;
+        if (printer) printer->killDoc();
+        navigation().runState = 0;
+    }
+}
+
+void EmitFooting() {
+    PrintState& p = printState();
+    HlydPASetAttributes(headingElement());
+    if (!p.PrinterValid) {
+        p.PrintStatus = kPrintStopped;
+        return;
+    }
+    float y = p.UsableArea.Bottom;
+    HeaderFooterOutput(*footing, y);
+    p.FootingPrinted = true;
+}
+
+void HeaderFooterOutput(cHeadings& headings, float& y) {
+    Printer* printer = currentPrinter();
+    if (!printer || headings.TotalLines <= 0) return;
+    float height = static_cast<float>(headingElement().Height);
+    for (int line = 1; line <= headings.TotalLines; ++line) {
+        for (int section = 1; section <= 3; ++section) {
+            printer->setCurrentY(y);
+            cHeadingPart* part = headings.find(std::to_string(line) + std::to_string(section));
+            if (!part) continue;
+            printer->setCurrentX(part->XPos());
+            if (part->bIsDynamic) {
+                part->clCurrentRecord = headings.clCurrentRecord;
+                part->ProcText = headings.csProcHeading;
+                part->setHeadingText(part->DynamicTag);
+            }
+            printerStep([&] { printer->print(part->HeadingText()); });
+        }
+        y += height;
+    }
+    if (theDebug().TraceApplication) {
+        cHeadingPart* first = headings.find("11");
+        theLog().LogData("Print Heading(" + (first ? first->HeadingText() : std::string()) +
+                         ")\r\nyGlobal.PageNumber=" + std::to_string(printState().PageNumber) +
+                         " printer.Page =" + std::to_string(printer->page()));
+    }
+}
+
+void HeadingsSetup() {
+    const HlydSettings& s = hlydSettings();
+    heading->Clear();
+    footing->Clear();
+    HeadingExtract(s.HeadingLeft, 1, *heading);
+    HeadingExtract(s.HeadingCenter, 2, *heading);
+    HeadingExtract(s.HeadingRight, 3, *heading);
+    HeadingExtract(s.FootingLeft, 1, *footing);
+    HeadingExtract(s.FootingCenter, 2, *footing);
+    HeadingExtract(s.FootingRight, 3, *footing);
+}
+
+std::int32_t startPageNumber(std::int32_t printed) {
+    if (!hlydSettings().PageNumberAsk) return printed;
+    std::string shown = printed == 0 ? "1" : std::to_string(printed);
+    std::optional<std::string> answer =
+        theUi().inputBox("Enter starting page number for module \r\n" + std::to_string(fileTable().wCurrentFile),
+                         "Starting Page Number", shown);
+    if (!answer || !isNumeric(*answer)) return printed;
+    std::int32_t value = clngOf(std::strtod(answer->c_str(), nullptr), "EmitHeading");
+    return printed == 0 ? value - 1 : value;
+}
+
+}  // namespace hlyd

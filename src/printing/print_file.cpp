@@ -1,0 +1,133 @@
+#include "printing/print_file.h"
+
+#include "files/file_table.h"
+#include "files/main_window_model.h"
+#include "files/print_history.h"
+#include "platform/printer.h"
+#include "printing/code_printing.h"
+#include "printing/contents.h"
+#include "printing/job_properties.h"
+#include "printing/page_change.h"
+#include "printing/print_status.h"
+#include "printing/project_printing.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+bool printsBothSides(Printer& printer) {
+    std::int32_t duplex = printer.jobProperty(JobProperty::Duplex);
+    return duplex == 2 || duplex == 3;
+}
+
+void addFileToToc(const cFileDesc& file) {
+    if (!hlydSettings().TableOfContents) return;
+    if (TOC().size() > 1) addTocEntry(kTocBlank, "");
+    addTocEntry(file.FileType == kFileSource ? kTocFile : kTocProject, file.FileName);
+}
+
+// Contents printed on their own leave the area as the run found it.
+class ContentsOnlyRun {
+public:
+    ContentsOnlyRun() : kept_(printState().UsableArea) {
+        PrintState& p = printState();
+        p.PageNumber = 0;
+        p.ContentsOnly = true;
+        showPrintStatus("Reading...");
+        HlydPHInit(false);
+        mainWindow().disableControls();
+    }
+    ~ContentsOnlyRun() {
+        PrintState& p = printState();
+        p.ContentsOnly = false;
+        p.UsableArea = kept_;
+        mainWindow().enableControls();
+    }
+
+private:
+    AreaRecord kept_;
+};
+
+}  // namespace
+
+void HlydPRInit() { printState().PrintingInProgress = false; }
+
+void duplexPadding(bool keepPrinted) {
+    Printer* printer = currentPrinter();
+    PrintState& p = printState();
+    if (!printer || !printsBothSides(*printer) || p.PageNumber % 2 == 0) return;
+    EmitFooting();
+    printer->newPage();
+    ++p.PageNumber;
+    if (!keepPrinted) ++p.PrintedPageNumber;
+}
+
+void endDocument() {
+    Printer* printer = currentPrinter();
+    PrintState& p = printState();
+    if (!printer) return;
+    if (!p.FootingPrinted && p.PageNumber != 0) EmitFooting();
+    // A page range that begins past the end: every page made was before it, and none is kept.
+    if (p.PageRange && p.PageNumber < p.FirstPage) {
+        printer->killDoc();
+        return;
+    }
+    if (hlydSettings().PrintContinuous) {
+        printer->newPage();
+    } else {
+        printer->endDoc();
+        ++p.PrintedPageNumber;
+    }
+}
+
+void HlydPRProcessCodeOrProjectFile(wPos& pos) {
+    PrintState& p = printState();
+    FileTableModule& files = fileTable();
+    const cFileDesc& file = files.oFile.Item(files.wCurrentFile);
+    p.PageNumber = 0;
+    p.PrintingInProgress = true;
+    HlydPHInit(false);
+    SaveHYInfo(p.NoHistory);
+    addFileToToc(file);
+    bool source = file.FileType == kFileSource;
+    if (!source) {
+        files.sVBName.clear();
+        EmitProjectFile(pos);
+    } else if (!p.ProcsSelected) {
+        if (!p.FormDef) showPrintStatus(file.FileName + "\r\n\r\nInitializing");
+        EmitCodeFile(pos);
+    } else {
+        EmitCodeFileSelectedProcs(pos);
+    }
+    duplexPadding(p.PrintStatus == kPrintStopped);
+    if (source && hlydSettings().ProcContentsPrint && p.PrintStatus != kPrintStopped) {
+        EmitProcContentsForOneFile(pos, false);
+        duplexPadding(p.PrintStatus == kPrintStopped);
+    }
+    if (!p.PrinterValid) {
+        mainWindow().clearDisplay();
+        p.PrintStatus = kPrintStopped;
+    }
+    endDocument();
+    SetPrinterProp();
+    p.PrintingInProgress = false;
+}
+
+void HlydPRProcessProcContentsRequest() {
+    ContentsOnlyRun run;
+    wPos pos;
+    EmitProcContentsForOneFile(pos, false);
+    endDocument();
+    SetPrinterProp();
+}
+
+void HlydPRProcessProjectProcContentsRequest() {
+    ContentsOnlyRun run;
+    wPos pos;
+    EmitProcContentsProject(pos);
+    endDocument();
+    SetPrinterProp();
+}
+
+}  // namespace hlyd

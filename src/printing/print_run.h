@@ -1,0 +1,31 @@
+#pragma once
+// A print run over the files in the table, without the dialog: what the print command does once
+// the user has chosen, and what the tools and the command line do with the defaults.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace hlyd {
+
+struct PrintRunRequest {
+    bool allFiles = true;               // every file of the table; else the current one
+    std::vector<std::string> procNames;  // only these procedures of a source file
+    bool pageRange = false;
+    std::int32_t firstPage = 0;
+    std::int32_t lastPage = 0;
+    std::int32_t startPage = 1;  // the printed number of the first page
+    std::string optionalLine;    // the optional heading line
+    std::string outputPath;      // for a printer that writes a file
+};
+
+struct PrintRunResult {
+    std::int32_t printStatus = 0;
+    bool written = true;        // the printer kept the job (a file printer wrote its file)
+    std::string error;          // why not
+    std::vector<std::string> skipped;  // files that could not be read
+};
+
+// Prints with the settings in force on the current printer; the current file comes back after.
+PrintRunResult runPrint(const PrintRunRequest& request);
+
+}  // namespace hlyd
