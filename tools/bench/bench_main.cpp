@@ -17,6 +17,10 @@
 #include "files/file_table.h"
 #include "files/project_listing.h"
 #include "html/html_emit.h"
+#include "printing/print_run.h"
+#include "printing/printer_start.h"
+#include "printing/printer_systems.h"
+#include "printing/recording_printer.h"
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
 
@@ -180,6 +184,33 @@ void BM_HtmlExport5MB(benchmark::State& state) {
     state.counters["tokens"] = hlyd::theSourceTables().TokenCount;
 }
 BENCHMARK(BM_HtmlExport5MB)->Unit(benchmark::kMillisecond);
+
+// Printing a 5 MB module on the recording printer, load to last page; the calls go nowhere, so
+// that the figure is the layout's and the page flow's own.
+void BM_PrintRecording5MB(benchmark::State& state) {
+    static const std::string path = [] {
+        std::string file = (std::filesystem::temp_directory_path() / "hlyd-bench-5mb.bas").string();
+        std::ofstream(file, std::ios::binary) << hlyd::bench::commentedModule(5u * 1024 * 1024);
+        return file;
+    }();
+    std::int64_t events = 0;
+    hlyd::RecordingPrinterSystem printers("Recorder", [&events](const hlyd::PrintEvent&) { ++events; });
+    hlyd::hlydSettings().CurrentPrinter = "Recorder";
+    hlyd::hlydSettings().SaveHYInfo = false;
+    hlyd::setPrinterSystem(&printers);
+    hlyd::InitPrinter();
+    hlyd::resetFileTable();
+    hlyd::oFile().Add({path, hlyd::kFileSource, false, 0, 0});
+    std::int32_t pages = 0;
+    for (auto _ : state) hlyd::runPrint(hlyd::PrintRunRequest{});
+    pages = printers.printer() ? printers.printer()->pagesDelivered() : 0;
+    hlyd::setPrinterSystem(nullptr);
+    auto size = std::filesystem::file_size(path);
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(size));
+    state.counters["pages"] = static_cast<double>(pages) / static_cast<double>(state.iterations());
+    state.counters["calls"] = static_cast<double>(events) / static_cast<double>(state.iterations());
+}
+BENCHMARK(BM_PrintRecording5MB)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

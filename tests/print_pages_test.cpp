@@ -1,0 +1,302 @@
+// Printing on the recording printer, to the twip: columns, breaks, numbering, headings, ranges
+// and contents. The printer's figures: every character is 144 twips wide at 12 points, a line is
+// 288 high; the page is US Letter with offsets of 360 twips.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "display/font_metrics.h"
+#include "files/file_table.h"
+#include "platform/printer.h"
+#include "printing/contents.h"
+#include "printing/print_run.h"
+#include "printing/print_state.h"
+#include "printing/printer_start.h"
+#include "printing/printer_systems.h"
+#include "printing/recording_printer.h"
+#include "settings/attributes.h"
+#include "settings/page_settings.h"
+#include "settings/settings_store.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+// The usable area of the default margins on this printer, and what stands above the first line.
+constexpr float kLeft = 1080;         // margin 1440 less the offset
+constexpr float kCharWidth = 144;
+constexpr float kLineHeight = 288;
+constexpr float kWhiteSpace = 123;    // six mean widths over seven
+constexpr float kFirstLine = 1368;    // area top 360, one line for the heading, the heading, and the gap
+constexpr float kLastLineLimit = 14076;  // the bottom limit less the footing's line and one more
+
+class PrintPagesTest : public test::ProgramTest {
+protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        HlydSettings& s = hlydSettings();
+        s.CurrentPrinter = "Recorder";
+        s.HeadingLeft = s.HeadingCenter = s.HeadingRight = "";
+        s.FootingLeft = s.FootingCenter = s.FootingRight = "";
+        s.SaveHYInfo = false;
+        s.LineNumbers = false;
+        s.TableOfContents = false;
+        s.ProcContentsPrint = false;
+        s.PrintContinuous = false;
+        format().ConnectControls = 0;
+        format().Separator = 0;
+        format().ProcSkip = 'N';
+        printers = std::make_unique<RecordingPrinterSystem>("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
+        setPrinterSystem(printers.get());
+        InitPrinter();
+    }
+    void TearDown() override {
+        setPrinterSystem(nullptr);
+        ProgramTest::TearDown();
+    }
+    FormatRecord& format() { return displayAttributes().Format[kPrint]; }
+    // Settings changed after the start take effect as the options dialog would make them.
+    void useColumns(std::int16_t columns, std::int32_t gutter, bool separator) {
+        pageSettings().Columns = ColumnSpec{columns, separator, gutter, 0};
+        InitPrinter();
+    }
+    PrintRunResult print(const std::string& text, PrintRunRequest request = {}) {
+        showSource("module.bas", text);
+        events.clear();
+        return runPrint(request);
+    }
+    std::vector<PrintEvent> of(PrintEvent::Kind kind) const {
+        std::vector<PrintEvent> out;
+        for (const PrintEvent& e : events)
+            if (e.kind == kind) out.push_back(e);
+        return out;
+    }
+    // The first text printed that is exactly `text`.
+    PrintEvent text(const std::string& wanted) const {
+        for (const PrintEvent& e : events)
+            if (e.kind == PrintEvent::Text && e.text == wanted) return e;
+        ADD_FAILURE() << "not printed: " << wanted;
+        return {};
+    }
+    bool printed(const std::string& wanted) const {
+        return std::any_of(events.begin(), events.end(),
+                           [&](const PrintEvent& e) { return e.kind == PrintEvent::Text && e.text == wanted; });
+    }
+    std::unique_ptr<RecordingPrinterSystem> printers;
+    std::vector<PrintEvent> events;
+};
+
+// Lines "Sub P1 ... End Sub" numbered so that each statement's text tells where it is.
+std::string procedures(int count, int bodyLines) {
+    std::string text;
+    for (int p = 1; p <= count; ++p) {
+        text += "Sub P" + std::to_string(p) + "()\n";
+        for (int l = 1; l <= bodyLines; ++l) text += "X" + std::to_string(p) + "_" + std::to_string(l) + " = 1\n";
+        text += "End Sub\n";
+    }
+    return text;
+}
+
+TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
+    // 44 lines fit from the first line to the bottom limit: (14076 - 1368) / 288.
+    print(procedures(1, 60));
+    PrintEvent first = text("Sub");
+    EXPECT_EQ(first.x1, kLeft);
+    EXPECT_EQ(first.y1, kFirstLine);
+    EXPECT_EQ(first.page, 1);
+    PrintEvent last = text("X1_43");
+    EXPECT_EQ(last.page, 1);
+    EXPECT_EQ(last.y1, kFirstLine + 44 * kLineHeight);
+    PrintEvent next = text("X1_44");
+    EXPECT_EQ(next.page, 2);
+    EXPECT_EQ(next.y1, kFirstLine);
+    ASSERT_EQ(of(PrintEvent::EndDoc).size(), 1u);
+    EXPECT_EQ(printers->printer()->pagesDelivered(), 2);
+}
+
+TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
+    useColumns(3, 720, true);
+    EXPECT_EQ(printState().Columns.Width, 2880);  // (10080 - 2 x 720) / 3
+    print(procedures(1, 100));
+    EXPECT_EQ(text("X1_43").x1, kLeft);
+    PrintEvent second = text("X1_44");
+    EXPECT_EQ(second.page, 1);
+    EXPECT_EQ(second.x1, kLeft + 2880 + 720);
+    EXPECT_EQ(second.y1, kFirstLine);
+    EXPECT_EQ(text("X1_89").x1, kLeft + 2 * (2880 + 720));
+    EXPECT_EQ(text("X1_90").page, 2);
+    EXPECT_EQ(text("X1_90").x1, kLeft);
+    std::vector<PrintEvent> lines = of(PrintEvent::Line);
+    ASSERT_EQ(lines.size(), 2u);  // between the columns of page 1; page 2 has one column in use
+    EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 - 360 - kLeft + kLeft);
+    EXPECT_EQ(lines[0].y1, kFirstLine);
+    EXPECT_EQ(lines[0].y2, kLastLineLimit);
+    EXPECT_EQ(lines[0].width, 5);
+}
+
+TEST_F(PrintPagesTest, ProceduresStartOnANewPageOrColumnAsTheOptionSays) {
+    format().ProcSkip = 'P';
+    print(procedures(2, 2));
+    EXPECT_EQ(text("X1_1").page, 1);
+    EXPECT_EQ(text("X2_1").page, 2);
+    EXPECT_EQ(text("X2_1").y1, kFirstLine + kLineHeight);
+
+    useColumns(2, 720, false);
+    format().ProcSkip = 'C';
+    print(procedures(3, 2));
+    EXPECT_EQ(text("X2_1").page, 1);
+    EXPECT_EQ(text("X2_1").x1, kLeft + (10080 - 720) / 2 + 720);
+    EXPECT_EQ(text("X3_1").page, 2);  // "C" in the last column is a new page
+
+    format().ProcSkip = 'N';
+    print(procedures(2, 2));
+    EXPECT_EQ(text("X2_1").page, 1);
+    EXPECT_EQ(text("X2_1").x1, kLeft);
+}
+
+TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
+    format().Orphan = 3;
+    // P1 fills 41 lines (Sub, 39 body lines, End Sub); P2 would start on line 42 of 44, with only
+    // two lines under it: it goes to the next page.
+    print(procedures(1, 39) + procedures(2, 1).substr(procedures(1, 1).size()));
+    EXPECT_EQ(text("X2_1").page, 2);
+    format().Orphan = 1;
+    print(procedures(1, 39) + procedures(2, 1).substr(procedures(1, 1).size()));
+    EXPECT_EQ(text("X2_1").page, 1);
+}
+
+TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
+    useColumns(2, 720, false);
+    // 4680 twips a column: 32 characters at 144, less " _" when the record goes on.
+    std::string body;
+    for (int l = 1; l <= 43; ++l) body += "Y" + std::to_string(l) + " = 1\n";
+    std::string longLine = "Z = A1 + A2 + A3 + A4 + A5 + A6 + A7 + A8 + A9\n";
+    print("Sub P()\n" + body + longLine + "End Sub\n");
+    // The record begins on the last line of the first column and goes on at the top of the next.
+    std::vector<PrintEvent> marks;
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (e.text == " _") marks.push_back(e);
+    ASSERT_FALSE(marks.empty());
+    EXPECT_EQ(marks[0].x1 < kLeft + 4680, true);
+    PrintEvent last = text("A9");
+    EXPECT_EQ(last.y1, kFirstLine);
+    EXPECT_GE(last.x1, kLeft + 4680 + 720);
+}
+
+TEST_F(PrintPagesTest, AForBlockOverAPageBreakKeepsItsConnectorOnBothPages) {
+    format().ConnectControls = 1;
+    std::string body;
+    for (int l = 1; l <= 60; ++l) body += "    X" + std::to_string(l) + " = 1\n";
+    print("Sub P()\nFor I = 1 To 2\n" + body + "Next I\nEnd Sub\n");
+    std::vector<PrintEvent> lines = of(PrintEvent::Line);
+    auto vertical = [](const PrintEvent& e) { return e.x1 == e.x2 && e.y1 != e.y2; };
+    std::vector<PrintEvent> page1, page2;
+    for (const PrintEvent& e : lines)
+        if (vertical(e)) (e.page == 1 ? page1 : page2).push_back(e);
+    ASSERT_FALSE(page1.empty());
+    ASSERT_FALSE(page2.empty());
+    EXPECT_EQ(page1.back().y2, kLastLineLimit);  // down to the bottom limit
+    EXPECT_EQ(page2.front().y1, kFirstLine);     // and on from the top of the next page
+    EXPECT_EQ(page1.back().x1, page2.front().x1);
+}
+
+TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
+    HlydSettings& s = hlydSettings();
+    s.LineNumbers = true;
+    s.LineNumberStart = 10;
+    s.LineNumberIncrement = 10;
+    s.LineNumberHow = 1;
+    print("Dim A\n" + procedures(2, 1));
+    // Declarations begin at the increment; each procedure at the start value.
+    EXPECT_EQ(text("00010").y1, text("Dim").y1);
+    EXPECT_EQ(text("00010").x1, kLeft);
+    EXPECT_EQ(text("Dim").x1, kLeft + 6 * kCharWidth);
+    std::vector<std::string> numbers;
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (e.x1 == kLeft && e.text.size() == 5 && e.text[0] == '0') numbers.push_back(e.text);
+    EXPECT_EQ(numbers, (std::vector<std::string>{"00010", "00010", "00020", "00030", "00010", "00020", "00030"}));
+
+    s.LineNumberHow = 2;
+    print("Dim A\n" + procedures(2, 1));
+    numbers.clear();
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (e.x1 == kLeft && e.text.size() == 5 && e.text[0] == '0') numbers.push_back(e.text);
+    EXPECT_EQ(numbers.front(), "00010");
+    EXPECT_EQ(numbers.back(), "00070");
+}
+
+TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
+    HlydSettings& s = hlydSettings();
+    s.HeadingLeft = "@filename;<Page>;@page";
+    s.HeadingRight = "@procname";
+    s.FootingCenter = "<Listed>|@vbname";
+    s.PageNumberHow = 1;
+    PrintRunRequest request;
+    request.optionalLine = "Release 2  ";
+    print("Attribute VB_Name = \"Mod1\"\n" + procedures(1, 60), request);
+    EXPECT_EQ(text("Release 2").y1, 648);  // the optional line comes first, at the area's top
+    EXPECT_EQ(text("Release 2").x1, kLeft);
+    EXPECT_TRUE(printed("module.bas Page 1 "));
+    EXPECT_TRUE(printed("module.bas Page 2 "));
+    EXPECT_TRUE(printed("Listed "));
+    EXPECT_TRUE(printed("P1"));
+}
+
+TEST_F(PrintPagesTest, ARangeThatStartsPastTheEndPrintsNothing) {
+    PrintRunRequest request;
+    request.pageRange = true;
+    request.firstPage = 5;
+    request.lastPage = 9;
+    print(procedures(1, 60), request);
+    EXPECT_EQ(printers->printer()->pagesDelivered(), 0);
+    EXPECT_TRUE(of(PrintEvent::EndDoc).empty());
+}
+
+TEST_F(PrintPagesTest, ARangeKeepsItsPagesWithTheirNumbers) {
+    PrintRunRequest request;
+    request.pageRange = true;
+    request.firstPage = 2;
+    request.lastPage = 2;
+    hlydSettings().HeadingLeft = "@page";
+    print(procedures(1, 150), request);
+    EXPECT_EQ(printers->printer()->pagesDelivered(), 1);
+    EXPECT_TRUE(printed("2 "));
+    EXPECT_FALSE(of(PrintEvent::KillDoc).empty());
+}
+
+TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
+    HlydSettings& s = hlydSettings();
+    s.ProcContentsPrint = true;
+    s.TableOfContents = true;
+    s.HeadingRight = "@page";
+    format().ProcSkip = 'P';
+    print(procedures(3, 2));
+    // Each procedure on a page of its own: 1, 2, 3; then the procedure table on page i.
+    std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
+    ASSERT_GE(pages.size(), 5u);
+    EXPECT_EQ(pages[3].type, 3);
+    EXPECT_EQ(pages[3].printed, 1);
+    EXPECT_TRUE(printed("i "));
+    EXPECT_TRUE(printed("3  "));
+    std::vector<TocEntry>& toc = TOC();
+    ASSERT_GE(toc.size(), 4u);
+    EXPECT_EQ(toc[1].Type, kTocFile);
+    EXPECT_EQ(toc.back().Page, "3  ");
+    EXPECT_EQ(pages.back().type, 3);  // the table of contents is a document of its own
+    EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
+}
+
+TEST_F(PrintPagesTest, WithoutAPrinterNothingPrints) {
+    NoPrinterSystem none;
+    setPrinterSystem(&none);
+    InitPrinter();
+    PrintRunResult result = print(procedures(1, 2));
+    EXPECT_FALSE(result.written);
+    EXPECT_TRUE(events.empty());
+}
+
+}  // namespace
+}  // namespace hlyd
