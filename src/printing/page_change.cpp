@@ -78,17 +78,8 @@ void checkPageCount(Printer& printer) {
 
 std::string statusText(Printer& printer, std::int16_t kind, std::int32_t contentsPage) {
     PrintState& p = printState();
-    std::string text;
-    if (kind == kPageProcContents) {
-        text = "Now Printing Proc Contents Page " + std::to_string(contentsPage);
-        for (cHeadings* h : {heading.get(), footing.get()}) {
-            h->UseRoman = true;
-            h->IsContents = true;
-            h->PrintPageNumber = contentsPage;
-        }
-    } else {
-        text = "Now Printing Page " + std::to_string(p.PageNumber);
-    }
+    std::string text = kind == kPageProcContents ? "Now Printing Proc Contents Page " + std::to_string(contentsPage)
+                                                 : "Now Printing Page " + std::to_string(p.PageNumber);
     const FileTableModule& files = fileTable();
     int which = (kind == kPageCode || kind == kPageProcContents) ? files.wCurrentFile : 1;
     std::string name = which >= 1 && which <= files.oFile.Count() ? files.oFile.Item(which).FileName : std::string();
@@ -135,6 +126,14 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
     p.FootingPrinted = false;
     HlydPASetAttributes(headingElement());
     checkPageCount(printer);
+    // Contents pages count from one by themselves, in Roman numerals.
+    if (kind == kPageProcContents) {
+        for (cHeadings* h : {heading.get(), footing.get()}) {
+            h->UseRoman = true;
+            h->IsContents = true;
+            h->PrintPageNumber = contentsPage;
+        }
+    }
     showPrintStatus(statusText(printer, kind, contentsPage));
     HlydPASetAttributes(headingElement());
     if (!p.PrinterValid) {
@@ -189,8 +188,10 @@ void HlydPHEmitProcContents(float& topPos, std::int32_t& contentsPages, const st
     EmitHeading(topPos, text + "CONTENTS", kPageProcContents, contentsPages);
 }
 
+// A new document gets new heading objects; later pages keep the ones its first page filled.
 void HlydPHEmitProjectProcContents(float& topPos) {
-    HlydPHInit(true);
+    if (printState().PageNumber == 0) HlydPHInit(true);
+    heading->IsContents = footing->IsContents = true;
     EmitHeading(topPos, "PROJECT CONTENTS", kPageProjectContents, 0);
 }
 
