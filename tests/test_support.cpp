@@ -39,6 +39,14 @@ Chosen ScriptedUi::openFileDialog(const FileDialogRequest& request) {
     return a;
 }
 
+std::optional<std::string> ScriptedUi::inputBox(const InputBoxRequest& request) {
+    inputs.push_back(request);
+    if (inputAnswers.empty()) return std::nullopt;
+    std::optional<std::string> a = inputAnswers.front();
+    inputAnswers.pop_front();
+    return a;
+}
+
 std::string keywordFilePath() { return std::string(HLYD_SOURCE_DIR) + "/data/BASICLAN.KEY"; }
 
 std::string writeTempFile(const std::string& name, const std::string& content) {

@@ -36,6 +36,7 @@ public:
     }
     bool chooseProjectMembers(const std::string&, std::vector<ProjectMemberOption>&) override { return keepMembers; }
     void setBusy(bool on) override { busy = on; }
+    std::optional<std::string> inputBox(const InputBoxRequest& request) override;
     std::deque<MsgAnswer> answers;
     std::vector<MessageBoxRequest> shown;
     std::optional<std::string> saveAnswer;  // nothing: the user cancels
@@ -46,6 +47,8 @@ public:
     bool keepMembers = true;
     std::function<void()> whileDialogShows;  // runs while a file dialog is up  // false: the user cancels the choice of a project's members
     bool busy = false;
+    std::deque<std::optional<std::string>> inputAnswers;  // an empty queue cancels
+    std::vector<InputBoxRequest> inputs;
 };
 
 class FixedClock : public Clock {

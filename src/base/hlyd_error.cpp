@@ -12,6 +12,7 @@ std::string errorDescription(int number) {
         case 6: return "Overflow";
         case 7: return "Out of memory";
         case 9: return "Subscript out of range";
+        case 11: return "Division by zero";
         case 13: return "Type mismatch";
         case 14: return "Out of string space";
         case 52: return "Bad file name or number";
@@ -26,6 +27,7 @@ std::string errorDescription(int number) {
         case 75: return "Path/File access error";
         case 76: return "Path not found";
         case 380: return "Invalid property value";
+        case 457: return "This key is already associated with an element of this collection";
         case 482: return "Printer error";
         case 483: return "Printer driver does not support specified property";
         case kInternalError: return "Internal error";

@@ -6,6 +6,7 @@
 // the core keeps one vocabulary of reasons. A file that exists but is no regular file gives
 // kNotRegularFile: it is never opened, so that a FIFO cannot block and a device cannot feed
 // endless bytes.
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -162,12 +163,15 @@ struct SystemVersion {
 };
 SystemVersion systemVersion();
 
-// The user's locale: separators, whether it measures in metric units, the AM and PM texts.
+// The user's locale: separators, whether it measures in metric units, the AM and PM texts, the
+// short month names and the time separator. Texts are single-byte (Windows-1252) like the source.
 struct LocaleFacts {
     std::string decimalSeparator;  // empty when the locale does not say
     std::string groupSeparator;    // the monetary thousands separator
     bool metric = false;
     std::string am, pm;
+    std::array<std::string, 12> monthAbbreviations;  // January first; empty when the locale does not say
+    std::string timeSeparator;                       // between hours and minutes; empty when not said
 };
 LocaleFacts userLocale();
 

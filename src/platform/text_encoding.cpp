@@ -35,4 +35,48 @@ std::string cp1252ToUtf8(std::string_view text) {
     return out;
 }
 
+namespace {
+
+// The byte of a code point, '?' when Windows-1252 has none.
+char cp1252Byte(std::uint32_t cp) {
+    if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
+    for (int i = 0; i < 32; ++i)
+        if (kHighControls[i] == cp) return static_cast<char>(0x80 + i);
+    return '?';
+}
+
+// The length of the sequence a lead byte starts, 0 for a byte that cannot lead.
+int sequenceLength(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if ((lead & 0xE0) == 0xC0) return 2;
+    if ((lead & 0xF0) == 0xE0) return 3;
+    if ((lead & 0xF8) == 0xF0) return 4;
+    return 0;
+}
+
+}  // namespace
+
+std::string utf8ToCp1252(std::string_view text) {
+    std::string out;
+    for (std::size_t i = 0; i < text.size();) {
+        auto lead = static_cast<unsigned char>(text[i]);
+        int length = sequenceLength(lead);
+        if (length == 0 || i + length > text.size()) {
+            out += '?';
+            ++i;
+            continue;
+        }
+        std::uint32_t cp = length == 1 ? lead : lead & (0x7F >> length);
+        bool broken = false;
+        for (int k = 1; k < length; ++k) {
+            auto next = static_cast<unsigned char>(text[i + k]);
+            broken = broken || (next & 0xC0) != 0x80;
+            cp = (cp << 6) | (next & 0x3F);
+        }
+        out += broken ? '?' : cp1252Byte(cp);
+        i += broken ? 1 : length;
+    }
+    return out;
+}
+
 }  // namespace hlyd

@@ -43,6 +43,14 @@ struct FileDialogRequest {
     bool multiSelect = false;
 };
 
+// A one-line question: the prompt, the box's title, and the text the answer field starts with.
+// Its texts and the answer are single-byte (Windows-1252), like the source text they go with.
+struct InputBoxRequest {
+    std::string prompt;
+    std::string title;
+    std::string defaultText;
+};
+
 class Ui {
 public:
     virtual ~Ui() = default;
@@ -67,6 +75,10 @@ public:
     virtual bool chooseProjectMembers([[maybe_unused]] const std::string& caption,
                                       [[maybe_unused]] std::vector<ProjectMemberOption>& members) {
         return true;
+    }
+    // The text the user entered, or nothing when the user cancels. Without a window nobody answers.
+    virtual std::optional<std::string> inputBox([[maybe_unused]] const InputBoxRequest& request) {
+        return std::nullopt;
     }
     // The hourglass while the program is busy, the default pointer after.
     virtual void setBusy([[maybe_unused]] bool busy) {}

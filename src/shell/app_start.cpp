@@ -7,6 +7,7 @@
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "base/error_tail.h"
 #include "base/hlyd_error.h"
 #include "base/message_box.h"
 #include "display/font_metrics.h"
@@ -216,6 +217,8 @@ void HLYDEndApplication() {
 int Main(const std::string& commandLine, std::int32_t platformMode) {
     mainState.CommandLine = commandLine;
     mainState.StartMode = decideStartMode(platformMode, commandLine);
+    // Modules below the shell report their unexpected failures through the same tail.
+    setErrorTail(ERHandler);
     theLog();
     theDebug();
     mainState.StartTime = secondsSinceMidnight(theClock().now());

@@ -6,6 +6,7 @@
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "base/error_tail.h"
 #include "base/hlyd_error.h"
 #include "base/text_format.h"
 #include "platform/clock.h"
@@ -84,16 +85,7 @@ ErrorReport composeErrorReport(const ErrorReportInput& in) {
     return r;
 }
 
-void trapErrors(const char* where, const std::function<void()>& body) {
-    if (theDebug().DontTrapErrors) return body();
-    try {
-        body();
-    } catch (const HlydError& e) {
-        ERHandler(e.Number, e.Description, e.Source, where);
-    } catch (const std::exception& e) {
-        ERHandler(5, e.what(), "", where);
-    }
-}
+void trapErrors(const char* where, const std::function<void()>& body) { trapInto(where, body, ERHandler); }
 
 void ERHandler(int number, const std::string& description, const std::string& source, const std::string& where) {
     theLog().LogTraceEnter("ERHandler");

@@ -15,6 +15,7 @@
 #include "shell/app_start.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "base/error_tail.h"
 #include "shell/error_report.h"
 #include "files/main_window_model.h"
 
@@ -27,6 +28,7 @@ void resetDiagnostics() {
     resetLog();
     setCurrentFileNameSource(nullptr);
     setProgramEnd(nullptr);
+    setErrorTail(nullptr);
 }
 
 void resetSettingsState() {

@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "platform/os.h"
+#include "platform/text_encoding.h"
 
 namespace hlyd::os {
 
@@ -29,6 +30,31 @@ std::string langInfo(int mask, const char* categoryVariable, nl_item item) {
     std::string value = ::nl_langinfo_l(item, loc);
     ::freelocale(loc);
     return value;
+}
+
+// The text of a locale in the program's single-byte form.
+std::string singleByte(locale_t loc, nl_item item) {
+    std::string codeset = ::nl_langinfo_l(CODESET, loc);
+    std::string value = ::nl_langinfo_l(item, loc);
+    return codeset == "UTF-8" ? utf8ToCp1252(value) : value;
+}
+
+// What stands between hours and minutes in the locale's time format ("%H:%M:%S", "%T").
+std::string timeSeparatorOf(const std::string& format) {
+    if (format.find("%T") != std::string::npos || format.find("%R") != std::string::npos) return ":";
+    std::size_t minutes = format.find("%M");
+    if (minutes == std::string::npos || minutes < 3 || format[minutes - 3] != '%') return {};
+    return format.substr(minutes - 1, 1);
+}
+
+void addTimeFacts(LocaleFacts& facts) {
+    locale_t time = ::newlocale(LC_TIME_MASK, "", static_cast<locale_t>(0));
+    if (!time) return;
+    facts.am = ::nl_langinfo_l(AM_STR, time);
+    facts.pm = ::nl_langinfo_l(PM_STR, time);
+    for (int month = 0; month < 12; ++month) facts.monthAbbreviations[month] = singleByte(time, ABMON_1 + month);
+    facts.timeSeparator = timeSeparatorOf(::nl_langinfo_l(T_FMT, time));
+    ::freelocale(time);
 }
 
 }  // namespace
@@ -59,12 +85,7 @@ LocaleFacts userLocale() {
     // 1 is metric, 2 the US system; no answer counts as not metric.
     std::string measurement = langInfo(LC_MEASUREMENT_MASK, "LC_MEASUREMENT", _NL_MEASUREMENT_MEASUREMENT);
     facts.metric = !measurement.empty() && measurement[0] == 1;
-    locale_t time = ::newlocale(LC_TIME_MASK, "", static_cast<locale_t>(0));
-    if (time) {
-        facts.am = ::nl_langinfo_l(AM_STR, time);
-        facts.pm = ::nl_langinfo_l(PM_STR, time);
-        ::freelocale(time);
-    }
+    addTimeFacts(facts);
     return facts;
 }
 

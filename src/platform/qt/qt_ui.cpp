@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QStringList>
 
 #include "platform/qt/list_dialog.h"
 #include "platform/qt/qt_text.h"
+#include "platform/text_encoding.h"
 
 namespace hlyd {
 
@@ -150,6 +153,15 @@ std::optional<int> QtUi::chooseFromList(const std::string& title, const std::vec
     int chosen = ListDialog::choose(parent_.data(), fromUtf8(title), shown, fileListSize);
     if (chosen < 0) return std::nullopt;
     return chosen;
+}
+
+std::optional<std::string> QtUi::inputBox(const InputBoxRequest& request) {
+    PointerRestored pointer;
+    bool ok = false;
+    QString answer = QInputDialog::getText(parent_.data(), fromCp1252(request.title), fromCp1252(request.prompt),
+                                           QLineEdit::Normal, fromCp1252(request.defaultText), &ok);
+    if (!ok) return std::nullopt;
+    return utf8ToCp1252(toUtf8(answer));
 }
 
 // The pointer is a state, as the classic mouse pointer was: whoever sets it back to the default

@@ -63,6 +63,9 @@ LocaleFacts userLocale() {
     facts.metric = localeText(LOCALE_IMEASURE) == "0";
     facts.am = localeText(LOCALE_S1159);
     facts.pm = localeText(LOCALE_S2359);
+    for (int month = 0; month < 12; ++month)
+        facts.monthAbbreviations[month] = localeText(static_cast<LCTYPE>(LOCALE_SABBREVMONTHNAME1 + month));
+    facts.timeSeparator = localeText(LOCALE_STIME);
     return facts;
 }
 

@@ -1,0 +1,125 @@
+#include "printing/heading_macros.h"
+
+#include <cmath>
+
+#include "base/hlyd_error.h"
+#include "base/locale_dates.h"
+#include "base/text_format.h"
+#include "base/vb_convert.h"
+#include "base/app_info.h"
+#include "platform/clock.h"
+#include "printing/heading_lookups.h"
+#include "settings/ini_handler.h"
+#include "settings/system_queries.h"
+
+namespace hlyd {
+
+namespace {
+
+// The contents pages' numerals. The tens are kept as they have always printed, 40s and 80s and
+// 90s included, so that reprinted contents match the pages already filed.
+constexpr const char* kRomanTens[9] = {"x", "xx", "xxx", "lx", "l", "lx", "lxx", "lxxxx", "c"};
+constexpr const char* kRomanUnits[9] = {"i", "ii", "iii", "iv", "v", "vi", "vii", "viii", "ix"};
+
+struct FilePath {
+    std::string name;
+    std::string directory;  // with its last separator
+};
+
+FilePath currentFilePath() {
+    FilePath path;
+    sbFileNameFromDir(headingCurrentFile().FileName, path.name, path.directory);
+    return path;
+}
+
+std::string procName(const HeadingMacroContext& c) {
+    std::string given = trimSpaces(c.procText);
+    if (!given.empty()) return given;
+    if (headingCurrentFile().FileType != kFileSource) return {};
+    return procedureNameAt(c.currentRecord);
+}
+
+using Expansion = std::string (*)(const HeadingMacroContext&);
+
+struct Macro {
+    const char* name;
+    bool dynamic;
+    Expansion expand;
+};
+
+const Macro kMacros[] = {
+    {"@date", false, [](const HeadingMacroContext&) { return mediumDateText(theClock().now()) + " "; }},
+    {"@time", false, [](const HeadingMacroContext&) { return shortTimeText(theClock().now()) + " "; }},
+    {"@page", true, [](const HeadingMacroContext& c) { return pageNumberText(c.page, c.printAsRoman) + " "; }},
+    {"@filedate", false,
+     [](const HeadingMacroContext&) { return mediumDateText(static_cast<std::time_t>(currentFileSavedAt())) + " "; }},
+    {"@filetime", false,
+     [](const HeadingMacroContext&) { return shortTimeText(static_cast<std::time_t>(currentFileSavedAt())) + " "; }},
+    {"@user", false, [](const HeadingMacroContext&) { return theAppInfo().UserName; }},
+    {"@company", false, [](const HeadingMacroContext&) { return theAppInfo().UserCompany; }},
+    // A contents page belongs to no one file or project.
+    {"@filename", true,
+     [](const HeadingMacroContext& c) { return c.printAsRoman ? std::string() : currentFilePath().name; }},
+    {"@filepath", false, [](const HeadingMacroContext&) { return headingCurrentFile().FileName; }},
+    {"@vbname", true, [](const HeadingMacroContext&) { return fileTable().sVBName; }},
+    {"@procname", true, procName},
+    {"@project", true,
+     [](const HeadingMacroContext& c) { return c.printAsRoman ? std::string() : currentProjectName(); }},
+    {"@path", false, [](const HeadingMacroContext&) { return currentFilePath().directory; }},
+    {"@ask", false,
+     [](const HeadingMacroContext& c) { return askRoutineDescription(procedureNameAt(c.currentRecord)); }},
+    {"|", false, [](const HeadingMacroContext&) { return std::string(); }},
+};
+
+// "@path<n>": the directory in at most n characters. Without a ">" after the number, or with
+// n not above 0, the directory stands whole.
+std::string shortPathMacro(const std::string& token) {
+    std::string directory = currentFilePath().directory;
+    std::size_t close = token.find('>');
+    if (close == std::string::npos || close <= 6) return directory;
+    std::int16_t n = cintOf(valOf(token.substr(6, close - 6)), "cHeadingPart::HeadingText");
+    return n > 0 ? shortenedPath(directory, n) : directory;
+}
+
+}  // namespace
+
+HeadingPiece expandHeadingToken(const std::string& token, const HeadingMacroContext& context) {
+    std::string lower = lowerCaseAscii(token);
+    for (const Macro& macro : kMacros)
+        if (lower == macro.name) return {macro.expand(context), macro.dynamic};
+    if (lower.compare(0, 6, "@path<") == 0) return {shortPathMacro(token), false};
+    if (token[0] == '<') return {literalText(token), false};
+    return {token + " ", false};  // a mistyped macro prints as itself
+}
+
+std::string pageNumberText(std::int32_t page, bool roman) {
+    if (!roman) return std::to_string(page);
+    std::int32_t tens = page / 10, units = page % 10;
+    std::string text;
+    if (tens > 0) {
+        if (tens > 9) raiseRuntime(9, "cHeadingPart::HeadingText");
+        text = kRomanTens[tens - 1];
+    }
+    if (units > 0) text += kRomanUnits[units - 1];
+    return text;
+}
+
+std::string shortenedPath(const std::string& directory, int n) {
+    if (static_cast<int>(directory.size()) <= n) return directory;
+    if (n < 4) return std::string(static_cast<std::size_t>(n), '.');
+    int kept = n - 3;
+    int left = static_cast<int>(std::nearbyint(kept / 2.0));
+    int right = kept - left;
+    return directory.substr(0, left) + "..." + directory.substr(directory.size() - right);
+}
+
+// The closing ">" counts from the second character on: "<>x" prints ">x". Without one the rest
+// of the token prints.
+std::string literalText(const std::string& token) {
+    std::string text = token.substr(1) + " ";
+    std::size_t close = text.find('>');
+    if (close != std::string::npos && close >= 1) text = text.substr(0, close) + " ";
+    return text;
+}
+
+}  // namespace hlyd
