@@ -229,20 +229,20 @@ void HeaderFooterOutput(cHeadings& headings, float& y) {
     for (int line = 1; line <= headings.TotalLines; ++line) {
         for (int section = 1; section <= 3; ++section) {
             printer->setCurrentY(y);
-            cHeadingPart* part = headings.find(std::to_string(line) + std::to_string(section));
+            cHeadingPart* part = headings.FindItem(headingKey(line, section));
             if (!part) continue;
             printer->setCurrentX(part->XPos());
             if (part->bIsDynamic) {
                 part->clCurrentRecord = headings.clCurrentRecord;
                 part->ProcText = headings.csProcHeading;
-                part->setHeadingText(part->DynamicTag);
+                part->HeadingText(std::vector<std::string>(part->DynamicTag));
             }
             printerStep([&] { printer->print(part->HeadingText()); });
         }
         y += height;
     }
     if (theDebug().TraceApplication) {
-        cHeadingPart* first = headings.find("11");
+        cHeadingPart* first = headings.FindItem("11");
         theLog().LogData("Print Heading(" + (first ? first->HeadingText() : std::string()) +
                          ")\r\nyGlobal.PageNumber=" + std::to_string(printState().PageNumber) +
                          " printer.Page =" + std::to_string(printer->page()));
@@ -265,8 +265,8 @@ std::int32_t startPageNumber(std::int32_t printed) {
     if (!hlydSettings().PageNumberAsk) return printed;
     std::string shown = printed == 0 ? "1" : std::to_string(printed);
     std::optional<std::string> answer =
-        theUi().inputBox("Enter starting page number for module \r\n" + std::to_string(fileTable().wCurrentFile),
-                         "Starting Page Number", shown);
+        theUi().inputBox({"Enter starting page number for module \r\n" + std::to_string(fileTable().wCurrentFile),
+                          "Starting Page Number", shown});
     if (!answer || !isNumeric(*answer)) return printed;
     std::int32_t value = clngOf(std::strtod(answer->c_str(), nullptr), "EmitHeading");
     return printed == 0 ? value - 1 : value;
