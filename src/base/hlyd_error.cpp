@@ -12,6 +12,7 @@ std::string errorDescription(int number) {
         case 6: return "Overflow";
         case 7: return "Out of memory";
         case 9: return "Subscript out of range";
+        case 11: return "Division by zero";
         case 13: return "Type mismatch";
         case 14: return "Out of string space";
         case 52: return "Bad file name or number";
@@ -28,6 +29,8 @@ std::string errorDescription(int number) {
         case 380: return "Invalid property value";
         case 482: return "Printer error";
         case 483: return "Printer driver does not support specified property";
+        case 484:
+            return "Problem getting printer information from the system. Make sure the printer is set up correctly.";
         case kInternalError: return "Internal error";
         default: return "Application-defined or object-defined error";
     }

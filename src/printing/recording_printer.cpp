@@ -78,7 +78,7 @@ PrinterCaps RecordingPrinter::caps() const {
             kPixelsPerInch};
 }
 
-void RecordingPrinter::emit(PrintEvent e) {
+void RecordingPrinter::send(PrintEvent e) {
     e.doc = doc_;
     e.page = page_;
     if (sink_) sink_(e);
@@ -98,7 +98,7 @@ void RecordingPrinter::ensurePage() {
     e.kind = PrintEvent::PageStart;
     e.printed = printed_;
     e.type = type_;
-    emit(e);
+    send(e);
 }
 
 void RecordingPrinter::print(const std::string& text) {
@@ -115,7 +115,7 @@ void RecordingPrinter::print(const std::string& text) {
         e.underline = underline_;
         e.colour = fore_;
         e.text = text;
-        emit(std::move(e));
+        send(std::move(e));
     }
     x_ += textWidth(text);
 }
@@ -127,7 +127,7 @@ void RecordingPrinter::line(float x1, float y1, float x2, float y2, std::uint32_
     e.x1 = x1, e.y1 = y1, e.x2 = x2, e.y2 = y2;
     e.colour = colour;
     e.width = drawWidth_;
-    emit(e);
+    send(e);
     x_ = x2, y_ = y2;
 }
 
@@ -153,7 +153,7 @@ void RecordingPrinter::newPage() {
     e.kind = PrintEvent::PageStart;
     e.printed = printed_;
     e.type = type_;
-    emit(e);
+    send(e);
     x_ = y_ = 0;
 }
 
@@ -162,7 +162,7 @@ void RecordingPrinter::endDoc() {
     delivered_ += pagesInDoc_;
     PrintEvent e;
     e.kind = PrintEvent::EndDoc;
-    emit(e);
+    send(e);
     docOpen_ = false;
     page_ = 0;
     pagesInDoc_ = 0;
@@ -173,7 +173,7 @@ void RecordingPrinter::killDoc() {
     if (!docOpen_) return;
     PrintEvent e;
     e.kind = PrintEvent::KillDoc;
-    emit(e);
+    send(e);
     docOpen_ = false;
     page_ = 0;
     pagesInDoc_ = 0;
