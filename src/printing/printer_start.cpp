@@ -110,16 +110,22 @@ void setUpStartPrinter() {
     setUsableAreaOfSettings();
 }
 
+// The job's properties go by the same names in the settings and in the dialog.
+template <class From, class To>
+void copyJobProperties(const From& from, To& to) {
+    to.Orientation = from.Orientation;
+    to.Copies = from.Copies;
+    to.Duplex = from.Duplex;
+    to.PaperSize = from.PaperSize;
+    to.PrintQuality = from.PrintQuality;
+}
+
 PrinterDialogRequest dialogRequest() {
     const HlydSettings& s = hlydSettings();
     PrinterDialogRequest request;
     if (PrinterSystem* system = printerSystem()) request.printers = system->printerNames();
     request.printer = currentPrinter() ? currentPrinter()->deviceName() : s.CurrentPrinter;
-    request.Orientation = s.Orientation;
-    request.Copies = s.Copies;
-    request.Duplex = s.Duplex;
-    request.PaperSize = s.PaperSize;
-    request.PrintQuality = s.PrintQuality;
+    copyJobProperties(s, request);
     return request;
 }
 
@@ -136,12 +142,7 @@ bool takeDialogChoice(const PrinterDialogRequest& request) {
         if (!chosen) return false;
         installOpenedPrinter(std::move(chosen));
     }
-    HlydSettings& s = hlydSettings();
-    s.Orientation = request.Orientation;
-    s.Copies = request.Copies;
-    s.Duplex = request.Duplex;
-    s.PaperSize = request.PaperSize;
-    s.PrintQuality = request.PrintQuality;
+    copyJobProperties(request, hlydSettings());
     return true;
 }
 
@@ -169,7 +170,6 @@ std::string GetDefaultPrinter() {
     PrinterSystem* system = printerSystem();
     std::string name = system ? system->defaultPrinterName() : std::string();
     if (!name.empty()) return name;
-    theUi().setBusy(false);
     tell(
         "No default Printer specified.\nUse Windows Print Manager to set the default Printer.\n"
         "Printing and related functions disabled.\nIn order to Print you will have to \n"
