@@ -29,7 +29,13 @@ protected:
     void SetUp() override {
         AnalysisTest::SetUp();
         resetModuleState();  // Main does BabInit itself
+        setPrinterSystem(&printers);
     }
+    void TearDown() override {
+        setPrinterSystem(nullptr);
+        AnalysisTest::TearDown();
+    }
+    RecordingPrinterSystem printers{"PDF"};  // the start finds its printer and says nothing of it
 };
 
 TEST_F(AppStartTest, MissingFileOnTheCommandLineIsToldAndTheRunEnds) {

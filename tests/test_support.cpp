@@ -71,6 +71,7 @@ void ConfigDirTest::SetUp() {
     useConfigDir(dir);
     setUi(&ui);
     setClock(&clock);
+    setPrinterSystem(&printers);
 }
 
 void ConfigDirTest::useConfigDir(const std::string& directory) {
@@ -83,6 +84,7 @@ void ConfigDirTest::TearDown() {
     else unsetenv("HLYD_CONFIG_DIR");
     setUi(nullptr);
     setClock(nullptr);
+    setPrinterSystem(nullptr);
     resetModuleState();
     std::error_code ec;
     std::filesystem::remove_all(dir, ec);

@@ -13,6 +13,7 @@
 #include "analysis/basiclan.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
+#include "printing/printer_systems.h"
 
 namespace hlyd::test {
 
@@ -37,6 +38,10 @@ public:
     bool chooseProjectMembers(const std::string&, std::vector<ProjectMemberOption>&) override { return keepMembers; }
     void setBusy(bool on) override { busy = on; }
     std::optional<std::string> inputBox(const InputBoxRequest& request) override;
+    bool printerDialog(PrinterDialogRequest& request) override {
+        printerDialogs.push_back(request);
+        return answerPrinterDialog && answerPrinterDialog(request);
+    }
     std::deque<MsgAnswer> answers;
     std::vector<MessageBoxRequest> shown;
     std::optional<std::string> saveAnswer;  // nothing: the user cancels
@@ -49,6 +54,8 @@ public:
     bool busy = false;
     std::deque<std::optional<std::string>> inputAnswers;  // an empty queue cancels
     std::vector<InputBoxRequest> inputs;
+    std::vector<PrinterDialogRequest> printerDialogs;                // as each was filled in
+    std::function<bool(PrinterDialogRequest&)> answerPrinterDialog;  // none: the user cancels
 };
 
 class FixedClock : public Clock {
@@ -81,7 +88,8 @@ protected:
 };
 
 // A settings directory of its own ($HLYD_CONFIG_DIR is `dir`), every module's state reset, a
-// scripted Ui and a fixed clock. The environment and the state are put back afterwards, so that
+// scripted Ui, a fixed clock and a machine whose one printer is a recording printer named "PDF",
+// as the built-in printer that every machine has. The environment and the state are put back afterwards, so that
 // the suites of one process do not see each other.
 class ConfigDirTest : public ::testing::Test {
 protected:
@@ -93,6 +101,7 @@ protected:
     std::string dir;  // removed with everything in it at the end
     ScriptedUi ui;
     FixedClock clock;
+    RecordingPrinterSystem printers{"PDF"};
 
 private:
     std::string previousConfigDir_;

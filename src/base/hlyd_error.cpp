@@ -30,6 +30,8 @@ std::string errorDescription(int number) {
         case 457: return "This key is already associated with an element of this collection";
         case 482: return "Printer error";
         case 483: return "Printer driver does not support specified property";
+        case 484:
+            return "Problem getting printer information from the system. Make sure the printer is set up correctly.";
         case kInternalError: return "Internal error";
         default: return "Application-defined or object-defined error";
     }

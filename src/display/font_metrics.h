@@ -16,6 +16,9 @@ struct LayoutMetrics {
     std::array<float, 3> WhiteSpaceSize{};
     std::int16_t TwipsPerPixelX = 15;
     std::int16_t TwipsPerPixelY = 15;
+    // The printer's, which its setup fills; kept apart so that the screen's stay its own.
+    std::int16_t PrintTwipsPerPixelX = 15;
+    std::int16_t PrintTwipsPerPixelY = 15;
 };
 
 LayoutMetrics& layoutMetrics();

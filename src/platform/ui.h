@@ -1,6 +1,7 @@
 #pragma once
 // The user-interface port: everything the core asks of a person goes through here, so that the
 // logic runs the same in the window, in the command-line tools and under test.
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -51,6 +52,18 @@ struct InputBoxRequest {
     std::string defaultText;
 };
 
+// The platform's printer dialog: the printers to choose from, the one in force and the job's
+// properties; on OK it holds what the user chose.
+struct PrinterDialogRequest {
+    std::vector<std::string> printers;
+    std::string printer;
+    std::int16_t Orientation = 1;
+    std::int16_t Copies = 1;
+    std::int16_t Duplex = 1;
+    std::int16_t PaperSize = 1;
+    std::int16_t PrintQuality = -4;
+};
+
 class Ui {
 public:
     virtual ~Ui() = default;
@@ -80,6 +93,8 @@ public:
     virtual std::optional<std::string> inputBox([[maybe_unused]] const InputBoxRequest& request) {
         return std::nullopt;
     }
+    // The printer dialog; false when the user cancels. Without a dialog nothing changes.
+    virtual bool printerDialog([[maybe_unused]] PrinterDialogRequest& request) { return false; }
     // The hourglass while the program is busy, the default pointer after.
     virtual void setBusy([[maybe_unused]] bool busy) {}
 };

@@ -4,9 +4,20 @@ namespace hlyd {
 
 namespace {
 PrintState state;
+std::unique_ptr<Printer> opened;
 }  // namespace
 
 PrintState& printState() { return state; }
-void resetPrintState() { state = PrintState{}; }
+
+void resetPrintState() {
+    installOpenedPrinter(nullptr);
+    state = PrintState{};
+}
+
+// The printer in force is replaced before the old one goes, so that nobody is left holding it.
+void installOpenedPrinter(std::unique_ptr<Printer> printer) {
+    if (printer || currentPrinter() == opened.get()) setCurrentPrinter(printer.get());
+    opened = std::move(printer);
+}
 
 }  // namespace hlyd

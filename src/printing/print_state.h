@@ -2,10 +2,12 @@
 // The printing subsystem's state for one program run: the printer's standing, the page geometry
 // in force, the page counters of the document being printed and the choices of the request.
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "display/token_layout.h"
+#include "platform/printer.h"
 #include "settings/page_settings.h"
 
 namespace hlyd {
@@ -91,6 +93,11 @@ struct PrintState {
 };
 
 PrintState& printState();
+// Also lets go of the printer opened by the printing module (see installOpenedPrinter).
 void resetPrintState();
+
+// Makes the printer current and keeps it alive until another replaces it or the state is reset.
+// nullptr lets go of it; a printer that someone else installed stays in force.
+void installOpenedPrinter(std::unique_ptr<Printer> printer);
 
 }  // namespace hlyd

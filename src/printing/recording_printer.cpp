@@ -44,7 +44,7 @@ PrinterCaps RecordingPrinter::caps() const {
             kPixelsPerInch};
 }
 
-void RecordingPrinter::emit(PrintEvent e) {
+void RecordingPrinter::send(PrintEvent e) {
     e.doc = doc_;
     e.page = page_;
     if (sink_) sink_(e);
@@ -66,7 +66,7 @@ void RecordingPrinter::ensurePage() {
     e.kind = PrintEvent::PageStart;
     e.printed = printed_;
     e.type = type_;
-    emit(e);
+    send(e);
 }
 
 void RecordingPrinter::print(const std::string& text) {
@@ -83,7 +83,7 @@ void RecordingPrinter::print(const std::string& text) {
         e.underline = underline_;
         e.colour = fore_;
         e.text = text;
-        emit(std::move(e));
+        send(std::move(e));
     }
     x_ += textWidth(text);
 }
@@ -95,7 +95,7 @@ void RecordingPrinter::line(float x1, float y1, float x2, float y2, std::uint32_
     e.x1 = x1, e.y1 = y1, e.x2 = x2, e.y2 = y2;
     e.colour = colour;
     e.width = drawWidth_;
-    emit(e);
+    send(e);
     x_ = x2, y_ = y2;
 }
 
@@ -126,7 +126,7 @@ void RecordingPrinter::endDoc() {
     pagesInDoc_ = 0;
     PrintEvent e;
     e.kind = PrintEvent::EndDoc;
-    emit(e);
+    send(e);
     docOpen_ = false;
     pagesInDoc_ = 0;
     x_ = y_ = 0;
@@ -136,7 +136,7 @@ void RecordingPrinter::killDoc() {
     if (!docOpen_) return;
     PrintEvent e;
     e.kind = PrintEvent::KillDoc;
-    emit(e);
+    send(e);
     docOpen_ = false;
     pagesInDoc_ = 0;
     x_ = y_ = 0;

@@ -89,7 +89,7 @@ public:
 
 private:
     void ensurePage();  // a page begins with the first thing drawn on it
-    void emit(PrintEvent e);
+    void send(PrintEvent e);  // not "emit": the window layer's headers take that word
 
     std::string name_;
     Sink sink_;

@@ -5,6 +5,7 @@
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "platform/os.h"
+#include "platform/printer.h"
 
 namespace hlyd {
 
@@ -90,6 +91,10 @@ void sbFileNameFromDir(const std::string& full, std::string& name, std::string& 
 }
 
 std::string systemDefaultPrinter() {
+    if (PrinterSystem* printers = printerSystem()) {
+        std::string name = printers->defaultPrinterName();
+        if (!name.empty()) return name;
+    }
     // The built-in printer writes a PDF file; it exists on every machine, with or without printers.
     return "PDF";
 }

@@ -17,6 +17,7 @@
 #include "platform/clock.h"
 #include "platform/os.h"
 #include "platform/surface.h"
+#include "printing/printer_start.h"
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -165,6 +166,7 @@ void InitApp() {
         loadSettingsAtStartup();
         TraceScope trace(theDebug().TraceApplication, "InitApp");
         theLog().LogData("HLYD.BI Version 88 Dated 31-Aug-95\n hlyd.bm Version 35 Dated 31-Aug-95");
+        if (!hlydSettings().CurrentPrinter.empty() || !GetDefaultPrinter().empty()) InitPrinter();
         initKeywords();
         clearPerRunState();
         hlydSettings().MetricUnits = fbIsMetric();

@@ -9,6 +9,7 @@
 #include "files/file_table.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
+#include "printing/print_state.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -61,6 +62,7 @@ void resetModuleState() {
     resetSettingsState();
     resetFilesAndAnalysis();
     resetDisplay();
+    resetPrintState();
     resetHlydMain();
 }
 

@@ -1,0 +1,18 @@
+#pragma once
+// The part of the page that printing may use: the printer's own printable area, and the area the
+// margins leave, divided into columns.
+#include "display/token_layout.h"
+#include "settings/page_settings.h"
+
+namespace hlyd {
+
+// The printer's own printable area, when a printer is present.
+void HlydPASetDefaultUsableArea(AreaRecord& area);
+
+// The area the margins leave on the current printer, and the width of each of its columns. Its
+// Bottom is the last Y at which a line may begin. An area too small to print in sets AreaError
+// and PrintStatus 4.
+void HlydPASetUsableArea(AreaRecord& area, const AreaRecord& defaultArea, const MarginRecord& margins,
+                         ColumnSpec& columns);
+
+}  // namespace hlyd
