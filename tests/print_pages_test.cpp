@@ -101,7 +101,7 @@ std::string procedures(int count, int bodyLines) {
 }
 
 TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
-    // 44 lines fit from the first line to the bottom limit: (14076 - 1368) / 288.
+    // A line may begin while it ends above the bottom limit: 44 lines from 1368 to 14076.
     print(procedures(1, 60));
     PrintEvent first = text("Sub");
     EXPECT_EQ(first.x1, kLeft);
@@ -109,7 +109,7 @@ TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
     EXPECT_EQ(first.page, 1);
     PrintEvent last = text("X1_43");
     EXPECT_EQ(last.page, 1);
-    EXPECT_EQ(last.y1, kFirstLine + 44 * kLineHeight);
+    EXPECT_EQ(last.y1, kFirstLine + 43 * kLineHeight);
     PrintEvent next = text("X1_44");
     EXPECT_EQ(next.page, 2);
     EXPECT_EQ(next.y1, kFirstLine);
@@ -120,18 +120,21 @@ TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
 TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
     useColumns(3, 720, true);
     EXPECT_EQ(printState().Columns.Width, 2880);  // (10080 - 2 x 720) / 3
-    print(procedures(1, 100));
+    // 44 lines a column: Sub and X1_1 to X1_43, X1_44 to X1_87, X1_88 to X1_131.
+    print(procedures(1, 140));
     EXPECT_EQ(text("X1_43").x1, kLeft);
     PrintEvent second = text("X1_44");
     EXPECT_EQ(second.page, 1);
     EXPECT_EQ(second.x1, kLeft + 2880 + 720);
     EXPECT_EQ(second.y1, kFirstLine);
-    EXPECT_EQ(text("X1_89").x1, kLeft + 2 * (2880 + 720));
-    EXPECT_EQ(text("X1_90").page, 2);
-    EXPECT_EQ(text("X1_90").x1, kLeft);
+    EXPECT_EQ(text("X1_88").x1, kLeft + 2 * (2880 + 720));
+    EXPECT_EQ(text("X1_131").page, 1);
+    EXPECT_EQ(text("X1_132").page, 2);
+    EXPECT_EQ(text("X1_132").x1, kLeft);
     std::vector<PrintEvent> lines = of(PrintEvent::Line);
     ASSERT_EQ(lines.size(), 2u);  // between the columns of page 1; page 2 has one column in use
-    EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 - 360 - kLeft + kLeft);
+    EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 / 2);  // in the middle of the gutter
+    EXPECT_EQ(lines[1].x1, kLeft + 2880 + 720 + 2880 + 720 / 2);
     EXPECT_EQ(lines[0].y1, kFirstLine);
     EXPECT_EQ(lines[0].y2, kLastLineLimit);
     EXPECT_EQ(lines[0].width, 5);
@@ -159,12 +162,12 @@ TEST_F(PrintPagesTest, ProceduresStartOnANewPageOrColumnAsTheOptionSays) {
 
 TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
     format().Orphan = 3;
-    // P1 fills 41 lines (Sub, 39 body lines, End Sub); P2 would start on line 42 of 44, with only
-    // two lines under it: it goes to the next page.
-    print(procedures(1, 39) + procedures(2, 1).substr(procedures(1, 1).size()));
+    // P1 fills 42 lines (Sub, 40 body lines, End Sub); P2 would start on line 43 of 44, with two
+    // lines under it: three are asked for, and it goes to the next page. One is enough.
+    print(procedures(1, 40) + procedures(2, 1).substr(procedures(1, 1).size()));
     EXPECT_EQ(text("X2_1").page, 2);
     format().Orphan = 1;
-    print(procedures(1, 39) + procedures(2, 1).substr(procedures(1, 1).size()));
+    print(procedures(1, 40) + procedures(2, 1).substr(procedures(1, 1).size()));
     EXPECT_EQ(text("X2_1").page, 1);
 }
 
@@ -172,7 +175,7 @@ TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     useColumns(2, 720, false);
     // 4680 twips a column: 32 characters at 144, less " _" when the record goes on.
     std::string body;
-    for (int l = 1; l <= 43; ++l) body += "Y" + std::to_string(l) + " = 1\n";
+    for (int l = 1; l <= 42; ++l) body += "Y" + std::to_string(l) + " = 1\n";
     std::string longLine = "Z = A1 + A2 + A3 + A4 + A5 + A6 + A7 + A8 + A9\n";
     print("Sub P()\n" + body + longLine + "End Sub\n");
     // The record begins on the last line of the first column and goes on at the top of the next.
@@ -239,10 +242,20 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     print("Attribute VB_Name = \"Mod1\"\n" + procedures(1, 60), request);
     EXPECT_EQ(text("Release 2").y1, 648);  // the optional line comes first, at the area's top
     EXPECT_EQ(text("Release 2").x1, kLeft);
-    EXPECT_TRUE(printed("module.bas Page 1 "));
-    EXPECT_TRUE(printed("module.bas Page 2 "));
+    // A file name is given without a blank after it; a page number with one.
+    EXPECT_TRUE(printed("module.basPage 1 "));
+    EXPECT_TRUE(printed("module.basPage 2 "));
+    EXPECT_EQ(text("module.basPage 1 ").y1, 648 + kLineHeight);
     EXPECT_TRUE(printed("Listed "));
-    EXPECT_TRUE(printed("P1"));
+    // The procedure of the page's first record: the declarations, then P1 on the second page.
+    EXPECT_EQ(text("<Declarations>").page, 1);
+    // Right-aligned when first expanded; later pages keep that X.
+    EXPECT_EQ(text("<Declarations>").x1, kLeft + 10080 - 14 * kCharWidth);
+    bool headed = false;
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        headed = headed || (e.page == 2 && e.text == "P1" && e.x1 == text("<Declarations>").x1 && e.y1 == 936);
+    EXPECT_TRUE(headed);
+    EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
 }
 
 TEST_F(PrintPagesTest, ARangeThatStartsPastTheEndPrintsNothing) {

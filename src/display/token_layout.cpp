@@ -44,6 +44,7 @@ private:
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
     void continuationMark();
     void movePen(float x, float y);
+    bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
     bool breakIfFull();
     void gapBefore(std::int32_t next, const AttributeRecord& left);
     std::int32_t lastToken(const Record& r) const;
@@ -115,7 +116,7 @@ void RecordPainter::movePen(float x, float y) {
 void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float yText, float yNext) {
     setAttributesOn(s_, a);
     float width = s_.textWidth(text);
-    s_.filledBox(x_, yText, x_ + width, yNext, a.BackColor);
+    if (boxed(a)) s_.filledBox(x_, yText, x_ + width, yNext, a.BackColor);
     penX_ = x_ + width;
     penY_ = yNext;
     movePen(x_, yText);
@@ -131,7 +132,7 @@ void RecordPainter::continuationMark() {
     float width = s_.textWidth(" _");
     float x = penX_ < 0 ? x_ : penX_;
     float y = penY_ < 0 ? yText_ : penY_;
-    s_.filledBox(x, y, x + width, y + static_cast<float>(k.Height), k.BackColor);
+    if (boxed(k)) s_.filledBox(x, y, x + width, y + static_cast<float>(k.Height), k.BackColor);
     penX_ = x + width;
     penY_ = y + static_cast<float>(k.Height);
     movePen(x, y);

@@ -42,6 +42,8 @@ struct RecordLayoutHooks {
     std::function<bool(AreaRecord& pos)> breakAtBottom;
     // The record's first line is reached: its top and its height (line numbers go there).
     std::function<void(float y, float lineHeight)> firstLine;
+    // White behind a text is the paper itself: no box is drawn for it.
+    bool whiteIsPaper = false;
     // When set, receives the text drawn, gaps as blanks.
     std::string* textDrawn = nullptr;
     // Draws the separator line when the destination calls for one; may move `y` down.

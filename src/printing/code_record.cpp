@@ -108,6 +108,7 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     hooks.gap = mode_ == kEmitCode ? GapRule::WhiteSpace : GapRule::SingleBlank;
     hooks.toStatementEnd = mode_ != kEmitCode;
     hooks.textDrawn = &text;
+    hooks.whiteIsPaper = true;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
     if (numbered) hooks.firstLine = [this](float y, float h) { lineNumber(y, h); };
     if (mode_ == kEmitCode)

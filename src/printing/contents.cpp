@@ -159,7 +159,7 @@ void EmitProcContentsProject(wPos& pos) {
     pos.RightPos = p.UsableArea.Right;
     pos.TopPos = p.UsableArea.Bottom + 1;
     AttributeRecord& a = printAttributes(kElemProjectFile);
-    float rule = 5.0f * static_cast<float>(layoutMetrics().TwipsPerPixelY);
+    float rule = 5.0f * static_cast<float>(layoutMetrics().PrintTwipsPerPixelY);
     auto drawRule = [&] {
         printer->setDrawWidth(5);
         printer->line(p.UsableArea.Left, pos.TopPos, p.UsableArea.Right, pos.TopPos, a.ForeColor);

@@ -8,7 +8,6 @@
 #include "printing/print_file.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
-#include "settings/page_settings.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -21,7 +20,6 @@ void prepareRun(const PrintRunRequest& request) {
     resetTOC();
     p.PrintStatus = kPrintOk;
     p.CurrentLineNumber = s.LineNumberIncrement;
-    p.Columns = pageSettings().Columns;
     p.PageRange = request.pageRange;
     p.FirstPage = request.firstPage;
     p.LastPage = request.lastPage;

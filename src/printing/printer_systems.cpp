@@ -9,7 +9,9 @@ RecordingPrinterSystem::RecordingPrinterSystem(std::string name, RecordingPrinte
 
 std::unique_ptr<Printer> RecordingPrinterSystem::open(const std::string& name) {
     if (name != name_) return nullptr;
-    return std::make_unique<RecordingPrinter>(name_, sink_);
+    auto printer = std::make_unique<RecordingPrinter>(name_, sink_);
+    printer_ = printer.get();
+    return printer;
 }
 
 }  // namespace hlyd

@@ -26,6 +26,8 @@ public:
     std::vector<std::string> printerNames() const override { return {name_}; }
     std::string defaultPrinterName() const override { return name_; }
     std::unique_ptr<Printer> open(const std::string& name) override;
+    // The printer opened last, while whoever opened it keeps it; for the counts at a run's end.
+    RecordingPrinter* printer() const { return printer_; }
 
 protected:
     const std::string& name() const { return name_; }
@@ -34,6 +36,7 @@ protected:
 private:
     std::string name_;
     RecordingPrinter::Sink sink_;
+    RecordingPrinter* printer_ = nullptr;
 };
 
 }  // namespace hlyd
