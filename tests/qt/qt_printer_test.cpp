@@ -117,6 +117,7 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
         if (n < 2 || row.empty()) continue;  // the heading and its rule
         ++fontRows;
         EXPECT_NE(row.find(" yes "), std::string::npos) << "not embedded: " << row;
+        EXPECT_NE(row.find('+'), std::string::npos) << "not a subset: " << row;
     }
     EXPECT_GE(fontRows, 2);
     // Only the glyphs used go in: any one of these fonts whole is larger than the file.

@@ -1,10 +1,10 @@
 #include "platform/qt/page_recording.h"
 
+#include <QGlyphRun>
 #include <QPainter>
 #include <cmath>
 
 #include "platform/qt/print_faces.h"
-#include "platform/qt/qt_text.h"
 
 namespace hlyd {
 
@@ -12,6 +12,29 @@ namespace {
 
 // Less than a hundredth of a pixel apart: the pen went on from where the text before left it.
 bool sameSpot(double a, double b) { return std::fabs(a - b) < 0.01; }
+
+// The glyphs of a text placed by the face's own advances, as it was measured.
+QGlyphRun glyphRun(const PrintFace& face, std::string_view text) {
+    QList<quint32> glyphs;
+    QList<QPointF> positions;
+    glyphs.reserve(static_cast<qsizetype>(text.size()));
+    positions.reserve(static_cast<qsizetype>(text.size()));
+    double x = 0;
+    for (unsigned char c : text) {
+        if (face.glyph[c] != 0) {
+            glyphs.append(face.glyph[c]);
+            positions.append(QPointF(x, 0));
+        }
+        x += face.advance[c];
+    }
+    QGlyphRun run;
+    run.setRawFont(face.raw);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    run.setUnderline(face.key.underline);
+    run.setStrikeOut(face.key.strikeOut);
+    return run;
+}
 
 }  // namespace
 
@@ -45,24 +68,18 @@ void PageRecording::box(double x1, double y1, double x2, double y2, QRgb colour)
 }
 
 void PageRecording::replay(QPainter& painter, const PrintFaces& faces) const {
-    int faceInForce = -1;
     QRgb penColour = 0;
     bool penSet = false;
     for (const Op& op : ops_) {
         switch (op.kind) {
             case Kind::Text: {
                 const PrintFace& face = faces.byIndex(op.face);
-                if (faceInForce != op.face) {
-                    painter.setFont(face.font);
-                    faceInForce = op.face;
-                }
                 if (!penSet || penColour != op.colour) {
                     painter.setPen(QColor::fromRgb(op.colour));
                     penColour = op.colour;
                     penSet = true;
                 }
-                painter.drawText(QPointF(op.x1, op.y1 + face.ascent),
-                                 fromCp1252(std::string_view(text_).substr(op.start, op.length)));
+                painter.drawGlyphRun(QPointF(op.x1, op.y1 + face.ascent), glyphRun(face, textOf(op)));
                 break;
             }
             case Kind::Line:

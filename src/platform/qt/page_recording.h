@@ -27,7 +27,6 @@ public:
     void replay(QPainter& painter, const PrintFaces& faces) const;
     std::size_t textBytes() const { return text_.size(); }
 
-private:
     enum class Kind : std::uint8_t { Text, Line, Box };
     struct Op {
         Kind kind;
@@ -37,6 +36,10 @@ private:
         double x1, y1, x2, y2;  // a text's end is (x2, y1)
         std::uint32_t start, length;  // of a text, in text_
     };
+    const std::vector<Op>& ops() const { return ops_; }
+    std::string_view textOf(const Op& op) const { return std::string_view(text_).substr(op.start, op.length); }
+
+private:
     std::vector<Op> ops_;
     std::string text_;
 };

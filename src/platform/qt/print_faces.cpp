@@ -1,7 +1,7 @@
 #include "platform/qt/print_faces.h"
 
-#include <QFontMetricsF>
-#include <QImage>
+#include <QFont>
+#include <algorithm>
 
 #include "platform/qt/qt_text.h"
 
@@ -9,28 +9,30 @@ namespace hlyd {
 
 namespace {
 
-constexpr double kInchesPerMetre = 1.0 / 0.0254;
-
-// A device of the printer's resolution to measure on: the printer itself may not be open yet.
-QImage measuringDevice(int dpi) {
-    QImage image(1, 1, QImage::Format_RGB32);
-    image.setDotsPerMeterX(static_cast<int>(dpi * kInchesPerMetre + 0.5));
-    image.setDotsPerMeterY(static_cast<int>(dpi * kInchesPerMetre + 0.5));
-    return image;
-}
-
 QFont fontOf(const FaceKey& key) {
     QFont font;
     font.setFamilies({key.family});
     font.setPointSizeF(key.points);
     font.setBold(key.bold);
     font.setItalic(key.italic);
-    font.setUnderline(key.underline);
-    font.setStrikeOut(key.strikeOut);
     font.setKerning(false);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(QFont::PreferOutline);
     return font;
+}
+
+// Glyphs and advances of the font's design, in font units: a font at its own em size.
+void fillCharacters(PrintFace& face, QRawFont design) {
+    design.setPixelSize(design.unitsPerEm());
+    double scale = face.pixelSize / design.unitsPerEm();
+    for (int c = 0x20; c < 256; ++c) {
+        char byte = static_cast<char>(c);
+        QList<quint32> glyphs = design.glyphIndexesForString(fromCp1252(std::string_view(&byte, 1)));
+        if (glyphs.size() != 1) continue;
+        QList<QPointF> advances = design.advancesForGlyphIndexes(glyphs);
+        face.glyph[static_cast<std::size_t>(c)] = glyphs[0];
+        face.advance[static_cast<std::size_t>(c)] = advances.value(0).x() * scale;
+    }
 }
 
 }  // namespace
@@ -47,15 +49,16 @@ const PrintFace& PrintFaces::face(const FaceKey& key) {
     if (found != byKey_.constEnd()) return *faces_[*found];
     auto made = std::make_unique<PrintFace>();
     made->index = static_cast<std::uint16_t>(faces_.size());
-    made->font = fontOf(key);
-    QImage device = measuringDevice(dpi_);
-    QFontMetricsF metrics(made->font, &device);
-    made->ascent = metrics.ascent();
-    made->lineSpacing = metrics.lineSpacing();
-    for (int c = 0; c < 256; ++c) {
-        char byte = static_cast<char>(c);
-        made->advance[static_cast<std::size_t>(c)] = metrics.horizontalAdvance(fromCp1252(std::string_view(&byte, 1)));
-    }
+    made->key = key;
+    made->pixelSize = key.points * dpi_ / 72.0;
+    QRawFont raw = QRawFont::fromFont(fontOf(key));
+    fillCharacters(*made, raw);
+    raw.setPixelSize(made->pixelSize);
+    made->raw = raw;
+    made->ascent = raw.ascent();
+    made->lineSpacing = raw.ascent() + raw.descent() + raw.leading();
+    made->underlinePosition = raw.underlinePosition();
+    made->lineThickness = std::max(raw.lineThickness(), 1.0);
     byKey_.insert(key, made->index);
     faces_.push_back(std::move(made));
     return *faces_.back();

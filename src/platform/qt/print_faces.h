@@ -1,11 +1,12 @@
 #pragma once
 // The fonts a printer measures and draws with, one entry per family, size and style, kept for
 // the run: printing sets the font for nearly every token, and building a font's metrics is far
-// dearer than looking it up. Widths come from a table of the 256 Windows-1252 characters, summed;
-// the fonts are made without kerning and hinting, so that a text drawn is exactly as wide as the
-// sum of its characters and as wide at every resolution.
-#include <QFont>
+// dearer than looking it up. Every figure comes from the font's design (no hinting, no kerning),
+// so that a text is exactly as wide as the sum of its characters at every resolution, on paper
+// and in the PDF alike. Text is Windows-1252: a table of the 256 characters holds each one's glyph
+// and advance.
 #include <QHash>
+#include <QRawFont>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -24,10 +25,14 @@ size_t qHash(const FaceKey& key, size_t seed = 0);
 
 struct PrintFace {
     std::uint16_t index = 0;  // in the order the faces were first asked for
-    QFont font;
-    double ascent = 0;       // in device pixels
-    double lineSpacing = 0;  // in device pixels
-    std::array<double, 256> advance{};  // of each Windows-1252 character, in device pixels
+    FaceKey key;
+    QRawFont raw;             // at the device's pixel size
+    double pixelSize = 0;     // the em in device pixels
+    double ascent = 0;        // in device pixels
+    double lineSpacing = 0;   // in device pixels
+    double underlinePosition = 0, lineThickness = 0;  // below the baseline, in device pixels
+    std::array<std::uint32_t, 256> glyph{};  // of each Windows-1252 character; control characters have none
+    std::array<double, 256> advance{};       // in device pixels
 
     double width(std::string_view text) const {
         double sum = 0;

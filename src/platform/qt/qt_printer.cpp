@@ -168,49 +168,48 @@ void QtPrinter::ensurePage() {
         docOpen_ = true;
         pagesFinishedInDoc_ = 0;
     }
+    if (!pageOpen_) pageLayout_ = layout_;  // a change of paper or orientation applies from the next page
     pageOpen_ = true;
 }
 
-QPagedPaintDevice& QtPrinter::device() {
-    if (system_) return *system_;
-    return *pdf_;
+// The PDF's file opens with the job, its first page comes with the first page finished.
+bool QtPrinter::deliverToPdf() {
+    if (!jobFile_) return false;
+    if (!pdf_) pdf_ = std::make_unique<PdfWriter>(*jobFile_);
+    constexpr double kPointsPerMillimetre = 72 / 25.4;
+    QSizeF sheet = pageLayout_.fullRect(QPageLayout::Millimeter).size() * kPointsPerMillimetre;
+    QPointF origin = pageLayout_.paintRect(QPageLayout::Millimeter).topLeft() * kPointsPerMillimetre;
+    pdf_->addPage(page_, faces_, dotsPerInch(), sheet, origin);
+    return true;
 }
 
-// The device opens with the first page it is given: a document or job that delivers nothing
-// starts no print job and writes no file.
-bool QtPrinter::openDevice() {
+// A system printer's job opens with the first page of a document that is finished: a document
+// that delivers nothing starts no print job.
+bool QtPrinter::deliverToSystem() {
     if (painter_.isActive()) {
-        if (layoutChanged_) device().setPageLayout(layout_);
-        layoutChanged_ = false;
-        return device().newPage();
-    }
-    if (isPdf()) {
-        if (!jobFile_) return false;
-        pdf_ = std::make_unique<QPdfWriter>(jobFile_.get());
-        pdf_->setResolution(kPdfDotsPerInch);
-        pdf_->setCreator(QStringLiteral("Halyard"));
+        system_->setPageLayout(pageLayout_);
+        if (!system_->newPage()) return false;
     } else {
         system_->setCopyCount(copies_);
         system_->setDuplex(*classicDuplex(duplex_));
+        system_->setPageLayout(pageLayout_);
+        if (!painter_.begin(system_.get())) {
+            if (jobError_.empty()) jobError_ = "The printer " + deviceName() + " could not be started.";
+            return false;
+        }
     }
-    device().setPageLayout(layout_);
-    layoutChanged_ = false;
-    if (painter_.begin(&device())) return true;
-    if (jobError_.empty()) jobError_ = "The printer " + deviceName() + " could not be started.";
-    return false;
+    page_.replay(painter_, faces_);
+    return true;
 }
 
-void QtPrinter::closeDevice(bool abort) {
+void QtPrinter::closeSystemDevice(bool abort) {
     if (!painter_.isActive()) return;
-    if (abort && system_) system_->abort();
+    if (abort) system_->abort();
     painter_.end();
 }
 
 void QtPrinter::finishPage() {
-    if (openDevice()) {
-        page_.replay(painter_, faces_);
-        ++pagesDelivered_;
-    }
+    if (isPdf() ? deliverToPdf() : deliverToSystem()) ++pagesDelivered_;
     largestPageText_ = std::max(largestPageText_, page_.textBytes());
     page_.clear();
     pageOpen_ = false;
@@ -226,7 +225,7 @@ void QtPrinter::newPage() {
 void QtPrinter::endDoc() {
     if (!docOpen_) return;
     if (pageOpen_) finishPage();
-    if (system_) closeDevice(false);
+    if (system_) closeSystemDevice(false);
     docOpen_ = false;
     pagesFinishedInDoc_ = 0;
     x_ = y_ = 0;
@@ -236,7 +235,7 @@ void QtPrinter::killDoc() {
     if (!docOpen_) return;
     page_.clear();
     pageOpen_ = false;
-    if (system_) closeDevice(true);
+    if (system_) closeSystemDevice(true);
     docOpen_ = false;
     pagesFinishedInDoc_ = 0;
     x_ = y_ = 0;
@@ -263,13 +262,13 @@ bool QtPrinter::endJob(bool keep) {
     else killDoc();
     jobOpen_ = false;
     if (!isPdf()) return jobError_.empty();
-    closeDevice(false);
-    pdf_.reset();
     bool ok = keep && jobFile_ && jobError_.empty();
     if (ok && pagesDelivered_ == 0) {
         jobError_ = "Nothing was printed, so " + jobPath_ + " was not written.";
         ok = false;
     }
+    if (ok) pdf_->finish();
+    pdf_.reset();
     if (jobFile_ && ok) {
         if (int error = jobFile_->commit(); error != 0) {
             jobError_ = "The file " + jobPath_ + " could not be written: " + os::errorText(error);
@@ -312,7 +311,6 @@ int QtPrinter::setJobProperty(JobProperty which, std::int32_t value) {
             quality_ = value;
             return 0;
     }
-    layoutChanged_ = true;
     return 0;
 }
 
@@ -345,7 +343,6 @@ int QtPrinter::setPaper(std::int32_t code) {
         layout_.setPageSize(QPageSize(id.value_or(QPageSize::Letter)));
     }
     paperCode_ = code;
-    layoutChanged_ = true;
     return 0;
 }
 

@@ -8,12 +8,11 @@
 // one print job; the PDF printer puts the documents of a job one after the other in its file, which
 // replaces the target only when the job ends well.
 //
-// The PDF printer's page has an unprintable strip of a quarter inch on every side: the page
+// The PDF printer writes its file itself (pdf_writer.h). Its page has an unprintable strip of a quarter inch on every side: the page
 // geometry of a print has offsets to work with, and a quarter inch is what common office printers
 // leave, so that a listing laid out for the PDF prints the same on paper.
 #include <QPageLayout>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPrinter>
 #include <memory>
 #include <optional>
@@ -21,6 +20,7 @@
 #include "platform/printer.h"
 #include "platform/qt/job_file_device.h"
 #include "platform/qt/page_recording.h"
+#include "platform/qt/pdf_writer.h"
 #include "platform/qt/print_faces.h"
 
 namespace hlyd {
@@ -102,17 +102,17 @@ private:
     QRgb rgbOf(std::uint32_t colour);
     void ensurePage();
     void finishPage();
-    bool openDevice();
-    void closeDevice(bool abort);
-    QPagedPaintDevice& device();
+    bool deliverToPdf();
+    bool deliverToSystem();
+    void closeSystemDevice(bool abort);
     QRectF paintRectTwips() const;
 
     std::unique_ptr<QPrinter> system_;
     std::unique_ptr<JobFileDevice> jobFile_;
-    std::unique_ptr<QPdfWriter> pdf_;
+    std::unique_ptr<PdfWriter> pdf_;
     QPainter painter_;
-    QPageLayout layout_;
-    bool layoutChanged_ = true;
+    QPageLayout layout_;      // as the job properties set it
+    QPageLayout pageLayout_;  // of the page being drawn: as layout_ was when it began
     std::int32_t copies_ = 1, duplex_ = 1, quality_ = -4, paperCode_ = 1;
 
     PrintFaces faces_;
