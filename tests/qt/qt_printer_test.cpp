@@ -40,15 +40,20 @@ std::string slurp(const std::string& path) {
     return s.str();
 }
 
+// The words of the text with one blank between them.
+std::string squeezed(const std::string& text) {
+    std::string out;
+    std::istringstream words(text);
+    for (std::string w; words >> w;) out += (out.empty() ? "" : " ") + w;
+    return out;
+}
+
 // The lines of the text with runs of blanks made one and the ends trimmed; pages split at form feeds.
 std::vector<std::vector<std::string>> pagesOf(const std::string& text) {
     std::vector<std::vector<std::string>> pages(1);
     std::string line;
     auto endLine = [&] {
-        std::string squeezed;
-        std::istringstream words(line);
-        for (std::string w; words >> w;) squeezed += (squeezed.empty() ? "" : " ") + w;
-        if (!squeezed.empty()) pages.back().push_back(squeezed);
+        if (std::string words = squeezed(line); !words.empty()) pages.back().push_back(words);
         line.clear();
     };
     for (char c : text) {
@@ -97,6 +102,7 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
     QtPrinter p;
     p.beginJob(pdf("listing.pdf"));
     printLines(p, {"Dim total As Long", "total = total + 1"});
+    ASSERT_EQ(p.setJobProperty(JobProperty::Orientation, 2), 0);  // for the pages to come
     p.newPage();
     printLines(p, {"End Sub"});
     p.endDoc();
@@ -109,6 +115,9 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
     EXPECT_EQ(pages[0], (std::vector<std::string>{"Dim total As Long", "total = total + 1"}));
     EXPECT_EQ(pages[1], (std::vector<std::string>{"End Sub"}));
     EXPECT_EQ(pages[2], (std::vector<std::string>{"Dim caf\xc3\xa9 As String"}));
+    std::string info = squeezed(run("pdfinfo -f 1 -l 3 '" + pdf("listing.pdf") + "'"));
+    EXPECT_NE(info.find("Page 1 size: 612 x 792"), std::string::npos) << info;
+    EXPECT_NE(info.find("Page 2 size: 792 x 612"), std::string::npos) << info;
 
     std::istringstream fonts(run("pdffonts '" + pdf("listing.pdf") + "'"));
     std::string row;
@@ -144,6 +153,34 @@ TEST_F(QtPrinterTest, KillDocDropsThePageNotYetFinishedAndTheJobGoesOn) {
     EXPECT_EQ(pages[0].at(0), "first document");
     EXPECT_EQ(pages[1].at(0), "delivered page");
     EXPECT_EQ(pages[2].at(0), "third document");
+}
+
+// A system printer draws through the toolkit's painter; one that prints to a file shows what
+// reached it. A document is one print job, started by its first finished page.
+TEST_F(QtPrinterTest, ASystemPrinterGetsTheFinishedPagesOfEachDocument) {
+    NEED_POPPLER();
+    auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    device->setOutputFormat(QPrinter::PdfFormat);
+    device->setOutputFileName(QString::fromStdString(pdf("system.pdf")));
+    QtPrinter p(std::move(device));
+    printLines(p, {"never started"});
+    p.killDoc();
+    EXPECT_FALSE(fs::exists(pdf("system.pdf")));
+
+    printLines(p, {"Dim total As Long", "total = total + 1"});
+    p.newPage();
+    printLines(p, {"dropped with its document"});
+    p.killDoc();
+    auto pages = pagesOf(run("pdftotext -layout '" + pdf("system.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_EQ(pages[0], (std::vector<std::string>{"Dim total As Long", "total = total + 1"}));
+
+    printLines(p, {"End Sub"});
+    p.endDoc();
+    EXPECT_TRUE(p.endJob(true));
+    pages = pagesOf(run("pdftotext -layout '" + pdf("system.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_EQ(pages[0], (std::vector<std::string>{"End Sub"}));
 }
 
 TEST_F(QtPrinterTest, AJobThatIsNotKeptOrHasNoPageLeavesTheOldFileAlone) {

@@ -19,21 +19,9 @@ constexpr double kQuarterInchPoints = 18;
 const char* const kDefaultFont = "Courier New";
 constexpr double kDefaultSize = 10;
 
-int linesIn(const std::string& text) {
-    int lines = 1;
-    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lines;
-    return lines;
-}
-
 QPageLayout pdfLayout() {
     QMarginsF strip(kQuarterInchPoints, kQuarterInchPoints, kQuarterInchPoints, kQuarterInchPoints);
     return QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, strip, QPageLayout::Point);
-}
-
-std::unique_ptr<QPrinter> systemPrinter(const QString& name) {
-    auto printer = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);
-    printer->setFullPage(false);
-    return printer;
 }
 
 }  // namespace
@@ -43,8 +31,9 @@ QtPrinter::QtPrinter() : layout_(pdfLayout()), faces_(kPdfDotsPerInch) {
     setFontName(kDefaultFont);
 }
 
-QtPrinter::QtPrinter(const QString& systemPrinterName)
-    : system_(systemPrinter(systemPrinterName)), layout_(system_->pageLayout()), faces_(system_->resolution()) {
+QtPrinter::QtPrinter(std::unique_ptr<QPrinter> device)
+    : system_(std::move(device)), layout_(system_->pageLayout()), faces_(system_->resolution()) {
+    system_->setFullPage(false);
     key_.points = kDefaultSize;
     setFontName(kDefaultFont);
     copies_ = system_->copyCount();
@@ -97,7 +86,7 @@ float QtPrinter::textWidth(const std::string& text) {
 }
 
 float QtPrinter::textHeight(const std::string& text) {
-    return static_cast<float>(linesIn(text) * face().lineSpacing * 1440.0 / dotsPerInch());
+    return static_cast<float>(measuredLines(text) * face().lineSpacing * 1440.0 / dotsPerInch());
 }
 
 std::vector<std::string> QtPrinter::fonts() const {

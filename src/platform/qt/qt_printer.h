@@ -32,8 +32,8 @@ public:
 
     // The built-in PDF printer.
     QtPrinter();
-    // A system printer, by its name as the system lists it.
-    explicit QtPrinter(const QString& systemPrinterName);
+    // A system printer: a QPrinter set up for it.
+    explicit QtPrinter(std::unique_ptr<QPrinter> device);
     ~QtPrinter() override;
 
     std::string fontName() const override { return fontNameRead_; }
