@@ -53,8 +53,11 @@ void appendHex16(std::string& out, std::uint32_t v) {
 }
 
 std::string compressed(const std::string& data) {
+    // Level 1: the text of a listing packs nearly as well as at the default, several times faster.
     QByteArray packed = qCompress(reinterpret_cast<const uchar*>(data.data()), static_cast<qsizetype>(data.size()), 1);
-    return packed.size() > 4 ? std::string(packed.constData() + 4, static_cast<std::size_t>(packed.size() - 4)) : std::string();
+    std::string stream = packed.toStdString();
+    stream.erase(0, std::min<std::size_t>(4, stream.size()));  // Qt's own length before the zlib stream
+    return stream;
 }
 
 // The font's name as a PDF name: letters, digits and hyphens only.

@@ -48,11 +48,16 @@ QtPrinter::~QtPrinter() {
 
 // ---- fonts and measures ----
 
+// Printing switches between a few names for nearly every token; each is resolved once.
 void QtPrinter::setFontName(const std::string& name) {
-    ResolvedFamily resolved = resolveFamily(fromUtf8(name));
-    fontNameRead_ = toUtf8(resolved.readBack);
-    if (key_.family == resolved.family) return;
-    key_.family = resolved.family;
+    auto known = resolvedNames_.find(name);
+    if (known == resolvedNames_.end()) {
+        ResolvedFamily resolved = resolveFamily(fromUtf8(name));
+        known = resolvedNames_.emplace(name, std::make_pair(resolved.family, toUtf8(resolved.readBack))).first;
+    }
+    fontNameRead_ = known->second.second;
+    if (key_.family == known->second.first) return;
+    key_.family = known->second.first;
     face_ = nullptr;
 }
 
@@ -176,7 +181,8 @@ bool QtPrinter::deliverToPdf() {
 // that delivers nothing starts no print job.
 bool QtPrinter::deliverToSystem() {
     if (painter_.isActive()) {
-        system_->setPageLayout(pageLayout_);
+        // Some print engines refuse a new layout while printing, with a warning each time.
+        if (system_->pageLayout() != pageLayout_) system_->setPageLayout(pageLayout_);
         if (!system_->newPage()) return false;
     } else {
         system_->setCopyCount(copies_);
@@ -251,6 +257,7 @@ bool QtPrinter::endJob(bool keep) {
     else killDoc();
     jobOpen_ = false;
     if (!isPdf()) return jobError_.empty();
+    if (!jobFile_ && jobError_.empty()) jobError_ = "No file was named for the PDF printer to write.";
     bool ok = keep && jobFile_ && jobError_.empty();
     if (ok && pagesDelivered_ == 0) {
         jobError_ = "Nothing was printed, so " + jobPath_ + " was not written.";

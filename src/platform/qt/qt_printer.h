@@ -16,6 +16,8 @@
 #include <QPrinter>
 #include <memory>
 #include <optional>
+#include <unordered_map>
+#include <utility>
 
 #include "platform/printer.h"
 #include "platform/qt/job_file_device.h"
@@ -119,6 +121,7 @@ private:
     FaceKey key_;
     const PrintFace* face_ = nullptr;  // of key_; found again after a change
     std::string fontNameRead_;
+    std::unordered_map<std::string, std::pair<QString, std::string>> resolvedNames_;  // family, read back
     std::uint32_t foreColor_ = 0;
     std::uint32_t cachedColourKey_ = 0xFFFFFFFFu;
     QRgb cachedColour_ = 0;

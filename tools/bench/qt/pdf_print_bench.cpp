@@ -129,7 +129,8 @@ void BM_Print5MBModuleToPdf(benchmark::State& state) {
     state.counters["largestPageKB"] = static_cast<double>(largestPage) / 1024;
     std::filesystem::remove(out);
 }
-BENCHMARK(BM_Print5MBModuleToPdf)->Unit(benchmark::kMillisecond)->Iterations(2);
+// Wall time: the figure that counts is how soon the finished file is there, synced to the disk.
+BENCHMARK(BM_Print5MBModuleToPdf)->Unit(benchmark::kMillisecond)->Iterations(2)->UseRealTime();
 
 }  // namespace
 
