@@ -53,7 +53,8 @@ void appendHex16(std::string& out, std::uint32_t v) {
 }
 
 std::string compressed(const std::string& data) {
-    // Level 1: the text of a listing packs nearly as well as at the default, several times faster.
+    // Level 1: a listing's file comes out a third larger than at the default level, still smaller
+    // than its source, and is written 1.6 times as fast; the time is what a print waits for.
     QByteArray packed = qCompress(reinterpret_cast<const uchar*>(data.data()), static_cast<qsizetype>(data.size()), 1);
     std::string stream = packed.toStdString();
     stream.erase(0, std::min<std::size_t>(4, stream.size()));  // Qt's own length before the zlib stream
