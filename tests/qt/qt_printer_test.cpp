@@ -2,6 +2,9 @@
 // the pages, documents and jobs behave as the port says.
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -215,6 +218,34 @@ TEST_F(QtPrinterTest, ATargetThatCannotBeWrittenFailsWithAReasonAndLeavesNothing
     EXPECT_NE(p.jobError().find(target), std::string::npos) << p.jobError();
     EXPECT_NE(p.jobError().find(os::errorText(ENOENT)), std::string::npos) << p.jobError();
     EXPECT_FALSE(fs::exists(dir + "/missing"));
+}
+
+// The file system refuses the data halfway (as a full disk would): the job fails and says why.
+TEST_F(QtPrinterTest, AWriteThatFailsHalfwayKeepsTheOldFile) {
+    std::string target = pdf("full.pdf");
+    std::ofstream(target) << "the old file";
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = before;
+    small.rlim_cur = 32 * 1024;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+
+    QtPrinter p;
+    p.beginJob(target);
+    std::vector<std::string> lines(60, "Dim remainingReceiptAmount As Currency ' what is still to be posted");
+    for (int page = 0; page < 40; ++page) {
+        printLines(p, lines);
+        p.newPage();
+    }
+    bool kept = p.endJob(true);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, previousHandler);
+
+    EXPECT_FALSE(kept);
+    EXPECT_NE(p.jobError().find(os::errorText(EFBIG)), std::string::npos) << p.jobError();
+    EXPECT_EQ(slurp(target), "the old file");
+    EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"full.pdf"}));
 }
 
 TEST_F(QtPrinterTest, MeasuresInTwipsAndReadsClassicNamesBack) {
