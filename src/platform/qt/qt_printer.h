@@ -8,9 +8,10 @@
 // one print job; the PDF printer puts the documents of a job one after the other in its file, which
 // replaces the target only when the job ends well.
 //
-// The PDF printer writes its file itself (pdf_writer.h). Its page has an unprintable strip of a quarter inch on every side: the page
-// geometry of a print has offsets to work with, and a quarter inch is what common office printers
-// leave, so that a listing laid out for the PDF prints the same on paper.
+// The PDF printer writes its file itself (pdf_writer.h). Its page has an unprintable strip of a
+// quarter inch on every side: the page geometry of a print has offsets to work with, and a quarter
+// inch is what common office printers leave, so that a listing laid out for the PDF prints the
+// same on paper.
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrinter>
