@@ -10,6 +10,7 @@
 #include "files/main_window_model.h"
 #include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
+#include "platform/qt/qt_printer_system.h"
 #include "platform/qt/qt_ui.h"
 #include "platform/qt/screen_metrics.h"
 #include "platform/surface.h"
@@ -132,12 +133,17 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     ConsoleUi consoleUi;
     bool windowless = decideStartMode(kStartStandalone, commandLine) == kStartCommandLineFile;
     setUi(windowless ? static_cast<Ui*>(&consoleUi) : &windowUi);
+    // The system's printers and the PDF printer; with no print service the PDF printer alone.
+    QtPrinterSystem printers;
+    setPrinterSystem(&printers);
     installWindowedRun();
     int rc = Main(commandLine);
     // With no form loaded ("/init" returns before any) nothing could ever end the event loop.
     bool formLoaded = forms.window || forms.splash;
     if (rc == 0 && !hlydMain().ApplicationEnding && formLoaded) rc = app.exec();
     uninstallWindowedRun();
+    setCurrentPrinter(nullptr);
+    setPrinterSystem(nullptr);
     setUi(nullptr);
     return rc;
 }

@@ -70,6 +70,15 @@ QStringList deviceFamilies() {
     return families;
 }
 
+QStringList availableClassicNames() {
+    QStringList names;
+    for (const ClassicName& c : kClassicNames) {
+        QString name = QString::fromLatin1(c.name);
+        if (installedSpelling(name).isEmpty() && resolveFamily(name).readBack == name) names.append(name);
+    }
+    return names;
+}
+
 ResolvedFamily resolveFamily(const QString& requested) {
     QString installed = installedSpelling(requested);
     if (!installed.isEmpty()) return {installed, installed};

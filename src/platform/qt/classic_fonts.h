@@ -18,5 +18,7 @@ ResolvedFamily resolveFamily(const QString& requested);
 QString lastResortFamily();
 // The installed families, the font of last resort first.
 QStringList deviceFamilies();
+// The classic names that a stand-in installed here answers for, as that desktop spells them.
+QStringList availableClassicNames();
 
 }  // namespace hlyd

@@ -13,12 +13,6 @@ constexpr double kInchesPerMetre = 1.0 / 0.0254;
 constexpr int kTwipsPerInch = 1440;
 const char* const kDefaultFont = "MS Sans Serif";
 
-int linesIn(const std::string& text) {
-    int lines = 1;
-    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lines;
-    return lines;
-}
-
 }  // namespace
 
 ImageSurface::ImageSurface(QSize pixels, int twipsPerPixelX, int twipsPerPixelY)
@@ -117,7 +111,7 @@ float ImageSurface::textWidth(const std::string& text) {
 }
 
 float ImageSurface::textHeight(const std::string& text) {
-    return static_cast<float>(linesIn(text) * metrics().lineSpacing() * tppY_);
+    return static_cast<float>(measuredLines(text) * metrics().lineSpacing() * tppY_);
 }
 
 void ImageSurface::print(const std::string& text) {

@@ -1,0 +1,20 @@
+#pragma once
+// Paper and duplex as the settings hold them: the numbers of the classic desktop's printer
+// drivers (1 Letter, 5 Legal, 9 A4, ...; duplex 1 one side, 2 long edge, 3 short edge).
+#include <QPageSize>
+#include <QPrinter>
+#include <cstdint>
+#include <optional>
+
+namespace hlyd {
+
+// The page size of a classic paper code; a code we do not know gives nothing.
+std::optional<QPageSize::PageSizeId> classicPaper(std::int32_t code);
+// The classic code of a page size; Letter's for a size with none.
+std::int32_t classicPaperCode(QPageSize::PageSizeId id);
+
+// The duplex mode of a classic code; nothing for a code outside 1 to 3.
+std::optional<QPrinter::DuplexMode> classicDuplex(std::int32_t code);
+std::int32_t classicDuplexCode(QPrinter::DuplexMode mode);
+
+}  // namespace hlyd

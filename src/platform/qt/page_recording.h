@@ -1,0 +1,47 @@
+#pragma once
+// The page being drawn, kept as a short list of drawing calls until the page is finished: only a
+// finished page reaches the device, so that a document killed halfway leaves its last page off the
+// paper, and only one page is ever held. Positions are in the device's pixels.
+#include <QColor>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QPainter;
+
+namespace hlyd {
+
+class PrintFaces;
+
+class PageRecording {
+public:
+    void clear();
+    bool empty() const { return ops_.empty(); }
+    // Text whose top left is at (x, y), in a face of the printer's faces. Text that goes on where
+    // the last text ended, in the same face and colour, joins it: the device gets fewer, longer runs.
+    void text(double x, double y, std::uint16_t face, QRgb colour, std::string_view bytes, double width);
+    void line(double x1, double y1, double x2, double y2, QRgb colour, int width);
+    void box(double x1, double y1, double x2, double y2, QRgb colour);
+    // Draws the page in the order it was recorded.
+    void replay(QPainter& painter, const PrintFaces& faces) const;
+    std::size_t textBytes() const { return text_.size(); }
+
+    enum class Kind : std::uint8_t { Text, Line, Box };
+    struct Op {
+        Kind kind;
+        std::uint16_t face;
+        int width;
+        QRgb colour;
+        double x1, y1, x2, y2;  // a text's end is (x2, y1)
+        std::uint32_t start, length;  // of a text, in text_
+    };
+    const std::vector<Op>& ops() const { return ops_; }
+    std::string_view textOf(const Op& op) const { return std::string_view(text_).substr(op.start, op.length); }
+
+private:
+    std::vector<Op> ops_;
+    std::string text_;
+};
+
+}  // namespace hlyd

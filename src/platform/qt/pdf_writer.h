@@ -1,0 +1,56 @@
+#pragma once
+// A PDF file written page by page as the pages are finished: each page's drawing goes out
+// compressed at once, and what the whole file needs (the fonts, cut to the glyphs used, and the
+// page tree) follows at the end. Text stays text: every font carries the map from its glyphs back
+// to characters, so a reader can select and extract the listing.
+//
+// The general PDF painter of the toolkit writes every glyph as a positioned call of its own; a
+// listing is nearly all text, and writing runs of glyphs that the font places by its own widths
+// makes the file several times faster to write and smaller.
+#include <QIODevice>
+#include <QPointF>
+#include <QSizeF>
+#include <bitset>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/qt/page_recording.h"
+#include "platform/qt/print_faces.h"
+
+namespace hlyd {
+
+class PdfWriter {
+public:
+    explicit PdfWriter(QIODevice& out);
+    // One page: the recording in device pixels at `dotsPerInch`, its origin `origin` points from the
+    // sheet's top left, on a sheet of `sheet` points.
+    void addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin);
+    // The fonts, the page tree and the cross-reference table: the file is complete after this.
+    void finish();
+    int pages() const { return static_cast<int>(pageObjects_.size()); }
+
+private:
+    struct Font {
+        const PrintFace* face;  // any face of the font: the glyphs and widths are the same in all
+        std::uint32_t object;
+        std::bitset<256> used;  // the Windows-1252 characters drawn in it
+    };
+
+    std::uint32_t reserveObject();
+    void beginObject(std::uint32_t number);
+    void write(std::string_view data);
+    void writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary = {});
+    std::size_t fontOf(const PrintFace& face);
+    void appendText(std::string& content, const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
+    void writeFont(const Font& font, std::size_t index);
+
+    QIODevice& out_;
+    std::uint64_t written_ = 0;
+    std::vector<std::uint64_t> offsets_{0};  // by object number
+    std::vector<std::uint32_t> pageObjects_;
+    std::vector<Font> fonts_;
+    std::vector<int> fontOfFace_;  // by face index; -1 until the face is first drawn
+};
+
+}  // namespace hlyd

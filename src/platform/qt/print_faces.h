@@ -1,0 +1,57 @@
+#pragma once
+// The fonts a printer measures and draws with, one entry per family, size and style, kept for
+// the run: printing sets the font for nearly every token, and building a font's metrics is far
+// dearer than looking it up. Every figure comes from the font's design (no hinting, no kerning),
+// so that a text is exactly as wide as the sum of its characters at every resolution, on paper
+// and in the PDF alike. Text is Windows-1252: a table of the 256 characters holds each one's glyph
+// and advance.
+#include <QHash>
+#include <QRawFont>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace hlyd {
+
+struct FaceKey {
+    QString family;
+    double points = 0;
+    bool bold = false, italic = false, underline = false, strikeOut = false;
+    bool operator==(const FaceKey&) const = default;
+};
+size_t qHash(const FaceKey& key, size_t seed = 0);
+
+struct PrintFace {
+    std::uint16_t index = 0;  // in the order the faces were first asked for
+    FaceKey key;
+    QRawFont raw;             // at the device's pixel size
+    double pixelSize = 0;     // the em in device pixels
+    double ascent = 0;        // in device pixels
+    double lineSpacing = 0;   // in device pixels
+    double underlinePosition = 0, lineThickness = 0;  // below the baseline, in device pixels
+    std::array<std::uint32_t, 256> glyph{};  // of each Windows-1252 character; control characters have none
+    std::array<double, 256> advance{};       // in device pixels
+
+    double width(std::string_view text) const {
+        double sum = 0;
+        for (unsigned char c : text) sum += advance[c];
+        return sum;
+    }
+};
+
+class PrintFaces {
+public:
+    explicit PrintFaces(int dotsPerInch);
+    int dotsPerInch() const { return dpi_; }
+    const PrintFace& face(const FaceKey& key);
+    const PrintFace& byIndex(std::uint16_t index) const { return *faces_[index]; }
+
+private:
+    int dpi_;
+    QHash<FaceKey, std::uint16_t> byKey_;
+    std::vector<std::unique_ptr<PrintFace>> faces_;
+};
+
+}  // namespace hlyd

@@ -1,0 +1,345 @@
+#include "platform/qt/qt_printer.h"
+
+#include <QPrinterInfo>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/classic_colour.h"
+#include "platform/qt/classic_fonts.h"
+#include "platform/qt/classic_paper.h"
+#include "platform/qt/qt_text.h"
+
+namespace hlyd {
+
+namespace {
+
+// Millimetres, in which Qt keeps every paper exactly (A4 is no whole number of points).
+constexpr double kTwipsPerMillimetre = 1440 / 25.4;
+constexpr double kQuarterInchPoints = 18;
+const char* const kDefaultFont = "Courier New";
+constexpr double kDefaultSize = 10;
+
+QPageLayout pdfLayout() {
+    QMarginsF strip(kQuarterInchPoints, kQuarterInchPoints, kQuarterInchPoints, kQuarterInchPoints);
+    return QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, strip, QPageLayout::Point);
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter() : layout_(pdfLayout()), faces_(kPdfDotsPerInch) {
+    key_.points = kDefaultSize;
+    setFontName(kDefaultFont);
+}
+
+QtPrinter::QtPrinter(std::unique_ptr<QPrinter> device)
+    : system_(std::move(device)), layout_(system_->pageLayout()), faces_(system_->resolution()) {
+    system_->setFullPage(false);
+    key_.points = kDefaultSize;
+    setFontName(kDefaultFont);
+    copies_ = system_->copyCount();
+    duplex_ = classicDuplexCode(system_->duplex());
+    paperCode_ = classicPaperCode(layout_.pageSize().id());
+}
+
+QtPrinter::~QtPrinter() {
+    if (jobOpen_) endJob(false);
+    killDoc();
+}
+
+// ---- fonts and measures ----
+
+// Printing switches between a few names for nearly every token; each is resolved once.
+void QtPrinter::setFontName(const std::string& name) {
+    auto known = resolvedNames_.find(name);
+    if (known == resolvedNames_.end()) {
+        ResolvedFamily resolved = resolveFamily(fromUtf8(name));
+        known = resolvedNames_.emplace(name, std::make_pair(resolved.family, toUtf8(resolved.readBack))).first;
+    }
+    fontNameRead_ = known->second.second;
+    if (key_.family == known->second.first) return;
+    key_.family = known->second.first;
+    face_ = nullptr;
+}
+
+void QtPrinter::setFontSize(double points) {
+    if (points <= 0 || points == key_.points) return;
+    key_.points = points;
+    face_ = nullptr;
+}
+
+void QtPrinter::setStyle(bool& flag, bool on) {
+    if (flag == on) return;
+    flag = on;
+    face_ = nullptr;
+}
+
+const PrintFace& QtPrinter::face() {
+    if (!face_) face_ = &faces_.face(key_);
+    return *face_;
+}
+
+QRgb QtPrinter::rgbOf(std::uint32_t colour) {
+    if (colour != cachedColourKey_) {
+        cachedColour_ = classicColour(colour).rgb();
+        cachedColourKey_ = colour;
+    }
+    return cachedColour_;
+}
+
+float QtPrinter::textWidth(const std::string& text) {
+    return static_cast<float>(face().width(text) * 1440.0 / dotsPerInch());
+}
+
+float QtPrinter::textHeight(const std::string& text) {
+    return static_cast<float>(measuredLines(text) * face().lineSpacing * 1440.0 / dotsPerInch());
+}
+
+std::vector<std::string> QtPrinter::fonts() const {
+    std::vector<std::string> names;
+    for (const QString& family : deviceFamilies()) names.push_back(toUtf8(family));
+    for (const QString& classic : availableClassicNames()) names.push_back(toUtf8(classic));
+    return names;
+}
+
+// ---- drawing ----
+
+void QtPrinter::print(const std::string& text) {
+    ensurePage();
+    const PrintFace& f = face();
+    double width = f.width(text);
+    if (!text.empty()) page_.text(toPixels(x_), toPixels(y_), f.index, rgbOf(foreColor_), text, width);
+    x_ += static_cast<float>(width * 1440.0 / dotsPerInch());
+}
+
+void QtPrinter::line(float x1, float y1, float x2, float y2, std::uint32_t colour) {
+    ensurePage();
+    page_.line(toPixels(x1), toPixels(y1), toPixels(x2), toPixels(y2), rgbOf(colour), drawWidth_);
+    x_ = x2;
+    y_ = y2;
+}
+
+void QtPrinter::filledBox(float x1, float y1, float x2, float y2, std::uint32_t colour) {
+    ensurePage();
+    page_.box(toPixels(x1), toPixels(y1), toPixels(x2), toPixels(y2), rgbOf(colour));
+    x_ = x2;
+    y_ = y2;
+}
+
+void QtPrinter::cls() {
+    page_.clear();
+    x_ = y_ = 0;
+}
+
+// ---- the page and the device ----
+
+float QtPrinter::width() const {
+    return static_cast<float>(std::round(layout_.fullRect(QPageLayout::Millimeter).width() * kTwipsPerMillimetre));
+}
+float QtPrinter::height() const {
+    return static_cast<float>(std::round(layout_.fullRect(QPageLayout::Millimeter).height() * kTwipsPerMillimetre));
+}
+float QtPrinter::scaleWidth() const { return static_cast<float>(paintRectTwips().width()); }
+float QtPrinter::scaleHeight() const { return static_cast<float>(paintRectTwips().height()); }
+
+QRectF QtPrinter::paintRectTwips() const {
+    QRectF mm = layout_.paintRect(QPageLayout::Millimeter);
+    return {std::round(mm.x() * kTwipsPerMillimetre), std::round(mm.y() * kTwipsPerMillimetre),
+            std::round(mm.width() * kTwipsPerMillimetre), std::round(mm.height() * kTwipsPerMillimetre)};
+}
+
+int QtPrinter::twipsPerPixelX() const { return std::max(1, static_cast<int>(std::lround(1440.0 / dotsPerInch()))); }
+
+std::string QtPrinter::deviceName() const { return isPdf() ? kPdfPrinterName : toUtf8(system_->printerName()); }
+
+PrinterCaps QtPrinter::caps() const {
+    QRect full = layout_.fullRectPixels(dotsPerInch());
+    QRect paint = layout_.paintRectPixels(dotsPerInch());
+    return {full.width(), full.height(), paint.left(), paint.top(), dotsPerInch(), dotsPerInch()};
+}
+
+void QtPrinter::ensurePage() {
+    if (!docOpen_) {
+        docOpen_ = true;
+        pagesFinishedInDoc_ = 0;
+    }
+    if (!pageOpen_) pageLayout_ = layout_;  // a change of paper or orientation applies from the next page
+    pageOpen_ = true;
+}
+
+// The PDF's file opens with the job, its first page comes with the first page finished.
+bool QtPrinter::deliverToPdf() {
+    if (!jobFile_) return false;
+    if (!pdf_) pdf_ = std::make_unique<PdfWriter>(*jobFile_);
+    constexpr double kPointsPerMillimetre = 72 / 25.4;
+    QSizeF sheet = pageLayout_.fullRect(QPageLayout::Millimeter).size() * kPointsPerMillimetre;
+    QPointF origin = pageLayout_.paintRect(QPageLayout::Millimeter).topLeft() * kPointsPerMillimetre;
+    pdf_->addPage(page_, faces_, dotsPerInch(), sheet, origin);
+    return true;
+}
+
+// A system printer's job opens with the first page of a document that is finished: a document
+// that delivers nothing starts no print job.
+bool QtPrinter::deliverToSystem() {
+    if (painter_.isActive()) {
+        // Some print engines refuse a new layout while printing, with a warning each time.
+        if (system_->pageLayout() != pageLayout_) system_->setPageLayout(pageLayout_);
+        if (!system_->newPage()) return false;
+    } else {
+        system_->setCopyCount(copies_);
+        system_->setDuplex(*classicDuplex(duplex_));
+        system_->setPageLayout(pageLayout_);
+        if (!painter_.begin(system_.get())) {
+            if (jobError_.empty()) jobError_ = "The printer " + deviceName() + " could not be started.";
+            return false;
+        }
+    }
+    page_.replay(painter_, faces_);
+    return true;
+}
+
+void QtPrinter::closeSystemDevice(bool abort) {
+    if (!painter_.isActive()) return;
+    if (abort) system_->abort();
+    painter_.end();
+}
+
+void QtPrinter::finishPage() {
+    if (isPdf() ? deliverToPdf() : deliverToSystem()) ++pagesDelivered_;
+    largestPageText_ = std::max(largestPageText_, page_.textBytes());
+    page_.clear();
+    pageOpen_ = false;
+    ++pagesFinishedInDoc_;
+    x_ = y_ = 0;
+}
+
+void QtPrinter::newPage() {
+    ensurePage();
+    finishPage();
+}
+
+void QtPrinter::endDoc() {
+    if (!docOpen_) return;
+    if (pageOpen_) finishPage();
+    if (system_) closeSystemDevice(false);
+    docOpen_ = false;
+    pagesFinishedInDoc_ = 0;
+    x_ = y_ = 0;
+}
+
+void QtPrinter::killDoc() {
+    if (!docOpen_) return;
+    page_.clear();
+    pageOpen_ = false;
+    if (system_) closeSystemDevice(true);
+    docOpen_ = false;
+    pagesFinishedInDoc_ = 0;
+    x_ = y_ = 0;
+}
+
+// ---- the job ----
+
+void QtPrinter::beginJob(const std::string& outputPath) {
+    if (jobOpen_) endJob(false);
+    jobOpen_ = true;
+    jobError_.clear();
+    pagesDelivered_ = 0;
+    if (!isPdf()) return;
+    jobPath_ = outputPath;
+    jobFile_ = std::make_unique<JobFileDevice>();
+    if (int error = jobFile_->begin(outputPath); error != 0) {
+        jobError_ = "The file " + outputPath + " could not be written: " + os::errorText(error);
+        jobFile_.reset();
+    }
+}
+
+bool QtPrinter::endJob(bool keep) {
+    if (keep) endDoc();
+    else killDoc();
+    jobOpen_ = false;
+    if (!isPdf()) return jobError_.empty();
+    if (!jobFile_ && jobError_.empty()) jobError_ = "No file was named for the PDF printer to write.";
+    bool ok = keep && jobFile_ && jobError_.empty();
+    if (ok && pagesDelivered_ == 0) {
+        jobError_ = "Nothing was printed, so " + jobPath_ + " was not written.";
+        ok = false;
+    }
+    if (ok) pdf_->finish();
+    pdf_.reset();
+    if (jobFile_ && ok) {
+        if (int error = jobFile_->commit(); error != 0) {
+            jobError_ = "The file " + jobPath_ + " could not be written: " + os::errorText(error);
+            ok = false;
+        }
+    } else if (jobFile_) {
+        jobFile_->abandon();
+    }
+    jobFile_.reset();
+    return ok;
+}
+
+// ---- job properties ----
+
+std::int32_t QtPrinter::jobProperty(JobProperty which) const {
+    switch (which) {
+        case JobProperty::Orientation: return layout_.orientation() == QPageLayout::Landscape ? 2 : 1;
+        case JobProperty::Copies: return copies_;
+        case JobProperty::Duplex: return duplex_;
+        case JobProperty::PaperSize: return paperCode_;
+        case JobProperty::PrintQuality: return quality_;
+    }
+    return 0;
+}
+
+int QtPrinter::setJobProperty(JobProperty which, std::int32_t value) {
+    switch (which) {
+        case JobProperty::Orientation:
+            if (value != 1 && value != 2) return 380;
+            layout_.setOrientation(value == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
+            break;
+        case JobProperty::Copies:
+            if (value < 1) return 380;
+            copies_ = value;
+            return 0;
+        case JobProperty::Duplex: return setDuplex(value);
+        case JobProperty::PaperSize: return setPaper(value);
+        case JobProperty::PrintQuality:
+            if (value == 0 || value < -4) return 380;
+            quality_ = value;
+            return 0;
+    }
+    return 0;
+}
+
+int QtPrinter::setDuplex(std::int32_t value) {
+    std::optional<QPrinter::DuplexMode> mode = classicDuplex(value);
+    if (!mode) return 380;
+    if (system_ && value != 1) {
+        QList<QPrinter::DuplexMode> supported = QPrinterInfo(*system_).supportedDuplexModes();
+        if (!supported.contains(*mode) && !supported.contains(QPrinter::DuplexAuto)) return 483;
+    }
+    duplex_ = value;
+    return 0;
+}
+
+// The PDF printer takes any paper code and makes Letter of one it does not know; a system printer
+// refuses a paper it does not list.
+int QtPrinter::setPaper(std::int32_t code) {
+    std::optional<QPageSize::PageSizeId> id = classicPaper(code);
+    if (system_) {
+        if (!id) return 380;
+        QList<QPageSize> supported = QPrinterInfo(*system_).supportedPageSizes();
+        bool listed = supported.isEmpty() || std::any_of(supported.begin(), supported.end(),
+                                                         [&](const QPageSize& s) { return s.id() == *id; });
+        if (!listed) return 380;
+        QPageLayout::Orientation orientation = layout_.orientation();
+        system_->setPageSize(QPageSize(*id));
+        layout_ = system_->pageLayout();
+        layout_.setOrientation(orientation);
+    } else {
+        layout_.setPageSize(QPageSize(id.value_or(QPageSize::Letter)));
+    }
+    paperCode_ = code;
+    return 0;
+}
+
+}  // namespace hlyd

@@ -1,0 +1,319 @@
+// The desktop's printers: the PDF printer writes real files that the poppler tools read back, and
+// the pages, documents and jobs behave as the port says.
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/os.h"
+#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_printer_system.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string run(const std::string& command) {
+    std::string out;
+    if (FILE* pipe = ::popen(command.c_str(), "r")) {
+        char buffer[4096];
+        for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) out.append(buffer, n);
+        ::pclose(pipe);
+    }
+    return out;
+}
+
+bool haveTool(const char* tool) { return std::system((std::string("command -v ") + tool + " >/dev/null 2>&1").c_str()) == 0; }
+
+#define NEED_POPPLER()                                                                          \
+    if (!haveTool("pdftotext") || !haveTool("pdffonts"))                                       \
+    GTEST_SKIP() << "poppler-utils (pdftotext, pdffonts) is not installed: the PDF cannot be read back"
+
+std::string slurp(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// The words of the text with one blank between them.
+std::string squeezed(const std::string& text) {
+    std::string out;
+    std::istringstream words(text);
+    for (std::string w; words >> w;) out += (out.empty() ? "" : " ") + w;
+    return out;
+}
+
+// The lines of the text with runs of blanks made one and the ends trimmed; pages split at form feeds.
+std::vector<std::vector<std::string>> pagesOf(const std::string& text) {
+    std::vector<std::vector<std::string>> pages(1);
+    std::string line;
+    auto endLine = [&] {
+        if (std::string words = squeezed(line); !words.empty()) pages.back().push_back(words);
+        line.clear();
+    };
+    for (char c : text) {
+        if (c == '\n') endLine();
+        else if (c == '\f') endLine(), pages.emplace_back();
+        else line += c;
+    }
+    endLine();
+    if (pages.back().empty()) pages.pop_back();
+    return pages;
+}
+
+std::vector<std::string> filesIn(const std::string& dir) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(dir)) names.push_back(entry.path().filename().string());
+    return names;
+}
+
+class QtPrinterTest : public test::ConfigDirTest {
+protected:
+    // Prints `lines` lines as a listing does: tokens in two fonts and colours, the pen moved
+    // between them.
+    void printLines(QtPrinter& p, const std::vector<std::string>& lines) {
+        float y = 0;
+        for (const std::string& text : lines) {
+            p.setCurrentY(y);
+            p.setCurrentX(360);
+            std::istringstream words(text);
+            bool first = true;
+            for (std::string w; words >> w; first = false) {
+                if (!first) p.setCurrentX(p.currentX() + p.textWidth(" "));
+                bool keyword = w == "Dim" || w == "As" || w == "End";
+                p.setFontName(keyword ? "Arial" : "Courier New");
+                p.setFontBold(keyword);
+                p.setForeColor(keyword ? 0x00800000u : 0);
+                p.print(w);
+            }
+            y += p.textHeight("X");
+        }
+    }
+    std::string pdf(const std::string& name) { return dir + "/" + name; }
+};
+
+TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
+    NEED_POPPLER();
+    QtPrinter p;
+    p.beginJob(pdf("listing.pdf"));
+    printLines(p, {"Dim total As Long", "total = total + 1"});
+    ASSERT_EQ(p.setJobProperty(JobProperty::Orientation, 2), 0);  // for the pages to come
+    p.newPage();
+    printLines(p, {"End Sub"});
+    p.endDoc();
+    printLines(p, {"Dim caf\xe9 As String"});  // the second document, in Windows-1252
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+    EXPECT_EQ(p.pagesDelivered(), 3);
+
+    auto pages = pagesOf(run("pdftotext -layout '" + pdf("listing.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), 3u);
+    EXPECT_EQ(pages[0], (std::vector<std::string>{"Dim total As Long", "total = total + 1"}));
+    EXPECT_EQ(pages[1], (std::vector<std::string>{"End Sub"}));
+    EXPECT_EQ(pages[2], (std::vector<std::string>{"Dim caf\xc3\xa9 As String"}));
+    std::string info = squeezed(run("pdfinfo -f 1 -l 3 '" + pdf("listing.pdf") + "'"));
+    EXPECT_NE(info.find("Page 1 size: 612 x 792"), std::string::npos) << info;
+    EXPECT_NE(info.find("Page 2 size: 792 x 612"), std::string::npos) << info;
+
+    std::istringstream fonts(run("pdffonts '" + pdf("listing.pdf") + "'"));
+    std::string row;
+    int fontRows = 0;
+    for (int n = 0; std::getline(fonts, row); ++n) {
+        if (n < 2 || row.empty()) continue;  // the heading and its rule
+        ++fontRows;
+        EXPECT_NE(row.find(" yes "), std::string::npos) << "not embedded: " << row;
+        EXPECT_NE(row.find('+'), std::string::npos) << "not a subset: " << row;
+    }
+    EXPECT_GE(fontRows, 2);
+    // Only the glyphs used go in: any one of these fonts whole is larger than the file.
+    EXPECT_LT(fs::file_size(pdf("listing.pdf")), 100u * 1024);
+}
+
+TEST_F(QtPrinterTest, KillDocDropsThePageNotYetFinishedAndTheJobGoesOn) {
+    NEED_POPPLER();
+    QtPrinter p;
+    p.beginJob(pdf("killed.pdf"));
+    printLines(p, {"first document"});
+    p.endDoc();
+    printLines(p, {"delivered page"});
+    p.newPage();
+    EXPECT_EQ(p.page(), 2);
+    printLines(p, {"never on paper"});
+    p.killDoc();
+    EXPECT_EQ(p.page(), 1);
+    printLines(p, {"third document"});
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+
+    auto pages = pagesOf(run("pdftotext -layout '" + pdf("killed.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), 3u);
+    EXPECT_EQ(pages[0].at(0), "first document");
+    EXPECT_EQ(pages[1].at(0), "delivered page");
+    EXPECT_EQ(pages[2].at(0), "third document");
+}
+
+// A system printer draws through the toolkit's painter; one that prints to a file shows what
+// reached it. A document is one print job, started by its first finished page.
+TEST_F(QtPrinterTest, ASystemPrinterGetsTheFinishedPagesOfEachDocument) {
+    NEED_POPPLER();
+    auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    device->setOutputFormat(QPrinter::PdfFormat);
+    device->setOutputFileName(QString::fromStdString(pdf("system.pdf")));
+    QtPrinter p(std::move(device));
+    printLines(p, {"never started"});
+    p.killDoc();
+    EXPECT_FALSE(fs::exists(pdf("system.pdf")));
+
+    printLines(p, {"Dim total As Long", "total = total + 1"});
+    p.newPage();
+    printLines(p, {"dropped with its document"});
+    p.killDoc();
+    auto pages = pagesOf(run("pdftotext -layout '" + pdf("system.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_EQ(pages[0], (std::vector<std::string>{"Dim total As Long", "total = total + 1"}));
+
+    printLines(p, {"End Sub"});
+    p.endDoc();
+    EXPECT_TRUE(p.endJob(true));
+    pages = pagesOf(run("pdftotext -layout '" + pdf("system.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_EQ(pages[0], (std::vector<std::string>{"End Sub"}));
+}
+
+TEST_F(QtPrinterTest, AJobThatIsNotKeptOrHasNoPageLeavesTheOldFileAlone) {
+    std::string target = pdf("old.pdf");
+    std::ofstream(target) << "the old file";
+    QtPrinter p;
+    p.beginJob(target);
+    printLines(p, {"Dim dropped As Long"});
+    p.newPage();
+    EXPECT_FALSE(p.endJob(false));
+    EXPECT_EQ(slurp(target), "the old file");
+
+    p.beginJob(target);
+    EXPECT_FALSE(p.endJob(true));
+    EXPECT_NE(p.jobError().find("old.pdf"), std::string::npos) << p.jobError();
+    EXPECT_EQ(slurp(target), "the old file");
+    EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"old.pdf"}));
+
+    p.beginJob(target);
+    printLines(p, {"Dim kept As Long"});
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+    EXPECT_EQ(slurp(target).substr(0, 5), "%PDF-");
+    EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"old.pdf"}));
+}
+
+TEST_F(QtPrinterTest, ATargetThatCannotBeWrittenFailsWithAReasonAndLeavesNothing) {
+    std::string target = dir + "/missing/folder/out.pdf";
+    QtPrinter p;
+    p.beginJob(target);
+    printLines(p, {"Dim lost As Long"});
+    EXPECT_FALSE(p.endJob(true));
+    EXPECT_NE(p.jobError().find(target), std::string::npos) << p.jobError();
+    EXPECT_NE(p.jobError().find(os::errorText(ENOENT)), std::string::npos) << p.jobError();
+    EXPECT_FALSE(fs::exists(dir + "/missing"));
+}
+
+// The file system refuses the data halfway (as a full disk would): the job fails and says why.
+TEST_F(QtPrinterTest, AWriteThatFailsHalfwayKeepsTheOldFile) {
+    std::string target = pdf("full.pdf");
+    std::ofstream(target) << "the old file";
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = before;
+    small.rlim_cur = 32 * 1024;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+
+    QtPrinter p;
+    p.beginJob(target);
+    std::vector<std::string> lines(60, "Dim remainingReceiptAmount As Currency ' what is still to be posted");
+    for (int page = 0; page < 40; ++page) {
+        printLines(p, lines);
+        p.newPage();
+    }
+    bool kept = p.endJob(true);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, previousHandler);
+
+    EXPECT_FALSE(kept);
+    EXPECT_NE(p.jobError().find(os::errorText(EFBIG)), std::string::npos) << p.jobError();
+    EXPECT_EQ(slurp(target), "the old file");
+    EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"full.pdf"}));
+}
+
+TEST_F(QtPrinterTest, MeasuresInTwipsAndReadsClassicNamesBack) {
+    QtPrinter p;
+    EXPECT_EQ(p.deviceName(), "PDF");
+    p.setFontName("Courier New");
+    EXPECT_EQ(p.fontName(), "Courier New");
+    p.setFontName("No Such Font 9000");
+    EXPECT_NE(p.fontName(), "No Such Font 9000");
+    std::vector<std::string> fonts = p.fonts();
+    EXPECT_EQ(p.fontName(), fonts.front());
+    EXPECT_NE(std::find(fonts.begin(), fonts.end(), "Courier New"), fonts.end());
+
+    p.setFontName("Courier New");
+    p.setFontSize(12);
+    // A fixed-pitch font of 12 points is 0.6 em, 144 twips, a character.
+    EXPECT_NEAR(p.textWidth(std::string(100, 'X')), 14400, 10);
+    EXPECT_EQ(p.textWidth("iiii"), p.textWidth("WWWW"));
+    float one = p.textHeight("X");
+    EXPECT_GT(one, 240);
+    EXPECT_FLOAT_EQ(p.textHeight("X\r\nX\r\nX"), 3 * one);
+    EXPECT_FLOAT_EQ(p.textHeight("X\nX"), one);
+    p.setCurrentX(100);
+    p.print("Dim");
+    EXPECT_FLOAT_EQ(p.currentX(), 100 + p.textWidth("Dim"));
+    p.killDoc();
+}
+
+TEST_F(QtPrinterTest, ThePdfPageIsLetterOrA4WithAQuarterInchStrip) {
+    QtPrinter p;
+    EXPECT_EQ(p.width(), 12240);
+    EXPECT_EQ(p.height(), 15840);
+    EXPECT_EQ(p.scaleWidth(), 12240 - 720);
+    EXPECT_EQ(p.scaleHeight(), 15840 - 720);
+    PrinterCaps caps = p.caps();
+    EXPECT_EQ(caps.PixelsPerInchX, 720);
+    EXPECT_EQ(caps.PhysicalWidth, 6120);
+    EXPECT_EQ(caps.PhysicalOffsetX, 180);
+    EXPECT_EQ(caps.PhysicalOffsetY, 180);
+    EXPECT_EQ(p.twipsPerPixelX(), 2);
+
+    EXPECT_EQ(p.setJobProperty(JobProperty::Orientation, 2), 0);
+    EXPECT_EQ(p.jobProperty(JobProperty::Orientation), 2);
+    EXPECT_EQ(p.width(), 15840);
+    EXPECT_EQ(p.setJobProperty(JobProperty::Orientation, 3), 380);
+    EXPECT_EQ(p.setJobProperty(JobProperty::Orientation, 1), 0);
+    EXPECT_EQ(p.setJobProperty(JobProperty::PaperSize, 9), 0);
+    EXPECT_NEAR(p.width(), 11906, 1);  // 210 mm
+    EXPECT_EQ(p.setJobProperty(JobProperty::PaperSize, 5), 0);
+    EXPECT_EQ(p.height(), 20160);  // 14 inches
+    EXPECT_EQ(p.setJobProperty(JobProperty::PaperSize, 999), 0);
+    EXPECT_EQ(p.width(), 12240);
+    EXPECT_EQ(p.jobProperty(JobProperty::PaperSize), 999);
+    EXPECT_EQ(p.setJobProperty(JobProperty::Duplex, 4), 380);
+    EXPECT_EQ(p.setJobProperty(JobProperty::Copies, 0), 380);
+}
+
+TEST_F(QtPrinterTest, ThePrinterSystemAlwaysHasThePdfPrinter) {
+    QtPrinterSystem printers;
+    std::vector<std::string> names = printers.printerNames();
+    ASSERT_FALSE(names.empty());
+    EXPECT_EQ(names.back(), "PDF");
+    EXPECT_FALSE(printers.defaultPrinterName().empty());
+    auto pdfPrinter = printers.open("PDF");
+    ASSERT_TRUE(pdfPrinter);
+    EXPECT_EQ(pdfPrinter->deviceName(), "PDF");
+    EXPECT_EQ(printers.open("No Such Printer 9000"), nullptr);
+}
+
+}  // namespace
+}  // namespace hlyd

@@ -1,0 +1,143 @@
+// The PDF printer under a listing's load: a 5 MB module printed the way code printing drives a
+// printer (per line a line number and 6 to 10 short tokens in three fonts and colours, the pen
+// moved between them, about 60 lines to a page, a heading with a rule on each page), to a
+// finished PDF. Prints MB/s of source, the PDF's size against the source, and peak memory.
+// Run: build/tools/bench/hlyd-pdf-print-bench
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "bench_sources.h"
+#include "platform/qt/qt_printer.h"
+
+namespace {
+
+struct Style {
+    const char* font;
+    bool bold;
+    std::uint32_t colour;
+};
+const Style kCode{"Courier New", false, 0x000000};
+const Style kKeyword{"Courier New", true, 0x800000};
+const Style kComment{"Courier New", false, 0x008000};
+const Style kNumber{"Arial", false, 0x808080};
+
+bool isKeyword(const std::string& word) {
+    static const char* const words[] = {"Dim", "As", "Public", "Function", "Do", "While", "Loop", "End",
+                                        "ByVal", "And", "Long", "Currency", "Option", "Explicit"};
+    for (const char* w : words)
+        if (word == w) return true;
+    return false;
+}
+
+void apply(hlyd::QtPrinter& p, const Style& s) {
+    p.setFontName(s.font);
+    p.setFontBold(s.bold);
+    p.setForeColor(s.colour);
+}
+
+// Cuts a line as the tokenizer would, near enough: words, single punctuation, and a comment whole.
+std::vector<std::string> tokens(const std::string& line) {
+    std::vector<std::string> out;
+    std::size_t i = 0;
+    while (i < line.size()) {
+        if (line[i] == ' ') { ++i; continue; }
+        if (line[i] == '\'') { out.push_back(line.substr(i)); break; }
+        std::size_t j = i;
+        if (std::isalnum(static_cast<unsigned char>(line[i]))) {
+            while (j < line.size() && std::isalnum(static_cast<unsigned char>(line[j]))) ++j;
+        } else {
+            ++j;
+        }
+        out.push_back(line.substr(i, j - i));
+        i = j;
+    }
+    return out;
+}
+
+void printListing(hlyd::QtPrinter& p, const std::string& source) {
+    const float lineHeight = [&] { apply(p, kCode); return p.textHeight("X"); }();
+    const float bottom = p.scaleHeight() - 2 * lineHeight;
+    float y = bottom;  // the first line opens a page
+    int number = 0;
+    std::size_t at = 0;
+    while (at < source.size()) {
+        std::size_t end = source.find("\r\n", at);
+        if (end == std::string::npos) end = source.size();
+        std::string line = source.substr(at, end - at);
+        at = end + 2;
+        if (y >= bottom) {
+            if (number > 0) p.newPage();
+            apply(p, kNumber);
+            p.setCurrentX(0);
+            p.setCurrentY(0);
+            p.print("Commented.bas - page " + std::to_string(p.page()));
+            p.line(0, lineHeight * 1.2f, p.scaleWidth(), lineHeight * 1.2f, 0);
+            y = lineHeight * 2;
+        }
+        apply(p, kNumber);
+        p.setCurrentX(0);
+        p.setCurrentY(y);
+        p.print(std::to_string(++number));
+        std::size_t indent = line.find_first_not_of(' ');
+        p.setCurrentX(720 + p.textWidth(" ") * static_cast<float>(indent == std::string::npos ? 0 : indent));
+        bool first = true;
+        for (const std::string& token : tokens(line)) {
+            apply(p, token[0] == '\'' ? kComment : isKeyword(token) ? kKeyword : kCode);
+            if (!first && std::isalnum(static_cast<unsigned char>(token[0]))) p.setCurrentX(p.currentX() + p.textWidth(" "));
+            p.print(token);
+            first = false;
+        }
+        y += lineHeight;
+    }
+    p.endDoc();
+}
+
+long peakKilobytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+void BM_Print5MBModuleToPdf(benchmark::State& state) {
+    const std::string source = hlyd::bench::commentedModule(5u * 1024 * 1024);
+    const std::string out = (std::filesystem::temp_directory_path() / "hlyd-pdf-print-bench.pdf").string();
+    long before = peakKilobytes();
+    std::int32_t pages = 0;
+    std::size_t largestPage = 0;
+    for (auto _ : state) {
+        hlyd::QtPrinter printer;
+        printer.beginJob(out);
+        printListing(printer, source);
+        if (!printer.endJob(true)) state.SkipWithError(printer.jobError().c_str());
+        pages = printer.pagesDelivered();
+        largestPage = printer.largestPageText();
+    }
+    double pdfBytes = static_cast<double>(std::filesystem::file_size(out));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(source.size()));
+    state.counters["pages"] = pages;
+    state.counters["pdfMB"] = pdfBytes / (1024 * 1024);
+    state.counters["pdfToSource"] = pdfBytes / static_cast<double>(source.size());
+    state.counters["peakMB"] = static_cast<double>(peakKilobytes()) / 1024;
+    state.counters["peakGrowthMB"] = static_cast<double>(peakKilobytes() - before) / 1024;
+    state.counters["largestPageKB"] = static_cast<double>(largestPage) / 1024;
+    std::filesystem::remove(out);
+}
+// Wall time: the figure that counts is how soon the finished file is there, synced to the disk.
+BENCHMARK(BM_Print5MBModuleToPdf)->Unit(benchmark::kMillisecond)->Iterations(2)->UseRealTime();
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
