@@ -1,4 +1,5 @@
 // hlyd-render --view FILE [--width PX] [--height PX] [--first N] --out FILE.png
+// hlyd-render --pdf OUT.pdf FILE [--printer NAME]
 #include <QApplication>
 #include <cstdlib>
 #include <iostream>
@@ -6,12 +7,14 @@
 
 #include "base/app_info.h"
 #include "tool_errors.h"
+#include "pdf_render.h"
 #include "view_render.h"
 
 namespace {
 
 int usage() {
-    std::cerr << "usage: hlyd-render --view FILE [--width PX] [--height PX] [--first N] --out FILE.png\n";
+    std::cerr << "usage: hlyd-render --view FILE [--width PX] [--height PX] [--first N] --out FILE.png\n"
+              << "       hlyd-render --pdf OUT.pdf FILE [--printer NAME]\n";
     return 2;
 }
 
@@ -38,17 +41,30 @@ bool parse(int argc, char** argv, hlyd::RenderRequest& request) {
     return !request.file.empty() && !request.out.empty();
 }
 
+bool parsePdf(int argc, char** argv, hlyd::PdfRequest& request) {
+    if (argc < 4) return false;
+    request.out = argv[2];
+    request.file = argv[3];
+    for (int i = 4; i < argc; i += 2) {
+        if (std::string(argv[i]) != "--printer" || i + 1 >= argc) return false;
+        request.printer = argv[i + 1];
+    }
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
     hlyd::RenderRequest request;
-    if (!parse(argc, argv, request)) return usage();
+    hlyd::PdfRequest pdf;
+    bool printing = argc > 1 && std::string(argv[1]) == "--pdf";
+    if (printing ? !parsePdf(argc, argv, pdf) : !parse(argc, argv, request)) return usage();
     // Rendering needs no display; the offscreen platform stands in unless one is asked for.
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
     try {
-        return hlyd::renderView(request, std::cout, std::cerr);
+        return printing ? hlyd::renderPdf(pdf, std::cout, std::cerr) : hlyd::renderView(request, std::cout, std::cerr);
     } catch (const hlyd::HlydError& e) {
         return hlyd::reportToolError("hlyd-render", e, std::cerr);
     }
