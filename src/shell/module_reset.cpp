@@ -9,7 +9,10 @@
 #include "files/file_table.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
+#include "printing/contents.h"
+#include "printing/page_change.h"
 #include "printing/print_state.h"
+#include "printing/print_status.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -57,12 +60,19 @@ void resetDisplay() {
 
 }  // namespace
 
+void resetPrinting() {
+    resetPrintState();
+    resetPageChange();
+    resetTOC();
+    setPrintStatusView(nullptr);
+}
+
 void resetModuleState() {
     resetDiagnostics();
     resetSettingsState();
     resetFilesAndAnalysis();
     resetDisplay();
-    resetPrintState();
+    resetPrinting();
     resetHlydMain();
 }
 
