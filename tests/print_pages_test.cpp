@@ -311,5 +311,16 @@ TEST_F(PrintPagesTest, WithoutAPrinterNothingPrints) {
     EXPECT_TRUE(events.empty());
 }
 
+TEST_F(PrintPagesTest, ColumnsTooNarrowForALineRefuseThePrintWithAMessage) {
+    useColumns(12, 720, true);  // (10080 - 11 x 720) / 12 = 180 twips a column
+    EXPECT_EQ(printState().AreaError, kAreaTooNarrow);
+    ui.shown.clear();
+    PrintRunResult result = print(procedures(1, 2));
+    EXPECT_FALSE(result.written);
+    EXPECT_TRUE(events.empty());
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find("leave no room to print on the page of Recorder"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace hlyd

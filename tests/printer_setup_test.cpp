@@ -181,6 +181,7 @@ TEST_F(PrinterSetupTest, MarginsOutsideThePageAndColumns) {
     layOut(MarginRecord{}, columns);
     EXPECT_EQ(columns.Width, 4678);  // 4678.5
 
+    columns.Columns = 1;
     MarginRecord narrow;
     narrow.Left = 6000;
     narrow.Right = 5000;  // 1240 twips left: less than an inch, more than a centimetre

@@ -1,5 +1,7 @@
 #include "printing/print_run.h"
 
+#include "base/app_info.h"
+#include "base/message_box.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
 #include "platform/printer.h"
@@ -78,6 +80,14 @@ PrintRunResult runPrint(const PrintRunRequest& request) {
     if (!printer || !p.PrinterValid || files.oFile.Count() == 0) {
         result.written = false;
         result.error = printer ? "Printing is disabled." : "There is no printer.";
+        return result;
+    }
+    if (p.AreaError != kAreaOk) {
+        result.written = false;
+        result.error = "The margins and columns in force leave no room to print on the page of " + printer->deviceName() +
+                       ".";
+        showMessage(result.error + "\nChoose other margins or fewer columns in the print options.", theAppInfo().Title,
+                    MsgButtons::OK, MsgIcon::Warning);
         return result;
     }
     std::int16_t shown = files.wCurrentFile;

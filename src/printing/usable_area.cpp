@@ -1,5 +1,6 @@
 #include "printing/usable_area.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -78,7 +79,8 @@ void HlydPASetUsableArea(AreaRecord& area, const AreaRecord&, const MarginRecord
     // No page has fewer than one column; a count below that is a slip in the settings.
     if (columns.Columns < 1) columns.Columns = 1;
     columns.Width = columnWidth(width, columns);
-    state.AreaError = areaError(width, height);
+    // Too many columns for the width leave each too narrow to hold a line: the same refusal.
+    state.AreaError = areaError(std::min(width, columns.Width), height);
     // The status tells whether the margins in force fit; new margins that fit clear it.
     if (state.AreaError != kAreaOk) state.PrintStatus = kPrintMarginsOutside;
     else if (state.PrintStatus == kPrintMarginsOutside) state.PrintStatus = kPrintOk;
