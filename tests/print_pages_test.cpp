@@ -322,5 +322,57 @@ TEST_F(PrintPagesTest, ColumnsTooNarrowForALineRefuseThePrintWithAMessage) {
     EXPECT_NE(ui.shown[0].text.find("leave no room to print on the page of Recorder"), std::string::npos);
 }
 
+// A recording printer that prints on both sides.
+class DuplexRecorder : public RecordingPrinter {
+public:
+    using RecordingPrinter::RecordingPrinter;
+    std::int32_t jobProperty(JobProperty which) const override {
+        return which == JobProperty::Duplex ? 2 : RecordingPrinter::jobProperty(which);
+    }
+    int setJobProperty(JobProperty which, std::int32_t value) override {
+        return which == JobProperty::Duplex ? 0 : RecordingPrinter::setJobProperty(which, value);
+    }
+};
+
+class DuplexSystem : public RecordingPrinterSystem {
+public:
+    using RecordingPrinterSystem::RecordingPrinterSystem;
+    std::unique_ptr<Printer> open(const std::string& wanted) override {
+        if (wanted != name()) return nullptr;
+        return std::make_unique<DuplexRecorder>(name(), sink());
+    }
+};
+
+TEST_F(PrintPagesTest, ContinuousNumberingGoesOnFromFileToFileAndDuplexStartsOnTheRight) {
+    hlydSettings().PageNumberHow = 2;
+    // Six pages of the first module (252 lines at 44 a page), then the second module.
+    showSource("first.bas", procedures(1, 250));
+    showSource("second.bas", procedures(1, 2));
+    events.clear();
+    runPrint({});
+    std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
+    ASSERT_EQ(pages.size(), 7u);
+    EXPECT_EQ(pages[5].printed, 6);
+    EXPECT_EQ(pages[6].printed, 8);  // the end of a document counts one, the first page one more
+
+    DuplexSystem duplex("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
+    setPrinterSystem(&duplex);
+    InitPrinter();
+    events.clear();
+    runPrint({});
+    pages = of(PrintEvent::PageStart);
+    ASSERT_EQ(pages.size(), 8u);  // the one page of the second module gets an empty back
+    EXPECT_EQ(pages[6].printed, 9);  // and odd, on a right-hand page
+
+    // A document of five pages gets an empty sixth, so that the next starts on a sheet of its own.
+    resetFileTable();
+    showSource("five.bas", procedures(1, 200));
+    events.clear();
+    runPrint({});
+    EXPECT_EQ(of(PrintEvent::PageStart).size(), 6u);
+    EXPECT_EQ(duplex.printer()->pagesDelivered(), 8 + 6);
+    setPrinterSystem(printers.get());
+}
+
 }  // namespace
 }  // namespace hlyd

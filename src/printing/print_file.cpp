@@ -59,6 +59,9 @@ void duplexPadding(bool keepPrinted) {
     if (!printer || !printsBothSides(*printer) || p.PageNumber % 2 == 0) return;
     EmitFooting();
     printer->newPage();
+    // The empty page must reach the paper, and gets its own footing at the document's end.
+    printer->print("");
+    p.FootingPrinted = false;
     ++p.PageNumber;
     if (!keepPrinted) ++p.PrintedPageNumber;
 }
