@@ -370,7 +370,9 @@ TEST_F(PrintPagesTest, ContinuousNumberingGoesOnFromFileToFileAndDuplexStartsOnT
     events.clear();
     runPrint({});
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 6u);
-    EXPECT_EQ(duplex.printer()->pagesDelivered(), 8 + 6);
+    auto* recorder = dynamic_cast<RecordingPrinter*>(currentPrinter());
+    ASSERT_NE(recorder, nullptr);
+    EXPECT_EQ(recorder->pagesDelivered(), 8 + 6);
     setPrinterSystem(printers.get());
 }
 
