@@ -8,4 +8,7 @@ namespace hlyd {
 
 int reportToolError(const char* tool, const HlydError& error, std::ostream& err);
 
+// Loads the keyword table as start-up does; false, with the reason on `err`, when it is unusable.
+bool loadKeywordTable(const char* tool, std::ostream& err);
+
 }  // namespace hlyd

@@ -9,6 +9,7 @@
 #include "files/open_for_run.h"
 #include "files/run_inputs.h"
 #include "json_lines.h"
+#include "tool_errors.h"
 #include "platform/console_ui.h"
 #include "platform/os.h"
 #include "platform/qt/qt_printer_system.h"
@@ -21,16 +22,6 @@
 namespace hlyd {
 
 namespace {
-
-bool loadKeywords(std::ostream& err) {
-    try {
-        BabInit();
-    } catch (const HlydError& e) {
-        err << "hlyd-render: keyword data: " << e.Description << '\n';
-        return false;
-    }
-    return theDebug().BabStatus != kStatusKeywordFileMissing;
-}
 
 // Everything the run read, so that the output is none of them.
 std::vector<std::string> filesRead(const std::string& input) {
@@ -73,7 +64,7 @@ int renderPdf(const PdfRequest& request, std::ostream& out, std::ostream& err) {
     }
     queryLocaleSeparators();
     loadSettingsAtStartup();
-    if (!loadKeywords(err)) return 2;
+    if (!loadKeywordTable("hlyd-render", err)) return 2;
     ConsoleUi ui;
     setUi(&ui);
     QtPrinterSystem printers;

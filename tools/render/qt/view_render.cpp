@@ -19,6 +19,7 @@
 #include "files/project_listing.h"
 #include "files/run_inputs.h"
 #include "json_lines.h"
+#include "tool_errors.h"
 #include "platform/console_ui.h"
 #include "platform/os.h"
 #include "platform/qt/image_surface.h"
@@ -30,16 +31,6 @@
 namespace hlyd {
 
 namespace {
-
-bool loadKeywords(std::ostream& err) {
-    try {
-        BabInit();
-    } catch (const HlydError& e) {
-        err << "hlyd-render: keyword data: " << e.Description << '\n';
-        return false;
-    }
-    return theDebug().BabStatus != kStatusKeywordFileMissing;
-}
 
 // As the Open command does it: a project or group is read with its members, a source file
 // joins the table; then the one after wCurrentFile is shown.
@@ -89,7 +80,7 @@ int renderView(const RenderRequest& request, std::ostream& out, std::ostream& er
     setScreenSizeTwips(screen.width(), screen.height());
     queryLocaleSeparators();
     loadSettingsAtStartup();
-    if (!loadKeywords(err)) return 2;
+    if (!loadKeywordTable("hlyd-render", err)) return 2;
     ConsoleUi ui;
     setUi(&ui);
     ImageSurface picDisplay(QSize(request.width, request.height));
