@@ -11,7 +11,9 @@
 #include "display/font_metrics.h"
 #include "files/file_table.h"
 #include "platform/printer.h"
+#include "files/open_for_run.h"
 #include "printing/contents.h"
+#include "printing/print_file.h"
 #include "printing/print_run.h"
 #include "printing/print_state.h"
 #include "printing/printer_start.h"
@@ -300,6 +302,43 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     EXPECT_EQ(toc.back().Page, "3  ");
     EXPECT_EQ(pages.back().type, 3);  // the table of contents is a document of its own
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
+}
+
+TEST_F(PrintPagesTest, AProjectPrintsItsListingThenEachMemberAndItsContents) {
+    hlydSettings().ProcContentsPrint = true;
+    test::writeTempFile("One.bas", "Attribute VB_Name = \"One\"\n" + procedures(2, 1));
+    std::string project = test::writeTempFile("Pair.vbp", "Type=Exe\r\nModule=One; One.bas\r\nName=\"Pair\"\r\n");
+    openFileForRun(project);
+    ASSERT_EQ(oFile().Count(), 2);
+    events.clear();
+    runPrint({});
+    std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
+    ASSERT_EQ(pages.size(), 3u);
+    EXPECT_EQ(pages[0].type, kPageProject);
+    EXPECT_EQ(text("Type=Exe").y1, kFirstLine);
+    EXPECT_EQ(text("Module=One; One.bas").y1, kFirstLine + kLineHeight);
+    EXPECT_EQ(text("Module=One; One.bas").x1, kLeft + kWhiteSpace);
+    EXPECT_EQ(pages[1].type, kPageCode);
+    EXPECT_EQ(pages[2].type, kPageProcContents);
+    EXPECT_EQ(pages[2].printed, 1);
+    // The procedure table: each declaration, dots on one grid, the page at the right edge.
+    PrintEvent page = events.back();
+    for (auto e = events.rbegin(); e != events.rend(); ++e)
+        if (e->kind == PrintEvent::Text && e->text == "1  ") {
+            page = *e;
+            break;
+        }
+    EXPECT_EQ(page.x1, kLeft + 10080 - 3 * kCharWidth);
+    EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
+
+    // The project's contents alone: a page of its own kind with each member's name.
+    events.clear();
+    HlydPRProcessProjectProcContentsRequest();
+    EXPECT_EQ(of(PrintEvent::PageStart).front().type, kPageProjectContents);
+    bool named = false;
+    for (const PrintEvent& e : of(PrintEvent::Text)) named = named || e.text.find("One.bas") != std::string::npos;
+    EXPECT_TRUE(named);
+    EXPECT_EQ(of(PrintEvent::EndDoc).size(), 1u);
 }
 
 TEST_F(PrintPagesTest, WithoutAPrinterNothingPrints) {
