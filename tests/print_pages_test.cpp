@@ -288,7 +288,10 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     s.TableOfContents = true;
     s.HeadingRight = "@page";
     format().ProcSkip = 'P';
-    print(procedures(3, 2));
+    // The third procedure has a comment and a blank line before it, which go with it.
+    std::string text = procedures(3, 2);
+    text.insert(text.find("Sub P3"), "' The last one\n\n");
+    print(text);
     // Each procedure on a page of its own: 1, 2, 3; then the procedure table on page i.
     std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
     ASSERT_GE(pages.size(), 5u);
@@ -297,9 +300,15 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     EXPECT_TRUE(printed("i "));
     EXPECT_TRUE(printed("3  "));
     std::vector<TocEntry>& toc = TOC();
-    ASSERT_GE(toc.size(), 4u);
+    ASSERT_EQ(toc.size(), 5u);
     EXPECT_EQ(toc[1].Type, kTocFile);
-    EXPECT_EQ(toc.back().Page, "3  ");
+    EXPECT_EQ(toc[4].Text, "Sub P3()");  // the declaration, not the comment before it
+    EXPECT_EQ(toc[4].Page, "3  ");
+    // In the procedure table the declaration stands on the line of its page number.
+    float tableLine = 0;
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (e.page == 4 && e.text == "P3") tableLine = e.y1;
+    EXPECT_GT(tableLine, 0);
     EXPECT_EQ(pages.back().type, 3);  // the table of contents is a document of its own
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
 }

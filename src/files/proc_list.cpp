@@ -1,5 +1,7 @@
 #include "files/proc_list.h"
 
+#include <algorithm>
+
 #include <string>
 
 #include "analysis/basiclan.h"
@@ -162,6 +164,14 @@ void scanNewRecordsForProcedures(std::int32_t firstNewRecord, std::int32_t first
         // The statement and the record numbers are compared as they stand: a long-kept rule.
         if (addEntry(e, r, firstNewStatement) > r) break;
     }
+}
+
+std::int32_t declarationStatement(const ProcEntry& entry) {
+    const SourceTables& t = theSourceTables();
+    std::int32_t last = std::min(entry.LastStatement, t.StatementCount);
+    for (std::int32_t s = entry.FirstStatement; s >= 1 && s <= last; ++s)
+        if (t.Statements[s].Class == kStmtProcStart) return s;
+    return entry.FirstStatement;
 }
 
 }  // namespace hlyd

@@ -7,6 +7,7 @@
 #include "display/token_layout.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
+#include "files/proc_list.h"
 #include "files/main_window_model.h"
 #include "platform/printer.h"
 #include "printing/columns.h"
@@ -41,7 +42,8 @@ private:
     const FormatRecord& f_;
     PrintState& p_;
     const SourceTables& t_;
-    std::vector<int> entryOf_;  // by record: the procedure entry that starts there, or -1
+    std::vector<int> entryOf_;        // by record: the procedure entry that starts there, or -1
+    std::vector<int> declarationOf_;  // by record: the entry whose declaration it holds, or -1
     float numberSpace_ = 0;
     std::int32_t lastRecord_ = 0;
 };
@@ -52,11 +54,15 @@ CodeListing::CodeListing(wPos& pos)
     pos_.LeftPos = p_.UsableArea.Left + (f_.ConnectControls ? 2 * layoutMetrics().ConnectorSize[kPrint] : 0);
     numberSpace_ = hlydSettings().LineNumbers ? p_.LineNumberWidth : 0;
     entryOf_.assign(static_cast<std::size_t>(t_.RecordCount) + 2, -1);
+    declarationOf_ = entryOf_;
     std::vector<ProcEntry>& procs = yProc();
     for (ProcEntry& e : procs) e.ProcPrinted = false;  // a run notes afresh what it printed
-    for (std::size_t e = procs.size(); e-- > 1;) {
-        std::int32_t first = procs[e].FirstRecord;
-        if (first >= 1 && first < static_cast<std::int32_t>(entryOf_.size())) entryOf_[first] = static_cast<int>(e);
+    auto mark = [this](std::vector<int>& map, std::int32_t record, std::size_t entry) {
+        if (record >= 1 && record < static_cast<std::int32_t>(map.size())) map[record] = static_cast<int>(entry);
+    };
+    for (std::size_t e = procs.size(); e-- > 0;) {
+        mark(entryOf_, procs[e].FirstRecord, e);
+        mark(declarationOf_, t_.Statements[declarationStatement(procs[e])].FirstRecord, e);
     }
 }
 
@@ -91,14 +97,16 @@ void CodeListing::separator(std::int32_t record) {
     pos_.TopPos += static_cast<float>((f_.SeparatorBold ? 10 : 5) * m.PrintTwipsPerPixelY);
 }
 
-// The page the entry's first record ended on is the page the contents show for it.
+// The page the entry's declaration ended on is the page the contents show for it.
 void CodeListing::notePage(int entry) {
     ProcEntry& e = yProc()[static_cast<std::size_t>(entry)];
     e.ProcPage = p_.PrintedPageNumber;
     e.ProcPrinted = true;
     if (!hlydSettings().TableOfContents) return;
+    // The declarations and a form's definition stand under their names, as in a procedure table.
+    if (e.Name == kDeclarations || e.Name == kDesignerObject) return SetTOC(e.Name, e.ProcPage, false);
     std::string declaration;
-    const Statement& st = t_.Statements[e.FirstStatement];
+    const Statement& st = t_.Statements[declarationStatement(e)];
     for (std::int32_t i = st.FirstToken; i >= 1 && i <= st.LastToken; ++i) {
         if (!t_.Tokens[i].LeadingSpace.empty() && !declaration.empty()) declaration += ' ';
         declaration += t_.Tokens[i].Text;
@@ -109,8 +117,8 @@ void CodeListing::notePage(int entry) {
 bool CodeListing::printRecord(std::int32_t record) {
     const HlydSettings& s = hlydSettings();
     int entry = entryOf_[static_cast<std::size_t>(record)];
-    const std::string name = entry > 0 ? yProc()[static_cast<std::size_t>(entry)].Name : std::string();
-    bool procStart = entry > 0 && name != kDeclarations && name != kDesignerObject;
+    const std::string name = entry >= 0 ? yProc()[static_cast<std::size_t>(entry)].Name : std::string();
+    bool procStart = entry >= 0 && name != kDeclarations && name != kDesignerObject;
     if (!wanted(record)) return true;
     bool orphan = pos_.TopPos + f_.Orphan * layoutMetrics().MaxFontHeight[kPrint] > p_.UsableArea.Bottom;
     bool skip = f_.ProcSkip == 'P' || f_.ProcSkip == 'C' || orphan;
@@ -123,7 +131,7 @@ bool CodeListing::printRecord(std::int32_t record) {
     EmitCodeRecord(record, pos_, contentsPages, kEmitCode, text);
     lastRecord_ = record;
     if (p_.PrintStatus == kPrintStopped) return false;
-    if (entry > 0) notePage(entry);
+    if (int declared = declarationOf_[static_cast<std::size_t>(record)]; declared >= 0) notePage(declared);
     return true;
 }
 
@@ -147,7 +155,7 @@ void CodeListing::wholeFile() {
 void CodeListing::selectedProcs() {
     const HlydSettings& s = hlydSettings();
     const std::vector<ProcEntry>& procs = yProc();
-    for (std::size_t e = 1; e < procs.size() && p_.PrintStatus != kPrintStopped; ++e) {
+    for (std::size_t e = 0; e < procs.size() && p_.PrintStatus != kPrintStopped; ++e) {
         if (e >= p_.SelectedProcs.size() || !p_.SelectedProcs[e]) continue;
         if (s.LineNumberHow == 1) p_.CurrentLineNumber = s.LineNumberStart;
         for (std::int32_t record = procs[e].FirstRecord; record >= 1 && record <= procs[e].LastRecord; ++record) {

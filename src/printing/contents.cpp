@@ -5,6 +5,7 @@
 #include "display/font_metrics.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/proc_list.h"
 #include "platform/printer.h"
 #include "printing/code_printing.h"
 #include "printing/job_properties.h"
@@ -134,7 +135,8 @@ void EmitProcContents(wPos& pos, std::int32_t& contentsPages, bool, bool project
             printer->print(entry.Name);
         } else {
             std::string text;
-            EmitCodeRecord(entry.FirstRecord, pos, contentsPages, project ? kEmitProjectContents : kEmitProcContents, text);
+            std::int32_t record = theSourceTables().Statements[declarationStatement(entry)].FirstRecord;
+            EmitCodeRecord(record, pos, contentsPages, project ? kEmitProjectContents : kEmitProcContents, text);
         }
         if (p.PrintStatus == kPrintStopped) return;
         dotsAndPage(*printer, pos, contentsPages, project, std::to_string(entry.ProcPage) + "  ");

@@ -37,7 +37,7 @@ void selectProcedures(const std::vector<std::string>& names) {
     const std::vector<ProcEntry>& procs = yProc();
     p.SelectedProcs.assign(procs.size(), 0);
     p.ProcsSelected = !names.empty();
-    for (std::size_t e = 1; e < procs.size(); ++e)
+    for (std::size_t e = 0; e < procs.size(); ++e)
         for (const std::string& name : names)
             if (procs[e].Name == name) p.SelectedProcs[e] = 1;
 }
