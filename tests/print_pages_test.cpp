@@ -10,6 +10,7 @@
 
 #include "display/font_metrics.h"
 #include "files/file_table.h"
+#include "files/print_history.h"
 #include "platform/printer.h"
 #include "files/open_for_run.h"
 #include "printing/contents.h"
@@ -258,6 +259,18 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
         headed = headed || (e.page == 2 && e.text == "P1" && e.x1 == text("<Declarations>").x1 && e.y1 == 936);
     EXPECT_TRUE(headed);
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
+}
+
+TEST_F(PrintPagesTest, PrintingAFileWritesItsHistoryUnlessAskedNotTo) {
+    hlydSettings().SaveHYInfo = true;
+    clock.moment = std::time(nullptr) + 60;  // printed after the file was saved
+    print(procedures(1, 1));
+    const std::string& file = oFile().Item(1).FileName;
+    EXPECT_FALSE(fbIsNewer(file));
+    printState().NoHistory = true;
+    showSource("other.bas", procedures(1, 1));
+    runPrint({});
+    EXPECT_TRUE(fbIsNewer(oFile().Item(2).FileName));
 }
 
 TEST_F(PrintPagesTest, ARangeThatStartsPastTheEndPrintsNothing) {
