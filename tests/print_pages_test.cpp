@@ -232,6 +232,33 @@ TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
         if (e.x1 == kLeft && e.text.size() == 5 && e.text[0] == '0') numbers.push_back(e.text);
     EXPECT_EQ(numbers.front(), "00010");
     EXPECT_EQ(numbers.back(), "00070");
+
+    // On and on: a second file goes on from the first; by module it would start again.
+    s.LineNumberHow = 3;
+    resetFileTable();
+    showSource("first.bas", "Dim A\n" + procedures(2, 1));
+    showSource("second.bas", procedures(1, 1));
+    events.clear();
+    runPrint({});
+    numbers.clear();
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (e.x1 == kLeft && e.text.size() == 5 && e.text[0] == '0') numbers.push_back(e.text);
+    ASSERT_EQ(numbers.size(), 10u);
+    EXPECT_EQ(numbers.back(), "00100");
+}
+
+TEST_F(PrintPagesTest, AProcedureHasARuleAbove) {
+    format().Separator = 1;
+    format().SeparatorBold = 1;
+    print(procedures(2, 1));
+    std::vector<PrintEvent> rules = of(PrintEvent::Line);
+    ASSERT_EQ(rules.size(), 2u);
+    EXPECT_EQ(rules[0].y1, kFirstLine);
+    EXPECT_EQ(rules[0].x1, kLeft);
+    EXPECT_EQ(rules[0].x2, kLeft + 10080);
+    EXPECT_EQ(rules[0].width, 5);
+    EXPECT_EQ(text("Sub").y1, kFirstLine + 10 * 2);  // ten pixels of 2 twips under a bold rule
+    EXPECT_EQ(rules[1].y1, text("X1_1").y1 + 2 * kLineHeight);
 }
 
 TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
