@@ -100,6 +100,31 @@ void tocProcedure(Printer& printer, const wPos& pos, const TocEntry& entry, floa
     printer.setCurrentY(printer.currentY() + height);
 }
 
+// The entries in the order of printing: files and projects in bold, procedures with their pages.
+void printTocEntries(Printer& printer, wPos& pos, std::int32_t& contentsPages) {
+    PrintState& p = printState();
+    AttributeRecord& a = printAttributes(kElemProjectFile);
+    HlydPASetAttributes(a);
+    float d = printer.textWidth(".");
+    pos.TopPos += printer.textHeight("XXX");
+    float xw = printer.textWidth("x");
+    float height = static_cast<float>(a.Height);
+    printer.setCurrentY(pos.TopPos);
+    printer.setCurrentX(pos.LeftPos);
+    for (std::size_t i = 1; i < toc.size() && p.PrintStatus != kPrintStopped; ++i) {
+        const TocEntry& entry = toc[i];
+        printer.setFontBold(entry.Type != kTocProcedure);
+        if (entry.Type != kTocProcedure) tocLine(printer, entry.Text, height);
+        else tocProcedure(printer, pos, entry, d, xw, height);
+        if (printer.currentY() + height > p.UsableArea.Bottom && i + 1 < toc.size()) {
+            HlydPHEmitProcContents(pos.TopPos, contentsPages, "TABLE OF ");
+            HlydPASetAttributes(a);
+            printer.setCurrentY(printer.textHeight("XXX") + pos.TopPos);
+        }
+        printer.setCurrentX(pos.LeftPos);
+    }
+}
+
 }  // namespace
 
 std::vector<TocEntry>& TOC() { return toc; }
@@ -202,26 +227,7 @@ void EmitTOC(wPos& pos) {
     std::int32_t contentsPages = 0;
     HlydPHEmitProcContents(pos.TopPos, contentsPages, "TABLE OF ");
     if (p.PrintStatus == kPrintStopped) return;
-    AttributeRecord& a = printAttributes(kElemProjectFile);
-    HlydPASetAttributes(a);
-    float d = printer->textWidth(".");
-    pos.TopPos += printer->textHeight("XXX");
-    float xw = printer->textWidth("x");
-    float height = static_cast<float>(a.Height);
-    printer->setCurrentY(pos.TopPos);
-    printer->setCurrentX(pos.LeftPos);
-    for (std::size_t i = 1; i < toc.size() && p.PrintStatus != kPrintStopped; ++i) {
-        const TocEntry& entry = toc[i];
-        printer->setFontBold(entry.Type != kTocProcedure);
-        if (entry.Type != kTocProcedure) tocLine(*printer, entry.Text, height);
-        else tocProcedure(*printer, pos, entry, d, xw, height);
-        if (printer->currentY() + height > p.UsableArea.Bottom && i + 1 < toc.size()) {
-            HlydPHEmitProcContents(pos.TopPos, contentsPages, "TABLE OF ");
-            HlydPASetAttributes(a);
-            printer->setCurrentY(printer->textHeight("XXX") + pos.TopPos);
-        }
-        printer->setCurrentX(pos.LeftPos);
-    }
+    printTocEntries(*printer, pos, contentsPages);
     endDocument();
 }
 
