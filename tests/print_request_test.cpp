@@ -283,6 +283,40 @@ TEST_F(PrintRequestTest, SelectedProceduresAloneArePrinted) {
     EXPECT_FALSE(printed("X3_1"));
 }
 
+TEST_F(PrintRequestTest, SelectedFilesAreTheOnlyOnesPrinted) {
+    showSource("one.bas", procedures(1, 1));
+    showSource("two.bas", "Sub Q()\nY = 1\nEnd Sub\n");
+    setSelectProcView([](SelectProcModel& m) {
+        EXPECT_EQ(m.Caption, "Select Files to Print");
+        EXPECT_EQ(m.lblProc, "Files");
+        m.selected = {false, true};
+        return true;
+    });
+    std::string line;
+    printWith([&line](PrintDialogModel& m) {
+        optSelectedProcedures_Click(m, kSelectFiles);
+        HlydHLYDPrintSelectProc(m, true);
+        line = m.lblProcs;
+    });
+    EXPECT_EQ(line, "1 Files selected.");
+    EXPECT_TRUE(printed("Y"));
+    EXPECT_FALSE(printed("X1_1"));
+}
+
+TEST_F(PrintRequestTest, NeitherWithTheProcedureTablePrintsTheTableAlone) {
+    showSource("one.bas", procedures(2, 1));
+    // The table lists the procedures with the pages of the listing printed last.
+    printWith([](PrintDialogModel&) {});
+    ASSERT_TRUE(printed("X1_1"));
+    printWith([](PrintDialogModel& m) {
+        m.optView = kViewNeither;
+        m.chkProcContents = true;
+    });
+    EXPECT_FALSE(printed("X1_1"));
+    EXPECT_TRUE(printed("P2"));
+    EXPECT_FALSE(hlydSettings().ProcContentsPrint);
+}
+
 TEST_F(PrintRequestTest, ThePdfPrinterAsksWhereAndStartsInTheFolderUsedLast) {
     usePrinter("PDF");
     showSource("module.bas", procedures(1, 1));
