@@ -206,6 +206,7 @@ TEST_F(PrintRequestTest, NeitherCodeNorFormPrintsOnlyWhatTheContentsNeed) {
         m.chkProcContents = false;
         m.chkAll[0] = true;
         chkAll_Click(m, 0);
+        m.txtHeading = "Draft";
     });
     EXPECT_FALSE(printed("X1_1"));
     EXPECT_FALSE(printed("Sub"));
@@ -215,6 +216,7 @@ TEST_F(PrintRequestTest, NeitherCodeNorFormPrintsOnlyWhatTheContentsNeed) {
     EXPECT_FALSE(hlydSettings().TableOfContents);
     EXPECT_FALSE(hlydSettings().ViewCode[kPrint]);
     EXPECT_EQ(iniHandler().ReadString("TableOfContents", "", "General"), "No");
+    EXPECT_EQ(iniHandler().ReadString("OptionalHeading", "", "General"), "Draft");
 }
 
 TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
@@ -281,6 +283,19 @@ TEST_F(PrintRequestTest, SelectedProceduresAloneArePrinted) {
     EXPECT_TRUE(printed("X2_1"));
     EXPECT_FALSE(printed("X1_1"));
     EXPECT_FALSE(printed("X3_1"));
+}
+
+TEST_F(PrintRequestTest, PrintThisProcedurePrintsTheProcedureShown) {
+    showSource("one.bas", procedures(3, 1));
+    auto shown = std::find_if(yProc().begin(), yProc().end(), [](const ProcEntry& e) { return e.Name == "P3"; });
+    ASSERT_NE(shown, yProc().end());
+    mainWindow().cboProc.ListIndex = shown->ListIndex;
+    sbButtonsOpen();
+    EXPECT_TRUE(mainWindow().command("tbrPrintThisProcedure").enabled);
+    events.clear();
+    tbrPrintThisProcedure_Click();
+    EXPECT_TRUE(printed("X3_1"));
+    EXPECT_FALSE(printed("X1_1"));
 }
 
 TEST_F(PrintRequestTest, SelectedFilesAreTheOnlyOnesPrinted) {

@@ -61,14 +61,14 @@ public:
     }
 };
 
-// The lasting choices of the dialog go into the settings; the choices for this run do not.
-void saveLastingChoices(const PrintDialogRequest& r, const KeptForRun& kept) {
+// The lasting choices of the dialog go into the settings. The choices for this run only reach
+// the settings after this save, and leave them when the command ends.
+void saveLastingChoices(const PrintDialogRequest& r) {
     HlydSettings& s = hlydSettings();
     s.OptionalHeading = r.OptionalLine;
     s.ViewCode[kPrint] = r.Code;
     s.ViewFormDef[kPrint] = r.FormDef;
     displayAttributes().Format[kPrint].SkipAttributes = r.SkipAttributes ? 1 : 0;
-    kept.putBack();
     sbPrintINISave();
 }
 
@@ -132,7 +132,7 @@ void HlydPRProcessPrintRequest() {
     if (!hlydSettings().DoNotShowPrintDialog && !HlydHLYDPrintProcessDialog(request)) return;
     std::string outputPath;
     if (!askPrintOutputPath(outputPath)) return;
-    saveLastingChoices(request, kept);
+    saveLastingChoices(request);
     runRequest(request, outputPath);
 }
 
