@@ -71,12 +71,7 @@ protected:
         events.clear();
         return runPrint(request);
     }
-    std::vector<PrintEvent> of(PrintEvent::Kind kind) const {
-        std::vector<PrintEvent> out;
-        for (const PrintEvent& e : events)
-            if (e.kind == kind) out.push_back(e);
-        return out;
-    }
+    std::vector<PrintEvent> of(PrintEvent::Kind kind) const { return test::eventsOf(events, kind); }
     // The first text printed that is exactly `text`.
     PrintEvent text(const std::string& wanted) const {
         for (const PrintEvent& e : events)
@@ -84,24 +79,12 @@ protected:
         ADD_FAILURE() << "not printed: " << wanted;
         return {};
     }
-    bool printed(const std::string& wanted) const {
-        return std::any_of(events.begin(), events.end(),
-                           [&](const PrintEvent& e) { return e.kind == PrintEvent::Text && e.text == wanted; });
-    }
+    bool printed(const std::string& wanted) const { return test::textPrinted(events, wanted); }
     std::unique_ptr<RecordingPrinterSystem> printers;
     std::vector<PrintEvent> events;
 };
 
-// Lines "Sub P1 ... End Sub" numbered so that each statement's text tells where it is.
-std::string procedures(int count, int bodyLines) {
-    std::string text;
-    for (int p = 1; p <= count; ++p) {
-        text += "Sub P" + std::to_string(p) + "()\n";
-        for (int l = 1; l <= bodyLines; ++l) text += "X" + std::to_string(p) + "_" + std::to_string(l) + " = 1\n";
-        text += "End Sub\n";
-    }
-    return text;
-}
+using test::procedures;
 
 TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
     // A line may begin while it ends above the bottom limit: 44 lines from 1368 to 14076.

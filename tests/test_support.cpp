@@ -154,4 +154,27 @@ std::int32_t AnalysisTest::find(const std::string& text) const {
     return 0;
 }
 
+std::string procedures(int count, int bodyLines) {
+    std::string text;
+    for (int p = 1; p <= count; ++p) {
+        text += "Sub P" + std::to_string(p) + "()\n";
+        for (int l = 1; l <= bodyLines; ++l) text += "X" + std::to_string(p) + "_" + std::to_string(l) + " = 1\n";
+        text += "End Sub\n";
+    }
+    return text;
+}
+
+std::vector<PrintEvent> eventsOf(const std::vector<PrintEvent>& events, PrintEvent::Kind kind) {
+    std::vector<PrintEvent> out;
+    for (const PrintEvent& e : events)
+        if (e.kind == kind) out.push_back(e);
+    return out;
+}
+
+bool textPrinted(const std::vector<PrintEvent>& events, const std::string& text) {
+    for (const PrintEvent& e : events)
+        if (e.kind == PrintEvent::Text && e.text == text) return true;
+    return false;
+}
+
 }  // namespace hlyd::test

@@ -14,6 +14,7 @@
 #include "platform/clock.h"
 #include "platform/ui.h"
 #include "printing/printer_systems.h"
+#include "printing/recording_printer.h"
 
 namespace hlyd::test {
 
@@ -125,6 +126,12 @@ public:
 private:
     std::optional<std::string> previous_;
 };
+
+// "Sub P1 ... End Sub" and so on, each body line numbered so that its text tells where it is.
+std::string procedures(int count, int bodyLines);
+// The events of one kind, and whether a text was printed exactly so.
+std::vector<PrintEvent> eventsOf(const std::vector<PrintEvent>& events, PrintEvent::Kind kind);
+bool textPrinted(const std::vector<PrintEvent>& events, const std::string& text);
 
 std::string keywordFilePath();
 std::string writeTempFile(const std::string& name, const std::string& content);

@@ -14,6 +14,7 @@
 #include "base/app_info.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
+#include "dialogs/print_dialogs.h"
 #include "dialogs/view_hooks.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
@@ -56,6 +57,7 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     presentingWindow = this;
     setPresentView(&presentOnWindow);
     bindModelHooks();
+    installPrintDialogs(this);
 }
 
 HlydWindow::~HlydWindow() {

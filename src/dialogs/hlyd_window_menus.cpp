@@ -12,6 +12,7 @@
 #include "html/html_emit.h"
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
+#include "shell/print_commands.h"
 #include "shell/window_commands.h"
 
 namespace hlyd {
@@ -63,8 +64,8 @@ void HlydWindow::buildFileMenu() {
     addCommand(fileMenu_, "mnuFilClose", "&Close", mnuFilClose_Click);
     addCommand(fileMenu_, "mnuFilCloseAll", "Close &All", mnuFilCloseAll_Click);
     fileMenu_->addSeparator();
-    addCommand(fileMenu_, "mnuFilPrint", "&Print...", nothing);
-    addCommand(fileMenu_, "mnuFilPrintSetup", "Print &Setup...", nothing);
+    addCommand(fileMenu_, "mnuFilPrint", "&Print...", mnuFilPrint_Click);
+    addCommand(fileMenu_, "mnuFilPrintSetup", "Print &Setup...", mnuFilPrintSetup_Click);
     addCommand(fileMenu_, "mnuFileHTML", "Save as &HTML", HlydMNSaveAsHTML);
     fileMenu_->addSeparator();
     for (int i = 1; i <= kMruSize; ++i) {
@@ -137,12 +138,12 @@ void HlydWindow::buildToolBar() {
     toolBar_ = addButtonBar("Toolbar", "tbrToolBar");
     addButton("tbrOpen", "Open", mnuFilOpen_Click);
     addButton("tbrClose", "Close", mnuFilClose_Click);
-    addButton("tbrPrint", "Print", nothing);
+    addButton("tbrPrint", "Print", mnuFilPrint_Click);
     addButton("tbrPrintOptions", "Print Options", nothing);
     addButton("tbrDisplayOptions", "Display Options", nothing);
     addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
     addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });
-    addButton("tbrPrintThisProcedure", "Print This Procedure", nothing);
+    addButton("tbrPrintThisProcedure", "Print This Procedure", tbrPrintThisProcedure_Click);
     fileBar_ = addButtonBar("Procedures and files", "tbrToolBarFiles");
     cboProc_ = new QComboBox(fileBar_);
     cboProc_->setObjectName("cboProc");

@@ -206,6 +206,7 @@ void EmitHeading(float& topPos, const std::string& procText, std::int16_t kind, 
     if (navigation().runState == kRunCancelled) {
         p.PrintStatus = kPrintStopped;
         if (printer) printer->killDoc();
+        p.DocumentDropped = true;
         navigation().runState = 0;
     }
 }

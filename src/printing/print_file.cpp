@@ -56,7 +56,7 @@ void HlydPRInit() { printState().PrintingInProgress = false; }
 void duplexPadding(bool keepPrinted) {
     Printer* printer = currentPrinter();
     PrintState& p = printState();
-    if (!printer || !printsBothSides(*printer) || p.PageNumber % 2 == 0) return;
+    if (!printer || p.DocumentDropped || !printsBothSides(*printer) || p.PageNumber % 2 == 0) return;
     EmitFooting();
     printer->newPage();
     // The empty page must reach the paper, and gets its own footing at the document's end.
@@ -70,6 +70,11 @@ void endDocument() {
     Printer* printer = currentPrinter();
     PrintState& p = printState();
     if (!printer) return;
+    // A Cancel has dropped the document already: its footing would only open a new one.
+    if (p.DocumentDropped) {
+        p.DocumentDropped = false;
+        return;
+    }
     if (!p.FootingPrinted && p.PageNumber != 0) EmitFooting();
     // A page range that begins past the end: every page made was before it, and none is kept.
     if (p.PageRange && p.PageNumber < p.FirstPage) {

@@ -78,6 +78,7 @@ struct PrintState {
     std::int32_t PagesBeforeToc = 0;  // the page count saved before the table of contents
     std::string StatusText;           // what the print status dialog shows
     bool FootingPrinted = false;      // the page in progress has its footing already
+    bool DocumentDropped = false;     // a Cancel killed the document; nothing more goes into it
 
     // The request in force.
     bool Code = true;     // print the code

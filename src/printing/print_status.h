@@ -1,14 +1,36 @@
 #pragma once
-// The print status dialog's side of a run: the text it shows, and the one place where the
+// The print status dialog: the text it shows, its Cancel button, and the one place where the
 // window may take a Cancel click while pages are made.
 #include <functional>
 #include <string>
 
 namespace hlyd {
 
+// HLYDPrintStatus as the window shows it while a run goes on.
+struct PrintStatusModel {
+    std::string Caption = "Print Status";
+    std::string lblPage;
+    std::string cmdCancel = "Cancel";
+    bool visible = false;
+};
+
+PrintStatusModel& printStatusDialog();
+
 // The window's dialog listens here; without one the text only lands in the state.
 void setPrintStatusView(std::function<void(const std::string& text)> show);
+// Told when the dialog opens (true) and closes (false).
+void setPrintStatusShown(std::function<void(bool shown)> shown);
 // Shows the text and lets pending events in.
 void showPrintStatus(const std::string& text);
+
+void openPrintStatus();
+void closePrintStatus();
+// Cancel asks the run to stop; it stops at the next page change, which drops the document. Closing
+// the dialog by the window's menu is the same request.
+void cmdCancel_Click();
+void printStatusClosedByUser();
+
+// Tests: no view, the dialog closed.
+void resetPrintStatus();
 
 }  // namespace hlyd

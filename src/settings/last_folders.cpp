@@ -32,5 +32,6 @@ std::string openDialogFolder() {
 
 void rememberOpenFolder(const std::string& chosenFile) { remember(hlydSettings().LastFileLoc, chosenFile); }
 void rememberHtmlFolder(const std::string& chosenFile) { remember(hlydSettings().LastHTMLLoc, chosenFile); }
+void rememberPdfFolder(const std::string& chosenFile) { remember(hlydSettings().LastPDFLoc, chosenFile); }
 
 }  // namespace hlyd

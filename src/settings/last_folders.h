@@ -10,6 +10,7 @@ std::string openDialogFolder();
 // The folder of a chosen file becomes the folder of the next dialog of its kind, also in later runs.
 void rememberOpenFolder(const std::string& chosenFile);
 void rememberHtmlFolder(const std::string& chosenFile);
+void rememberPdfFolder(const std::string& chosenFile);
 // The folder of a file, without its last separator ("/" stays "/"); empty for a bare name.
 std::string folderOf(const std::string& file);
 

@@ -77,6 +77,7 @@ void generalKeys(KeyList& k, HlydSettings& s) {
     k.text(g, "DefaultFileLoc", s.DefaultFileLoc, kSaveNever);
     k.text(g, "LastFileLoc", s.LastFileLoc, kSaveFolders);
     k.text(g, "LastHTMLLoc", s.LastHTMLLoc, kSaveFolders);
+    k.text(g, "LastPDFLoc", s.LastPDFLoc, kSaveFolders);
     k.text(g, "CurrentPrinter", s.CurrentPrinter, kSavePrinterState);
     k.boolean(g, "SaveHYInfo", s.SaveHYInfo, kSavePrintOptions);
     k.text(g, "SaveHYFile", s.SaveHYFile, kSavePrintOptions);

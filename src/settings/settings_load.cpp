@@ -106,6 +106,7 @@ void readPrinterAndColumns(HlydSettings& s) {
     s.DefaultFileLoc = i.ReadString("DefaultFileLoc", "", "General");
     s.LastFileLoc = i.ReadString("LastFileLoc", "", "General");
     s.LastHTMLLoc = i.ReadString("LastHTMLLoc", "", "General");
+    s.LastPDFLoc = i.ReadString("LastPDFLoc", "", "General");
     s.CurrentPrinter = i.ReadString("CurrentPrinter", systemDefaultPrinter(), "General");
     ColumnSpec& c = pageSettings().Columns;
     i.setSection(printerSection());

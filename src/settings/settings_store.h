@@ -31,6 +31,7 @@ struct HlydSettings {
     std::string DefaultFileLoc;
     std::string LastFileLoc;  // where files were last opened from
     std::string LastHTMLLoc;  // where the last HTML document went
+    std::string LastPDFLoc;   // where the last printed PDF file went
     std::string CurrentPrinter;
     bool SaveHYInfo = false;
     std::string SaveHYFile;

@@ -12,6 +12,7 @@
 #include "printing/contents.h"
 #include "printing/page_change.h"
 #include "printing/print_state.h"
+#include "printing/print_dialog.h"
 #include "printing/print_status.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
@@ -64,7 +65,8 @@ void resetPrinting() {
     resetPrintState();
     resetPageChange();
     resetTOC();
-    setPrintStatusView(nullptr);
+    resetPrintStatus();
+    resetPrintDialogs();
 }
 
 void resetModuleState() {

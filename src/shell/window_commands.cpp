@@ -15,6 +15,7 @@
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
 #include "shell/debug_menu.h"
+#include "shell/print_commands.h"
 
 namespace hlyd {
 
@@ -56,8 +57,7 @@ constexpr MenuItem kMenuItems[] = {
 
 // Commands whose dialogs or printing are not part of this build yet.
 constexpr const char* kNotYetAvailable[] = {
-    "mnuFilPrint",    "mnuFilPrintSetup", "mnuOptionsDisplay",     "mnuOptionsPrint", "mnuWinProjectWindow",
-    "tbrPrint",       "tbrPrintOptions",  "tbrPrintThisProcedure", "tbrDisplayOptions",
+    "mnuOptionsDisplay", "mnuOptionsPrint", "mnuWinProjectWindow", "tbrPrintOptions", "tbrDisplayOptions",
 };
 
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
@@ -124,6 +124,7 @@ void sbButtonsOpen() {
     setCommand("tbrClose", fileOpen);
     setCommand("mnuFileHTML", fileOpen);
     for (const char* name : kNotYetAvailable) setCommand(name, false);
+    sbPrintButtonSet();
     sbProcButtonsSet();
     sbFileButtonSet();
 }

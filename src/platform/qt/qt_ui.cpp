@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include "platform/qt/list_dialog.h"
+#include "platform/qt/printer_dialog.h"
 #include "platform/qt/qt_text.h"
 #include "platform/text_encoding.h"
 
@@ -166,6 +167,8 @@ std::optional<std::string> QtUi::inputBox(const InputBoxRequest& request) {
 
 // The pointer is a state, as the classic mouse pointer was: whoever sets it back to the default
 // ends every hourglass, so that an unbalanced caller cannot leave one standing.
+bool QtUi::printerDialog(PrinterDialogRequest& request) { return runPrinterDialog(parent_, request); }
+
 void QtUi::setBusy(bool busy) {
     if (busy == busy_) return;
     busy_ = busy;

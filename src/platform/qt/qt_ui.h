@@ -27,6 +27,7 @@ public:
     std::optional<int> chooseFromList(const std::string& title, const std::vector<std::string>& items) override;
     std::optional<std::string> saveFileDialog(const FileDialogRequest& request) override;
     std::optional<std::string> inputBox(const InputBoxRequest& request) override;
+    bool printerDialog(PrinterDialogRequest& request) override;
     void setBusy(bool busy) override;
 
 private:

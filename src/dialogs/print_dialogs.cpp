@@ -1,0 +1,331 @@
+#include "dialogs/print_dialogs.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+#include <map>
+
+#include "platform/qt/qt_text.h"
+#include "printing/print_dialog.h"
+#include "printing/print_status.h"
+#include "printing/printer_start.h"
+#include "printing/select_proc.h"
+
+namespace hlyd {
+
+namespace {
+
+QString captionOf(const std::vector<std::pair<std::string, std::string>>& captions, const std::string& name) {
+    for (const auto& [control, caption] : captions)
+        if (control == name) return fromUtf8(caption);
+    return {};
+}
+
+QString printCaption(const std::string& name) { return captionOf(printDialogCaptions(), name); }
+
+std::string singleByte(const QString& text) { return text.toLatin1().toStdString(); }
+
+// HLYDPrint: the widgets mirror the model; every click stores them, runs the model's handler and
+// shows the model again.
+class PrintForm : public QDialog {
+public:
+    PrintForm(QWidget* parent, PrintDialogModel& m) : QDialog(parent), m_(m) {
+        setObjectName("HLYDPrint");
+        setWindowTitle(printCaption("HLYDPrint"));
+        auto* grid = new QGridLayout(this);
+        grid->addWidget(buildView(), 0, 0);
+        grid->addWidget(buildPrintWhat(), 0, 1);
+        grid->addWidget(buildHeadingAndPages(), 1, 0, 1, 2);
+        grid->addLayout(buildButtons(), 2, 0, 1, 2);
+        load();
+    }
+
+private:
+    template <class W>
+    W* named(const std::string& name, W* widget) {
+        widget->setObjectName(fromUtf8(name));
+        return widget;
+    }
+    QCheckBox* check(const std::string& name) {
+        auto* box = named(name, new QCheckBox(printCaption(name)));
+        connect(box, &QCheckBox::clicked, this, [this] { store(); });
+        checks_[name] = box;
+        return box;
+    }
+    QLineEdit* digits(const std::string& name) {
+        auto* field = named(name, new QLineEdit);
+        field->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]*"), field));
+        connect(field, &QLineEdit::textEdited, this, [this] { store(); });
+        fields_[name] = field;
+        return field;
+    }
+    QWidget* buildView() {
+        auto* frame = named("fraView", new QGroupBox(printCaption("fraView")));
+        auto* box = new QVBoxLayout(frame);
+        for (int i = 0; i < 4; ++i) {
+            views_[i] = named("optView" + std::to_string(i), new QRadioButton(printCaption("optView" + std::to_string(i))));
+            connect(views_[i], &QRadioButton::clicked, this, [this] { store(); });
+            box->addWidget(views_[i]);
+        }
+        for (const char* name : {"chkSkipAttributes", "chkTOC", "chkProcContents"}) box->addWidget(check(name));
+        auto* start = new QLabel(printCaption("lblPageNumberStart"));
+        QLineEdit* field = digits("txtPageNumberStart");
+        start->setBuddy(field);
+        box->addWidget(start);
+        box->addWidget(field);
+        return frame;
+    }
+    QWidget* buildPrintWhat() {
+        auto* frame = named("fraPrintWhat", new QGroupBox(printCaption("fraPrintWhat")));
+        auto* box = new QGridLayout(frame);
+        box->addWidget(check("chkCurrent"), 0, 0);
+        connect(checks_["chkCurrent"], &QCheckBox::clicked, this, [this] { act([this] { chkCurrent_Click(m_); }); });
+        for (int i = 0; i < 2; ++i) {
+            std::string index = std::to_string(i);
+            box->addWidget(check("chkAll" + index), 1 + i, 0);
+            connect(checks_["chkAll" + index], &QCheckBox::clicked, this, [this, i] { act([this, i] { chkAll_Click(m_, i); }); });
+            selected_[i] = named("optSelectedProcedures" + index, new QRadioButton(printCaption("optSelectedProcedures" + index)));
+            selected_[i]->setAutoExclusive(false);
+            connect(selected_[i], &QRadioButton::clicked, this, [this, i] { act([this, i] { optSelectedProcedures_Click(m_, i); }); });
+            box->addWidget(selected_[i], 3 + i, 0);
+            auto* select = named("cmdSelect" + index, new QPushButton("..."));
+            connect(select, &QPushButton::clicked, this, [this, i] {
+                act([this, i] { HlydHLYDPrintSelectProc(m_, i == kSelectFiles); });
+            });
+            box->addWidget(select, 3 + i, 1);
+        }
+        lblProcs_ = named("lblProcs", new QLabel);
+        box->addWidget(lblProcs_, 5, 0, 1, 2);
+        for (const char* name : {"chkPrintContinuous", "chkDontUpdate", "chkDontShow"}) box->addWidget(check(name), box->rowCount(), 0);
+        return frame;
+    }
+    QWidget* buildHeadingAndPages() {
+        auto* panel = new QWidget;
+        auto* box = new QGridLayout(panel);
+        auto* heading = named("fraHeading", new QGroupBox(printCaption("fraHeading")));
+        auto* headingBox = new QVBoxLayout(heading);
+        txtHeading_ = named("txtHeading", new QLineEdit);
+        connect(txtHeading_, &QLineEdit::textEdited, this, [this] { store(); });
+        headingBox->addWidget(txtHeading_);
+        box->addWidget(heading, 0, 0, 1, 4);
+        pages_ = named("optPageRange", new QCheckBox(printCaption("optPageRange")));
+        connect(pages_, &QCheckBox::clicked, this, [this] { act([this] { optPageRange_Click(m_); }); });
+        box->addWidget(pages_, 1, 0);
+        box->addWidget(digits("txtPageRange0"), 1, 1);
+        box->addWidget(digits("txtPageRange1"), 1, 2);
+        lblPrinter_ = named("lblPrinter", new QLabel);
+        box->addWidget(lblPrinter_, 2, 0, 1, 2);
+        auto* printer = named("cmdSelectPrinter", new QPushButton(printCaption("cmdSelectPrinter")));
+        connect(printer, &QPushButton::clicked, this, [this] {
+            HlydPAProcessSetupRequest(true);
+            store();
+            PrintDialogModel fresh;
+            fillPrintDialog(fresh);
+            m_.lblPrinter = fresh.lblPrinter;
+            load();
+        });
+        box->addWidget(printer, 2, 2);
+        auto* options = named("cmdOptions", new QPushButton(printCaption("cmdOptions")));
+        options->setEnabled(false);  // the print options have their own command in the window
+        box->addWidget(options, 2, 3);
+        return panel;
+    }
+    QHBoxLayout* buildButtons() {
+        auto* row = new QHBoxLayout;
+        auto* ok = named("cmdOK", new QPushButton(printCaption("cmdOK")));
+        ok->setDefault(true);
+        connect(ok, &QPushButton::clicked, this, [this] { okClicked(); });
+        auto* cancel = named("cmdCancel", new QPushButton(printCaption("cmdCancel")));
+        connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+        auto* help = named("cmdHelp", new QPushButton(printCaption("cmdHelp")));
+        help->setEnabled(false);
+        row->addStretch();
+        for (QPushButton* button : {ok, cancel, help}) row->addWidget(button);
+        return row;
+    }
+    void okClicked() {
+        store();
+        if (cmdOK_Click(m_)) {
+            accept();
+            return;
+        }
+        load();
+        if (QLineEdit* field = fields_.count(m_.focus) ? fields_[m_.focus] : nullptr) {
+            field->setFocus();
+            field->selectAll();
+        }
+    }
+    template <class F>
+    void act(F handler) {
+        store();
+        handler();
+        load();
+    }
+    void store() {
+        for (int i = 0; i < 4; ++i)
+            if (views_[i]->isChecked()) m_.optView = i;
+        m_.chkSkipAttributes = checks_["chkSkipAttributes"]->isChecked();
+        m_.chkTOC = checks_["chkTOC"]->isChecked();
+        m_.chkProcContents = checks_["chkProcContents"]->isChecked();
+        m_.chkCurrent = checks_["chkCurrent"]->isChecked();
+        for (int i = 0; i < 2; ++i) {
+            m_.chkAll[i] = checks_["chkAll" + std::to_string(i)]->isChecked();
+            m_.optSelectedProcedures[i] = selected_[i]->isChecked();
+            m_.txtPageRange[i] = singleByte(fields_["txtPageRange" + std::to_string(i)]->text());
+        }
+        m_.chkPrintContinuous = checks_["chkPrintContinuous"]->isChecked();
+        m_.chkDontUpdate = checks_["chkDontUpdate"]->isChecked();
+        m_.chkDontShow = checks_["chkDontShow"]->isChecked();
+        m_.optPageRange = pages_->isChecked();
+        m_.txtPageNumberStart = singleByte(fields_["txtPageNumberStart"]->text());
+        m_.txtHeading = singleByte(txtHeading_->text());
+    }
+    void load() {
+        views_[m_.optView]->setChecked(true);
+        checks_["chkSkipAttributes"]->setChecked(m_.chkSkipAttributes);
+        checks_["chkTOC"]->setChecked(m_.chkTOC);
+        checks_["chkProcContents"]->setChecked(m_.chkProcContents);
+        checks_["chkCurrent"]->setChecked(m_.chkCurrent);
+        for (int i = 0; i < 2; ++i) {
+            checks_["chkAll" + std::to_string(i)]->setChecked(m_.chkAll[i]);
+            checks_["chkAll" + std::to_string(i)]->setEnabled(!m_.currentOnly);
+            selected_[i]->setChecked(m_.optSelectedProcedures[i]);
+            selected_[i]->setEnabled(!m_.currentOnly);
+            fields_["txtPageRange" + std::to_string(i)]->setText(fromCp1252(m_.txtPageRange[i]));
+            fields_["txtPageRange" + std::to_string(i)]->setEnabled(m_.txtPageRangeEnabled);
+        }
+        checks_["chkPrintContinuous"]->setChecked(m_.chkPrintContinuous);
+        checks_["chkDontUpdate"]->setChecked(m_.chkDontUpdate);
+        checks_["chkDontShow"]->setChecked(m_.chkDontShow);
+        pages_->setChecked(m_.optPageRange);
+        fields_["txtPageNumberStart"]->setText(fromCp1252(m_.txtPageNumberStart));
+        txtHeading_->setText(fromCp1252(m_.txtHeading));
+        lblPrinter_->setText(fromUtf8(m_.lblPrinter));
+        lblProcs_->setText(fromUtf8(m_.lblProcs));
+    }
+
+    PrintDialogModel& m_;
+    QRadioButton* views_[4] = {};
+    QRadioButton* selected_[2] = {};
+    QCheckBox* pages_ = nullptr;
+    QLineEdit* txtHeading_ = nullptr;
+    QLabel* lblPrinter_ = nullptr;
+    QLabel* lblProcs_ = nullptr;
+    std::map<std::string, QCheckBox*> checks_;
+    std::map<std::string, QLineEdit*> fields_;
+};
+
+// HLYDSelectProc: a list that keeps filling the form, and All, None, OK, Cancel.
+bool showSelectForm(QWidget* parent, SelectProcModel& m) {
+    QDialog form(parent);
+    form.setObjectName("HLYDSelectProc");
+    form.setWindowTitle(fromUtf8(m.Caption));
+    auto* box = new QVBoxLayout(&form);
+    box->addWidget(new QLabel(fromUtf8(m.lblProc)));
+    auto* list = new QListWidget;
+    list->setObjectName("lstProc");
+    list->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (std::size_t i = 0; i < m.lstProc.size(); ++i) {
+        list->addItem(fromCp1252(m.lstProc[i]));
+        list->item(static_cast<int>(i))->setSelected(m.selected[i]);
+    }
+    box->addWidget(list, 1);
+    auto* row = new QHBoxLayout;
+    std::map<std::string, QPushButton*> buttons;
+    for (const auto& [name, caption] : selectProcCaptions()) {
+        buttons[name] = new QPushButton(fromUtf8(caption));
+        buttons[name]->setObjectName(fromUtf8(name));
+        row->addWidget(buttons[name]);
+    }
+    box->addLayout(row);
+    buttons["cmdHelp"]->setEnabled(false);
+    QObject::connect(buttons["cmdAll"], &QPushButton::clicked, list, &QListWidget::selectAll);
+    QObject::connect(buttons["cmdNone"], &QPushButton::clicked, list, &QListWidget::clearSelection);
+    QObject::connect(buttons["cmdOK"], &QPushButton::clicked, &form, &QDialog::accept);
+    QObject::connect(buttons["cmdCancel"], &QPushButton::clicked, &form, &QDialog::reject);
+    QObject::connect(list, &QListWidget::itemDoubleClicked, &form, [&form](QListWidgetItem* item) {
+        item->setSelected(true);
+        form.accept();
+    });
+    if (form.exec() != QDialog::Accepted) return false;
+    for (int i = 0; i < list->count(); ++i) m.selected[static_cast<std::size_t>(i)] = list->item(i)->isSelected();
+    return true;
+}
+
+// HLYDPrintStatus: closing it by the window's menu is a Cancel.
+class StatusForm : public QDialog {
+public:
+    explicit StatusForm(QWidget* parent) : QDialog(parent) {
+        setObjectName("HLYDPrintStatus");
+        setWindowTitle(fromUtf8(printStatusDialog().Caption));
+        auto* box = new QVBoxLayout(this);
+        page_ = new QLabel;
+        page_->setObjectName("lblPage");
+        page_->setMinimumWidth(320);
+        box->addWidget(page_);
+        cancel_ = new QPushButton(fromUtf8(printStatusDialog().cmdCancel));
+        cancel_->setObjectName("cmdCancel");
+        connect(cancel_, &QPushButton::clicked, this, [this] {
+            cmdCancel_Click();
+            showModel();
+        });
+        box->addWidget(cancel_, 0, Qt::AlignHCenter);
+    }
+    void showModel() {
+        page_->setText(fromCp1252(printStatusDialog().lblPage));
+        cancel_->setText(fromUtf8(printStatusDialog().cmdCancel));
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        if (printStatusDialog().visible) {
+            printStatusClosedByUser();
+            showModel();
+            event->ignore();
+            return;
+        }
+        QDialog::closeEvent(event);
+    }
+    void reject() override {
+        if (printStatusDialog().visible) printStatusClosedByUser();
+        showModel();
+    }
+
+private:
+    QLabel* page_ = nullptr;
+    QPushButton* cancel_ = nullptr;
+};
+
+}  // namespace
+
+void installPrintDialogs(QWidget* parent) {
+    QPointer<QWidget> owner(parent);
+    setPrintDialogView([owner](PrintDialogModel& m) {
+        PrintForm form(owner, m);
+        return form.exec() == QDialog::Accepted;
+    });
+    setSelectProcView([owner](SelectProcModel& m) { return showSelectForm(owner, m); });
+    auto* status = new StatusForm(parent);
+    QPointer<StatusForm> statusForm(status);
+    setPrintStatusShown([statusForm](bool shown) {
+        if (!statusForm) return;
+        statusForm->showModel();
+        statusForm->setVisible(shown);
+    });
+    setPrintStatusView([statusForm](const std::string&) {
+        if (statusForm) statusForm->showModel();
+    });
+}
+
+}  // namespace hlyd

@@ -1,0 +1,116 @@
+#include "printing/print_dialog.h"
+
+#include <utility>
+
+#include "base/c_log.h"
+#include "files/file_table.h"
+#include "files/print_history.h"
+#include "printing/print_state.h"
+#include "printing/select_proc.h"
+#include "settings/attributes.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+PrintDialogView dialogView;
+
+bool changedSincePrinted(const std::string& name) {
+    try {
+        return bIsNewer(name);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+void chooseFiles(const PrintDialogModel& m, PrintDialogRequest& r) {
+    FileCollection& files = oFile();
+    if (m.chkAll[0] || m.chkAll[1]) {
+        r.AllFiles = kPrintAllFiles;
+        for (int i = 1; i <= files.Count(); ++i)
+            files.Item(i).IsSelected = m.chkAll[0] || changedSincePrinted(files.Item(i).FileName);
+        return;
+    }
+    if (m.optSelectedProcedures[kSelectFiles]) {
+        int selected = 0;
+        for (int i = 1; i <= files.Count(); ++i) selected += files.Item(i).IsSelected ? 1 : 0;
+        r.AllFiles = selected < files.Count() ? kPrintSomeFiles : kPrintAllFiles;
+        return;
+    }
+    r.AllFiles = kPrintCurrentFile;
+    r.ProcsSelected = m.optSelectedProcedures[kSelectProcedures];
+}
+
+void setView(int view, PrintDialogRequest& r) {
+    r.Code = view == kViewBoth || view == kViewCodeOnly;
+    r.FormDef = view == kViewBoth || view == kViewFormDefOnly;
+}
+
+std::int32_t pageValue(const std::string& text) { return text.empty() ? 0 : std::stoi(text); }
+
+void readDialog(const PrintDialogModel& m, PrintDialogRequest& r) {
+    r.PageRange = m.optPageRange;
+    if (r.PageRange) {
+        r.FirstPage = pageValue(m.txtPageRange[0]);
+        r.LastPage = pageValue(m.txtPageRange[1]);
+    }
+    r.NoHistory = m.chkDontUpdate;
+    r.PrintContinuous = m.chkPrintContinuous;
+    chooseFiles(m, r);
+    r.SkipAttributes = m.chkSkipAttributes;
+    r.ProcContents = m.chkProcContents;
+    r.TableOfContents = m.chkTOC;
+    r.PrintedPageNumber = pageValue(m.txtPageNumberStart) - 1;
+    setView(m.optView, r);
+    r.OptionalLine = m.txtHeading;
+    // Neither code nor form of the current file: what is left to print is its procedure table.
+    r.ContentsOnly = !r.Code && !r.FormDef && r.AllFiles == kPrintCurrentFile && r.ProcContents;
+}
+
+const char* yesNo(bool on) { return on ? "True" : "False"; }
+
+void logRequest(const PrintDialogRequest& r) {
+    cLog& log = theLog();
+    log.LogData("AllFiles=" + std::to_string(r.AllFiles) + " PrintProcContents=" + yesNo(r.ProcContents) +
+                " ProcSelected=" + yesNo(r.ProcsSelected) + " HeadingOptions...");
+    log.LogData("  OptionalLine=<" + r.OptionalLine + ">");
+}
+
+bool showDialog(PrintDialogModel& m) {
+    if (dialogView) return dialogView(m);
+    return cmdOK_Click(m);
+}
+
+}  // namespace
+
+PrintDialogRequest requestFromSettings() {
+    const HlydSettings& s = hlydSettings();
+    PrintDialogRequest r;
+    r.ProcContents = s.ProcContentsPrint;
+    r.TableOfContents = s.TableOfContents;
+    r.PrintContinuous = s.PrintContinuous;
+    r.SkipAttributes = displayAttributes().Format[kPrint].SkipAttributes != 0;
+    r.Code = s.ViewCode[kPrint];
+    r.FormDef = s.ViewFormDef[kPrint];
+    r.OptionalLine = s.OptionalHeading;
+    return r;
+}
+
+void setPrintDialogView(PrintDialogView view) { dialogView = std::move(view); }
+
+bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request) {
+    PrintDialogModel m;
+    fillPrintDialog(m);
+    if (!showDialog(m)) return false;
+    readDialog(m, request);
+    logRequest(request);
+    return true;
+}
+
+void resetPrintDialogs() {
+    dialogView = nullptr;
+    setSelectProcView(nullptr);
+}
+
+}  // namespace hlyd

@@ -1,0 +1,160 @@
+#include "printing/print_request.h"
+
+#include "base/app_info.h"
+#include "base/message_box.h"
+#include "files/file_table.h"
+#include "files/main_window_model.h"
+#include "printing/print_dialog.h"
+#include "printing/print_file.h"
+#include "printing/print_output.h"
+#include "printing/print_run_steps.h"
+#include "printing/print_state.h"
+#include "printing/print_status.h"
+#include "settings/attributes.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+// What the dialog may change for one run only; it all returns when the command ends, however
+// it ends.
+class KeptForRun {
+public:
+    KeptForRun() : area_(printState().UsableArea) {
+        const HlydSettings& s = hlydSettings();
+        procContents_ = s.ProcContentsPrint;
+        tableOfContents_ = s.TableOfContents;
+        printContinuous_ = s.PrintContinuous;
+    }
+    ~KeptForRun() { putBack(); }
+    void putBack() const {
+        HlydSettings& s = hlydSettings();
+        AreaRecord& area = printState().UsableArea;
+        area.Bottom = area_.Bottom;
+        area.Height = area_.Height;
+        area.Right = area_.Right;
+        area.Width = area_.Width;
+        s.ProcContentsPrint = procContents_;
+        s.TableOfContents = tableOfContents_;
+        s.PrintContinuous = printContinuous_;
+    }
+
+private:
+    AreaRecord area_;
+    bool procContents_ = false;
+    bool tableOfContents_ = false;
+    bool printContinuous_ = false;
+};
+
+// The window takes no input and the status dialog shows while the run goes on; both end with
+// the run, also when it stops or fails.
+class RunFence {
+public:
+    RunFence() {
+        mainWindow().disableControls();
+        openPrintStatus();
+    }
+    ~RunFence() {
+        mainWindow().enableControls();
+        closePrintStatus();
+    }
+};
+
+// The lasting choices of the dialog go into the settings. The choices for this run only reach
+// the settings after this save, and leave them when the command ends.
+void saveLastingChoices(const PrintDialogRequest& r) {
+    HlydSettings& s = hlydSettings();
+    s.OptionalHeading = r.OptionalLine;
+    s.ViewCode[kPrint] = r.Code;
+    s.ViewFormDef[kPrint] = r.FormDef;
+    displayAttributes().Format[kPrint].SkipAttributes = r.SkipAttributes ? 1 : 0;
+    sbPrintINISave();
+}
+
+void takeRequest(const PrintDialogRequest& r) {
+    HlydSettings& s = hlydSettings();
+    PrintState& p = printState();
+    s.ProcContentsPrint = r.ProcContents;
+    s.TableOfContents = r.TableOfContents;
+    s.PrintContinuous = r.PrintContinuous;
+    p.PageRange = r.PageRange;
+    p.FirstPage = r.FirstPage;
+    p.LastPage = r.LastPage;
+    p.PrintedPageNumber = r.PrintedPageNumber;
+    p.NoHistory = r.NoHistory;
+    p.OptionalLine = r.OptionalLine;
+    p.Code = r.Code;
+    p.FormDef = r.FormDef;
+    p.ProcsSelected = r.ProcsSelected;
+}
+
+void printContentsOnly() {
+    const FileTableModule& f = fileTable();
+    if (f.oFile.Item(f.wCurrentFile).FileType == kFileSource) HlydPRProcessProcContentsRequest();
+    else HlydPRProcessProjectProcContentsRequest();
+}
+
+void printChosenFiles(const PrintDialogRequest& r, PrintRunResult& result) {
+    int current = fileTable().wCurrentFile;
+    bool currentOnly = r.AllFiles == kPrintCurrentFile;
+    auto wanted = [currentOnly, current](int which) {
+        return currentOnly ? which >= current : oFile().Item(which).IsSelected;
+    };
+    // The selection of procedures belongs to the current file alone.
+    auto onLoaded = [currentOnly] {
+        if (!currentOnly) printState().ProcsSelected = false;
+    };
+    printWantedFiles(wanted, currentOnly, onLoaded, result);
+}
+
+void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
+    PrintRunResult result;
+    if (!printerReadyForRun(result)) return;
+    std::int16_t shown = fileTable().wCurrentFile;
+    RunFence fence;
+    beginRun(outputPath);
+    takeRequest(r);
+    if (r.ContentsOnly) printContentsOnly();
+    else printChosenFiles(r, result);
+    endRun(result);
+    showFileAgain(shown);
+    if (!result.written && !result.error.empty())
+        showMessage(result.error, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+}
+
+}  // namespace
+
+void HlydPRProcessPrintRequest() {
+    if (oFile().Count() == 0) return;
+    KeptForRun kept;
+    PrintDialogRequest request = requestFromSettings();
+    if (!hlydSettings().DoNotShowPrintDialog && !HlydHLYDPrintProcessDialog(request)) return;
+    std::string outputPath;
+    if (!askPrintOutputPath(outputPath)) return;
+    saveLastingChoices(request);
+    runRequest(request, outputPath);
+}
+
+void printThisProcedure() {
+    const FileTableModule& f = fileTable();
+    int shownProc = mainWindow().cboProc.ListIndex;
+    if (f.oFile.Count() == 0 || shownProc < 0) return;
+    KeptForRun kept;
+    PrintDialogRequest request = requestFromSettings();
+    PrintState& p = printState();
+    p.SelectedProcs.assign(yProc().size(), 0);
+    for (std::size_t e = 0; e < yProc().size(); ++e)
+        if (yProc()[e].ListIndex == shownProc) p.SelectedProcs[e] = 1;
+    request.ProcsSelected = true;
+    std::string outputPath;
+    if (askPrintOutputPath(outputPath)) runRequest(request, outputPath);
+}
+
+void stopPrinting() {
+    MsgAnswer answer = showMessage("Are you sure you want to stop?", theAppInfo().Title, MsgButtons::YesNo,
+                                   MsgIcon::Question);
+    if (answer == MsgAnswer::Yes) printState().PrintStatus = kPrintStopped;
+}
+
+}  // namespace hlyd

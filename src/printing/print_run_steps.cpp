@@ -1,0 +1,99 @@
+#include "printing/print_run_steps.h"
+
+#include "base/app_info.h"
+#include "base/message_box.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "platform/printer.h"
+#include "printing/contents.h"
+#include "printing/print_file.h"
+#include "printing/print_state.h"
+#include "printing/print_status.h"
+#include "settings/settings_store.h"
+
+namespace hlyd {
+
+namespace {
+
+// Loads the file at `which`; false when it could not be read (it has then left the table).
+bool loadForPrinting(int which, PrintRunResult& result) {
+    FileTableModule& files = fileTable();
+    std::string name = files.oFile.Item(which).FileName;
+    int count = files.oFile.Count();
+    showPrintStatus(name + "\r\n\r\nInitializing");
+    HlydFLProcessSelectedFile(static_cast<std::int16_t>(which));
+    if (files.oFile.Count() == count) return true;
+    result.skipped.push_back(name);
+    return false;
+}
+
+}  // namespace
+
+bool printerReadyForRun(PrintRunResult& result) {
+    Printer* printer = currentPrinter();
+    PrintState& p = printState();
+    if (!printer || !p.PrinterValid || fileTable().oFile.Count() == 0) {
+        result.written = false;
+        result.error = printer ? "Printing is disabled." : "There is no printer.";
+        return false;
+    }
+    if (p.AreaError == kAreaOk) return true;
+    result.written = false;
+    result.error =
+        "The margins and columns in force leave no room to print on the page of " + printer->deviceName() + ".";
+    showMessage(result.error + "\nChoose other margins or fewer columns in the print options.", theAppInfo().Title,
+                MsgButtons::OK, MsgIcon::Warning);
+    return false;
+}
+
+void beginRun(const std::string& outputPath) {
+    PrintState& p = printState();
+    resetTOC();
+    p.PrintStatus = kPrintOk;
+    p.DocumentDropped = false;
+    // Every run numbers its lines from the increment, whatever the start setting says.
+    p.CurrentLineNumber = hlydSettings().LineNumberIncrement;
+    currentPrinter()->beginJob(outputPath);
+    HlydPRInit();
+}
+
+void printWantedFiles(const std::function<bool(int which)>& wanted, bool firstOnly,
+                      const std::function<void()>& onLoaded, PrintRunResult& result) {
+    PrintState& p = printState();
+    FileTableModule& files = fileTable();
+    for (int i = 1; i <= files.oFile.Count() && p.PrintStatus != kPrintStopped;) {
+        if (!wanted(i)) {
+            ++i;
+            continue;
+        }
+        if (hlydSettings().LineNumberHow == 2) p.CurrentLineNumber = hlydSettings().LineNumberIncrement;
+        if (!loadForPrinting(i, result)) continue;
+        files.wCurrentFile = static_cast<std::int16_t>(i);
+        onLoaded();
+        wPos pos;
+        HlydPRProcessCodeOrProjectFile(pos);
+        if (firstOnly) break;
+        ++i;
+    }
+}
+
+void endRun(PrintRunResult& result) {
+    PrintState& p = printState();
+    Printer* printer = currentPrinter();
+    wPos pos;
+    if (p.PrintStatus != kPrintStopped && hlydSettings().TableOfContents) {
+        duplexPadding(false);
+        EmitTOC(pos);
+    }
+    if (hlydSettings().PrintContinuous) printer->endDoc();
+    result.printStatus = p.PrintStatus;
+    result.written = printer->endJob(p.PrintStatus != kPrintStopped);
+    if (!result.written) result.error = printer->jobError();
+}
+
+void showFileAgain(std::int16_t shown) {
+    FileTableModule& files = fileTable();
+    if (shown >= 1 && shown <= files.oFile.Count() && shown != files.wCurrentFile) HlydFLProcessSelectedFile(shown);
+}
+
+}  // namespace hlyd

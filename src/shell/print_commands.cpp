@@ -1,0 +1,75 @@
+#include "shell/print_commands.h"
+
+#include "base/app_info.h"
+#include "base/message_box.h"
+#include "display/command_states.h"
+#include "files/file_table.h"
+#include "files/main_window_model.h"
+#include "printing/print_request.h"
+#include "printing/print_state.h"
+#include "printing/printer_start.h"
+
+namespace hlyd {
+
+namespace {
+
+const char* const kFontsUnsuitable =
+    "Invalid font(s) selected for the chosen printer -- \r\n"
+    "Halyard's Printing functions are disabled.\r\n"
+    "In order to print either select different fonts using \r\n"
+    "View Print Option/Fonts or choose a different printer with File/Print \r\n"
+    "Setup or install the desired font(s).";
+
+std::string shownFileName() {
+    const FileTableModule& f = fileTable();
+    if (f.wCurrentFile < 1 || f.wCurrentFile > f.oFile.Count()) return "";
+    return f.oFile.Item(f.wCurrentFile).FileName;
+}
+
+bool shownFileIsSource() {
+    const FileTableModule& f = fileTable();
+    if (f.wCurrentFile < 1 || f.wCurrentFile > f.oFile.Count()) return false;
+    return f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
+}
+
+// lblStatus names the file while its print command runs.
+class PrintingStatus {
+public:
+    PrintingStatus() { mainWindow().lblStatus = "Printing " + shownFileName(); }
+    ~PrintingStatus() { mainWindow().lblStatus.clear(); }
+};
+
+}  // namespace
+
+void sbPrintButtonSet(bool tellFonts) {
+    const PrintState& p = printState();
+    bool canPrint = p.PrinterPresent && p.PrinterValid && !p.PrintingInProgress;
+    bool fileOpen = oFile().Count() > 0;
+    setButtonAndMenu("tbrPrint", "mnuFilPrint", canPrint && fileOpen);
+    setCommand("tbrPrintThisProcedure", canPrint && shownFileIsSource() && mainWindow().cboProc.ListIndex >= 0);
+    setCommand("mnuFilPrintSetup", !p.PrintingInProgress);
+    if (tellFonts && p.PrinterPresent && !p.PrinterValid) showMessage(kFontsUnsuitable, theAppInfo().Title);
+}
+
+void mnuFilPrint_Click() {
+    {
+        PrintingStatus status;
+        HlydPRProcessPrintRequest();
+    }
+    sbPrintButtonSet();
+}
+
+void mnuFilPrintSetup_Click() {
+    HlydPAProcessSetupRequest(true);
+    sbPrintButtonSet(true);
+}
+
+void tbrPrintThisProcedure_Click() {
+    {
+        PrintingStatus status;
+        printThisProcedure();
+    }
+    sbPrintButtonSet();
+}
+
+}  // namespace hlyd

@@ -1,0 +1,353 @@
+// The print command from its dialog to the paper of the recording printer: the dialog's checks,
+// the choices it turns into a run, the status dialog's Cancel, the window fenced while the run
+// goes on, and the file a PDF printer writes to.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/main_window_model.h"
+#include "files/print_history.h"
+#include "printing/print_dialog.h"
+#include "printing/print_request.h"
+#include "printing/print_state.h"
+#include "printing/print_status.h"
+#include "printing/printer_start.h"
+#include "printing/printer_systems.h"
+#include "printing/recording_printer.h"
+#include "printing/select_proc.h"
+#include "settings/attributes.h"
+#include "settings/settings_store.h"
+#include "shell/print_commands.h"
+#include "shell/window_commands.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+// A recorder that keeps where each job was to be written.
+class FileRecorder : public RecordingPrinter {
+public:
+    FileRecorder(std::string name, Sink sink, std::vector<std::string>& paths)
+        : RecordingPrinter(std::move(name), std::move(sink)), paths_(paths) {}
+    void beginJob(const std::string& outputPath) override { paths_.push_back(outputPath); }
+
+private:
+    std::vector<std::string>& paths_;
+};
+
+class FileRecorderSystem : public RecordingPrinterSystem {
+public:
+    FileRecorderSystem(const std::string& name, RecordingPrinter::Sink sink, std::vector<std::string>& paths)
+        : RecordingPrinterSystem(name, sink), paths_(paths) {}
+    std::unique_ptr<Printer> open(const std::string& wanted) override {
+        if (wanted != name()) return nullptr;
+        return std::make_unique<FileRecorder>(name(), sink(), paths_);
+    }
+
+private:
+    std::vector<std::string>& paths_;
+};
+
+using test::procedures;
+
+class PrintRequestTest : public test::ProgramTest {
+protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        HlydSettings& s = hlydSettings();
+        s.HeadingLeft = s.HeadingCenter = s.HeadingRight = "";
+        s.FootingLeft = s.FootingCenter = s.FootingRight = "";
+        s.SaveHYInfo = false;
+        s.TableOfContents = false;
+        s.ProcContentsPrint = false;
+        s.PrintContinuous = false;
+        usePrinter("Recorder");
+        installCommandHooks();
+    }
+    void TearDown() override {
+        setPrinterSystem(nullptr);
+        ProgramTest::TearDown();
+    }
+    void usePrinter(const std::string& name) {
+        hlydSettings().CurrentPrinter = name;
+        recorders = std::make_unique<FileRecorderSystem>(
+            name, [this](const PrintEvent& e) { events.push_back(e); }, jobPaths);
+        setPrinterSystem(recorders.get());
+        InitPrinter();
+    }
+    // The print command with a dialog whose user does `act` and then presses OK once.
+    void printWith(const std::function<void(PrintDialogModel&)>& act) {
+        setPrintDialogView([act](PrintDialogModel& m) {
+            act(m);
+            return cmdOK_Click(m);
+        });
+        events.clear();
+        HlydPRProcessPrintRequest();
+    }
+    std::vector<PrintEvent> of(PrintEvent::Kind kind) const { return test::eventsOf(events, kind); }
+    bool printed(const std::string& wanted) const { return test::textPrinted(events, wanted); }
+    std::int32_t delivered() const { return dynamic_cast<RecordingPrinter*>(currentPrinter())->pagesDelivered(); }
+    // Marks the files as printed a minute after they were saved.
+    void markAllPrinted() {
+        hlydSettings().SaveHYInfo = true;
+        clock.moment = std::time(nullptr) + 60;
+        for (int i = 1; i <= oFile().Count(); ++i) {
+            fileTable().wCurrentFile = static_cast<std::int16_t>(i);
+            SaveHYInfo();
+        }
+    }
+
+    std::unique_ptr<FileRecorderSystem> recorders;
+    std::vector<PrintEvent> events;
+    std::vector<std::string> jobPaths;
+};
+
+TEST_F(PrintRequestTest, OkTellsWhyItRefusesAndTheDialogStaysOpen) {
+    showSource("one.bas", procedures(2, 1));
+    markAllPrinted();
+    PrintDialogModel m;
+    fillPrintDialog(m);
+    EXPECT_EQ(m.lblPrinter, "Printer: Recorder");
+    EXPECT_EQ(m.lblProcs, "Entire file selected.");
+
+    m.chkDontShow = true;
+    m.optSelectedProcedures[kSelectProcedures] = true;
+    EXPECT_FALSE(cmdOK_Click(m));
+    EXPECT_TRUE(hlydSettings().DoNotShowPrintDialog);  // kept even though OK was refused
+    optSelectedProcedures_Click(m, kSelectFiles);
+    EXPECT_EQ(m.lblProcs, "Selected Files");
+    EXPECT_FALSE(cmdOK_Click(m));
+    m.chkAll[1] = true;
+    chkAll_Click(m, 1);
+    EXPECT_FALSE(m.optSelectedProcedures[kSelectFiles]);
+    EXPECT_FALSE(cmdOK_Click(m));
+    m.chkCurrent = true;
+    chkCurrent_Click(m);
+    EXPECT_FALSE(m.chkAll[1]);
+    EXPECT_EQ(m.lblProcs, "Current file selected");
+    m.txtPageNumberStart = "1a";
+    EXPECT_FALSE(cmdOK_Click(m));
+    EXPECT_EQ(m.focus, "txtPageNumberStart");
+    m.txtPageNumberStart = "1";
+    m.optPageRange = true;
+    optPageRange_Click(m);
+    EXPECT_TRUE(m.txtPageRangeEnabled);
+    m.txtPageRange = {"2", ""};
+    EXPECT_FALSE(cmdOK_Click(m));
+    EXPECT_EQ(m.focus, "txtPageRange1");
+    m.txtPageRange[1] = "3";
+    EXPECT_TRUE(cmdOK_Click(m));
+
+    std::vector<std::string> told;
+    for (const MessageBoxRequest& r : ui.shown) {
+        told.push_back(r.text);
+        EXPECT_EQ(r.icon, MsgIcon::Warning);
+    }
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        "You must select procedures to print before Halyard can print",
+                        "You must select files to print before Halyard can print",
+                        "There are no files that have been changed since last Halyard",
+                        "You must define a valid page number before Halyard can print",
+                        "You must define a valid page number before Halyard can print",
+                    }));
+    EXPECT_TRUE(acceptsPageKey('7'));
+    EXPECT_FALSE(acceptsPageKey('x'));
+}
+
+TEST_F(PrintRequestTest, NewerFilesWithNothingChangedRefuseOkAndPrintNothing) {
+    showSource("one.bas", procedures(1, 1));
+    showSource("two.bas", procedures(1, 1));
+    markAllPrinted();
+    int refusals = 0;
+    setPrintDialogView([&refusals](PrintDialogModel& m) {
+        m.chkAll[1] = true;
+        chkAll_Click(m, 1);
+        refusals += cmdOK_Click(m) ? 0 : 1;
+        return false;  // the user gives up
+    });
+    events.clear();
+    HlydPRProcessPrintRequest();
+    EXPECT_EQ(refusals, 1);
+    EXPECT_TRUE(events.empty());
+}
+
+TEST_F(PrintRequestTest, AStartingNumberOfFiveIsTheFirstPagesNumber) {
+    hlydSettings().PageNumberHow = 2;
+    showSource("one.bas", procedures(1, 60));
+    printWith([](PrintDialogModel& m) { m.txtPageNumberStart = "5"; });
+    std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
+    ASSERT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages[0].printed, 5);
+    EXPECT_EQ(pages[1].printed, 6);
+}
+
+TEST_F(PrintRequestTest, ARangePastTheEndPrintsNothing) {
+    showSource("one.bas", procedures(1, 60));
+    printWith([](PrintDialogModel& m) {
+        m.optPageRange = true;
+        m.txtPageRange = {"5", "9"};
+    });
+    EXPECT_EQ(delivered(), 0);
+    EXPECT_TRUE(of(PrintEvent::EndDoc).empty());
+}
+
+TEST_F(PrintRequestTest, NeitherCodeNorFormPrintsOnlyWhatTheContentsNeed) {
+    showSource("one.bas", procedures(1, 3));
+    showSource("two.bas", procedures(1, 3));
+    printWith([](PrintDialogModel& m) {
+        m.optView = kViewNeither;
+        m.chkTOC = true;
+        m.chkProcContents = false;
+        m.chkAll[0] = true;
+        chkAll_Click(m, 0);
+        m.txtHeading = "Draft";
+    });
+    EXPECT_FALSE(printed("X1_1"));
+    EXPECT_FALSE(printed("Sub"));
+    EXPECT_TRUE(printed(oFile().Item(1).FileName));
+    EXPECT_TRUE(printed(oFile().Item(2).FileName));
+    // The choices for one run do not outlive it; the lasting ones are kept.
+    EXPECT_FALSE(hlydSettings().TableOfContents);
+    EXPECT_FALSE(hlydSettings().ViewCode[kPrint]);
+    EXPECT_EQ(iniHandler().ReadString("TableOfContents", "", "General"), "No");
+    EXPECT_EQ(iniHandler().ReadString("OptionalHeading", "", "General"), "Draft");
+}
+
+TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
+    showSource("one.bas", procedures(1, 3));
+    showSource("two.bas", procedures(1, 3));
+    HlydFLProcessSelectedFile(1);
+    std::string second = oFile().Item(2).FileName;
+    setPrintStatusView([second](const std::string& text) {
+        if (text.rfind(second, 0) == 0) cmdCancel_Click();
+    });
+    printWith([](PrintDialogModel& m) {
+        m.chkAll[0] = true;
+        chkAll_Click(m, 0);
+    });
+    EXPECT_EQ(printStatusDialog().cmdCancel, "CANCELLED");
+    EXPECT_EQ(printState().PrintStatus, kPrintStopped);
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(of(PrintEvent::EndDoc).size(), 1u);  // the first file's document
+    EXPECT_EQ(events.back().kind, PrintEvent::KillDoc);
+    EXPECT_EQ(fileTable().wCurrentFile, 1);  // the file that was on screen comes back
+}
+
+TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStopped) {
+    showSource("one.bas", procedures(1, 60));
+    sbButtonsOpen();
+    EXPECT_TRUE(mainWindow().command("mnuFilPrint").enabled);
+    std::vector<bool> enabledDuring;
+    std::vector<bool> statusShown;
+    ui.answers = {MsgAnswer::Yes};
+    setPrintStatusView([&](const std::string&) {
+        enabledDuring.push_back(mainWindow().controlsEnabled);
+        statusShown.push_back(printStatusDialog().visible);
+        if (enabledDuring.size() == 1) stopPrinting();
+    });
+    setPrintDialogView([](PrintDialogModel& m) { return cmdOK_Click(m); });
+    mnuFilPrint_Click();
+    ASSERT_FALSE(enabledDuring.empty());
+    EXPECT_FALSE(enabledDuring.front());
+    EXPECT_TRUE(statusShown.front());
+    EXPECT_EQ(ui.shown.back().text, "Are you sure you want to stop?");
+    EXPECT_EQ(printState().PrintStatus, kPrintStopped);
+    EXPECT_TRUE(mainWindow().controlsEnabled);
+    EXPECT_FALSE(printStatusDialog().visible);
+    EXPECT_TRUE(mainWindow().command("tbrPrint").enabled);
+}
+
+TEST_F(PrintRequestTest, SelectedProceduresAloneArePrinted) {
+    showSource("one.bas", procedures(3, 1));
+    setSelectProcView([](SelectProcModel& m) {
+        EXPECT_EQ(m.Caption, "Select Procs to Print");
+        EXPECT_EQ(m.lblProc, "Procedures");
+        cmdAll_Click(m);
+        cmdNone_Click(m);
+        m.selected[std::find(m.lstProc.begin(), m.lstProc.end(), "P2") - m.lstProc.begin()] = true;
+        return true;
+    });
+    std::string line;
+    printWith([&line](PrintDialogModel& m) {
+        optSelectedProcedures_Click(m, kSelectProcedures);
+        EXPECT_EQ(HlydHLYDPrintSelectProc(m, false), 1);
+        line = m.lblProcs;
+    });
+    EXPECT_EQ(line, "1 Procs selected.");
+    EXPECT_TRUE(printed("X2_1"));
+    EXPECT_FALSE(printed("X1_1"));
+    EXPECT_FALSE(printed("X3_1"));
+}
+
+TEST_F(PrintRequestTest, PrintThisProcedurePrintsTheProcedureShown) {
+    showSource("one.bas", procedures(3, 1));
+    auto shown = std::find_if(yProc().begin(), yProc().end(), [](const ProcEntry& e) { return e.Name == "P3"; });
+    ASSERT_NE(shown, yProc().end());
+    mainWindow().cboProc.ListIndex = shown->ListIndex;
+    sbButtonsOpen();
+    EXPECT_TRUE(mainWindow().command("tbrPrintThisProcedure").enabled);
+    events.clear();
+    tbrPrintThisProcedure_Click();
+    EXPECT_TRUE(printed("X3_1"));
+    EXPECT_FALSE(printed("X1_1"));
+}
+
+TEST_F(PrintRequestTest, SelectedFilesAreTheOnlyOnesPrinted) {
+    showSource("one.bas", procedures(1, 1));
+    showSource("two.bas", "Sub Q()\nY = 1\nEnd Sub\n");
+    setSelectProcView([](SelectProcModel& m) {
+        EXPECT_EQ(m.Caption, "Select Files to Print");
+        EXPECT_EQ(m.lblProc, "Files");
+        m.selected = {false, true};
+        return true;
+    });
+    std::string line;
+    printWith([&line](PrintDialogModel& m) {
+        optSelectedProcedures_Click(m, kSelectFiles);
+        HlydHLYDPrintSelectProc(m, true);
+        line = m.lblProcs;
+    });
+    EXPECT_EQ(line, "1 Files selected.");
+    EXPECT_TRUE(printed("Y"));
+    EXPECT_FALSE(printed("X1_1"));
+}
+
+TEST_F(PrintRequestTest, NeitherWithTheProcedureTablePrintsTheTableAlone) {
+    showSource("one.bas", procedures(2, 1));
+    // The table lists the procedures with the pages of the listing printed last.
+    printWith([](PrintDialogModel&) {});
+    ASSERT_TRUE(printed("X1_1"));
+    printWith([](PrintDialogModel& m) {
+        m.optView = kViewNeither;
+        m.chkProcContents = true;
+    });
+    EXPECT_FALSE(printed("X1_1"));
+    EXPECT_TRUE(printed("P2"));
+    EXPECT_FALSE(hlydSettings().ProcContentsPrint);
+}
+
+TEST_F(PrintRequestTest, ThePdfPrinterAsksWhereAndStartsInTheFolderUsedLast) {
+    usePrinter("PDF");
+    showSource("module.bas", procedures(1, 1));
+    ui.saveAnswer = dir + "/out/first.pdf";
+    printWith([](PrintDialogModel&) {});
+    ASSERT_EQ(ui.dialogs.size(), 1u);
+    EXPECT_EQ(ui.dialogs[0].fileName, "module.pdf");
+    ASSERT_EQ(jobPaths.size(), 1u);
+    EXPECT_EQ(jobPaths[0], dir + "/out/first.pdf");
+    EXPECT_EQ(hlydSettings().LastPDFLoc, dir + "/out");
+    printWith([](PrintDialogModel&) {});
+    EXPECT_EQ(ui.dialogs[1].directory, dir + "/out");
+    ui.saveAnswer.reset();  // Cancel in the save dialog prints nothing
+    printWith([](PrintDialogModel&) {});
+    EXPECT_TRUE(events.empty());
+}
+
+}  // namespace
+}  // namespace hlyd

@@ -1,0 +1,82 @@
+// The Print dialog in the window, offscreen: opened by its command, filled in by a user, and the
+// listing out on the recording printer.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <memory>
+#include <vector>
+
+#include "dialogs/hlyd_window.h"
+#include "platform/qt/image_surface.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "files/main_window_model.h"
+#include "printing/printer_start.h"
+#include "printing/printer_systems.h"
+#include "printing/recording_printer.h"
+#include "settings/settings_store.h"
+#include "shell/window_commands.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+class PrintDialogWindowTest : public test::ProgramTest {
+protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        HlydSettings& s = hlydSettings();
+        s.CurrentPrinter = "Recorder";
+        s.PageNumberHow = 2;
+        s.SaveHYInfo = false;
+        recorders = std::make_unique<RecordingPrinterSystem>("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
+        setPrinterSystem(recorders.get());
+        InitPrinter();
+        window = std::make_unique<HlydWindow>();
+        setDisplaySurface(&window->picDisplay());
+        HlydDAValidateFonts();
+        sbSetToolBar();
+        window->show();
+    }
+    void TearDown() override {
+        setDisplaySurface(nullptr);
+        window.reset();
+        setPrinterSystem(nullptr);
+        ProgramTest::TearDown();
+    }
+    std::unique_ptr<RecordingPrinterSystem> recorders;
+    std::vector<PrintEvent> events;
+    std::unique_ptr<HlydWindow> window;
+};
+
+TEST_F(PrintDialogWindowTest, ThePrintCommandOpensTheDialogAndPrintsWhatItSays) {
+    showSource("module.bas", test::procedures(1, 60));
+    sbButtonsOpen();
+    window->refreshFromModel();
+    ASSERT_TRUE(window->action("mnuFilPrint")->isEnabled());
+    std::string title, allFiles;
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        title = form->windowTitle().toStdString();
+        allFiles = form->findChild<QCheckBox*>("chkAll0")->text().toStdString();
+        form->findChild<QLineEdit*>("txtPageNumberStart")->setText("3");
+        emit form->findChild<QLineEdit*>("txtPageNumberStart")->textEdited("3");
+        form->findChild<QPushButton*>("cmdOK")->click();
+    });
+    window->action("mnuFilPrint")->trigger();
+    EXPECT_EQ(title, "Print");
+    EXPECT_EQ(allFiles, "&All Files");
+    std::vector<PrintEvent> pages = test::eventsOf(events, PrintEvent::PageStart);
+    ASSERT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages[0].printed, 3);
+    EXPECT_TRUE(test::textPrinted(events, "X1_1"));
+    EXPECT_TRUE(mainWindow().controlsEnabled);
+}
+
+}  // namespace
+}  // namespace hlyd
