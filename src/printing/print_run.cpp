@@ -43,10 +43,11 @@ void selectProcedures(const std::vector<std::string>& names) {
 }
 
 // Loads the file at `which`; false when it could not be read (it has then left the table).
-bool loadForPrinting(int which, PrintRunResult& result) {
+bool loadForPrinting(int which, const PrintRunRequest& request, PrintRunResult& result) {
     FileTableModule& files = fileTable();
     std::string name = files.oFile.Item(which).FileName;
     int count = files.oFile.Count();
+    if (request.fileBegins) request.fileBegins(name);
     showPrintStatus(name + "\r\n\r\nInitializing");
     HlydFLProcessSelectedFile(static_cast<std::int16_t>(which));
     if (files.oFile.Count() == count) return true;
@@ -60,7 +61,11 @@ void printFiles(const PrintRunRequest& request, PrintRunResult& result) {
     int first = request.allFiles ? 1 : files.wCurrentFile;
     for (int i = first; i <= files.oFile.Count() && p.PrintStatus != kPrintStopped;) {
         if (hlydSettings().LineNumberHow == 2) p.CurrentLineNumber = hlydSettings().LineNumberIncrement;
-        if (!loadForPrinting(i, result)) continue;
+        if (request.sourcesOnly && files.oFile.Item(i).FileType != kFileSource) {
+            ++i;
+            continue;
+        }
+        if (!loadForPrinting(i, request, result)) continue;
         files.wCurrentFile = static_cast<std::int16_t>(i);
         selectProcedures(files.oFile.Item(i).FileType == kFileSource ? request.procNames : std::vector<std::string>{});
         wPos pos;
