@@ -72,9 +72,16 @@ TEST_F(CommandLineRunTest, AProjectPrintsEveryMemberInItsOwnOrderAndSaysSo) {
     write("Proj/Alpha.bas", module("ModA", "InAlpha"));
     EXPECT_EQ(run(dir + "/Proj/P.vbp"), 0);
     EXPECT_EQ(printedProcs(), (std::vector<std::string>{"InZeta", "InAlpha"}));
+    EXPECT_TRUE(out.str().empty());  // ink on paper: no file to name
+
+    // A member that is not there: the others are printed, and the run says which and fails.
+    write("Proj/P.vbp", "Type=Exe\r\nModule=ModB; Zeta.bas\r\nModule=ModG; Gone.bas\r\nModule=ModA; Alpha.bas\r\n");
+    err.str("");
+    EXPECT_EQ(run(dir + "/Proj/P.vbp"), kExitUnreadable);
+    EXPECT_EQ(printedProcs(), (std::vector<std::string>{"InZeta", "InAlpha"}));
     EXPECT_NE(err.str().find("printing " + dir + "/Proj/Zeta.bas\nhalyard: printing " + dir + "/Proj/Alpha.bas"),
               std::string::npos);
-    EXPECT_TRUE(out.str().empty());  // ink on paper: no file to name
+    EXPECT_NE(err.str().find("skipped Gone.bas of " + dir + "/Proj/P.vbp: not found"), std::string::npos);
 }
 
 TEST_F(CommandLineRunTest, ANameWithCapitalsIsFoundWithOrWithoutItsExtension) {

@@ -9,6 +9,7 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/open_for_run.h"
+#include "files/project_file.h"
 #include "files/run_inputs.h"
 #include "html/html_emit.h"
 #include "platform/os.h"
@@ -81,7 +82,7 @@ private:
 std::string printOutput(const std::string& source) {
     if (!job.options.pdfOut.empty()) return os::absolutePath(job.options.pdfOut);
     Printer* printer = currentPrinter();
-    if (!printer || printer->deviceName() != kPdfPrinterName) return {};
+    if (!printer || !printState().PrinterValid || printer->deviceName() != kPdfPrinterName) return {};
     return os::absolutePath(baseName(source) + ".pdf");
 }
 
@@ -121,9 +122,18 @@ void exportHtml() {
     }
 }
 
+// The project has told how many; a script wants to know which.
+void tellMissingMembers() {
+    cProjectFiles& projects = oProjectFiles();
+    for (int p = 1; p <= projects.Count(); ++p)
+        for (const std::string& member : projects.Item(p).membersNotFound())
+            fail(kExitUnreadable, "skipped " + member + " of " + projects.Item(p).FileName + ": not found");
+}
+
 void printNamedFile(const std::string& name) {
     std::string source = os::absolutePath(name);
     openFileForRun(source);
+    tellMissingMembers();
     if (oFile().Count() == 0) {
         fail(kExitUnreadable, "cannot read " + name);
         return;

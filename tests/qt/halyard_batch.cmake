@@ -88,6 +88,24 @@ if(rc EQUAL 0 OR NOT out STREQUAL "" OR NOT err MATCHES "halyard: cannot [^\n]*s
 endif()
 expect_no_pdf(${dir} "an unwritable target")
 
+# A printer that is not there: printing is off, nothing is written, and no PDF is spoken of.
+get_filename_component(projectDir ${PROJECT} DIRECTORY)
+file(COPY ${projectDir}/Sample.bas DESTINATION ${dir}/input)
+execute_process(COMMAND ${halyard} --printer "No Such Printer" ${dir}/input/Sample.bas WORKING_DIRECTORY ${dir}
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+if(NOT rc EQUAL 3 OR NOT out STREQUAL "" OR err MATCHES "\\.pdf")
+  message(FATAL_ERROR "an unknown printer gave exit ${rc}, said \"${out}\": ${err}")
+endif()
+expect_no_pdf(${dir} "an unknown printer")
+
+# The output named like the input is refused, and the input stays as it was.
+file(READ ${dir}/input/Sample.bas before)
+execute_process(COMMAND ${halyard} --pdf ${dir}/input/Sample.bas ${dir}/input/Sample.bas RESULT_VARIABLE rc OUTPUT_QUIET ERROR_QUIET)
+file(READ ${dir}/input/Sample.bas after)
+if(NOT rc EQUAL 3 OR NOT after STREQUAL before)
+  message(FATAL_ERROR "the source was written over (exit ${rc})")
+endif()
+
 # A file that is not there: non-zero.
 execute_process(COMMAND ${halyard} --pdf ${dir}/Gone.pdf ${dir}/Gone.bas RESULT_VARIABLE rc OUTPUT_QUIET ERROR_QUIET)
 if(rc EQUAL 0)
