@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -134,11 +135,18 @@ void drawOffscreenWithoutDisplay(std::int32_t mode) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
 }
 
+// A run without a window speaks to a script or a user at a terminal: Qt's notes on the desktop
+// (no runtime directory, a font substituted) would bury the one line that matters.
+void onlyQtFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 }  // namespace
 
 int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     std::int32_t mode = decideStartMode(kStartStandalone, commandLine);
     drawOffscreenWithoutDisplay(mode);
+    if (mode == kStartCommandLineFile || mode == kStartInit) qInstallMessageHandler(onlyQtFailures);
     QApplication app(argc, argv);
     QApplication::setApplicationName("Halyard");
     QSize screen = screenSizeTwips();

@@ -60,20 +60,33 @@ std::string baseName(const std::string& path) {
     return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
-// The printer of the options for this run only: the user's own choice stays in the settings.
+// The printer of the options, set up for this run only: the user's own choice stays in the
+// settings. It is set up afresh even when it is the one in force, since a start that found the
+// settings' printer gone has switched printing off.
 class PrinterForThisRun {
 public:
-    explicit PrinterForThisRun(const BatchOptions& options) : kept_(hlydSettings().CurrentPrinter) {
-        std::string wanted = !options.pdfOut.empty() ? kPdfPrinterName : options.printer;
-        if (wanted.empty() || wanted == kept_) return;
-        hlydSettings().CurrentPrinter = wanted;
-        InitPrinter();
+    explicit PrinterForThisRun(const BatchOptions& options)
+        : wanted_(!options.pdfOut.empty() ? kPdfPrinterName : options.printer), kept_(hlydSettings().CurrentPrinter) {
+        if (wanted_.empty()) return;
+        PrinterSystem* system = printerSystem();
+        std::unique_ptr<Printer> printer = system ? system->open(wanted_) : nullptr;
+        if (!printer) return;
+        installOpenedPrinter(std::move(printer));
+        HlydPAProcessSetupRequest(false);
     }
     ~PrinterForThisRun() { hlydSettings().CurrentPrinter = kept_; }
     PrinterForThisRun(const PrinterForThisRun&) = delete;
     PrinterForThisRun& operator=(const PrinterForThisRun&) = delete;
 
+    // Empty when the printer asked for is there (or none was asked for).
+    std::string problem() const {
+        Printer* printer = currentPrinter();
+        if (wanted_.empty() || (printer && printer->deviceName() == wanted_)) return {};
+        return "no printer is named " + wanted_;
+    }
+
 private:
+    std::string wanted_;
     std::string kept_;
 };
 
@@ -97,6 +110,10 @@ bool outputAllowed(const std::string& output, const std::string& source) {
 
 void printListing(const std::string& source) {
     PrinterForThisRun printer(job.options);
+    if (std::string problem = printer.problem(); !problem.empty()) {
+        fail(kExitUnwritable, "cannot print: " + problem);
+        return;
+    }
     std::string output = printOutput(source);
     if (!output.empty() && !outputAllowed(output, source)) return;
     PrintRunRequest request;

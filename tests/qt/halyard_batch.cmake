@@ -88,7 +88,16 @@ if(rc EQUAL 0 OR NOT out STREQUAL "" OR NOT err MATCHES "halyard: cannot [^\n]*s
 endif()
 expect_no_pdf(${dir} "an unwritable target")
 
-# A printer that is not there: printing is off, nothing is written, and no PDF is spoken of.
+# The settings name a printer that has gone: the start switches printing off, and --pdf still
+# prints; the settings keep the user's choice as the start left it.
+file(WRITE $ENV{HLYD_CONFIG_DIR}/HLYD.INI "[General]\nCurrentPrinter=Office Laser\n")
+execute_process(COMMAND ${halyard} --pdf ${dir}/Gone.pdf ${PROJECT} RESULT_VARIABLE rc OUTPUT_QUIET ERROR_VARIABLE err)
+if(NOT rc EQUAL 0 OR NOT EXISTS ${dir}/Gone.pdf)
+  message(FATAL_ERROR "--pdf after a printer that has gone gave exit ${rc}: ${err}")
+endif()
+file(REMOVE ${dir}/Gone.pdf)
+
+# A printer that is not there: nothing is written, and no PDF is spoken of.
 get_filename_component(projectDir ${PROJECT} DIRECTORY)
 file(COPY ${projectDir}/Sample.bas DESTINATION ${dir}/input)
 execute_process(COMMAND ${halyard} --printer "No Such Printer" ${dir}/input/Sample.bas WORKING_DIRECTORY ${dir}
