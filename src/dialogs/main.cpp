@@ -7,7 +7,7 @@
 #include "base/app_info.h"
 #include "dialogs/qt_application.h"
 #include "shell/batch_options.h"
-#include "shell/command_line.h"
+#include "shell/command_line_job.h"
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);

@@ -20,7 +20,7 @@
 #include "settings/settings_store.h"
 #include "settings/window_place.h"
 #include "shell/app_start.h"
-#include "shell/command_line.h"
+#include "shell/command_line_job.h"
 #include "shell/start_mode.h"
 
 namespace hlyd {
