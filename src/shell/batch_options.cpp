@@ -61,8 +61,9 @@ std::string batchUsage() {
            "  /init            start and leave at once\n"
            "  /idemode         open the window; closing it does not end the host\n"
            "\n"
-           "Exit status: 0 when everything was written; 2 when a file could not be read; 3 when an\n"
-           "output could not be written (then nothing is left of it); 64 for a misused option.\n";
+           "Exit status: 0 when everything was written; 1 when a run-time fault stopped the job; 2 when\n"
+           "a file could not be read; 3 when an output could not be written (then nothing is left of\n"
+           "it); 64 for a misused option.\n";
 }
 
 }  // namespace hlyd
