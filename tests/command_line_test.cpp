@@ -91,6 +91,9 @@ TEST_F(CommandLineRunTest, ANameWithCapitalsIsFoundWithOrWithoutItsExtension) {
     EXPECT_TRUE(ui.shown.empty());
     EXPECT_EQ(run(dir + "/Caps/Mixed"), 0);
     EXPECT_EQ(printedProcs(), std::vector<std::string>{"InMixed"});
+    write("Caps/Lower.cls", module("Lower", "InLower"));
+    EXPECT_EQ(run(dir + "/Caps/Lower"), 0);
+    EXPECT_EQ(printedProcs(), std::vector<std::string>{"InLower"});
 }
 
 TEST_F(CommandLineRunTest, SwitchesAndWildcardsPrintNothingAndEndWellButAMissingFileFails) {

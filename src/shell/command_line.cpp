@@ -2,6 +2,7 @@
 
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "base/text_format.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/open_for_run.h"
@@ -62,8 +63,11 @@ void printNamedFile(const std::string& name) {
 std::string withSourceExtension(const std::string& name) {
     if (hasExtension(name) || os::fileInfo(name).exists()) return name;
     const HlydSettings& s = hlydSettings();
+    // The settings write extensions in capitals; files on this system mostly carry them in
+    // small letters.
     for (const std::string& ext : splitAtBars(s.BasicExt + "|" + s.FormExt))
-        if (os::fileInfo(name + "." + ext).exists()) return name + "." + ext;
+        for (const std::string& candidate : {name + "." + lowerCaseAscii(ext), name + "." + ext})
+            if (os::fileInfo(candidate).exists()) return candidate;
     return name;
 }
 
