@@ -20,8 +20,12 @@ TEST(StartModeTest, CommandLineDecidesTheMode) {
     EXPECT_EQ(decideStartMode(kStartStandalone, "/IDEMODE"), kStartIdeMode);
     EXPECT_EQ(decideStartMode(kStartStandalone, "/init /idemode"), kStartIdeMode);
     EXPECT_EQ(decideStartMode(kStartStandalone, "/init Project1.vbp"), kStartCommandLineFile);
-    EXPECT_EQ(commandLineFileName(" \"C:\\Work\\My File.BAS\" /idemode"), "c:\\work\\my file.bas");
+    // The switches in any case; the name in its own, or a file system that tells cases apart
+    // would not find it.
+    EXPECT_EQ(commandLineFileName(" \"C:\\Work\\My File.BAS\" /IDEMODE"), "C:\\Work\\My File.BAS");
+    EXPECT_EQ(commandLineFileName("/Init Sample/Project1.VBP"), "Sample/Project1.VBP");
     EXPECT_EQ(commandLineFileName("/init"), "");
+    EXPECT_EQ(commandLineFileName("/home/initial/IdeModes.bas /idemode"), "/home/initial/IdeModes.bas");
 }
 
 class AppStartTest : public AnalysisTest {

@@ -8,6 +8,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export HLYD_CONFIG_DIR=$work/config QT_QPA_PLATFORM=offscreen
 mkdir -p "$HLYD_CONFIG_DIR"
+cd "$work"  # a print on the PDF printer writes <name>.pdf here
 fail() { echo "FAIL: $*" >&2; exit 1; }
 run() {  # a run that waits for an answer would never end
     local rc=0

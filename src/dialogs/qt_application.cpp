@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "dialogs/frm_splash.h"
@@ -18,6 +20,7 @@
 #include "settings/settings_store.h"
 #include "settings/window_place.h"
 #include "shell/app_start.h"
+#include "shell/command_line_job.h"
 #include "shell/start_mode.h"
 
 namespace hlyd {
@@ -122,7 +125,28 @@ void uninstallWindowedRun() {
 
 HlydWindow* windowedMainWindow() { return forms.window.get(); }
 
+namespace {
+
+// A run that shows no window needs no display: on a machine without one (a server, a build job)
+// it draws offscreen, unless the user has chosen a platform.
+void drawOffscreenWithoutDisplay(std::int32_t mode) {
+    if (mode == kStartStandalone || mode == kStartIdeMode) return;
+    if (std::getenv("QT_QPA_PLATFORM") || std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY")) return;
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+}
+
+// A run without a window speaks to a script or a user at a terminal: Qt's notes on the desktop
+// (no runtime directory, a font substituted) would bury the one line that matters.
+void onlyQtFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+}  // namespace
+
 int runWindowed(int& argc, char** argv, const std::string& commandLine) {
+    std::int32_t mode = decideStartMode(kStartStandalone, commandLine);
+    drawOffscreenWithoutDisplay(mode);
+    if (mode == kStartCommandLineFile || mode == kStartInit) qInstallMessageHandler(onlyQtFailures);
     QApplication app(argc, argv);
     QApplication::setApplicationName("Halyard");
     QSize screen = screenSizeTwips();
@@ -132,7 +156,8 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     // and are answered at once, so that nobody is left waiting on a box that no one sees.
     QtUi windowUi;
     ConsoleUi consoleUi;
-    bool windowless = decideStartMode(kStartStandalone, commandLine) == kStartCommandLineFile;
+    if (!commandLineJob().options.htmlOut.empty()) consoleUi.saveAs = commandLineJob().options.htmlOut;
+    bool windowless = mode == kStartCommandLineFile;
     setUi(windowless ? static_cast<Ui*>(&consoleUi) : &windowUi);
     // The system's printers and the PDF printer; with no print service the PDF printer alone.
     QtPrinterSystem printers;
@@ -147,7 +172,7 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     resetPrintState();
     setPrinterSystem(nullptr);
     setUi(nullptr);
-    return rc;
+    return rc != 0 ? rc : commandLineJob().exitStatus;
 }
 
 }  // namespace hlyd

@@ -164,6 +164,7 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
 void cProjectFile::addMember(cProjectLine& line) {
     if (line.FileType < kLineForm || line.FileType > kLineDesigner) return;
     if (!memberExists(line)) {
+        membersNotFound_.push_back(line.FileName);
         line.FileType = kLineNone;
         return;
     }

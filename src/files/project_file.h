@@ -75,6 +75,8 @@ public:
     void ParseProjectRecord(cProjectLine& line, const std::string& formExt, const std::string& moduleExt);
 
     cProjectLine& line(int n) { return ProjectRecords.at(n - 1); }
+    // The members the project names that are not there, as the project names them.
+    const std::vector<std::string>& membersNotFound() const { return membersNotFound_; }
 
     // A failure is told (with Retry where it may help) and leaves BabStatus 12.
     static bool openForReading(const std::string& fileName, LineReader& in);
@@ -86,6 +88,7 @@ private:
     void parseValues(cProjectLine& line, const std::string& value);
     int filesFound_ = 0;
     int filesNotFound_ = 0;
+    std::vector<std::string> membersNotFound_;
 };
 
 // The projects and groups of one listing, from position 1.

@@ -2,6 +2,8 @@
 // A Ui for programs without a window: every message box answers with its default button, and
 // its text goes to standard error so that nothing the user should see is lost.
 #include <cstdio>
+#include <optional>
+#include <string>
 
 #include "platform/ui.h"
 
@@ -15,6 +17,9 @@ MsgAnswer windowlessAnswer(const MessageBoxRequest& request, std::FILE* note);
 class ConsoleUi : public Ui {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
+    // A save dialog nobody sees answers with the path the command line gave, or cancels.
+    std::optional<std::string> saveFileDialog(const FileDialogRequest&) override { return saveAs; }
+    std::optional<std::string> saveAs;
 };
 
 }  // namespace hlyd

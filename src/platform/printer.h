@@ -59,6 +59,9 @@ public:
     virtual std::string jobError() const { return {}; }
 };
 
+// The built-in printer that writes a job to a PDF file; every machine has it.
+inline constexpr const char* kPdfPrinterName = "PDF";
+
 // The printers of this machine: the system's, and the built-in ones.
 class PrinterSystem {
 public:

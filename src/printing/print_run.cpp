@@ -42,12 +42,15 @@ PrintRunResult runPrint(const PrintRunRequest& request) {
     beginRun(request.outputPath);
     takeRequest(request);
     int current = files.wCurrentFile;
-    auto wanted = [&request, current](int which) { return request.allFiles || which >= current; };
+    auto wanted = [&request, &files, current](int which) {
+        if (request.sourcesOnly && files.oFile.Item(which).FileType != kFileSource) return false;
+        return request.allFiles || which >= current;
+    };
     auto onLoaded = [&request, &files] {
         bool source = files.oFile.Item(files.wCurrentFile).FileType == kFileSource;
         selectProcedures(source ? request.procNames : std::vector<std::string>{});
     };
-    printWantedFiles(wanted, !request.allFiles, onLoaded, result);
+    printWantedFiles(wanted, !request.allFiles, onLoaded, result, request.fileBegins);
     endRun(result);
     showFileAgain(shown);
     return result;

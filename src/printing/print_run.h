@@ -2,6 +2,7 @@
 // A print run over the files in the table, without the dialog: what the print command does once
 // the user has chosen, and what the tools and the command line do with the defaults.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ struct PrintRunRequest {
     std::int32_t startPage = 1;  // the printed number of the first page
     std::string optionalLine;    // the optional heading line
     std::string outputPath;      // for a printer that writes a file
+    bool sourcesOnly = false;    // a project's or group's members, without its own listing
+    std::function<void(const std::string& file)> fileBegins;  // hears each file as it is read
 };
 
 struct PrintRunResult {

@@ -58,7 +58,8 @@ void beginRun(const std::string& outputPath) {
 }
 
 void printWantedFiles(const std::function<bool(int which)>& wanted, bool firstOnly,
-                      const std::function<void()>& onLoaded, PrintRunResult& result) {
+                      const std::function<void()>& onLoaded, PrintRunResult& result,
+                      const std::function<void(const std::string& file)>& fileBegins) {
     PrintState& p = printState();
     FileTableModule& files = fileTable();
     for (int i = 1; i <= files.oFile.Count() && p.PrintStatus != kPrintStopped;) {
@@ -67,6 +68,7 @@ void printWantedFiles(const std::function<bool(int which)>& wanted, bool firstOn
             continue;
         }
         if (hlydSettings().LineNumberHow == 2) p.CurrentLineNumber = hlydSettings().LineNumberIncrement;
+        if (fileBegins) fileBegins(files.oFile.Item(i).FileName);
         if (!loadForPrinting(i, result)) continue;
         files.wCurrentFile = static_cast<std::int16_t>(i);
         onLoaded();

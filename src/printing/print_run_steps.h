@@ -21,7 +21,8 @@ void beginRun(const std::string& outputPath);
 // stop. With `firstOnly` the walk ends after the first printed file. A file that cannot be read
 // is noted in `result` and passed over.
 void printWantedFiles(const std::function<bool(int which)>& wanted, bool firstOnly,
-                      const std::function<void()>& onLoaded, PrintRunResult& result);
+                      const std::function<void()>& onLoaded, PrintRunResult& result,
+                      const std::function<void(const std::string& file)>& fileBegins = {});
 
 // The end of a run: the table of contents when it is asked for and the run was not stopped, the
 // last document of a continuous run, and the job closed (dropped when stopped).

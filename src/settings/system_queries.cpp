@@ -96,7 +96,7 @@ std::string systemDefaultPrinter() {
         if (!name.empty()) return name;
     }
     // The built-in printer writes a PDF file; it exists on every machine, with or without printers.
-    return "PDF";
+    return kPdfPrinterName;
 }
 
 std::string cWindow::GetTempFile(const std::string& prefix) const {

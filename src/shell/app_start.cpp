@@ -21,6 +21,7 @@
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
+#include "shell/command_line.h"
 #include "shell/error_report.h"
 #include "shell/start_mode.h"
 #include "shell/window_commands.h"
@@ -138,12 +139,14 @@ int finishWindowedStart() {
 void processCommandLineFile() {
     std::string name = commandLineFileName(mainState.CommandLine);
     if (name.empty()) return;
-    if (!os::fileInfo(name).exists()) {
+    if (!os::fileInfo(name).exists() && !os::fileInfo(withSourceExtension(name)).exists()) {
+        // An unknown switch or a wildcard ends the run as if all went well: nothing was asked.
+        if (!isRejectedCommandLineName(name)) commandLineJob().exitStatus = kExitUnreadable;
         showMessage("Halyard cannot print the requested file\n\nThe file does not exist.\n" + name +
                         "\nPlease check your request",
                     theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
     } else {
-        theLog().LogData("Command-line printing is not part of this build: " + name);
+        HlydCMProcess(name);
     }
     HlydMNTerminateApp();
 }

@@ -18,6 +18,7 @@
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
 #include "shell/app_start.h"
+#include "shell/command_line_job.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "base/error_tail.h"
@@ -76,6 +77,7 @@ void resetModuleState() {
     resetDisplay();
     resetPrinting();
     resetHlydMain();
+    resetCommandLineJob();
 }
 
 }  // namespace hlyd

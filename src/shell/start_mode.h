@@ -13,7 +13,7 @@ enum StartModeValue : std::int32_t {
     kStartInit = 4,
 };
 
-// The file named on the command line: trimmed, lower-cased, switches and double quotes removed.
+// The file named on the command line: trimmed, switches and double quotes removed.
 std::string commandLineFileName(const std::string& commandLine);
 
 // The start mode for the platform's own mode (standalone or automation) and the command line.

@@ -13,20 +13,6 @@
 
 namespace hlyd {
 
-namespace {
-
-// The save dialog answers with the path given on the command line.
-class ExportUi : public ConsoleUi {
-public:
-    explicit ExportUi(std::string out) : out_(std::move(out)) {}
-    std::optional<std::string> saveFileDialog(const FileDialogRequest&) override { return out_; }
-
-private:
-    std::string out_;
-};
-
-}  // namespace
-
 int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& err) {
     if (int problem = os::regularFileProblem(path); problem != 0) {
         err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
@@ -36,7 +22,8 @@ int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& 
     loadSettingsAtStartup();
     // The document names its source with its full path, as a file chosen in the Open dialog has.
     std::string source = os::absolutePath(path);
-    ExportUi ui(outPath);
+    ConsoleUi ui;
+    ui.saveAs = outPath;
     setUi(&ui);
     openFileForRun(source);
     int status = 0;

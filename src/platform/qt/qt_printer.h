@@ -30,7 +30,7 @@ namespace hlyd {
 
 class QtPrinter : public Printer {
 public:
-    static constexpr const char* kPdfPrinterName = "PDF";
+    static constexpr const char* kPdfPrinterName = hlyd::kPdfPrinterName;
     static constexpr int kPdfDotsPerInch = 720;
 
     // The built-in PDF printer.

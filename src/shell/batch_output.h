@@ -1,0 +1,15 @@
+#pragma once
+// Where a command-line run puts the file in the table: on the printer the options name (a PDF
+// file, or ink on paper), and into an HTML document. Failures go to the job.
+#include <string>
+
+namespace hlyd {
+
+// Prints the file table (a project's members only) as one job; `source` names the PDF file when
+// the PDF printer is in force and the options name none.
+void printForCommandLine(const std::string& source);
+
+// The HTML document of the first file of the table: for a project, its listing.
+void exportHtmlForCommandLine();
+
+}  // namespace hlyd
