@@ -2,10 +2,9 @@
 // Where a print command's output goes when the printer writes a file rather than paper.
 #include <string>
 
-namespace hlyd {
+#include "platform/printer.h"
 
-// The name of the built-in printer that writes a PDF file.
-constexpr const char* kPdfPrinterName = "PDF";
+namespace hlyd {
 
 // For the PDF printer, asks where to save, starting with the shown file's or project's name with
 // ".pdf" in the folder used last; the folder chosen is kept for next time. Any other printer needs
