@@ -1,4 +1,5 @@
 cmake_policy(SET CMP0007 NEW)
+include(${CMAKE_CURRENT_LIST_DIR}/read_pdf.cmake)
 # The program from the command line, as a script or a build job runs it: no display, the sample
 # project to a PDF that is read back, the default <name>.pdf, failures that leave nothing, and the
 # classic switches and wildcards that print nothing. Run by CTest with HALYARD, PROJECT and WORK set.
@@ -42,32 +43,8 @@ foreach(member Main.frm Sample.bas Counter.cls)
   endif()
 endforeach()
 
-find_program(PDFINFO pdfinfo)
-find_program(PDFTOTEXT pdftotext)
-find_program(PDFFONTS pdffonts)
-if(PDFINFO AND PDFTOTEXT AND PDFFONTS)
-  execute_process(COMMAND ${PDFINFO} ${dir}/Sample.pdf OUTPUT_VARIABLE info)
-  if(NOT info MATCHES "Pages: +[1-9]")
-    message(FATAL_ERROR "no pages:\n${info}")
-  endif()
-  execute_process(COMMAND ${PDFTOTEXT} -layout ${dir}/Sample.pdf - OUTPUT_VARIABLE text)
-  foreach(line "Public Function TotalCount() As Long" "Private Sub cmdFill_Click()" "Listed by Halyard")
-    string(FIND "${text}" "${line}" at)
-    if(at EQUAL -1)
-      message(FATAL_ERROR "the PDF's text lacks \"${line}\":\n${text}")
-    endif()
-  endforeach()
-  execute_process(COMMAND ${PDFFONTS} ${dir}/Sample.pdf OUTPUT_VARIABLE fonts)
-  string(REPLACE "\n" ";" fontLines "${fonts}")
-  list(SUBLIST fontLines 2 -1 faces)
-  foreach(face ${faces})
-    if(NOT face STREQUAL "" AND NOT face MATCHES " yes +yes +yes ")
-      message(FATAL_ERROR "a font is not embedded as a subset: ${face}")
-    endif()
-  endforeach()
-else()
-  message("poppler-utils (pdfinfo, pdftotext, pdffonts) are missing: the PDF is not read back")
-endif()
+# The members only, without the project's own listing.
+read_back_sample_pdf(${dir}/Sample.pdf "[1-9]")
 file(REMOVE ${dir}/Sample.pdf)
 
 # The PDF printer with no --pdf: <name>.pdf in the current directory; --quiet says nothing.

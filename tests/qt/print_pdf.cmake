@@ -1,14 +1,8 @@
 cmake_policy(SET CMP0007 NEW)
+include(${CMAKE_CURRENT_LIST_DIR}/read_pdf.cmake)
 # The sample project printed to a PDF through the desktop's PDF printer and read back: its pages,
 # its text line for line, its fonts embedded; a target that cannot be written leaves nothing.
 # Run by CTest with RENDER, PROJECT and WORK set.
-find_program(PDFINFO pdfinfo)
-find_program(PDFTOTEXT pdftotext)
-find_program(PDFFONTS pdffonts)
-if(NOT PDFINFO OR NOT PDFTOTEXT OR NOT PDFFONTS)
-  message("poppler-utils (pdfinfo, pdftotext, pdffonts) are missing: the PDF is not read back")
-  return()
-endif()
 set(dir ${WORK})
 file(REMOVE_RECURSE ${dir})
 file(MAKE_DIRECTORY ${dir})
@@ -23,28 +17,8 @@ if(NOT count EQUAL 1)
   message(FATAL_ERROR "the job left more than its PDF behind: ${leftovers}")
 endif()
 
-execute_process(COMMAND ${PDFINFO} ${dir}/Sample.pdf OUTPUT_VARIABLE info)
-if(NOT info MATCHES "Pages: +5\n")
-  message(FATAL_ERROR "the project listing and its four members should take five pages:\n${info}")
-endif()
-
-execute_process(COMMAND ${PDFTOTEXT} -layout ${dir}/Sample.pdf - OUTPUT_VARIABLE text)
-foreach(line "Module=modSample; Sample.bas" "Public Function TotalCount() As Long" "For i = 1 To MAX_ITEMS"
-             "Listed by Halyard" "Private Sub cmdFill_Click()")
-  string(FIND "${text}" "${line}" at)
-  if(at EQUAL -1)
-    message(FATAL_ERROR "the PDF's text lacks \"${line}\":\n${text}")
-  endif()
-endforeach()
-
-execute_process(COMMAND ${PDFFONTS} ${dir}/Sample.pdf OUTPUT_VARIABLE fonts)
-string(REPLACE "\n" ";" fontLines "${fonts}")
-list(SUBLIST fontLines 2 -1 faces)
-foreach(face ${faces})
-  if(NOT face STREQUAL "" AND NOT face MATCHES " yes +yes +yes ")
-    message(FATAL_ERROR "a font is not embedded as a subset with its text map: ${face}")
-  endif()
-endforeach()
+# The project listing and its four members, a page each.
+read_back_sample_pdf(${dir}/Sample.pdf 5 "Module=modSample; Sample.bas")
 
 # A folder that cannot be written: exit 3, nothing written, the reason on standard error.
 file(MAKE_DIRECTORY ${dir}/locked)
