@@ -332,6 +332,40 @@ TEST_F(PrintRequestTest, NeitherWithTheProcedureTablePrintsTheTableAlone) {
     EXPECT_FALSE(hlydSettings().ProcContentsPrint);
 }
 
+// A printer that takes the pages and then cannot deliver the job, as one that went away does.
+class VanishingRecorder : public RecordingPrinter {
+public:
+    using RecordingPrinter::RecordingPrinter;
+    bool endJob(bool) override { return false; }
+    std::string jobError() const override { return "The printer is not there."; }
+};
+
+class VanishingSystem : public RecordingPrinterSystem {
+public:
+    using RecordingPrinterSystem::RecordingPrinterSystem;
+    std::unique_ptr<Printer> open(const std::string& wanted) override {
+        return wanted == name() ? std::make_unique<VanishingRecorder>(name(), sink()) : nullptr;
+    }
+};
+
+TEST_F(PrintRequestTest, APrinterThatFailsTheJobIsGivenUpUntilSetUpAgain) {
+    VanishingSystem vanishing("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
+    setPrinterSystem(&vanishing);
+    InitPrinter();
+    showSource("module.bas", procedures(1, 1));
+    ui.shown.clear();
+    printWith([](PrintDialogModel&) {});
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text.rfind("A problem has been detected in printing " + oFile().Item(1).FileName +
+                                         "\r\nHalyard's Printing functions are disabled.",
+                                     0),
+              0u);
+    EXPECT_FALSE(printState().PrinterValid);
+    sbPrintButtonSet();
+    EXPECT_FALSE(mainWindow().command("mnuFilPrint").enabled);
+    setPrinterSystem(recorders.get());
+}
+
 TEST_F(PrintRequestTest, ThePdfPrinterAsksWhereAndStartsInTheFolderUsedLast) {
     usePrinter("PDF");
     showSource("module.bas", procedures(1, 1));

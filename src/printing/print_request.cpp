@@ -108,6 +108,25 @@ void printChosenFiles(const PrintDialogRequest& r, PrintRunResult& result) {
     printWantedFiles(wanted, currentOnly, onLoaded, result);
 }
 
+// A job that the printer could not take: a printer that failed (or went away since it was set
+// up) is given up until the user sets one up again; a file printer that could not write its file
+// only says why, since another place may do. A job the user stopped is no failure.
+void tellFailedJob(const PrintRunResult& result, const std::string& outputPath) {
+    if (result.written || result.printStatus == kPrintStopped) return;
+    if (!outputPath.empty()) {
+        if (!result.error.empty()) showMessage(result.error, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+        return;
+    }
+    const FileTableModule& f = fileTable();
+    std::string file = f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count() ? f.oFile.Item(f.wCurrentFile).FileName : "";
+    printState().PrinterValid = false;
+    showMessage("A problem has been detected in printing " + file +
+                    "\r\nHalyard's Printing functions are disabled.\r\n"
+                    "In order to print choose the Printer with File/Print Setup\r\n"
+                    "Then, set fonts using the Print Options dialog.",
+                theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+}
+
 void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
     PrintRunResult result;
     if (!printerReadyForRun(result)) return;
@@ -119,8 +138,7 @@ void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
     else printChosenFiles(r, result);
     endRun(result);
     showFileAgain(shown);
-    if (!result.written && !result.error.empty())
-        showMessage(result.error, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+    tellFailedJob(result, outputPath);
 }
 
 }  // namespace
