@@ -40,6 +40,9 @@ std::string dataFilePath(const std::string& name) {
     if (appInfo.Path.empty()) initAppInfo(nullptr);
     fs::path beside = fs::path(appInfo.Path) / name;
     if (os::fileInfo(beside.string()).exists()) return beside.string();
+    // An installed copy moved to (or installed into) another prefix uses its own data first.
+    fs::path relocated = fs::path(appInfo.Path).parent_path() / "share" / "halyard" / name;
+    if (os::fileInfo(relocated.string()).exists()) return relocated.string();
     fs::path shared = fs::path(HLYD_INSTALL_PREFIX) / "share" / "halyard" / name;
     if (os::fileInfo(shared.string()).exists()) return shared.string();
     return beside.string();

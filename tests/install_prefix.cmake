@@ -1,0 +1,35 @@
+# Installs the build into a fresh prefix and runs the installed programs from there, with no
+# variable pointing at the data: they must find it from where they are installed. Only
+# HLYD_CONFIG_DIR is set, to a temporary folder, so that the run does not write the user's settings.
+set(prefix ${WORK}/install-prefix)
+file(REMOVE_RECURSE ${prefix})
+execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix}
+                RESULT_VARIABLE rc OUTPUT_QUIET)
+if(NOT rc EQUAL 0)
+  message(FATAL_ERROR "cmake --install failed: ${rc}")
+endif()
+
+foreach(part bin/halyard bin/hlyd-dump share/halyard/BASICLAN.KEY
+        share/halyard/examples/Sample/Sample.vbp share/applications/halyard.desktop
+        share/mime/packages/halyard.xml share/man/man1/halyard.1 share/man/man1/hlyd-dump.1
+        share/icons/hicolor/scalable/apps/halyard.svg share/icons/hicolor/48x48/apps/halyard.png
+        share/icons/hicolor/128x128/apps/halyard.png share/icons/hicolor/256x256/apps/halyard.png)
+  if(NOT EXISTS ${prefix}/${part})
+    message(FATAL_ERROR "not installed: ${part}")
+  endif()
+endforeach()
+
+set(clean_env ${CMAKE_COMMAND} -E env HLYD_CONFIG_DIR=${WORK}/install-config
+    QT_QPA_PLATFORM=offscreen)
+execute_process(COMMAND ${clean_env} ${prefix}/bin/halyard --version
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+if(NOT rc EQUAL 0 OR NOT out MATCHES "[0-9]+\\.[0-9]+")
+  message(FATAL_ERROR "installed halyard --version: ${rc} ${out} ${err}")
+endif()
+execute_process(COMMAND ${clean_env} ${prefix}/bin/hlyd-dump
+                        ${prefix}/share/halyard/examples/Sample/Sample.bas
+                WORKING_DIRECTORY ${WORK}
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+if(NOT rc EQUAL 0 OR NOT out MATCHES "\"kind\":\"end\",\"BabStatus\":11")
+  message(FATAL_ERROR "installed hlyd-dump: ${rc} ${out} ${err}")
+endif()
