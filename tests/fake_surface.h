@@ -54,9 +54,7 @@ public:
 
     float textWidth(const std::string& text) override { return metrics().charWidth * static_cast<float>(text.size()); }
     float textHeight(const std::string& text) override {
-        float lines = 1;
-        for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lines;
-        return metrics().lineHeight * lines;
+        return metrics().lineHeight * static_cast<float>(measuredLines(text));
     }
 
     float currentX() const override { return x_; }

@@ -3,6 +3,7 @@
 // printer page. Fonts are set by property; a name the device lacks reads back different.
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace hlyd {
@@ -58,6 +59,9 @@ public:
     // The fonts of the device; the first is the font of last resort.
     virtual std::vector<std::string> fonts() const = 0;
 };
+
+// The lines a text stands on for TextHeight: each CR LF starts a further one.
+int measuredLines(std::string_view text);
 
 // The hidden picture of the main window's view (picDisplay); none until the window layer or a
 // test installs one.

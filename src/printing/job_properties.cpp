@@ -31,4 +31,9 @@ void SetPrinterProp() {
     assign(*printer, JobProperty::PaperSize, s.PaperSize, nullptr, nullptr);
 }
 
+bool printsBothSides(const Printer& printer) {
+    std::int32_t duplex = printer.jobProperty(JobProperty::Duplex);
+    return duplex == 2 || duplex == 3;
+}
+
 }  // namespace hlyd

@@ -13,6 +13,7 @@
 #include "files/navigation.h"
 #include "platform/printer.h"
 #include "platform/ui.h"
+#include "printing/job_properties.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
 #include "printing/printer_errors.h"
@@ -29,11 +30,6 @@ std::unique_ptr<cHeadings> footing = std::make_unique<cHeadings>();
 constexpr std::int16_t kContinuousNumbering = 2;
 
 AttributeRecord& headingElement() { return displayAttributes().Elements[kElemHeadersFooters].slot[kPrint]; }
-
-bool printsBothSides(Printer& printer) {
-    std::int32_t duplex = printer.jobProperty(JobProperty::Duplex);
-    return duplex == 2 || duplex == 3;
-}
 
 // Ends the page in progress: its footing, the counters, and the page range's verdict on it.
 // False when the range is past and the run is over.

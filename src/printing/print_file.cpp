@@ -16,11 +16,6 @@ namespace hlyd {
 
 namespace {
 
-bool printsBothSides(Printer& printer) {
-    std::int32_t duplex = printer.jobProperty(JobProperty::Duplex);
-    return duplex == 2 || duplex == 3;
-}
-
 void addFileToToc(const cFileDesc& file) {
     if (!hlydSettings().TableOfContents) return;
     if (TOC().size() > 1) addTocEntry(kTocBlank, "");

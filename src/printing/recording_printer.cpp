@@ -25,9 +25,7 @@ float RecordingPrinter::textWidth(const std::string& text) {
 }
 
 float RecordingPrinter::textHeight(const std::string& text) {
-    double lines = 1;
-    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lines;
-    return static_cast<float>(size_ * 24 * lines);
+    return static_cast<float>(size_ * 24 * measuredLines(text));
 }
 
 float RecordingPrinter::scaleWidth() const { return kPageWidth - 2 * kOffsetTwips; }

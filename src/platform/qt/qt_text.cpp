@@ -13,12 +13,6 @@ QString fromCp1252(std::string_view text) {
     return result;
 }
 
-int measuredLines(std::string_view text) {
-    int lines = 1;
-    for (std::size_t at = text.find("\r\n"); at != std::string_view::npos; at = text.find("\r\n", at + 2)) ++lines;
-    return lines;
-}
-
 std::string toLocalPath(const QString& path) { return QFile::encodeName(path).toStdString(); }
 QString fromLocalPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
 
