@@ -27,6 +27,12 @@ TEST(BatchOptionsTest, OurOptionsAreTakenOutAndTheRestIsTheClassicCommandLine) {
     EXPECT_FALSE(parseBatchOptions({"--html", "a.html"}).error.empty());
     EXPECT_TRUE(parseBatchOptions({"--version"}).version);
     EXPECT_TRUE(parseBatchOptions({"--help"}).error.empty());
+    // --open is the window's: it names files to show, never files to print.
+    EXPECT_EQ(parseBatchOptions({"--open", "a.bas", "--open", "b.vbp"}).openFiles,
+              (std::vector<std::string>{"a.bas", "b.vbp"}));
+    EXPECT_FALSE(parseBatchOptions({"--open"}).error.empty());
+    EXPECT_FALSE(parseBatchOptions({"--open", "a.bas", "b.bas"}).error.empty());
+    EXPECT_FALSE(parseBatchOptions({"--open", "a.bas", "--pdf", "a.pdf"}).error.empty());
 }
 
 // The program started with a name on its command line, without a window, on a recording printer.

@@ -33,3 +33,26 @@ execute_process(COMMAND ${clean_env} ${prefix}/bin/hlyd-dump
 if(NOT rc EQUAL 0 OR NOT out MATCHES "\"kind\":\"end\",\"BabStatus\":11")
   message(FATAL_ERROR "installed hlyd-dump: ${rc} ${out} ${err}")
 endif()
+
+# The menu entry as the desktop reads it, and the manual pages as man formats them: no complaint.
+find_program(validate desktop-file-validate)
+find_program(groff groff)
+if(NOT validate OR NOT groff)
+  message(FATAL_ERROR "desktop-file-validate and groff are needed (scripts/setup installs them)")
+endif()
+execute_process(COMMAND ${validate} ${prefix}/share/applications/halyard.desktop
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+if(NOT rc EQUAL 0 OR NOT "${out}${err}" STREQUAL "")
+  message(FATAL_ERROR "desktop-file-validate: ${rc} ${out} ${err}")
+endif()
+file(READ ${prefix}/share/applications/halyard.desktop entry)
+if(NOT entry MATCHES "\nExec=halyard --open %f\n")
+  message(FATAL_ERROR "the menu entry does not open the file it is given in the window")
+endif()
+foreach(page halyard.1 hlyd-dump.1)
+  execute_process(COMMAND ${groff} -man -ww -z -Tutf8 ${prefix}/share/man/man1/${page}
+                  RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0 OR NOT "${out}${err}" STREQUAL "")
+    message(FATAL_ERROR "groff on ${page}: ${rc} ${out} ${err}")
+  endif()
+endforeach()

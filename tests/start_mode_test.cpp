@@ -1,9 +1,12 @@
 #include <filesystem>
+#include <fstream>
 
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "shell/command_line_job.h"
 #include "shell/app_start.h"
 #include "shell/module_reset.h"
 #include "shell/start_mode.h"
@@ -66,6 +69,10 @@ TEST_F(AppStartTest, MissingKeywordFileEndsTheRunAfterItsMessage) {
     EXPECT_EQ(theDebug().BabStatus, -7);
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find("BASICLAN.KEYwas not found in the directory \n"), std::string::npos);
+    // Every place looked in is named, the installed share folder among them.
+    EXPECT_NE(ui.shown[0].text.find("Looked for:\n" + std::filesystem::temp_directory_path().string() +
+                                    "/no-keywords-here/BASICLAN.KEY\n"), std::string::npos);
+    EXPECT_NE(ui.shown[0].text.find("/share/halyard/BASICLAN.KEY"), std::string::npos);
 }
 
 // A Ui whose pending events are the user's: a key on the splash at every look. Should the key go
@@ -97,6 +104,7 @@ protected:
     }
     void TearDown() override {
         windowedRun() = WindowedRun{};
+        resetCommandLineJob();
         ConfigDirTest::TearDown();
     }
     KeyOnSplashUi keyUi;
@@ -114,6 +122,21 @@ TEST_F(WindowedStartLogicTest, AKeyOnTheSplashEndsTheWaitAndTheCommandsWaitWithI
     EXPECT_TRUE(mainWindow().controlsEnabled);
     EXPECT_EQ(shown, 2);  // shown at once, and brought to the front when ready
     EXPECT_EQ(keyUi.dialogs.size(), 1u);
+}
+
+// A file the desktop names (--open) is shown in the window in place of the Open dialog; a relative
+// name is taken from the current directory.
+TEST_F(WindowedStartLogicTest, AFileTheDesktopNamesOpensInTheWindowWithoutTheOpenDialog) {
+    std::ofstream(dir + "/Named.bas", std::ios::binary) << "Attribute VB_Name = \"Named\"\r\nSub Shown()\r\nEnd Sub\r\n";
+    std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(dir);
+    commandLineJob().options.openFiles = {"Named.bas"};
+    EXPECT_EQ(Main(""), 0);
+    std::filesystem::current_path(here);
+    EXPECT_TRUE(keyUi.dialogs.empty());
+    ASSERT_EQ(oFile().Count(), 1);
+    EXPECT_EQ(oFile().Item(1).FileName, dir + "/Named.bas");
+    EXPECT_EQ(fileTable().wCurrentFile, 1);
 }
 
 }  // namespace

@@ -58,11 +58,19 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
     return {};
 }
 
-[[noreturn]] void missingKeywordFile(const std::string& directory) {
+[[noreturn]] void missingKeywordFile(const std::string& path) {
+    std::string directory = std::filesystem::path(path).parent_path().string();
     const std::string& title = theAppInfo().Title;
     std::string text = std::string("The file ") + kKeywordFileName + "was not found in the directory \n" +
                        directory + "\n\n" + kKeywordFileName + " is required for " + title +
                        " to operate.\n\nPlease install this file in the directory " + directory;
+    // The program's own data is looked for in more than one place: name them all, so that an installed copy
+    // with its data folder missing says where it should be.
+    std::vector<std::string> places = dataFileCandidates(kKeywordFileName);
+    if (places.front() == path) {
+        text += "\n\nLooked for:";
+        for (const std::string& place : places) text += "\n" + place;
+    }
     showMessage(text, title, MsgButtons::OK, MsgIcon::Critical);
     theDebug().setStatus(kStatusKeywordFileMissing, 0);
     raiseInternal("BabInit");
@@ -129,7 +137,7 @@ void BabInitFrom(const std::string& path) {
     m.CurrentDialect.clear();
 
     if (!os::fileInfo(path).regular())
-        missingKeywordFile(std::filesystem::path(path).parent_path().string());
+        missingKeywordFile(path);
     readKeywordFile(path);
     BuildKeyWordsForDialect("6");
 }

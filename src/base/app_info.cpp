@@ -36,16 +36,20 @@ std::string settingsDirectory() {
     return (fs::path(home && *home ? home : ".") / ".config" / "halyard").string();
 }
 
-std::string dataFilePath(const std::string& name) {
+std::vector<std::string> dataFileCandidates(const std::string& name) {
     if (appInfo.Path.empty()) initAppInfo(nullptr);
-    fs::path beside = fs::path(appInfo.Path) / name;
-    if (os::fileInfo(beside.string()).exists()) return beside.string();
-    // An installed copy moved to (or installed into) another prefix uses its own data first.
-    fs::path relocated = fs::path(appInfo.Path).parent_path() / "share" / "halyard" / name;
-    if (os::fileInfo(relocated.string()).exists()) return relocated.string();
-    fs::path shared = fs::path(HLYD_INSTALL_PREFIX) / "share" / "halyard" / name;
-    if (os::fileInfo(shared.string()).exists()) return shared.string();
-    return beside.string();
+    // Beside the program first; then an installed copy moved to (or installed into) another
+    // prefix uses its own data; then the prefix it was built for.
+    return {(fs::path(appInfo.Path) / name).string(),
+            (fs::path(appInfo.Path).parent_path() / "share" / "halyard" / name).string(),
+            (fs::path(HLYD_INSTALL_PREFIX) / "share" / "halyard" / name).string()};
+}
+
+std::string dataFilePath(const std::string& name) {
+    std::vector<std::string> places = dataFileCandidates(name);
+    for (const std::string& place : places)
+        if (os::fileInfo(place).exists()) return place;
+    return places.front();
 }
 
 }  // namespace hlyd

@@ -2,6 +2,7 @@
 // What the program knows of itself: title, version, where it runs from, and where it keeps its
 // writable files.
 #include <string>
+#include <vector>
 
 namespace hlyd {
 
@@ -27,5 +28,7 @@ std::string settingsDirectory();
 
 // A read-only data file: beside the executable when it is there, else in <prefix>/share/halyard.
 std::string dataFilePath(const std::string& name);
+// Every place dataFilePath looks, in its order, for a message that tells where it looked.
+std::vector<std::string> dataFileCandidates(const std::string& name);
 
 }  // namespace hlyd

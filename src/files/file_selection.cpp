@@ -306,6 +306,11 @@ void GetFilesToProcess(std::int16_t which) {
     if (which > 0) names.push_back(which <= 7 ? hlydSettings().MRU[which] : std::string());
     else GetListFromCommonDialog(names);
     if (status() == kStatusCancelled) return;
+    openChosenFiles(std::move(names));
+}
+
+void openChosenFiles(std::vector<std::string> names) {
+    theDebug().setStatus(kStatusOk, 0);
     // A member of an open project chosen again opens alone, in place of the project.
     if (!projectOrResourcesOpen() && firstNameAlreadyOpen(names)) return;
     BusyPointer busy;

@@ -9,6 +9,8 @@ namespace hlyd {
 
 // `which` 0 or less asks the user; above 0 it is a position in the recent-files list.
 void GetFilesToProcess(std::int16_t which);
+// The files named, opened as if the user had chosen them in the Open dialog.
+void openChosenFiles(std::vector<std::string> names);
 void GetListFromCommonDialog(std::vector<std::string>& names);
 // "P" projects, "R" resources, "F" forms, anything else code.
 bool fblnValidFileExtension(const std::string& fileName, const std::string& kind);

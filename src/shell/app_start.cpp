@@ -22,6 +22,7 @@
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
 #include "shell/command_line.h"
+#include "shell/command_line_job.h"
 #include "shell/error_report.h"
 #include "shell/start_mode.h"
 #include "shell/window_commands.h"
@@ -132,7 +133,10 @@ int finishWindowedStart() {
     if (!mainState.ApplicationEnding) mainWindow().enableControls();
     theUi().setBusy(false);
     bool interactive = mode == kStartStandalone || mode == kStartIdeMode;
-    if (interactive && !mainState.ApplicationEnding && hlydSettings().ShowOpenDialog) mnuFilOpen_Click();
+    if (!interactive || mainState.ApplicationEnding) return 0;
+    const std::vector<std::string>& named = commandLineJob().options.openFiles;
+    if (!named.empty()) openNamedFiles(named);
+    else if (hlydSettings().ShowOpenDialog) mnuFilOpen_Click();
     return 0;
 }
 

@@ -26,18 +26,25 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& args) {
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
         if (takeFlag(options, arg)) continue;
-        if (std::string* slot = valueSlot(options, arg)) {
+        std::string opened;
+        std::string* slot = arg == "--open" ? &opened : valueSlot(options, arg);
+        if (slot) {
             if (i + 1 >= args.size() || args[i + 1].empty()) {
                 options.error = arg + " needs a file or printer name after it";
                 return options;
             }
             *slot = args[++i];
+            if (slot == &opened) options.openFiles.push_back(opened);
             continue;
         }
         if (!options.commandLine.empty()) options.commandLine += ' ';
         options.commandLine += arg;
     }
     bool wantsOutput = !options.pdfOut.empty() || !options.htmlOut.empty() || !options.printer.empty();
+    if (!options.openFiles.empty() && (wantsOutput || !options.commandLine.empty())) {
+        options.error = "--open shows files in the window; it does not go with a file to print or an output";
+        return options;
+    }
     if (wantsOutput && options.commandLine.empty() && !options.help && !options.version)
         options.error = "no file to print: name a source file, project or group";
     return options;
@@ -46,6 +53,7 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& args) {
 std::string batchUsage() {
     return "Usage: halyard [FILE]\n"
            "       halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] FILE\n"
+           "       halyard --open FILE [--open FILE ...]\n"
            "\n"
            "Without FILE the window opens. With FILE (a source file, project or group) the listing is\n"
            "printed on the current printer without a window; the PDF printer writes <name>.pdf into the\n"
@@ -55,6 +63,8 @@ std::string batchUsage() {
            "  --html OUT.html  export the HTML document into OUT.html (with no --pdf or --printer,\n"
            "                   nothing is printed)\n"
            "  --printer NAME   print on the printer NAME\n"
+           "  --open FILE      open FILE in the window instead of printing it (what the desktop's\n"
+           "                   menu entry and a double-click on a file use)\n"
            "  --quiet          no line per file on standard error\n"
            "  --help           this text\n"
            "  --version        the version\n"

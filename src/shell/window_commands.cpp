@@ -94,10 +94,14 @@ void showSelectedFile() {
     HlydFLProcessSelectedFile(static_cast<std::int16_t>(std::clamp(f.wCurrentFile + 1, 1, count)));
 }
 
-void openAndShow(std::int16_t which) {
-    GetFilesToProcess(which);
+void showUnlessCancelled() {
     if (theDebug().BabStatus != kStatusCancelled) showSelectedFile();
     HlydMSEnableHLYDControls();
+}
+
+void openAndShow(std::int16_t which) {
+    GetFilesToProcess(which);
+    showUnlessCancelled();
 }
 
 }  // namespace
@@ -141,6 +145,13 @@ void sbSetToolBar() {
 }
 
 void mnuFilOpen_Click() { openAndShow(0); }
+
+void openNamedFiles(const std::vector<std::string>& names) {
+    std::vector<std::string> absolute;
+    for (const std::string& name : names) absolute.push_back(os::absolutePath(name));
+    openChosenFiles(std::move(absolute));
+    showUnlessCancelled();
+}
 
 void mnuFilClose_Click() {
     cHLYD::CloseFile();

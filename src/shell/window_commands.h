@@ -23,6 +23,7 @@
 // Separators are the window's business. While a long operation runs, mainWindow().controlsEnabled
 // is false and the window takes no input at all.
 #include <string>
+#include <vector>
 
 namespace hlyd {
 
@@ -36,6 +37,8 @@ void sbButtonsOpen();
 void sbSetToolBar();
 
 void mnuFilOpen_Click();
+// Files named when the window was started (a desktop's double-click), opened as Open would.
+void openNamedFiles(const std::vector<std::string>& names);
 void mnuFilClose_Click();
 void mnuFilCloseAll_Click();
 void mnuFileMRU_Click(int position);
