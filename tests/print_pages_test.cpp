@@ -271,6 +271,28 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
 }
 
+// A centre text keeps its place until a longer procedure name would run into the texts beside
+// it: then it moves between them, and is cut with "..." when even that room is too small.
+TEST_F(PrintPagesTest, AGrowingCentreTextKeepsClearOfTheLeftAndRightTexts) {
+    HlydSettings& s = hlydSettings();
+    s.HeadingLeft = "@filename";
+    s.HeadingCenter = "@procname";
+    s.HeadingRight = "<Printed on the twelfth>";
+    format().ProcSkip = 'P';
+    std::string longName(40, 'L'), middleName(20, 'M');
+    print("Attribute VB_Name = \"Mod1\"\nSub " + middleName + "()\nEnd Sub\nSub " + longName + "()\nEnd Sub\n");
+    float leftEnd = kLeft + 11 * kCharWidth;                     // "module.bas" and a blank
+    float rightStart = kLeft + 10080 - 24 * kCharWidth;          // a blank, and the text with its own
+    PrintEvent middle = text(middleName);
+    EXPECT_GE(middle.x1, leftEnd);
+    EXPECT_LE(middle.x1 + 20 * kCharWidth, rightStart);
+    std::string cut = std::string(static_cast<std::size_t>((rightStart - leftEnd) / kCharWidth) - 3, 'L') + "...";
+    EXPECT_EQ(text(cut).x1, leftEnd);
+    EXPECT_EQ(text(cut).page, 3);
+    // Where there is room the place stays as it was given.
+    EXPECT_EQ(text("<Declarations>").x1, kLeft + (10080 - 14 * kCharWidth) / 2);
+}
+
 TEST_F(PrintPagesTest, PrintingAFileWritesItsHistoryUnlessAskedNotTo) {
     hlydSettings().SaveHYInfo = true;
     clock.moment = std::time(nullptr) + 60;  // printed after the file was saved

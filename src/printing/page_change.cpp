@@ -1,5 +1,6 @@
 #include "printing/page_change.h"
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <optional>
@@ -13,6 +14,7 @@
 #include "files/navigation.h"
 #include "platform/printer.h"
 #include "platform/ui.h"
+#include "printing/heading_fit.h"
 #include "printing/job_properties.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
@@ -219,22 +221,53 @@ void EmitFooting() {
     p.FootingPrinted = true;
 }
 
+namespace {
+
+// The parts of one heading line, left, centre and right, with their dynamic texts expanded for
+// this page; a section without that line is nullptr.
+std::array<cHeadingPart*, 3> expandedLine(cHeadings& headings, int line) {
+    std::array<cHeadingPart*, 3> parts{};
+    for (int section = 1; section <= 3; ++section) {
+        cHeadingPart* part = headings.FindItem(headingKey(line, section));
+        if (part && part->bIsDynamic) {
+            part->clCurrentRecord = headings.clCurrentRecord;
+            part->ProcText = headings.csProcHeading;
+            part->HeadingText(std::vector<std::string>(part->DynamicTag));
+        }
+        parts[static_cast<std::size_t>(section - 1)] = part;
+    }
+    return parts;
+}
+
+// Where each text of the line goes: the centre kept clear of the other two by a blank's width.
+std::array<PlacedText, 3> placedLine(Printer& printer, const std::array<cHeadingPart*, 3>& parts) {
+    std::array<PlacedText, 3> placed;
+    for (std::size_t i = 0; i < 3; ++i)
+        if (parts[i]) placed[i] = {parts[i]->XPos(), parts[i]->HeadingText()};
+    const AreaRecord& area = printState().UsableArea;
+    float blank = printer.textWidth(" ");
+    // A left text often ends in a blank of its own: the blank between is enough.
+    std::string left = placed[0].text.substr(0, placed[0].text.find_last_not_of(' ') + 1);
+    float leftEnd = left.empty() ? area.Left : placed[0].x + printer.textWidth(left) + blank;
+    float rightStart = placed[2].text.empty() ? area.Left + area.Width : placed[2].x - blank;
+    placed[1] = fitBetween(printer, placed[1], leftEnd, rightStart);
+    return placed;
+}
+
+}  // namespace
+
 void HeaderFooterOutput(cHeadings& headings, float& y) {
     Printer* printer = currentPrinter();
     if (!printer || headings.TotalLines <= 0) return;
     float height = static_cast<float>(headingElement().Height);
     for (int line = 1; line <= headings.TotalLines; ++line) {
-        for (int section = 1; section <= 3; ++section) {
+        std::array<cHeadingPart*, 3> parts = expandedLine(headings, line);
+        std::array<PlacedText, 3> placed = placedLine(*printer, parts);
+        for (std::size_t i = 0; i < 3; ++i) {
+            if (!parts[i]) continue;
             printer->setCurrentY(y);
-            cHeadingPart* part = headings.FindItem(headingKey(line, section));
-            if (!part) continue;
-            printer->setCurrentX(part->XPos());
-            if (part->bIsDynamic) {
-                part->clCurrentRecord = headings.clCurrentRecord;
-                part->ProcText = headings.csProcHeading;
-                part->HeadingText(std::vector<std::string>(part->DynamicTag));
-            }
-            printerStep([&] { printer->print(part->HeadingText()); });
+            printer->setCurrentX(placed[i].x);
+            printerStep([&] { printer->print(placed[i].text); });
         }
         y += height;
     }
