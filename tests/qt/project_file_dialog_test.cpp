@@ -13,14 +13,10 @@
 #include <memory>
 #include <sstream>
 
-#include "dialogs/hlyd_window.h"
-#include "platform/qt/image_surface.h"
-#include "display/font_metrics.h"
-#include "display/screen_emitter.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "settings/settings_store.h"
-#include "shell/window_commands.h"
+#include "shown_window.h"
 #include "test_support.h"
 
 namespace hlyd {
@@ -33,15 +29,10 @@ protected:
     void SetUp() override {
         ProgramTest::SetUp();
         hlydSettings().SaveHYInfo = false;
-        window = std::make_unique<HlydWindow>();
-        setDisplaySurface(&window->picDisplay());
-        HlydDAValidateFonts();
-        sbSetToolBar();
-        window->show();
+        window = test::showWindow();
     }
     void TearDown() override {
-        setDisplaySurface(nullptr);
-        window.reset();
+        test::closeWindow(window);
         ProgramTest::TearDown();
     }
     std::string write(const std::string& name, const std::string& text) {
