@@ -1,13 +1,10 @@
 // The Project File dialog without a window: the tree of a listing, its marks, dates and panel,
-// what OK hands to the file table, and the Window menu's second look at an open project.
+// and what OK hands to the file table.
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <optional>
 
-#include "base/c_debug.h"
-#include "files/file_selection.h"
-#include "files/file_show.h"
 #include "files/file_table.h"
 #include "files/project_choice.h"
 #include "files/project_file.h"
@@ -15,7 +12,6 @@
 #include "files/status_progress.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
-#include "shell/project_window_command.h"
 #include "test_support.h"
 
 namespace hlyd {
@@ -105,8 +101,7 @@ TEST_F(ProjectDialogTest, TreeOfAProjectWithAMissingMember) {
                                                      "2 MSCOMCTL.OCX"}));
     const cotlControl& o = seen.Outline;
     EXPECT_EQ(o.Node(1).Data, 1);
-    EXPECT_EQ(o.Node(3).Data, 1002);  // project 1, line 2
-    EXPECT_EQ(o.Node(6).Data, 1005);
+    EXPECT_EQ(o.Node(6).Data, 1005);  // project 1, line 5
     // The missing member stays, unchecked; the object is no file to choose.
     EXPECT_TRUE(o.Node(6).IsFile);
     EXPECT_FALSE(o.Node(6).Checked);
@@ -120,7 +115,6 @@ TEST_F(ProjectDialogTest, TreeOfAProjectWithAMissingMember) {
     EXPECT_TRUE(all.Outline.GetSelected(oProjectFiles(), chosen));
     ASSERT_EQ(chosen.Count(), 4);
     EXPECT_EQ(chosen.Item(1).FileType, kFileProject);
-    EXPECT_EQ(chosen.Item(1).WhichProject, 1);
     EXPECT_EQ(chosen.Item(3).WhichFile, 3);
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Utils.bas", "Shape.cls"}));
 
@@ -223,23 +217,14 @@ TEST_F(ProjectDialogTest, OkWithNothingCheckedStaysUntilAMemberIsChecked) {
     };
     list(vbp);
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Shape.cls"}));
-}
 
-TEST_F(ProjectDialogTest, ProjectWhoseMembersCannotBeOpened) {
-    // All missing: the reader says so and no dialog is shown.
-    std::string none = write("none/None.vbp", "Type=Exe\nForm=A.frm\n");
-    list(none);
-    EXPECT_EQ(shown, 0);
-    ASSERT_EQ(ui.shown.size(), 1u);
-    EXPECT_NE(ui.shown[0].text.find("No further processing will occur."), std::string::npos);
-
-    // All binary: without a window nothing can be chosen, which is said, and nothing opens.
+    // Members that are all binary: without a window nothing can be chosen, which is said.
     setProjectFileView(nullptr);
+    resetFileTable();
     ui.shown.clear();
-    theDebug().BabStatus = 0;  // as the next command starts
     write("bin/Old.frm", std::string("VERSION 2.00\0\0\0 Begin Form Old\n", 32));
     list(write("bin/Bin.vbp", "Type=Exe\nForm=Old.frm\n"));
-    ASSERT_EQ(ui.shown.size(), 2u);
+    ASSERT_EQ(ui.shown.size(), 2u);  // the binary member, then the refusal
     EXPECT_EQ(ui.shown[1].text, "No files have been selected\nCannot proceed");
     EXPECT_EQ(oFile().Count(), 0);
 }
@@ -261,41 +246,6 @@ TEST_F(ProjectDialogTest, BranchesOpenAndCloseAndClicksToggle) {
     o.OutlineClick(utils);
     EXPECT_FALSE(o.Node(utils).Checked);
     EXPECT_EQ(o.ParentOf(utils), modules);
-}
-
-TEST_F(ProjectDialogTest, ProjectWindowShowsTheOpenProjectAgain) {
-    std::string vbp = sampleProject();
-    ui.openAnswers.push_back(std::vector<std::string>{vbp});
-    GetFilesToProcess(0);
-    ASSERT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Utils.bas", "Shape.cls"}));
-    ASSERT_TRUE(projectWindowAvailable());
-
-    // The marks are those of the open files; OK closes the unchecked member.
-    act = [this](ProjectFileModel& m) {
-        EXPECT_TRUE(m.Outline.Node(node(m, "Utils")).Checked);
-        m.Outline.OutlineClick(node(m, "Utils"));
-        return true;
-    };
-    mnuWinProjectWindow_Click();
-    EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Shape.cls"}));
-
-    // Cancel leaves the files and the marks; a member checked again opens again.
-    act = [this](ProjectFileModel& m) {
-        m.Outline.SelectAll();
-        return false;
-    };
-    mnuWinProjectWindow_Click();
-    EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Shape.cls"}));
-    act = [this](ProjectFileModel& m) {
-        EXPECT_FALSE(m.Outline.Node(node(m, "Utils")).Checked);
-        m.Outline.OutlineClick(node(m, "Utils"));
-        return true;
-    };
-    mnuWinProjectWindow_Click();
-    EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Utils.bas", "Shape.cls"}));
-
-    cHLYD::CloseFiles();
-    EXPECT_FALSE(projectWindowAvailable());
 }
 
 }  // namespace

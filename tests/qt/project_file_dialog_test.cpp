@@ -117,6 +117,10 @@ TEST_F(ProjectFileWindowTest, UncheckedMemberStaysClosedAndTheWindowMenuShowsThe
                "mnuWinProjectWindow");
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Sample.bas", "Counter.cls"}));
     EXPECT_EQ(settingsText(), settings);
+
+    window->action("mnuFilCloseAll")->trigger();
+    window->refreshFromModel();
+    EXPECT_FALSE(window->action("mnuWinProjectWindow")->isEnabled());  // the form went with the project
 }
 
 }  // namespace
