@@ -145,8 +145,9 @@ bool readProject(const cFileDesc& entry, const std::string& formExt, const std::
     return true;
 }
 
-// Reads every project and group and lets the user choose the members; false when that ends
-// early (a project cannot be read, or the user cancelled).
+// Reads every project and group and lets the user choose the members in the Project File
+// dialog; its accepted form, or nothing when the listing ends early (a project cannot be read,
+// or the user cancelled).
 std::optional<ProjectFileModel> readAndChoose(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups) {
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);
