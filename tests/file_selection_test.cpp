@@ -5,6 +5,7 @@
 
 #include "base/c_debug.h"
 #include "files/file_selection.h"
+#include "files/project_choice.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/project_file.h"
@@ -242,7 +243,7 @@ TEST_F(FileSelectionTest, CancelAtAnyStepKeepsWhatIsOpen) {
     expectFirstStillOpen("check of the file");
 
     ui.openAnswers.push_back(std::vector<std::string>{second});
-    ui.keepMembers = false;
+    setProjectFileView([](ProjectFileModel&) { return false; });  // the user cancels the choice
     GetFilesToProcess(0);
     expectFirstStillOpen("choice of members");
 

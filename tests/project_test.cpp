@@ -7,6 +7,7 @@
 #include "base/c_debug.h"
 #include "files/file_table.h"
 #include "files/project_file.h"
+#include "files/project_choice.h"
 #include "files/project_listing.h"
 #include "platform/os.h"
 #include "test_support.h"
@@ -16,27 +17,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Answers the choice of members, and says Yes to the one question it is told of.
+// Works the Project File dialog as a user would, and says Yes to the one question it is told of.
 class ChooserUi : public test::ScriptedUi {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override {
         MsgAnswer a = ScriptedUi::messageBox(request);
         return !yesTo.empty() && request.text.find(yesTo) != std::string::npos ? MsgAnswer::Yes : a;
     }
-    bool chooseProjectMembers(const std::string& caption, std::vector<ProjectMemberOption>& members) override {
+    // Unchecks the members whose file names hold `uncheck`, then OK (or Cancel).
+    bool choose(ProjectFileModel& m) {
         ++asked;
-        this->caption = caption;
-        for (ProjectMemberOption& m : members)
-            if (!uncheck.empty() && m.fileName.find(uncheck) != std::string::npos) m.checked = false;
-        offered = members;
-        return !cancel;
+        caption = m.Caption;
+        offered.clear();
+        for (int n = 1; n <= m.Outline.NodeCount(); ++n) {
+            const OutlineNode& node = m.Outline.Node(n);
+            if (!node.IsFile) continue;
+            const std::string& file = oProjectFiles().Item(projectOfData(node.Data)).line(lineOfData(node.Data)).WholeFile;
+            if (!uncheck.empty() && file.find(uncheck) != std::string::npos && node.Checked) m.Outline.OutlineClick(n);
+            offered.emplace_back(file, node.Checked);
+        }
+        return !cancel && cmdOK_Click(m);
     }
     int asked = 0;
     bool cancel = false;
     std::string uncheck;
     std::string yesTo;
     std::string caption;
-    std::vector<ProjectMemberOption> offered;
+    std::vector<std::pair<std::string, bool>> offered;  // member files and their marks
 };
 
 const char* const kSampleProject =
@@ -55,6 +62,7 @@ protected:
     void SetUp() override {
         ProgramTest::SetUp();
         setUi(&chooser);
+        setProjectFileView([this](ProjectFileModel& m) { return chooser.choose(m); });
         dir_ = fs::path(dir) / "src";
     }
 
@@ -288,7 +296,11 @@ TEST_F(ProjectTest, BinaryFormIsOnlyCountedInTheSummary) {
     ASSERT_EQ(chooser.shown.size(), 1u);
     EXPECT_EQ(chooser.shown[0].text.rfind("1 Code/Form Files in the Project File ", 0), 0u) << chooser.shown[0].text;
     EXPECT_EQ(oProjectFiles().Item(1).line(2).FileType, kLineNone);
-    for (const ProjectMemberOption& m : chooser.offered) EXPECT_EQ(m.fileName.find("Old.frm"), std::string::npos);
+    // The binary form stays in the tree, unchecked, and cannot be chosen.
+    int binaryOffered = 0;
+    for (const auto& [file, checked] : chooser.offered)
+        if (file.find("Old.frm") != std::string::npos) binaryOffered += checked ? 10 : 1;
+    EXPECT_EQ(binaryOffered, 1);
     EXPECT_FALSE(inFileTable("Old.frm"));
     EXPECT_EQ(oFile().Count(), 2);
 }
@@ -371,9 +383,10 @@ TEST_F(ProjectTest, GroupReadCountsBinaryMembersOverAllProjectsAndStopsAtAnUnrea
     write("Two/Old.frm", binaryForm);
     write("Two/Two.vbp", "Type=Exe\nForm=Old.frm\n");
     list(write("Pair.vbg", "VBGROUP 5.0\nProject=One\\One.vbp\nProject=Two\\Two.vbp\n"));
-    ASSERT_EQ(chooser.shown.size(), 2u);
+    ASSERT_EQ(chooser.shown.size(), 3u);
     EXPECT_EQ(chooser.shown[0].text.rfind("1 Code/Form Files", 0), 0u);
     EXPECT_EQ(chooser.shown[1].text.rfind("2 Code/Form Files", 0), 0u);
+    EXPECT_EQ(chooser.shown[2].text, "No files have been selected\nCannot proceed");  // no member left to choose
 
     // A project that cannot be opened is told as the group is walked, before any other project is read.
     resetFileTable();

@@ -21,8 +21,7 @@ namespace hlyd::test {
 using Chosen = std::optional<std::vector<std::string>>;
 
 // Answers message boxes from a queue (the default button when it is empty) and keeps every text;
-// answers the Open dialog from a queue too (an empty one cancels) and keeps every dialog asked;
-// keeps every member of a project unless told to cancel that choice.
+// answers the Open dialog from a queue too (an empty one cancels) and keeps every dialog asked.
 class ScriptedUi : public Ui {
 public:
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
@@ -36,7 +35,6 @@ public:
         listed = items;
         return listAnswer;
     }
-    bool chooseProjectMembers(const std::string&, std::vector<ProjectMemberOption>&) override { return keepMembers; }
     void setBusy(bool on) override { busy = on; }
     std::optional<std::string> inputBox(const InputBoxRequest& request) override;
     bool printerDialog(PrinterDialogRequest& request) override {
@@ -50,8 +48,7 @@ public:
     std::vector<FileDialogRequest> dialogs;
     std::optional<int> listAnswer;
     std::vector<std::string> listed;
-    bool keepMembers = true;
-    std::function<void()> whileDialogShows;  // runs while a file dialog is up  // false: the user cancels the choice of a project's members
+    std::function<void()> whileDialogShows;  // runs while a file dialog is up
     bool busy = false;
     std::deque<std::optional<std::string>> inputAnswers;  // an empty queue cancels
     std::vector<InputBoxRequest> inputs;

@@ -13,6 +13,7 @@
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
 #include "shell/print_commands.h"
+#include "shell/project_window_command.h"
 #include "shell/window_commands.h"
 
 namespace hlyd {
@@ -101,7 +102,7 @@ void HlydWindow::buildViewMenu() {
 void HlydWindow::buildWindowAndHelpMenus() {
     windowMenu_ = menuBar()->addMenu("&Window");
     actions_["mnuWindow"] = windowMenu_->menuAction();
-    addCommand(windowMenu_, "mnuWinProjectWindow", "&Project Window", nothing);
+    addCommand(windowMenu_, "mnuWinProjectWindow", "&Project Window", mnuWinProjectWindow_Click);
     windowMenu_->addSeparator();
     debugMenu_ = menuBar()->addMenu("&Debug");
     actions_["mnuDebug"] = debugMenu_->menuAction();

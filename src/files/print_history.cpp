@@ -17,17 +17,12 @@ namespace hlyd {
 namespace {
 
 // A fresh handler on every use: the history is never held open between queries.
-cINIHandler openHistory() {
+cINIHandler openHistory(const char* section = kHistorySection) {
     cINIHandler history;
     const std::string& named = hlydSettings().SaveHYFile;
     history.setINIFileName(named.empty() ? kDefaultHistoryFileName : named);
-    history.setSection(kHistorySection);
+    history.setSection(section);
     return history;
-}
-
-std::string readEntry(const std::string& fileName) {
-    cINIHandler history = openHistory();
-    return history.ReadString(fileName, "");
 }
 
 std::string symbolText(const char* symbol, const char* fallback) {
@@ -161,16 +156,19 @@ std::time_t fileTime(const std::string& fileName, const char* source) {
     return static_cast<std::time_t>(info.modifiedSeconds);
 }
 
-// The printing time of an entry, the part after its first "|"; nothing when the entry has no
-// such part or the part is not a date. The last-saved time before the "|" is there for people
-// reading the file and is never compared.
-std::optional<std::time_t> printingTime(const std::string& entry) {
+}  // namespace
+
+std::string historyEntry(const std::string& fileName, const char* section) {
+    cINIHandler history = openHistory(section);
+    return history.ReadString(fileName, "");
+}
+
+// The last-saved time before the "|" is there for people reading the file and is never compared.
+std::optional<std::time_t> printingTimeOf(const std::string& entry) {
     std::size_t bar = entry.find('|');
     if (bar == std::string::npos) return std::nullopt;
     return parseHistoryDate(entry.substr(bar + 1));
 }
-
-}  // namespace
 
 const AmPmSymbols& localeAmPm() {
     static const AmPmSymbols symbols = symbolsOfUserLocale();
@@ -216,9 +214,9 @@ void SaveHYInfo(bool noHistoryFlag) {
 
 bool fbIsNewer(const std::string& fileName) {
     TraceScope trace(theDebug().TraceApplication, "fbIsNewer");
-    std::string entry = readEntry(fileName);
+    std::string entry = historyEntry(fileName);
     if (entry.empty()) return true;
-    std::optional<std::time_t> printed = printingTime(entry);
+    std::optional<std::time_t> printed = printingTimeOf(entry);
     if (!printed) return true;
     return *printed < fileTime(fileName, "fbIsNewer");
 }
@@ -226,10 +224,10 @@ bool fbIsNewer(const std::string& fileName) {
 bool bIsNewer(const std::string& fileName) {
     TraceScope trace(theDebug().TraceApplication, "bIsNewer");
     std::time_t saved = fileTime(fileName, "bIsNewer");
-    std::string entry = readEntry(fileName);
+    std::string entry = historyEntry(fileName);
     // Without a "|" the printing time stays at the zero date, before any file's time.
     if (entry.find('|') == std::string::npos) return true;
-    std::optional<std::time_t> printed = printingTime(entry);
+    std::optional<std::time_t> printed = printingTimeOf(entry);
     if (!printed) return true;
     return *printed < saved;
 }

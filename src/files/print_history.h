@@ -34,6 +34,13 @@ bool fbIsNewer(const std::string& fileName);
 // was never printed.
 bool bIsNewer(const std::string& fileName);
 
+// The entry of a file in a section of the history, empty when there is none.
+std::string historyEntry(const std::string& fileName, const char* section = kHistorySection);
+
+// The printing time of an entry, the part after its first "|"; nothing when the entry has no
+// such part or the part is not a date.
+std::optional<std::time_t> printingTimeOf(const std::string& entry);
+
 // The locale's symbols for the two halves of the day.
 struct AmPmSymbols {
     std::string am;

@@ -11,6 +11,7 @@
 #include "base/vb_convert.h"
 #include "files/main_window_model.h"
 #include "files/member_paths.h"
+#include "files/project_choice.h"
 #include "files/project_file.h"
 #include "platform/line_reader.h"
 #include "platform/os.h"
@@ -144,57 +145,26 @@ bool readProject(const cFileDesc& entry, const std::string& formExt, const std::
     return true;
 }
 
-// The members in the order the choice shows them: by kind, then as the project lists them.
-std::vector<ProjectMemberOption> memberOptions() {
-    static const int kKinds[] = {kLineForm, kLineModule, kLineClass, kLineUserControl, kLinePropertyPage,
-                                 kLineUserDocument, kLineDesigner};
-    std::vector<ProjectMemberOption> options;
-    for (int p = 1; p <= oProjectFiles().Count(); ++p) {
-        cProjectFile& project = oProjectFiles().Item(p);
-        for (int kind : kKinds)
-            for (int n = 1; n <= static_cast<int>(project.ProjectRecords.size()); ++n) {
-                const cProjectLine& line = project.line(n);
-                if (line.FileType == kind) options.push_back({p, n, kind, line.WholeFile, line.VBName, true});
-            }
-    }
-    return options;
-}
-
-// A project's own entry stands ahead of its members; only members count as chosen.
-void addChosenFiles(const std::vector<ProjectMemberOption>& options) {
-    for (int p = 1; p <= oProjectFiles().Count(); ++p) {
-        cProjectFile& project = oProjectFiles().Item(p);
-        if (project.FileType != 0) oFile().Add({project.FileName, kFileProject, true, int16Of(p), 0});
-        for (const ProjectMemberOption& o : options) {
-            if (o.project != p || !o.checked) continue;
-            const cProjectLine& line = project.line(o.line);
-            if (line.FileType >= kLineForm && line.FileType <= kLineDesigner)
-                oFile().Add({line.WholeFile, kFileSource, true, int16Of(p), int16Of(o.line)});
-        }
-    }
-}
-
-// Reads every project and group and lets the user choose the members; false when that ends
-// early (a project cannot be read, or the user cancelled).
-bool readAndChoose(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups,
-                   std::vector<ProjectMemberOption>& options) {
+// Reads every project and group and lets the user choose the members in the Project File
+// dialog; its accepted form, or nothing when the listing ends early (a project cannot be read,
+// or the user cancelled).
+std::optional<ProjectFileModel> readAndChoose(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups) {
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);
     std::string formExt = pointList(s.FormExt);
-    if (!findGroups(projects, groups)) return false;
+    if (!findGroups(projects, groups)) return std::nullopt;
     int binary = 0;
     for (const cFileDesc& entry : projects) {
         if (entry.FileType == kFileProject) {
-            if (!readProject(entry, formExt, moduleExt, binary)) return false;
+            if (!readProject(entry, formExt, moduleExt, binary)) return std::nullopt;
         } else if (entry.FileType == kFileGroup) {
             auto group = std::make_unique<cProjectFile>();
             group->ProcessProjectGroupFile(entry.FileName);
             oProjectFiles().Add(std::move(group));
         }
     }
-    if (oProjectFiles().Count() == 0) return false;
-    options = memberOptions();
-    return theUi().chooseProjectMembers("Project File - " + oProjectFiles().Item(1).FileName, options);
+    if (oProjectFiles().Count() == 0) return std::nullopt;
+    return chooseProjectMembers("Project File - " + oProjectFiles().Item(1).FileName);
 }
 
 }  // namespace
@@ -205,14 +175,15 @@ void PFParseFile(std::vector<cFileDesc> projects, const std::function<void()>& b
     // The listing in force stays whole until the new one is chosen: a Cancel goes back to it.
     std::unique_ptr<cProjectFiles> previous = replaceProjectFiles(std::make_unique<cProjectFiles>());
     std::vector<cFileDesc> groups;
-    std::vector<ProjectMemberOption> options;
-    if (!readAndChoose(projects, groups, options)) {
+    std::optional<ProjectFileModel> form = readAndChoose(projects, groups);
+    if (!form) {
         replaceProjectFiles(std::move(previous));
         return;
     }
-    if (beforeAdding) beforeAdding();
+    if (beforeAdding) beforeAdding();  // closes what was open, and the form it kept with it
     for (cFileDesc& group : groups) oFile().Add(std::move(group));
-    addChosenFiles(options);
+    for (const cFileDesc& entry : form->Chosen) oFile().Add(entry);
+    keepProjectFileForm(std::move(*form));
 }
 
 void VBFileValidate(std::vector<std::string>& names, bool canOverride) {

@@ -24,16 +24,6 @@ struct MessageBoxRequest {
 // The answer that the default button of a request stands for.
 MsgAnswer defaultAnswer(const MessageBoxRequest& request);
 
-// A member of a project as the choice of members shows it.
-struct ProjectMemberOption {
-    int project = 0;  // position in the listing's projects
-    int line = 0;     // line of the project file
-    int lineType = 0;
-    std::string fileName;
-    std::string vbName;
-    bool checked = true;
-};
-
 // An open or save dialog: `filter` holds "|"-separated pairs of caption and pattern.
 struct FileDialogRequest {
     std::string title;
@@ -82,12 +72,6 @@ public:
     // The chosen file name, or nothing when the user cancels. Without a dialog nobody chooses.
     virtual std::optional<std::string> saveFileDialog([[maybe_unused]] const FileDialogRequest& request) {
         return std::nullopt;
-    }
-    // The choice of a project's members; false when the user cancels. Without a dialog every
-    // member stays checked.
-    virtual bool chooseProjectMembers([[maybe_unused]] const std::string& caption,
-                                      [[maybe_unused]] std::vector<ProjectMemberOption>& members) {
-        return true;
     }
     // The text the user entered, or nothing when the user cancels. Without a window nobody answers.
     virtual std::optional<std::string> inputBox([[maybe_unused]] const InputBoxRequest& request) {

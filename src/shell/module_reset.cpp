@@ -8,6 +8,7 @@
 #include "files/file_selection.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
+#include "files/project_choice.h"
 #include "files/project_file.h"
 #include "printing/contents.h"
 #include "printing/page_change.h"
@@ -48,6 +49,7 @@ void resetFilesAndAnalysis() {
     resetSourceTables();
     resetFileTable();
     resetProjectFiles();
+    resetProjectFileDialog();
     resetFileSelection();
     resetNavigation();
 }

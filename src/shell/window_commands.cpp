@@ -16,6 +16,7 @@
 #include "shell/app_start.h"
 #include "shell/debug_menu.h"
 #include "shell/print_commands.h"
+#include "shell/project_window_command.h"
 
 namespace hlyd {
 
@@ -57,7 +58,7 @@ constexpr MenuItem kMenuItems[] = {
 
 // Commands whose dialogs or printing are not part of this build yet.
 constexpr const char* kNotYetAvailable[] = {
-    "mnuOptionsDisplay", "mnuOptionsPrint", "mnuWinProjectWindow", "tbrPrintOptions", "tbrDisplayOptions",
+    "mnuOptionsDisplay", "mnuOptionsPrint", "tbrPrintOptions", "tbrDisplayOptions",
 };
 
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
@@ -128,6 +129,7 @@ void sbButtonsOpen() {
     setCommand("tbrClose", fileOpen);
     setCommand("mnuFileHTML", fileOpen);
     for (const char* name : kNotYetAvailable) setCommand(name, false);
+    setCommand("mnuWinProjectWindow", projectWindowAvailable());
     sbPrintButtonSet();
     sbProcButtonsSet();
     sbFileButtonSet();

@@ -20,6 +20,7 @@
 #include "printing/recording_printer.h"
 #include "settings/settings_store.h"
 #include "shell/window_commands.h"
+#include "shown_window.h"
 #include "test_support.h"
 
 namespace hlyd {
@@ -36,15 +37,10 @@ protected:
         recorders = std::make_unique<RecordingPrinterSystem>("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
         setPrinterSystem(recorders.get());
         InitPrinter();
-        window = std::make_unique<HlydWindow>();
-        setDisplaySurface(&window->picDisplay());
-        HlydDAValidateFonts();
-        sbSetToolBar();
-        window->show();
+        window = test::showWindow();
     }
     void TearDown() override {
-        setDisplaySurface(nullptr);
-        window.reset();
+        test::closeWindow(window);
         setPrinterSystem(nullptr);
         ProgramTest::TearDown();
     }

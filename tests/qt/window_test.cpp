@@ -32,6 +32,7 @@
 #include "display/viewing.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "files/project_choice.h"
 #include "files/project_file.h"
 #include "platform/qt/image_surface.h"
 #include "settings/settings_store.h"
@@ -59,6 +60,8 @@ protected:
     void SetUp() override {
         ProgramTest::SetUp();
         window = std::make_unique<HlydWindow>();
+        // The user takes a project's members as the Project File dialog offers them.
+        setProjectFileView([](ProjectFileModel& m) { return cmdOK_Click(m); });
         setDisplaySurface(&window->picDisplay());
         HlydDAValidateFonts();
         sbSetToolBar();

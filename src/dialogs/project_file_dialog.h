@@ -1,0 +1,12 @@
+#pragma once
+// frmProjectFile in the window: the tree of a project's members with their check marks, the
+// information panel and the buttons. The rules are the project choice's model; this form only
+// shows the model and passes the user's clicks and keys on.
+class QWidget;
+
+namespace hlyd {
+
+// Makes the form the choice of a project's members, over `parent`.
+void installProjectFileDialog(QWidget* parent);
+
+}  // namespace hlyd
