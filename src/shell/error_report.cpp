@@ -89,6 +89,7 @@ void trapErrors(const char* where, const std::function<void()>& body) { trapInto
 
 void ERHandler(int number, const std::string& description, const std::string& source, const std::string& where) {
     theLog().LogTraceEnter("ERHandler");
+    theUi().setBusy(false);  // the report is read with the ordinary pointer
     ErrorReportInput in;
     try {
         cDebug& debug = theDebug();
@@ -110,7 +111,7 @@ void ERHandler(int number, const std::string& description, const std::string& so
         theLog().LogGetProcs(in.callList);
         ErrorReport report = composeErrorReport(in);
         logBlock(report.logText);
-        theUi().messageBox({report.text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Critical, 1});
+        theUi().errorReport(report.text);
         logBlock(report.text);
         theLog().LogEnd();
     } catch (...) {
