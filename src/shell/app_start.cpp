@@ -23,6 +23,7 @@
 #include "settings/system_queries.h"
 #include "shell/command_line.h"
 #include "shell/error_report.h"
+#include "shell/help_commands.h"
 #include "shell/start_mode.h"
 #include "shell/window_commands.h"
 
@@ -163,7 +164,7 @@ void InitApp() {
         const cAppInfo& app = theAppInfo();
         theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
         queryLocaleSeparators();
-        mainState.HelpFile = app.Path + "/" + app.EXEName + ".HLP";
+        mainState.HelpFile = helpIndexPath();
         mainState.ElementClassNames = {"Display",         "Print",        "Comments",   "Identifiers", "KeyWords",
                                        "Literals",        "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
         loadSettingsAtStartup();
