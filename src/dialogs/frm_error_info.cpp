@@ -1,11 +1,14 @@
 #include "dialogs/frm_error_info.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "base/app_info.h"
@@ -23,15 +26,20 @@ QLabel* fixedLinesLabel(const ErrorInfoModel& model, QWidget* parent) {
     return label;
 }
 
-// Wide enough for a report's longest lines, high enough for most of it, in the user's font size.
+// Wide enough for the report's lines up to a sensible measure (longer ones wrap), high enough for
+// most of it, in the user's font size.
 QPlainTextEdit* reportBox(const ErrorInfoModel& model, QWidget* parent) {
-    auto* box = new QPlainTextEdit(fromUtf8(model.txtError), parent);
+    constexpr int kMostColumns = 100;
+    QString text = fromUtf8(model.txtError);
+    auto* box = new QPlainTextEdit(text, parent);
     box->setObjectName("txtError");
     box->setReadOnly(true);
-    box->setLineWrapMode(QPlainTextEdit::NoWrap);
     box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    qsizetype columns = 60;
+    for (const QString& line : text.split('\n')) columns = std::max(columns, line.size());
     QFontMetrics metrics(box->font());
-    box->setMinimumSize(metrics.horizontalAdvance(QString(84, 'x')), metrics.lineSpacing() * 24);
+    int width = metrics.horizontalAdvance(QString(std::min<qsizetype>(columns, kMostColumns) + 2, 'x'));
+    box->setMinimumSize(width + box->verticalScrollBar()->sizeHint().width(), metrics.lineSpacing() * 24);
     return box;
 }
 
