@@ -5,6 +5,7 @@
 #include "base/app_info.h"
 #include "base/c_log.h"
 #include "base/message_box.h"
+#include "platform/os.h"
 #include "platform/ui.h"
 #include "shell/app_start.h"
 
@@ -12,11 +13,9 @@ namespace fs = std::filesystem;
 
 namespace hlyd {
 
-namespace {
-
 // The pages lie beside the index that was found, so that one installed copy never mixes its
 // pages with another's.
-void openHelpPage(const std::string& page) {
+void showHelpPage(const std::string& page) {
     std::string path = (fs::path(hlydMain().HelpFile).parent_path() / page).string();
     theLog().LogData("Help page=" + path);
     if (!theUi().openFile(path))
@@ -24,12 +23,15 @@ void openHelpPage(const std::string& page) {
                     theAppInfo().Title, MsgButtons::OK, MsgIcon::Information);
 }
 
-}  // namespace
-
 std::string helpIndexPath() { return dataFilePath(kHelpIndexPage); }
 
-void mnuHelContents_Click() { openHelpPage("index.html"); }
-void mnuHelSearch_Click() { openHelpPage("topics.html"); }
-void mnuHelHelp_Click() { openHelpPage("using-help.html"); }
+bool helpAvailable() {
+    const std::string& index = hlydMain().HelpFile;
+    return !index.empty() && os::fileInfo(index).exists();
+}
+
+void mnuHelContents_Click() { showHelpPage("index.html"); }
+void mnuHelSearch_Click() { showHelpPage("topics.html"); }
+void mnuHelHelp_Click() { showHelpPage("using-help.html"); }
 
 }  // namespace hlyd

@@ -10,6 +10,12 @@ namespace hlyd {
 inline constexpr const char* kHelpIndexPage = "help/index.html";
 std::string helpIndexPath();
 
+// Whether the help's pages are there; without them every help command and button is off.
+bool helpAvailable();
+// Opens one page of the help (a file name such as "printing.html") in the desktop's browser; the
+// dialogs' Help buttons open theirs.
+void showHelpPage(const std::string& page);
+
 void mnuHelContents_Click();  // the contents
 void mnuHelSearch_Click();    // the index of topics
 void mnuHelHelp_Click();      // how to use the help

@@ -15,6 +15,7 @@
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
 #include "shell/debug_menu.h"
+#include "shell/help_commands.h"
 #include "shell/print_commands.h"
 
 namespace hlyd {
@@ -63,13 +64,8 @@ constexpr const char* kNotYetAvailable[] = {
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
 constexpr int kViewFileListSize = 8;
 
-bool helpFileThere() {
-    const std::string& help = hlydMain().HelpFile;
-    return !help.empty() && os::fileInfo(help).exists();
-}
-
 void setHelpCommands() {
-    bool help = helpFileThere();
+    bool help = helpAvailable();
     for (const char* name : {"tbrHelp", "mnuHelContents", "mnuHelSearch", "mnuHelHelp"}) setCommand(name, help);
 }
 
