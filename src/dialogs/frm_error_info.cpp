@@ -39,7 +39,7 @@ QPlainTextEdit* reportBox(const ErrorInfoModel& model, QWidget* parent) {
     for (const QString& line : text.split('\n')) columns = std::max(columns, line.size());
     QFontMetrics metrics(box->font());
     int width = metrics.horizontalAdvance(QString(std::min<qsizetype>(columns, kMostColumns) + 2, 'x'));
-    box->setMinimumSize(width + box->verticalScrollBar()->sizeHint().width(), metrics.lineSpacing() * 24);
+    box->setMinimumSize(width + box->verticalScrollBar()->sizeHint().width(), metrics.lineSpacing() * 28);
     return box;
 }
 

@@ -80,8 +80,10 @@ ErrorReport composeErrorReport(const ErrorReportInput& in) {
         }
     }
     if (!in.callList.empty()) t += in.callList + "\n";
-    t += "\nIf you cannot send e-mail, please write to " + app.SupportParty + " at " + app.SupportEndpoint +
-         " with the text above, and tell us what you were doing when the problem came.\n";
+    t += "\nIf this computer cannot send e-mail, save the text above (Copy to Clipboard) and send it from\n"
+         "another one to " + app.SupportParty + " at " + app.SupportEndpoint +
+         ", or hand it to whoever looks after " + app.Title + " where you work.\n"
+         "Please tell us what you were doing when the problem came.\n";
     return r;
 }
 
