@@ -1,11 +1,18 @@
+#include <filesystem>
+#include <fstream>
 #include <functional>
+#include <sstream>
 #include <stdexcept>
 
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "base/hlyd_error.h"
+#include "base/mail_link.h"
+#include "settings/settings_store.h"
+#include "shell/error_info_model.h"
 #include "shell/error_report.h"
+#include "shell/window_commands.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -89,9 +96,8 @@ TEST_F(TrappedFaultTest, AFaultIsReportedAndTheProgramAskedToEnd) {
     theLog().LogTraceEnter("HlydDSEmitRequestedData");
     theDebug().setStatus(kStatusInternalFault, 3);
     EXPECT_EQ(trapped([] { raiseInternal("HlydDSEmitRequestedData"); }), 1);
-    ASSERT_EQ(ui.shown.size(), 1u);
-    EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
-    const std::string& report = ui.shown[0].text;
+    ASSERT_EQ(ui.errorReports.size(), 1u);
+    const std::string& report = ui.errorReports[0];
     EXPECT_NE(report.find("Error: 32000 in HlydDSEmitRequestedData line: 12 at line 12\n"), std::string::npos)
         << report;
     EXPECT_NE(report.find("Status = 6 Reason = 3\n"), std::string::npos);
@@ -99,18 +105,71 @@ TEST_F(TrappedFaultTest, AFaultIsReportedAndTheProgramAskedToEnd) {
 
     // Any other exception is a fault as well, reported as error 5 with its own text.
     EXPECT_EQ(trapped([] { throw std::out_of_range("index past the end"); }), 1);
-    ASSERT_EQ(ui.shown.size(), 2u);
-    EXPECT_NE(ui.shown[1].text.find("VB Error # 5 - index past the end"), std::string::npos);
+    ASSERT_EQ(ui.errorReports.size(), 2u);
+    EXPECT_NE(ui.errorReports[1].find("VB Error # 5 - index past the end"), std::string::npos);
 
     // A body that does not fail reports nothing and ends nothing.
     EXPECT_EQ(trapped([] {}), -1);
-    EXPECT_EQ(ui.shown.size(), 2u);
+    EXPECT_EQ(ui.errorReports.size(), 2u);
+    EXPECT_TRUE(ui.shown.empty());  // the report has its own dialog, not a message box
+}
+
+TEST_F(TrappedFaultTest, AFaultInsideACommandIsShownAndLoggedWithTheCommandsName) {
+    std::string logFile = dir + "/DB_HY.LOG";
+    theLog().LogOpen(logFile, 1);
+    setProgramEnd([](int exitCode) { throw ProgramEnded{exitCode}; });
+    // The disk fails while the Open dialog is up: the command's own tail reports it.
+    ui.whileDialogShows = [] { raiseRuntime(53); };
+    EXPECT_THROW(trapErrors("mnuFilOpen_Click", mnuFilOpen_Click), ProgramEnded);
+
+    ASSERT_EQ(ui.errorReports.size(), 1u);
+    const std::string& report = ui.errorReports[0];
+    EXPECT_NE(report.find("Error: 53 in mnuFilOpen_Click\n"), std::string::npos) << report;
+    EXPECT_NE(report.find("VB Error # 53 - File not found"), std::string::npos);
+    std::stringstream log;
+    log << std::ifstream(logFile).rdbuf();
+    EXPECT_NE(log.str().find("Halyard has encountered an error in module: mnuFilOpen_Click"), std::string::npos)
+        << log.str();
+    EXPECT_NE(log.str().find("=====>\nSorry, but Halyard has a problem."), std::string::npos);
+}
+
+TEST(MailLinkTest, OnlyTheMarksMailProgramsStumbleOnAreEncoded) {
+    // Line breaks, "%" and "&" pass untouched: the report keeps its lines, and a "%20" already in
+    // the text is not turned into a blank by a second decoding on our side.
+    EXPECT_EQ(encodeMailBody("Error: 9, at A.B?x;y\n100% & %20"),
+              "Error%3A%209%2C%20at%20A%2EB%3Fx%3By\n100%%20&%20%20");
+    EXPECT_EQ(mailLink("mailto:a@b.invalid", "Error in Halyard", "a b"),
+              "mailto:a@b.invalid?subject=Error in Halyard&body=a%20b");
+    EXPECT_EQ(mailLink("mailto:a@b.invalid", "", ""), "mailto:a@b.invalid");
+}
+
+class ErrorInfoTest : public ProgramTest {};
+
+TEST_F(ErrorInfoTest, TheDialogCopiesAndMailsTheReportToTheAddressOfTheSettings) {
+    ErrorInfoModel form("Sorry, but Halyard has a problem.\nError: 9 in X");
+    EXPECT_EQ(form.cmdEMailCaption(), "Email to support@halyard.invalid");
+    EXPECT_EQ(form.fixedLines()[0], "        Please forward this information to Halyard support");
+    form.cmdAll_Click();
+    EXPECT_EQ(ui.clipboard, form.txtError);
+    EXPECT_EQ(form.lblStatus, "Message copied to clipboard");
+
+    std::ofstream(dir + "/HLYD.INI") << "[General]\nSupportAddress=help@example.invalid\n";
+    sbGetINIUser();
+    EXPECT_EQ(form.cmdEMailCaption(), "Email to help@example.invalid");
+    ui.desktopOpens = false;  // no mail program: nothing to tell, the report can still be copied
+    form.cmdEMail_Click();
+    ASSERT_EQ(ui.opened.size(), 1u);
+    EXPECT_EQ(ui.opened[0],
+              "mailto:help@example.invalid?subject=Error in Halyard&body=Sorry%2C%20but%20Halyard%20has%20a%20"
+              "problem%2E\nError%3A%209%20in%20X");
+    EXPECT_TRUE(ui.shown.empty());
 }
 
 TEST_F(TrappedFaultTest, WithTrapsOffTheFaultPassesToThePlatform) {
     theDebug().DontTrapErrors = true;
     EXPECT_THROW(trapped([] { raiseRuntime(9); }), HlydError);
     EXPECT_TRUE(ui.shown.empty());
+    theAppInfo().SupportEndpoint = kDefaultSupportEndpoint;  // the next test starts from the default
 }
 
 }  // namespace

@@ -13,7 +13,9 @@ foreach(part bin/halyard bin/hlyd-dump share/halyard/BASICLAN.KEY
         share/halyard/examples/Sample/Sample.vbp share/applications/halyard.desktop
         share/mime/packages/halyard.xml share/man/man1/halyard.1 share/man/man1/hlyd-dump.1
         share/icons/hicolor/scalable/apps/halyard.svg share/icons/hicolor/48x48/apps/halyard.png
-        share/icons/hicolor/128x128/apps/halyard.png share/icons/hicolor/256x256/apps/halyard.png)
+        share/icons/hicolor/128x128/apps/halyard.png share/icons/hicolor/256x256/apps/halyard.png
+        share/halyard/help/index.html share/halyard/help/topics.html share/halyard/help/using-help.html
+        share/halyard/help/help.css)
   if(NOT EXISTS ${prefix}/${part})
     message(FATAL_ERROR "not installed: ${part}")
   endif()

@@ -36,6 +36,10 @@ public:
         return listAnswer;
     }
     void setBusy(bool on) override { busy = on; }
+    void errorReport(const std::string& text) override { errorReports.push_back(text); }
+    bool openUrl(const std::string& url) override { return hand(url); }
+    bool openFile(const std::string& path) override { return hand(path); }
+    void setClipboardText(const std::string& text) override { clipboard = text; }
     std::optional<std::string> inputBox(const InputBoxRequest& request) override;
     bool printerDialog(PrinterDialogRequest& request) override {
         printerDialogs.push_back(request);
@@ -54,6 +58,16 @@ public:
     std::vector<InputBoxRequest> inputs;
     std::vector<PrinterDialogRequest> printerDialogs;                // as each was filled in
     std::function<bool(PrinterDialogRequest&)> answerPrinterDialog;  // none: the user cancels
+    std::vector<std::string> errorReports;
+    std::vector<std::string> opened;  // the URLs and files handed to the desktop
+    bool desktopOpens = true;          // false: nothing on the desktop takes them
+    std::string clipboard;
+
+private:
+    bool hand(const std::string& target) {
+        opened.push_back(target);
+        return desktopOpens;
+    }
 };
 
 class FixedClock : public Clock {

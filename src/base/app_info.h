@@ -6,13 +6,16 @@
 
 namespace hlyd {
 
+// Where error reports go unless the settings name another address ([General] SupportAddress).
+inline constexpr const char* kDefaultSupportEndpoint = "support@halyard.invalid";
+
 struct cAppInfo {
     std::string Title = "Halyard";
     std::string Version = HLYD_VERSION;
     std::string VersionDate = "21-Nov-2026";
     std::string Path;     // directory of the executable
     std::string EXEName;  // file name of the executable, without directory
-    std::string SupportEndpoint = "support@halyard.invalid";
+    std::string SupportEndpoint = kDefaultSupportEndpoint;
     std::string SupportParty = "Halyard support";
     std::string UserName;     // from the settings, for the splash and the error report
     std::string UserCompany;

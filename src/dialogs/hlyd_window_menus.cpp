@@ -12,6 +12,7 @@
 #include "html/html_emit.h"
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
+#include "shell/help_commands.h"
 #include "shell/print_commands.h"
 #include "shell/project_window_command.h"
 #include "shell/window_commands.h"
@@ -115,10 +116,10 @@ void HlydWindow::buildWindowAndHelpMenus() {
     }
     QMenu* help = menuBar()->addMenu("&Help");
     actions_["mnuHelp"] = help->menuAction();
-    addCommand(help, "mnuHelContents", "&Help Topics...", nothing);
-    addCommand(help, "mnuHelSearch", "&Search For Help On...", nothing);
+    addCommand(help, "mnuHelContents", "&Help Topics...", mnuHelContents_Click);
+    addCommand(help, "mnuHelSearch", "&Search For Help On...", mnuHelSearch_Click);
     help->addSeparator();
-    addCommand(help, "mnuHelHelp", "He&lp On Help", nothing);
+    addCommand(help, "mnuHelHelp", "He&lp On Help", mnuHelHelp_Click);
     help->addSeparator();
     addCommand(help, "mnuHelAbout", "&About Halyard...", [this] { showAbout(); });
 }
@@ -156,7 +157,7 @@ void HlydWindow::buildToolBar() {
     connect(cboProc_, &QComboBox::activated, this, &HlydWindow::onProcChosen);
     addButton("tbrPriorFile", "Prior File", [] { mnuViewFile_Click(1); });
     addButton("tbrNextFile", "Next File", [] { mnuViewFile_Click(0); });
-    addButton("tbrHelp", "Help", nothing);
+    addButton("tbrHelp", "Help", mnuHelContents_Click);
 }
 
 void HlydWindow::buildPopupMenu() {

@@ -21,6 +21,7 @@
 #include "printing/print_status.h"
 #include "printing/printer_start.h"
 #include "printing/select_proc.h"
+#include "shell/help_commands.h"
 
 namespace hlyd {
 
@@ -149,7 +150,8 @@ private:
         auto* cancel = named("cmdCancel", new QPushButton(printCaption("cmdCancel")));
         connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
         auto* help = named("cmdHelp", new QPushButton(printCaption("cmdHelp")));
-        help->setEnabled(false);
+        help->setEnabled(helpAvailable());
+        connect(help, &QPushButton::clicked, this, [] { showHelpPage("printing.html"); });
         row->addStretch();
         for (QPushButton* button : {ok, cancel, help}) row->addWidget(button);
         return row;
@@ -249,7 +251,8 @@ bool showSelectForm(QWidget* parent, SelectProcModel& m) {
         row->addWidget(buttons[name]);
     }
     box->addLayout(row);
-    buttons["cmdHelp"]->setEnabled(false);
+    buttons["cmdHelp"]->setEnabled(helpAvailable());
+    QObject::connect(buttons["cmdHelp"], &QPushButton::clicked, [] { showHelpPage("printing.html"); });
     QObject::connect(buttons["cmdAll"], &QPushButton::clicked, list, &QListWidget::selectAll);
     QObject::connect(buttons["cmdNone"], &QPushButton::clicked, list, &QListWidget::clearSelection);
     QObject::connect(buttons["cmdOK"], &QPushButton::clicked, &form, &QDialog::accept);

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "dialogs/frm_error_info.h"
 #include "dialogs/frm_splash.h"
 #include "dialogs/hlyd_window.h"
 #include "files/main_window_model.h"
@@ -155,6 +156,7 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     // A run that works from the command line shows no window: its messages go to standard error
     // and are answered at once, so that nobody is left waiting on a box that no one sees.
     QtUi windowUi;
+    windowUi.errorReportDialog = showErrorInfo;
     ConsoleUi consoleUi;
     if (!commandLineJob().options.htmlOut.empty()) consoleUi.saveAs = commandLineJob().options.htmlOut;
     bool windowless = mode == kStartCommandLineFile;

@@ -34,6 +34,8 @@ MsgAnswer ConsoleUi::messageBox(const MessageBoxRequest& request) {
     return windowlessAnswer(request, stderr);
 }
 
+void Ui::errorReport(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
+
 namespace {
 ConsoleUi consoleUi;
 Ui* currentUi = &consoleUi;

@@ -81,6 +81,14 @@ public:
     virtual bool printerDialog([[maybe_unused]] PrinterDialogRequest& request) { return false; }
     // The hourglass while the program is busy, the default pointer after.
     virtual void setBusy([[maybe_unused]] bool busy) {}
+    // The report of an unexpected failure, shown until the user closes it. Without a window it
+    // goes to standard error, where a script or a terminal still sees it.
+    virtual void errorReport(const std::string& text);
+    // Hands a URL (a mail link) to the desktop; false when nothing took it.
+    virtual bool openUrl([[maybe_unused]] const std::string& url) { return false; }
+    // Opens a local file (a help page) in the desktop's viewer for it; false when nothing took it.
+    virtual bool openFile([[maybe_unused]] const std::string& path) { return false; }
+    virtual void setClipboardText([[maybe_unused]] const std::string& text) {}
 };
 
 // The port in force; a console implementation until the program installs another.

@@ -318,6 +318,9 @@ void sbGetINIUser() {
     if (s.UserCompany.empty()) s.UserCompany = UserCoDef("DefCompany");
     theAppInfo().UserName = s.UserName;
     theAppInfo().UserCompany = s.UserCompany;
+    // A company that keeps its own help desk points the reports there.
+    std::string support = ini->ReadString("SupportAddress", "", "General");
+    theAppInfo().SupportEndpoint = support.empty() ? kDefaultSupportEndpoint : support;
 }
 
 void sbINIGetInfo(bool firstRun) {

@@ -24,6 +24,7 @@
 #include "shell/command_line.h"
 #include "shell/command_line_job.h"
 #include "shell/error_report.h"
+#include "shell/help_commands.h"
 #include "shell/start_mode.h"
 #include "shell/window_commands.h"
 
@@ -167,7 +168,7 @@ void InitApp() {
         const cAppInfo& app = theAppInfo();
         theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
         queryLocaleSeparators();
-        mainState.HelpFile = app.Path + "/" + app.EXEName + ".HLP";
+        mainState.HelpFile = helpIndexPath();
         mainState.ElementClassNames = {"Display",         "Print",        "Comments",   "Identifiers", "KeyWords",
                                        "Literals",        "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
         loadSettingsAtStartup();

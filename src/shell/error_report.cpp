@@ -80,8 +80,10 @@ ErrorReport composeErrorReport(const ErrorReportInput& in) {
         }
     }
     if (!in.callList.empty()) t += in.callList + "\n";
-    t += "\nIf you cannot send e-mail, please write to " + app.SupportParty + " at " + app.SupportEndpoint +
-         " with the text above, and tell us what you were doing when the problem came.\n";
+    t += "\nIf this computer cannot send e-mail, save the text above (Copy to Clipboard) and send it from\n"
+         "another one to " + app.SupportParty + " at " + app.SupportEndpoint +
+         ", or hand it to whoever looks after " + app.Title + " where you work.\n"
+         "Please tell us what you were doing when the problem came.\n";
     return r;
 }
 
@@ -89,6 +91,7 @@ void trapErrors(const char* where, const std::function<void()>& body) { trapInto
 
 void ERHandler(int number, const std::string& description, const std::string& source, const std::string& where) {
     theLog().LogTraceEnter("ERHandler");
+    theUi().setBusy(false);  // the report is read with the ordinary pointer
     ErrorReportInput in;
     try {
         cDebug& debug = theDebug();
@@ -110,7 +113,7 @@ void ERHandler(int number, const std::string& description, const std::string& so
         theLog().LogGetProcs(in.callList);
         ErrorReport report = composeErrorReport(in);
         logBlock(report.logText);
-        theUi().messageBox({report.text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Critical, 1});
+        theUi().errorReport(report.text);
         logBlock(report.text);
         theLog().LogEnd();
     } catch (...) {

@@ -11,10 +11,9 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/mru.h"
-#include "platform/os.h"
 #include "settings/settings_store.h"
-#include "shell/app_start.h"
 #include "shell/debug_menu.h"
+#include "shell/help_commands.h"
 #include "shell/print_commands.h"
 #include "shell/project_window_command.h"
 
@@ -64,13 +63,8 @@ constexpr const char* kNotYetAvailable[] = {
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
 constexpr int kViewFileListSize = 8;
 
-bool helpFileThere() {
-    const std::string& help = hlydMain().HelpFile;
-    return !help.empty() && os::fileInfo(help).exists();
-}
-
 void setHelpCommands() {
-    bool help = helpFileThere();
+    bool help = helpAvailable();
     for (const char* name : {"tbrHelp", "mnuHelContents", "mnuHelSearch", "mnuHelHelp"}) setCommand(name, help);
 }
 

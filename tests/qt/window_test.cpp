@@ -239,6 +239,28 @@ TEST_F(WindowTest, CaptionsAndTipsAreTheClassicOnes) {
     EXPECT_FALSE(window->action("mnuViewStatus")->isChecked());
 }
 
+TEST_F(WindowTest, TheHelpButtonAndMenuOpenTheProgramsPagesAndThePopupHasEveryItem) {
+    EXPECT_FALSE(window->action("tbrHelp")->isEnabled());  // no help file named yet
+    EXPECT_EQ(window->action("tbrHelp")->toolTip(), "Not available - Help file Missing");
+    hlydMain().HelpFile = std::string(HLYD_SOURCE_DIR) + "/data/help/index.html";
+    HlydMSEnableHLYDControls();
+    window->refreshFromModel();
+    ASSERT_TRUE(window->action("tbrHelp")->isEnabled());
+    window->action("tbrHelp")->trigger();
+    window->action("mnuHelSearch")->trigger();
+    window->action("mnuHelHelp")->trigger();
+    ASSERT_EQ(ui.opened.size(), 3u);
+    EXPECT_TRUE(ui.opened[0].ends_with("help/index.html"));
+    EXPECT_TRUE(ui.opened[1].ends_with("help/topics.html"));
+    EXPECT_TRUE(ui.opened[2].ends_with("help/using-help.html"));
+
+    QStringList items;
+    for (QAction* item : window->findChild<QMenu*>("mnuPopupMenu")->actions())
+        items << (item->isSeparator() ? "-" : item->text());
+    EXPECT_EQ(items.join("|"), "Open|Close |-|Print|Display Options|-|Next Procedure|Prior Procedure|Next File|"
+                               "Prior File|-|Project Window|-|Close Halyard");
+}
+
 TEST_F(WindowTest, TheDebugMenuHoldsItsItemsWhenTheSettingAsks) {
     hlydSettings().DebugMenu = true;
     sbSetToolBar();

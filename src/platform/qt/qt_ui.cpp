@@ -1,11 +1,14 @@
 #include "platform/qt/qt_ui.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStringList>
+#include <QUrl>
 
 #include "platform/qt/list_dialog.h"
 #include "platform/qt/printer_dialog.h"
@@ -175,5 +178,23 @@ void QtUi::setBusy(bool busy) {
     if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
     else QApplication::restoreOverrideCursor();
 }
+
+void QtUi::errorReport(const std::string& text) {
+    if (errorReportDialog) {
+        errorReportDialog(text);
+        return;
+    }
+    messageBox({text, toUtf8(QApplication::applicationName()), MsgButtons::OK, MsgIcon::Critical, 1});
+}
+
+// The link is handed on as it is: its body was encoded the way mail programs expect, and a
+// second encoding here would show the reader "%20" instead of blanks.
+bool QtUi::openUrl(const std::string& url) {
+    return QDesktopServices::openUrl(QUrl(fromUtf8(url), QUrl::TolerantMode));
+}
+
+bool QtUi::openFile(const std::string& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(fromLocalPath(path))); }
+
+void QtUi::setClipboardText(const std::string& text) { QGuiApplication::clipboard()->setText(fromUtf8(text)); }
 
 }  // namespace hlyd

@@ -19,6 +19,8 @@ public:
     std::function<void()> beforeEvents;
     // The size of the list of open files: the window layer keeps it in the settings.
     QSize fileListSize;
+    // The dialog of the error report, which the window layer puts in; a plain box without it.
+    std::function<void(const std::string& text)> errorReportDialog;
 
     MsgAnswer messageBox(const MessageBoxRequest& request) override;
     void processEvents() override;
@@ -29,6 +31,10 @@ public:
     std::optional<std::string> inputBox(const InputBoxRequest& request) override;
     bool printerDialog(PrinterDialogRequest& request) override;
     void setBusy(bool busy) override;
+    void errorReport(const std::string& text) override;
+    bool openUrl(const std::string& url) override;
+    bool openFile(const std::string& path) override;
+    void setClipboardText(const std::string& text) override;
 
 private:
     QPointer<QWidget> parent_;
