@@ -14,6 +14,7 @@
 #include "base/app_info.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
+#include "dialogs/display_options_dialog.h"
 #include "dialogs/print_dialogs.h"
 #include "dialogs/view_hooks.h"
 #include "display/screen_emitter.h"
@@ -58,6 +59,7 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     setPresentView(&presentOnWindow);
     bindModelHooks();
     installPrintDialogs(this);
+    installDisplayOptionsDialog(this);
 }
 
 HlydWindow::~HlydWindow() {

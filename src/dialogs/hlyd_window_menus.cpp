@@ -12,6 +12,7 @@
 #include "html/html_emit.h"
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
+#include "shell/display_options.h"
 #include "shell/print_commands.h"
 #include "shell/window_commands.h"
 
@@ -90,7 +91,7 @@ void HlydWindow::buildViewMenu() {
     addCommand(viewMenu_, "mnuViewToolTips", "T&oolTips", mnuViewToolTips_Click)->setCheckable(true);
     addCommand(viewMenu_, "mnuViewStatus", "&Status Bar", mnuViewStatus_Click)->setCheckable(true);
     viewMenu_->addSeparator();
-    addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", nothing);
+    addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", mnuOptionsDisplay_Click);
     addCommand(viewMenu_, "mnuOptionsPrint", "&Print Options", nothing);
     viewMenu_->addSeparator();
     viewListEnd_ = new QAction(this);  // the open files go in front of this invisible mark
@@ -140,7 +141,7 @@ void HlydWindow::buildToolBar() {
     addButton("tbrClose", "Close", mnuFilClose_Click);
     addButton("tbrPrint", "Print", mnuFilPrint_Click);
     addButton("tbrPrintOptions", "Print Options", nothing);
-    addButton("tbrDisplayOptions", "Display Options", nothing);
+    addButton("tbrDisplayOptions", "Display Options", mnuOptionsDisplay_Click);
     addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
     addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });
     addButton("tbrPrintThisProcedure", "Print This Procedure", tbrPrintThisProcedure_Click);
