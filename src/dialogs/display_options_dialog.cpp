@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
+#include <QPixmap>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
@@ -19,6 +21,7 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <array>
 #include <map>
@@ -37,6 +40,16 @@ namespace {
 QString caption(const std::string& control) { return fromUtf8(displayOptionsCaption(control)); }
 std::string singleByte(const QString& text) { return text.toLatin1().toStdString(); }
 std::string indexed(const char* name, int i) { return name + std::to_string(i); }
+
+// A colour button shows its colour as a swatch with a frame, so that a white one is seen too.
+QIcon swatch(const QColor& colour) {
+    QPixmap pixmap(32, 16);
+    pixmap.fill(colour);
+    QPainter painter(&pixmap);
+    painter.setPen(Qt::gray);
+    painter.drawRect(pixmap.rect().adjusted(0, 0, -1, -1));
+    return QIcon(pixmap);
+}
 
 // One row of the fonts tab: the sample, the font's text and the two colour buttons.
 struct FontRow {
@@ -126,8 +139,10 @@ private:
         txtDefaultFileLoc_ = field("txtDefaultFileLoc", location);
         txtDefaultFileLoc_->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
         row->addWidget(txtDefaultFileLoc_, 1);
-        auto* browse = named("cmdDefaultFileLoc", new QPushButton(caption("cmdDefaultFileLoc")));
-        connect(browse, &QPushButton::clicked, this, [this] { act([this] { cmdDefaultFileLoc_Click(m_); }); });
+        auto* browse = named("cmdDefaultFileLoc", new QToolButton);
+        browse->setText(caption("cmdDefaultFileLoc"));
+        browse->setToolTip("Choose a file in the folder to start from");
+        connect(browse, &QToolButton::clicked, this, [this] { act([this] { cmdDefaultFileLoc_Click(m_); }); });
         row->addWidget(browse);
         box->addLayout(row);
         auto* user = named("fraUser", new QGroupBox(caption("fraUser")));
@@ -194,6 +209,8 @@ private:
         auto* box = new QVBoxLayout(page);
         box->addWidget(named("lblFontsHint", new QLabel(caption("lblFontsHint"))));
         auto* grid = new QGridLayout;
+        const char* headings[] = {"Element", "Sample", "Font", "Text", "Back"};
+        for (int column = 0; column < 5; ++column) grid->addWidget(new QLabel(headings[column]), 0, column);
         for (int e = 1; e <= kElementCount; ++e) {
             FontRow& row = rows_[e];
             grid->addWidget(new QLabel(fromUtf8(elementName(e))), e, 0);
@@ -201,10 +218,12 @@ private:
             grid->addWidget(row.sample, e, 1);
             row.font = named(indexed("txtFont", e), new QLineEdit);
             row.font->setReadOnly(true);
-            row.font->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
+            row.font->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
             grid->addWidget(row.font, e, 2);
             row.fore = named(indexed("btnForeColor", e), new QPushButton);
             row.back = named(indexed("btnBackColor", e), new QPushButton);
+            row.fore->setIconSize({32, 16});
+            row.back->setIconSize({32, 16});
             row.fore->setToolTip("Text colour of " + fromUtf8(elementName(e)));
             row.back->setToolTip("Background colour of " + fromUtf8(elementName(e)));
             grid->addWidget(row.fore, e, 3);
@@ -247,6 +266,8 @@ private:
         }
         lblDialect_ = named("lblDialect", new QLabel);
         lblDialect_->setWordWrap(true);
+        lblDialect_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+        lblDialect_->setMinimumHeight(fontMetrics().lineSpacing() * 6);
         detectBox->addWidget(lblDialect_, 1);
         grid->addWidget(detect, 0, 1);
         grid->addWidget(buildExtensions(), 1, 0, 1, 2);
@@ -257,6 +278,9 @@ private:
     QWidget* buildExtensions() {
         auto* frame = named("fraExtension", new QGroupBox(caption("fraExtension")));
         auto* grid = new QGridLayout(frame);
+        auto* hint = named("lblExtensionHint", new QLabel(caption("lblExtensionHint")));
+        hint->setWordWrap(true);
+        grid->addWidget(hint, 3, 0, 1, 3);
         for (int i = 0; i < 3; ++i) {
             auto* label = new QLabel(caption(indexed("lblExtension", i)));
             extEdit_[i] = field(indexed("cboExtension", i), label);
@@ -429,8 +453,8 @@ private:
         const AttributeRecord& a = m_.elements[e];
         rows_[e].sample->showAttributes(a);
         rows_[e].font->setText(fromUtf8(fontText(a.Font)));
-        rows_[e].fore->setStyleSheet("background-color: " + classicColour(a.ForeColor).name());
-        rows_[e].back->setStyleSheet("background-color: " + classicColour(a.BackColor).name());
+        rows_[e].fore->setIcon(swatch(classicColour(a.ForeColor)));
+        rows_[e].back->setIcon(swatch(classicColour(a.BackColor)));
     }
 
     DisplayOptionsModel& m_;

@@ -55,6 +55,7 @@ void ElementSample::showAttributes(const AttributeRecord& a) {
     font_ = qtFontOf(a.Font);
     fore_ = classicColour(a.ForeColor);
     back_ = classicColour(a.BackColor);
+    setMinimumSize(sizeHint());
     updateGeometry();
     update();
 }

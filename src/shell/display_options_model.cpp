@@ -52,6 +52,7 @@ const std::vector<std::pair<std::string, std::string>> kCaptions = {
     {"lblExtension0", "&Project"},
     {"lblExtension1", "Designer &Objects"},
     {"lblExtension2", "&Code"},
+    {"lblExtensionHint", "Type an extension and leave the field to add it; double click one to remove it."},
     {"cmdOk", "OK"},
     {"cmdCancel", "Cancel"},
 };
