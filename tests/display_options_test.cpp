@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "fake_surface.h"
+#include "display/screen_emitter.h"
+#include "display/viewing.h"
+#include "files/main_window_model.h"
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "shell/display_options.h"
@@ -125,6 +128,7 @@ TEST_F(DisplayOptionsTest, OkWritesTheSettingsFileAndTheRecords) {
         EXPECT_FALSE(cmdOk_Click(d));
         EXPECT_EQ(d.lblMessage, "Tab Width must be a whole number from 1 to 32.");
         d.txtTabWidth = "8";
+        d.txtDefaultFileLoc = "/home/ada/vb";
         optDialect_Click(d, 1);
         optAutoDetect_Click(d, kDetectManual);
         setElementColour(d, kElemLiterals, true, 255);
@@ -134,11 +138,31 @@ TEST_F(DisplayOptionsTest, OkWritesTheSettingsFileAndTheRecords) {
     mnuOptionsDisplay_Click();
 
     std::string text = ini();
-    for (const char* line : {"User Name=Ada", "TabWidth.Display=8", "Default=4", "Detect=MANUAL",
+    for (const char* line : {"User Name=Ada", "TabWidth.Display=8", "DefaultFileLoc=/home/ada/vb", "Default=4", "Detect=MANUAL",
                              "Color.Foreground.Literals=255", "FontName.Literals=Arial", "FontAttr.Literals=No Yes No No 11"})
         EXPECT_NE(text.find(std::string(line) + "\n"), std::string::npos) << line;
     EXPECT_EQ(displayAttributes().Format[kDisplay].TabWidth, 8);
     EXPECT_EQ(hlydSettings().Dialect, "4");
+}
+
+// A font the screen lacks never reaches the view unannounced, and the view is drawn with the
+// options accepted.
+TEST_F(DisplayOptionsTest, OkChecksTheFontsAndDrawsTheViewAnew) {
+    emitterState().ViewHeight = 8000;
+    mainWindow().emitRequestedData = [] {
+        std::int32_t first = 1;
+        HlydDSEmitRequestedData(first);
+    };
+    showSource("module.bas", test::procedures(3, 30));
+    setScrollValue(20);
+    surface.calls.clear();
+    m.elements[kElemLiterals].FontName = m.elements[kElemLiterals].Font.Name = "Gothic Nowhere";
+    ASSERT_TRUE(cmdOk_Click(m));
+    EXPECT_EQ(messagesShown(), (Strings{"Literals: Gothic Nowhere is not a valid display font; Arial is used instead."}));
+    EXPECT_EQ(displayAttributes().Elements[kElemLiterals].slot[kDisplay].FontName, "Arial");
+    std::vector<test::FakeSurface::Call> printed = surface.callsOf("print");
+    ASSERT_FALSE(printed.empty());
+    EXPECT_EQ(printed.front().text, "X1_19");
 }
 
 TEST_F(DisplayOptionsTest, NothingUnacceptedReachesTheSettingsFile) {

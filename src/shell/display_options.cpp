@@ -8,7 +8,8 @@
 #include "base/c_log.h"
 #include "base/message_box.h"
 #include "display/font_metrics.h"
-#include "files/file_show.h"
+#include "display/viewing.h"
+#include "files/main_window_model.h"
 #include "files/file_table.h"
 #include "platform/ui.h"
 #include "settings/ini_handler.h"
@@ -56,9 +57,12 @@ void validateFontsTellingReplacements() {
     if (!told.empty()) showMessage(told, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 
+// From the record at the top, so the user stays at the place the options were changed at.
 void drawViewAnew() {
     const FileTableModule& f = fileTable();
-    if (f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count()) HlydFLProcessSelectedFile(f.wCurrentFile);
+    if (f.wCurrentFile < 1 || f.wCurrentFile > f.oFile.Count()) return;
+    if (f.oFile.Item(f.wCurrentFile).FileType == kFileSource) DisplayFile();
+    else mainWindow().showProject();
 }
 
 std::string folderOf(const std::string& path) {
