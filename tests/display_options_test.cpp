@@ -115,6 +115,7 @@ TEST_F(DisplayOptionsTest, FontsTheScreenLacksAreRefused) {
     EXPECT_NE(m.elements[kElemComments].FontName, "Gothic Nowhere");
 
     EXPECT_FALSE(changeAllFonts(m, {"Gothic Nowhere", 9}));
+    EXPECT_EQ(messagesShown().back(), "This font is not a valid display font");
     EXPECT_EQ(m.elements[kElemIdentifiers].FontName, "Courier New");
     EXPECT_TRUE(changeAllFonts(m, {"Arial", 9}));
     for (int e = 1; e <= kElementCount; ++e) EXPECT_EQ(m.elements[e].FontName, "Arial") << e;

@@ -1,7 +1,6 @@
 #include "dialogs/display_options_dialog.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QColorDialog>
 #include <QDialog>
 #include <QFontDialog>
@@ -80,16 +79,21 @@ public:
         load();
     }
 
-    void showTab(int index) { tabs_->setCurrentIndex(index); }
+    // The fields tell the form no more once it goes: a field that loses the focus while the
+    // form is taken down must not run a rule on it.
+    ~DisplayOptionsForm() override {
+        for (QLineEdit* edit : extEdit_) edit->removeEventFilter(this);
+        for (int e = 1; e <= kElementCount; ++e)
+            for (QWidget* w : {static_cast<QWidget*>(rows_[e].font), static_cast<QWidget*>(rows_[e].fore),
+                               static_cast<QWidget*>(rows_[e].back)})
+                w->removeEventFilter(this);
+    }
 
 protected:
-    // Escape and the window's close box: with changes the user is asked whether to save them.
+    // Escape and the window's close box (which comes here too): with changes the user is asked
+    // whether to save them.
     void reject() override {
         if (cancelling_ || queryUnload()) QDialog::reject();
-    }
-    void closeEvent(QCloseEvent* event) override {
-        if (queryUnload()) event->accept();
-        else event->ignore();
     }
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::FocusOut) extensionLeft(watched, static_cast<QFocusEvent*>(event));

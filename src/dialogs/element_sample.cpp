@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
 
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/classic_fonts.h"
@@ -55,7 +56,10 @@ void ElementSample::showAttributes(const AttributeRecord& a) {
     font_ = qtFontOf(a.Font);
     fore_ = classicColour(a.ForeColor);
     back_ = classicColour(a.BackColor);
-    setMinimumSize(sizeHint());
+    // Whole at the sizes people read code in; a very large font is cut rather than the dialog
+    // growing past the screen.
+    QSize whole = sizeHint();
+    setMinimumSize(std::min(whole.width(), fontMetrics().averageCharWidth() * 36), std::min(whole.height(), 96));
     updateGeometry();
     update();
 }

@@ -97,5 +97,21 @@ TEST_F(DisplayOptionsWindowTest, EscapeWithChangesAsksAndNoDropsThem) {
     EXPECT_EQ(ini(), before);
 }
 
+TEST_F(DisplayOptionsWindowTest, ADoubleClickOnAFontAsksForTheFontOfItsElement) {
+    std::string fontTitle;
+    whenShown([&fontTitle](QWidget* form) {
+        QTimer::singleShot(0, [&fontTitle, form] {
+            QWidget* fonts = QApplication::activeModalWidget();
+            fontTitle = fonts->windowTitle().toStdString();
+            QMetaObject::invokeMethod(fonts, "reject", Qt::QueuedConnection);
+            QMetaObject::invokeMethod(form, "reject", Qt::QueuedConnection);
+        });
+        QTest::mouseDClick(form->findChild<QLineEdit*>("txtFont4"), Qt::LeftButton);
+    });
+    window->action("mnuOptionsDisplay")->trigger();
+    EXPECT_EQ(fontTitle, "Set Font for: Literals");
+    EXPECT_TRUE(ui.shown.empty());
+}
+
 }  // namespace
 }  // namespace hlyd
