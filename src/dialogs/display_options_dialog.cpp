@@ -84,9 +84,7 @@ public:
     ~DisplayOptionsForm() override {
         for (QLineEdit* edit : extEdit_) edit->removeEventFilter(this);
         for (int e = 1; e <= kElementCount; ++e)
-            for (QWidget* w : {static_cast<QWidget*>(rows_[e].font), static_cast<QWidget*>(rows_[e].fore),
-                               static_cast<QWidget*>(rows_[e].back)})
-                w->removeEventFilter(this);
+            for (QWidget* w : rowWidgets(e)) w->removeEventFilter(this);
     }
 
 protected:
@@ -96,17 +94,9 @@ protected:
         if (cancelling_ || queryUnload()) QDialog::reject();
     }
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::FocusOut) extensionLeft(watched, static_cast<QFocusEvent*>(event));
-        bool open = event->type() == QEvent::MouseButtonDblClick;
-        if (event->type() == QEvent::KeyPress) {
-            int key = static_cast<QKeyEvent*>(event)->key();
-            if ((key == Qt::Key_Return || key == Qt::Key_Enter) && extensionField(watched) >= 0) {
-                extensionLeaves(extensionField(watched));
-                return true;
-            }
-            open = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
-        }
-        return open && rowAction(watched) ? true : QDialog::eventFilter(watched, event);
+        int field = extensionField(watched);
+        bool handled = field >= 0 ? extensionEvent(field, event) : opensChooser(event) && rowAction(watched);
+        return handled || QDialog::eventFilter(watched, event);
     }
 
 private:
@@ -215,26 +205,7 @@ private:
         auto* grid = new QGridLayout;
         const char* headings[] = {"Element", "Sample", "Font", "Text", "Back"};
         for (int column = 0; column < 5; ++column) grid->addWidget(new QLabel(headings[column]), 0, column);
-        for (int e = 1; e <= kElementCount; ++e) {
-            FontRow& row = rows_[e];
-            grid->addWidget(new QLabel(fromUtf8(elementName(e))), e, 0);
-            row.sample = new ElementSample(e);
-            grid->addWidget(row.sample, e, 1);
-            row.font = named(indexed("txtFont", e), new QLineEdit);
-            row.font->setReadOnly(true);
-            row.font->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
-            grid->addWidget(row.font, e, 2);
-            row.fore = named(indexed("btnForeColor", e), new QPushButton);
-            row.back = named(indexed("btnBackColor", e), new QPushButton);
-            row.fore->setIconSize({32, 16});
-            row.back->setIconSize({32, 16});
-            row.fore->setToolTip("Text colour of " + fromUtf8(elementName(e)));
-            row.back->setToolTip("Background colour of " + fromUtf8(elementName(e)));
-            grid->addWidget(row.fore, e, 3);
-            grid->addWidget(row.back, e, 4);
-            for (QWidget* w : {static_cast<QWidget*>(row.font), static_cast<QWidget*>(row.fore), static_cast<QWidget*>(row.back)})
-                w->installEventFilter(this);
-        }
+        for (int e = 1; e <= kElementCount; ++e) buildFontRow(grid, e);
         grid->setColumnStretch(1, 1);
         box->addLayout(grid);
         auto* buttons = new QHBoxLayout;
@@ -247,6 +218,26 @@ private:
         box->addLayout(buttons);
         box->addStretch();
         return page;
+    }
+
+    void buildFontRow(QGridLayout* grid, int e) {
+        FontRow& row = rows_[e];
+        QString element = fromUtf8(elementName(e));
+        grid->addWidget(new QLabel(element), e, 0);
+        row.sample = new ElementSample(e);
+        grid->addWidget(row.sample, e, 1);
+        row.font = named(indexed("txtFont", e), new QLineEdit);
+        row.font->setReadOnly(true);
+        row.font->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
+        grid->addWidget(row.font, e, 2);
+        row.fore = named(indexed("btnForeColor", e), new QPushButton);
+        row.back = named(indexed("btnBackColor", e), new QPushButton);
+        row.fore->setToolTip("Text color of " + element);
+        row.back->setToolTip("Background color of " + element);
+        for (QPushButton* button : {row.fore, row.back}) button->setIconSize({32, 16});
+        grid->addWidget(row.fore, e, 3);
+        grid->addWidget(row.back, e, 4);
+        for (QWidget* w : rowWidgets(e)) w->installEventFilter(this);
     }
 
     QWidget* buildFiles() {
@@ -319,15 +310,32 @@ private:
         return row;
     }
 
+    std::array<QWidget*, 3> rowWidgets(int e) const { return {rows_[e].font, rows_[e].fore, rows_[e].back}; }
+    static bool isEnter(QEvent* event) {
+        if (event->type() != QEvent::KeyPress) return false;
+        int key = static_cast<QKeyEvent*>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    }
+    // A double click opens a font or colour dialog; so do Enter and Space, for the keyboard.
+    static bool opensChooser(QEvent* event) {
+        bool space = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space;
+        return event->type() == QEvent::MouseButtonDblClick || isEnter(event) || space;
+    }
+    // Enter in an extension field adds what it holds, as leaving it does, instead of closing the form.
+    bool extensionEvent(int field, QEvent* event) {
+        if (event->type() == QEvent::FocusOut) extensionLeft(field, static_cast<QFocusEvent*>(event));
+        if (!isEnter(event)) return false;
+        extensionLeaves(field);
+        return true;
+    }
     int extensionField(QObject* watched) const {
         for (int i = 0; i < 3; ++i)
             if (watched == extEdit_[i]) return i;
         return -1;
     }
     // Leaving an extension field runs its rule; a refusal brings the focus back.
-    void extensionLeft(QObject* watched, QFocusEvent* event) {
-        int i = extensionField(watched);
-        if (i < 0 || event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) return;
+    void extensionLeft(int i, QFocusEvent* event) {
+        if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) return;
         extensionLeaves(i);
     }
     void extensionLeaves(int i) {
@@ -367,7 +375,7 @@ private:
     }
     void chooseColour(int e, bool foreground) {
         const AttributeRecord& a = m_.elements[e];
-        QString what = foreground ? "Text Colour for: " : "Background Colour for: ";
+        QString what = foreground ? "Text Color for: " : "Background Color for: ";
         QColor chosen = QColorDialog::getColor(classicColour(foreground ? a.ForeColor : a.BackColor), this,
                                                what + fromUtf8(elementName(e)));
         if (chosen.isValid()) act([this, e, foreground, &chosen] { setElementColour(m_, e, foreground, classicValue(chosen)); });
