@@ -97,7 +97,9 @@ TEST_F(WindowCommandsTest, CaptionsAndTipsWithNothingOpen) {
     // Printing and the option dialogs stay off until they are built.
     EXPECT_FALSE(cmd("tbrPrint").enabled);
     EXPECT_EQ(cmd("tbrPrint").tip, "Printing not currently available");
-    EXPECT_FALSE(cmd("mnuOptionsDisplay").enabled);
+    EXPECT_TRUE(cmd("mnuOptionsDisplay").enabled);
+    EXPECT_TRUE(cmd("tbrDisplayOptions").enabled);
+    EXPECT_EQ(cmd("tbrDisplayOptions").tip, "Set Halyard Display Options ");
 }
 
 TEST_F(WindowCommandsTest, ProcedureButtonsFollowThePositionInTheList) {

@@ -14,6 +14,7 @@
 #include "base/app_info.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
+#include "dialogs/display_options_dialog.h"
 #include "dialogs/print_dialogs.h"
 #include "dialogs/project_file_dialog.h"
 #include "dialogs/view_hooks.h"
@@ -60,6 +61,7 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     bindModelHooks();
     installPrintDialogs(this);
     installProjectFileDialog(this);
+    installDisplayOptionsDialog(this);
 }
 
 HlydWindow::~HlydWindow() {

@@ -13,6 +13,7 @@
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
 #include "shell/help_commands.h"
+#include "shell/display_options.h"
 #include "shell/print_commands.h"
 #include "shell/project_window_command.h"
 #include "shell/window_commands.h"
@@ -92,7 +93,7 @@ void HlydWindow::buildViewMenu() {
     addCommand(viewMenu_, "mnuViewToolTips", "T&oolTips", mnuViewToolTips_Click)->setCheckable(true);
     addCommand(viewMenu_, "mnuViewStatus", "&Status Bar", mnuViewStatus_Click)->setCheckable(true);
     viewMenu_->addSeparator();
-    addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", nothing);
+    addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", mnuOptionsDisplay_Click);
     addCommand(viewMenu_, "mnuOptionsPrint", "&Print Options", nothing);
     viewMenu_->addSeparator();
     viewListEnd_ = new QAction(this);  // the open files go in front of this invisible mark
@@ -142,7 +143,7 @@ void HlydWindow::buildToolBar() {
     addButton("tbrClose", "Close", mnuFilClose_Click);
     addButton("tbrPrint", "Print", mnuFilPrint_Click);
     addButton("tbrPrintOptions", "Print Options", nothing);
-    addButton("tbrDisplayOptions", "Display Options", nothing);
+    addButton("tbrDisplayOptions", "Display Options", mnuOptionsDisplay_Click);
     addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
     addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });
     addButton("tbrPrintThisProcedure", "Print This Procedure", tbrPrintThisProcedure_Click);

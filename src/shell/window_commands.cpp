@@ -57,7 +57,7 @@ constexpr MenuItem kMenuItems[] = {
 
 // Commands whose dialogs or printing are not part of this build yet.
 constexpr const char* kNotYetAvailable[] = {
-    "mnuOptionsDisplay", "mnuOptionsPrint", "tbrPrintOptions", "tbrDisplayOptions",
+    "mnuOptionsPrint", "tbrPrintOptions",
 };
 
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
@@ -122,6 +122,7 @@ void sbButtonsOpen() {
     setCommand("mnuFilCloseAll", fileOpen);
     setCommand("tbrClose", fileOpen);
     setCommand("mnuFileHTML", fileOpen);
+    setButtonAndMenu("tbrDisplayOptions", "mnuOptionsDisplay", true);
     for (const char* name : kNotYetAvailable) setCommand(name, false);
     setCommand("mnuWinProjectWindow", projectWindowAvailable());
     sbPrintButtonSet();
