@@ -20,6 +20,7 @@
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
+#include "shell/help_commands.h"
 #include "shell/start_mode.h"
 
 namespace hlyd {
@@ -124,9 +125,9 @@ private:
         cmdOK_ = button("cmdOK", "OK");
         cmdOK_->setDefault(true);
         cmdCancel_ = button("cmdCancel", "Cancel");
-        // The help pages are not part of this build yet; the button waits for them.
         cmdHelp_ = button("cmdHelp", "&Help");
-        cmdHelp_->setEnabled(false);
+        cmdHelp_->setEnabled(helpAvailable());
+        connect(cmdHelp_, &QPushButton::clicked, this, [] { showHelpPage("project-file.html"); });
         connect(cmdOK_, &QPushButton::clicked, this, [this] {
             if (cmdOK_Click(m_)) accept();
         });
