@@ -11,7 +11,9 @@
 #include "base/mail_link.h"
 #include "settings/settings_store.h"
 #include "shell/error_info_model.h"
+#include "shell/app_start.h"
 #include "shell/error_report.h"
+#include "shell/start_mode.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
 
@@ -112,6 +114,14 @@ TEST_F(TrappedFaultTest, AFaultIsReportedAndTheProgramAskedToEnd) {
     EXPECT_EQ(trapped([] {}), -1);
     EXPECT_EQ(ui.errorReports.size(), 2u);
     EXPECT_TRUE(ui.shown.empty());  // the report has its own dialog, not a message box
+
+    // Started from a development host, the report is followed by a question; No ends as before.
+    hlydMain().StartMode = kStartIdeMode;
+    ui.answers.push_back(MsgAnswer::No);
+    EXPECT_EQ(trapped([] { raiseRuntime(9); }), 1);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text, "Stop for debugging?");
+    EXPECT_EQ(ui.shown[0].buttons, MsgButtons::YesNo);
 }
 
 TEST_F(TrappedFaultTest, AFaultInsideACommandIsShownAndLoggedWithTheCommandsName) {

@@ -1,5 +1,6 @@
 #include "shell/error_report.h"
 
+#include <csignal>
 #include <cstdlib>
 
 #include "analysis/source_model.h"
@@ -12,6 +13,8 @@
 #include "platform/clock.h"
 #include "platform/os.h"
 #include "platform/ui.h"
+#include "shell/app_start.h"
+#include "shell/start_mode.h"
 
 namespace hlyd {
 
@@ -87,6 +90,11 @@ ErrorReport composeErrorReport(const ErrorReportInput& in) {
     return r;
 }
 
+bool askToStopForDebugging() {
+    MessageBoxRequest question{"Stop for debugging?", theAppInfo().Title, MsgButtons::YesNo, MsgIcon::Question, 1};
+    return theUi().messageBox(question) == MsgAnswer::Yes;
+}
+
 void trapErrors(const char* where, const std::function<void()>& body) { trapInto(where, body, ERHandler); }
 
 void ERHandler(int number, const std::string& description, const std::string& source, const std::string& where) {
@@ -115,6 +123,8 @@ void ERHandler(int number, const std::string& description, const std::string& so
         logBlock(report.logText);
         theUi().errorReport(report.text);
         logBlock(report.text);
+        // Started from a development host, the developer may look at the fault where it is.
+        if (hlydMain().StartMode == kStartIdeMode && askToStopForDebugging()) std::raise(SIGTRAP);
         theLog().LogEnd();
     } catch (...) {
         // A failure while reporting must not keep the program from ending.

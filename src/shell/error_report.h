@@ -52,6 +52,9 @@ void trapErrors(const char* where, const std::function<void()>& body);
 void setProgramEnd(std::function<void(int exitCode)> end);
 
 // Composes and shows the report, writes the log, and ends the program. Does not return.
+// After a report in a run started with "/idemode": Yes stops the program where a debugger sees it.
+bool askToStopForDebugging();
+
 [[noreturn]] void ERHandler(int number, const std::string& description, const std::string& source,
                             const std::string& where);
 
