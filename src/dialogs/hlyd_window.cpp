@@ -15,6 +15,7 @@
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
 #include "dialogs/print_dialogs.h"
+#include "dialogs/print_options_dialog.h"
 #include "dialogs/view_hooks.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
@@ -58,6 +59,7 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     setPresentView(&presentOnWindow);
     bindModelHooks();
     installPrintDialogs(this);
+    installPrintOptionsDialog(this);
 }
 
 HlydWindow::~HlydWindow() {

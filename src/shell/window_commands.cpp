@@ -57,7 +57,7 @@ constexpr MenuItem kMenuItems[] = {
 
 // Commands whose dialogs or printing are not part of this build yet.
 constexpr const char* kNotYetAvailable[] = {
-    "mnuOptionsDisplay", "mnuOptionsPrint", "mnuWinProjectWindow", "tbrPrintOptions", "tbrDisplayOptions",
+    "mnuOptionsDisplay", "mnuWinProjectWindow", "tbrDisplayOptions",
 };
 
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.

@@ -1,0 +1,141 @@
+// The print options in the window, offscreen: opened from the menu, the toolbar and the Print
+// dialog, a change accepted into HLYD.INI, and margins too wide that keep the form open.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+#include "base/app_info.h"
+#include "dialogs/hlyd_window.h"
+#include "dialogs/macro_strip.h"
+#include "platform/qt/image_surface.h"
+#include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "printing/printer_start.h"
+#include "printing/printer_systems.h"
+#include "printing/recording_printer.h"
+#include "settings/page_settings.h"
+#include "settings/settings_store.h"
+#include "shell/window_commands.h"
+#include "test_support.h"
+
+namespace hlyd {
+namespace {
+
+class PrintOptionsWindowTest : public test::ProgramTest {
+protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        hlydSettings().CurrentPrinter = "Recorder";
+        recorders = std::make_unique<RecordingPrinterSystem>("Recorder", [](const PrintEvent&) {});
+        setPrinterSystem(recorders.get());
+        InitPrinter();
+        window = std::make_unique<HlydWindow>();
+        setDisplaySurface(&window->picDisplay());
+        HlydDAValidateFonts();
+        sbSetToolBar();
+        window->show();
+    }
+    void TearDown() override {
+        setDisplaySurface(nullptr);
+        window.reset();
+        setPrinterSystem(nullptr);
+        ProgramTest::TearDown();
+    }
+    static std::string settingsFile() {
+        std::ifstream in(std::filesystem::path(settingsDirectory()) / kSettingsFileName, std::ios::binary);
+        std::stringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+    static void type(QWidget* form, const char* name, const QString& text) {
+        auto* field = form->findChild<QLineEdit*>(name);
+        ASSERT_NE(field, nullptr) << name;
+        field->setFocus();
+        field->setText(text);
+        emit field->textEdited(text);
+        emit field->editingFinished();
+    }
+
+    std::unique_ptr<RecordingPrinterSystem> recorders;
+    std::unique_ptr<HlydWindow> window;
+};
+
+TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
+    ASSERT_TRUE(window->action("mnuOptionsPrint")->isEnabled());
+    std::string title, heading;
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        title = form->windowTitle().toStdString();
+        type(form, "txtLineNumberIncrement", "5");
+        auto* footer = form->findChild<QLineEdit*>("txtHeading3");
+        footer->setFocus();
+        footer->setCursorPosition(0);
+        auto* strip = form->findChild<MacroStrip*>("picMacros");
+        QTest::mouseClick(strip, Qt::LeftButton, {}, strip->buttonRect(3).center());
+        heading = footer->text().toStdString();
+        form->findChild<QPushButton*>("cmdOK")->click();
+    });
+    window->action("mnuOptionsPrint")->trigger();
+    EXPECT_EQ(title, "Print Options");
+    EXPECT_EQ(heading, "@Page; @User");
+    std::string ini = settingsFile();
+    EXPECT_NE(ini.find("LineNumberIncrement=5"), std::string::npos);
+    EXPECT_NE(ini.find("FootingLeft=@Page; @User"), std::string::npos);
+}
+
+TEST_F(PrintOptionsWindowTest, MarginsTooWideKeepTheFormOpenAndWriteNothing) {
+    std::string before = settingsFile();
+    std::string message, tab;
+    bool stillOpen = false;
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        type(form, "txtMargin2", "8");
+        form->findChild<QPushButton*>("cmdOK")->click();
+        stillOpen = form->isVisible();
+        message = form->findChild<QLabel*>("lblMessage")->text().toStdString();
+        auto* tabs = form->findChild<QTabWidget*>("tabOptions");
+        tab = tabs->tabText(tabs->currentIndex()).toStdString();
+        form->findChild<QPushButton*>("cmdCancel")->click();
+    });
+    window->action("tbrPrintOptions")->trigger();
+    EXPECT_TRUE(stillOpen);
+    EXPECT_EQ(message, "Left/Right Margins too large.");
+    EXPECT_EQ(tab, "Layout");
+    EXPECT_EQ(settingsFile(), before);
+    EXPECT_EQ(pageSettings().Margins.Left, 1440);
+}
+
+TEST_F(PrintOptionsWindowTest, ThePrintDialogsOptionsButtonOpensTheForm) {
+    showSource("module.bas", test::procedures(1, 3));
+    sbButtonsOpen();
+    window->refreshFromModel();
+    std::string inner;
+    QTimer::singleShot(0, [&] {
+        QWidget* print = QApplication::activeModalWidget();
+        ASSERT_NE(print, nullptr);
+        QTimer::singleShot(0, [&, print] {
+            QWidget* options = QApplication::activeModalWidget();
+            inner = options ? options->objectName().toStdString() : "";
+            if (options) options->findChild<QPushButton*>("cmdCancel")->click();
+            print->findChild<QPushButton*>("cmdCancel")->click();
+        });
+        print->findChild<QPushButton*>("cmdOptions")->click();
+    });
+    window->action("mnuFilPrint")->trigger();
+    EXPECT_EQ(inner, "frmPrintOptions");
+}
+
+}  // namespace
+}  // namespace hlyd
