@@ -15,7 +15,8 @@
 namespace hlyd {
 
 namespace {
-constexpr int kPadding = 6;
+// Tight: fifteen buttons in one row must fit a dialog on a screen 1280 pixels wide.
+constexpr int kPadding = 3;
 }
 
 MacroStrip::MacroStrip(std::function<void(int)> clicked, QWidget* parent)
@@ -35,7 +36,7 @@ int MacroStrip::buttonWidth() const {
 }
 
 QSize MacroStrip::sizeHint() const {
-    return {buttonWidth() * kMacroButtons, fontMetrics().height() + 2 * kPadding};
+    return {buttonWidth() * kMacroButtons, fontMetrics().height() + 4 * kPadding};
 }
 
 QRect MacroStrip::buttonRect(int button) const {

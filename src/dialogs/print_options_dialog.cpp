@@ -206,7 +206,7 @@ private:
         headingGrid->addWidget(footer, 2, 0);
         for (int i = 0; i < kHeadingSections; ++i) {
             headings_[i] = named("txtHeading" + std::to_string(i), new QLineEdit);
-            headings_[i]->setMinimumWidth(fontMetrics().horizontalAdvance("@FileName;|;<File Date: >") + 16);
+            headings_[i]->setMinimumWidth(fontMetrics().horizontalAdvance("@FileName; @FileDate") + 16);
             connect(headings_[i], &QLineEdit::textEdited, this, [this] { store(); });
             headingGrid->addWidget(headings_[i], 1 + i / 3, 1 + i % 3);
         }
