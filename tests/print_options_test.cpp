@@ -3,10 +3,7 @@
 // settings file, and what closing without OK leaves alone.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "base/app_info.h"
@@ -38,12 +35,6 @@ protected:
         setPrinterSystem(nullptr);
         ProgramTest::TearDown();
     }
-    static std::string settingsFile() {
-        std::ifstream in(std::filesystem::path(settingsDirectory()) / kSettingsFileName, std::ios::binary);
-        std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
-    }
     // The check's verdict and the message it left.
     template <class Check>
     std::string refusal(Check check) {
@@ -56,7 +47,7 @@ protected:
     PrintOptionsModel m;
 };
 
-TEST_F(PrintOptionsTest, FormShowsTheSettingsInInchesAndTheColumnWidthTheMarginsLeave) {
+TEST_F(PrintOptionsTest, FormShowsTheSettingsInTheUsersUnitsAndTheColumnWidthTheMarginsLeave) {
     EXPECT_EQ(m.fraMargins, "Margins (Inches)");
     EXPECT_EQ(m.fraColumns, "Columns (Inches)");
     EXPECT_EQ(m.v.txtMargin[kMarginLeft], "1");
@@ -66,6 +57,12 @@ TEST_F(PrintOptionsTest, FormShowsTheSettingsInInchesAndTheColumnWidthTheMargins
     EXPECT_EQ(m.lblPrinter, "Printer: Recorder");
     EXPECT_EQ(m.lblMessage, "");
     EXPECT_FALSE(printOptionsChanged(m));
+
+    hlydSettings().MetricUnits = true;
+    fillPrintOptions(m);
+    EXPECT_EQ(m.fraMargins, "Margins (Centimeters)");
+    EXPECT_EQ(m.fraColumns, "Columns (Centimeters)");
+    EXPECT_EQ(m.v.txtMargin[kMarginLeft], "2.54");
 }
 
 TEST_F(PrintOptionsTest, ColumnsSpacingAndWidthAreCheckedInTwips) {
@@ -188,15 +185,15 @@ TEST_F(PrintOptionsTest, AFontThePrinterLacksIsRefusedAndWhatItCannotDoIsMended)
     EXPECT_EQ(m.lblMessage, "Comments: Font-size specified as150. Maximum allowed is 100 which is what will be used.");
     EXPECT_EQ(m.v.fonts[kElemComments].Size, 100);
     EXPECT_TRUE(cmdOK_Click(m));
-    EXPECT_NE(settingsFile().find("FontName.KeyWords=Arial"), std::string::npos);
+    EXPECT_NE(test::settingsFileText().find("FontName.KeyWords=Arial"), std::string::npos);
 }
 
 TEST_F(PrintOptionsTest, OkAppliesThePageAndWritesTheSettingsRefusalAndCancelWriteNothing) {
-    std::string before = settingsFile();
+    std::string before = test::settingsFileText();
     m.v.txtMargin[kMarginLeft] = "8";
     EXPECT_FALSE(cmdOK_Click(m));
     EXPECT_EQ(m.lblMessage, "Left/Right Margins too large.");
-    EXPECT_EQ(settingsFile(), before);
+    EXPECT_EQ(test::settingsFileText(), before);
     EXPECT_EQ(pageSettings().Margins.Left, 1440);
 
     // Closing with changes asks; Cancel keeps the form, No leaves without a word written.
@@ -205,7 +202,7 @@ TEST_F(PrintOptionsTest, OkAppliesThePageAndWritesTheSettingsRefusalAndCancelWri
     EXPECT_EQ(ui.shown.back().text, "Do You Want to Save Your Options?");
     EXPECT_EQ(ui.shown.back().title, "Save Options");
     EXPECT_TRUE(Form_QueryUnload(m));
-    EXPECT_EQ(settingsFile(), before);
+    EXPECT_EQ(test::settingsFileText(), before);
 
     m.v.txtMargin[kMarginLeft] = "1.5";
     m.v.txtColumns = "2";
@@ -215,23 +212,37 @@ TEST_F(PrintOptionsTest, OkAppliesThePageAndWritesTheSettingsRefusalAndCancelWri
     EXPECT_EQ(pageSettings().Margins.Left, 2160);
     EXPECT_EQ(printState().Columns.Columns, 2);
     EXPECT_EQ(printState().UsableArea.Left, 2160 - 360);
-    std::string after = settingsFile();
+    std::string after = test::settingsFileText();
     for (const char* line : {"Margins=720 2160 720 720", "Columns=2", "ProcSkip.Print=C", "HeadingLeft=@FileName"})
         EXPECT_NE(after.find(line), std::string::npos) << line;
     EXPECT_FALSE(printOptionsChanged(m));
 }
 
-TEST_F(PrintOptionsTest, APrinterThatIsGoneIsNamedAndTheOptionsStillSave) {
+// The message of a font the printer lacks sends the user here: fonts that suit give printing back.
+TEST_F(PrintOptionsTest, FontsThatSuitThePrinterGivePrintingBack) {
+    AttributeRecord& keywords = displayAttributes().Elements[kElemKeyWords].slot[kPrint];
+    keywords.FontName = keywords.Font.Name = "Nonesuch Sans";
+    InitPrinter();
+    ASSERT_FALSE(printState().PrinterValid);
+    fillPrintOptions(m);
+    m.v.fonts[kElemKeyWords].Name = "Courier New";
+    EXPECT_TRUE(cmdOK_Click(m)) << m.lblMessage;
+    EXPECT_TRUE(printState().PrinterValid);
+}
+
+// The start told the user that the printer is gone; the options still open, and save.
+TEST_F(PrintOptionsTest, APrinterThatIsGoneLeavesTheOptionsWorking) {
     hlydSettings().CurrentPrinter = "Gone";
     resetPrintState();
-    setPrinterSystem(nullptr);
+    setPrinterSystem(&printers);
+    InitPrinter();
     fillPrintOptions(m);
     EXPECT_EQ(m.lblPrinter,
-              "The printer Gone is not available: margins and fonts are checked when a printer is chosen with "
-              "File/Print Setup.");
+              "No printer is in force: margins and fonts are checked against the printer chosen with File/Print "
+              "Setup.");
     m.v.txtLineNumberIncrement = "5";
     EXPECT_TRUE(cmdOK_Click(m)) << m.lblMessage;
-    EXPECT_NE(settingsFile().find("LineNumberIncrement=5"), std::string::npos);
+    EXPECT_NE(test::settingsFileText().find("LineNumberIncrement=5"), std::string::npos);
 }
 
 TEST_F(PrintOptionsTest, HistoryFileButtonOffersTheDefaultNameInTheFolder) {

@@ -26,12 +26,12 @@ std::string& headingSetting(HlydSettings& s, int section) {
     return *fields[section];
 }
 
+// The printer the lengths and fonts are checked against. One that has gone was named to the user
+// at start; here it only matters that nothing is checked until a printer is chosen.
 std::string printerLine() {
     const PrintState& p = printState();
     if (p.PrinterPresent) return "Printer: " + p.PrinterName;
-    const std::string& wanted = hlydSettings().CurrentPrinter;
-    std::string which = wanted.empty() ? "No printer is available" : "The printer " + wanted + " is not available";
-    return which + ": margins and fonts are checked when a printer is chosen with File/Print Setup.";
+    return "No printer is in force: margins and fonts are checked against the printer chosen with File/Print Setup.";
 }
 
 void fillSettingsTab(PrintOptionsValues& v) {
@@ -117,10 +117,12 @@ void applyLayoutTab(PrintOptionsModel& m) {
         headingSetting(hlydSettings(), section) = m.v.txtHeading[section];
 }
 
-// The page of the printer in force follows the new fonts, margins and columns at once.
+// The page of the printer in force follows the new fonts, margins and columns at once. Fonts that
+// passed the form's checks give printing a new chance: a font the printer lacked sends the user here.
 void applyToPageGeometry() {
     PrintState& state = printState();
     if (!state.PrinterPresent) return;
+    state.PrinterValid = true;
     HlydPAValidateFonts(false);
     state.Columns = pageSettings().Columns;
     HlydPASetUsableArea(state.UsableArea, state.DefaultArea, pageSettings().Margins, state.Columns);

@@ -9,10 +9,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 
 #include "base/app_info.h"
 #include "dialogs/hlyd_window.h"
@@ -51,12 +48,6 @@ protected:
         setPrinterSystem(nullptr);
         ProgramTest::TearDown();
     }
-    static std::string settingsFile() {
-        std::ifstream in(std::filesystem::path(settingsDirectory()) / kSettingsFileName, std::ios::binary);
-        std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
-    }
     static void type(QWidget* form, const char* name, const QString& text) {
         auto* field = form->findChild<QLineEdit*>(name);
         ASSERT_NE(field, nullptr) << name;
@@ -89,13 +80,13 @@ TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
     window->action("mnuOptionsPrint")->trigger();
     EXPECT_EQ(title, "Print Options");
     EXPECT_EQ(heading, "@Page; @User");
-    std::string ini = settingsFile();
+    std::string ini = test::settingsFileText();
     EXPECT_NE(ini.find("LineNumberIncrement=5"), std::string::npos);
     EXPECT_NE(ini.find("FootingLeft=@Page; @User"), std::string::npos);
 }
 
 TEST_F(PrintOptionsWindowTest, MarginsTooWideKeepTheFormOpenAndWriteNothing) {
-    std::string before = settingsFile();
+    std::string before = test::settingsFileText();
     std::string message, tab;
     bool stillOpen = false;
     QTimer::singleShot(0, [&] {
@@ -113,8 +104,25 @@ TEST_F(PrintOptionsWindowTest, MarginsTooWideKeepTheFormOpenAndWriteNothing) {
     EXPECT_TRUE(stillOpen);
     EXPECT_EQ(message, "Left/Right Margins too large.");
     EXPECT_EQ(tab, "Layout");
-    EXPECT_EQ(settingsFile(), before);
+    EXPECT_EQ(test::settingsFileText(), before);
     EXPECT_EQ(pageSettings().Margins.Left, 1440);
+}
+
+// Escape with a change asks first; No leaves without a word written.
+TEST_F(PrintOptionsWindowTest, EscapeWithAChangeAsksAndNoWritesNothing) {
+    std::string before = test::settingsFileText();
+    ui.answers = {MsgAnswer::No};
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        type(form, "txtOrphan", "3");
+        QTest::keyClick(form, Qt::Key_Escape);
+    });
+    window->action("mnuOptionsPrint")->trigger();
+    ASSERT_FALSE(ui.shown.empty());
+    EXPECT_EQ(ui.shown.back().text, "Do You Want to Save Your Options?");
+    EXPECT_EQ(test::settingsFileText(), before);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(PrintOptionsWindowTest, ThePrintDialogsOptionsButtonOpensTheForm) {
