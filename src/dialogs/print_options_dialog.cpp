@@ -14,7 +14,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
-#include <QSpinBox>
+#include <QDoubleSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <array>
@@ -44,7 +44,7 @@ std::uint32_t valueOf(const QColor& c) {
 
 struct FontRowWidgets {
     QComboBox* name = nullptr;
-    QSpinBox* size = nullptr;
+    QDoubleSpinBox* size = nullptr;
     std::array<QCheckBox*, 4> styles{};  // bold, italic, underline, strikethrough
     QPushButton* colour = nullptr;
     QLabel* sample = nullptr;
@@ -142,7 +142,7 @@ private:
         formatBox->addRow(check("chkIndent", "In&dent code", &PrintOptionsValues::chkIndent));
         formatBox->addRow("Indent &amount:", field("txtIndentAmount", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
         formatBox->addRow("&Tab width:", field("txtTabWidth", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
-        formatBox->addRow(check("chkConnectControls", "Draw connector l&ines", &PrintOptionsValues::chkConnectControls));
+        formatBox->addRow(check("chkConnectControls", "Dra&w connector lines", &PrintOptionsValues::chkConnectControls));
         formatBox->addRow(check("chkContinueGenerate", "Break long lines with continuations",
                                 &PrintOptionsValues::chkContinueGenerate));
         formatBox->addRow(check("chkContinueHonor", "Keep the code's own continuations", &PrintOptionsValues::chkContinueHonor));
@@ -193,7 +193,7 @@ private:
         width->setReadOnly(true);
         width->setFocusPolicy(Qt::NoFocus);
         columns->addRow("Column width:", width);
-        columns->addRow(check("chkColumnSeparator", "Line &between columns", &PrintOptionsValues::chkColumnSeparator));
+        columns->addRow(check("chkColumnSeparator", "Line bet&ween columns", &PrintOptionsValues::chkColumnSeparator));
         grid->addWidget(fraColumns_, 0, 1);
 
         auto* headings = named("fraHeadings", new QGroupBox("Headers and Footers"));
@@ -242,9 +242,10 @@ private:
             row.name->addItems(names);
             connect(row.name, &QComboBox::currentTextChanged, this, [this] { storeFonts(); });
             grid->addWidget(row.name, e, 1);
-            row.size = named("spnSize" + index, new QSpinBox);
-            row.size->setRange(1, 999);
-            connect(row.size, &QSpinBox::valueChanged, this, [this] { storeFonts(); });
+            row.size = named("spnSize" + index, new QDoubleSpinBox);
+            row.size->setDecimals(1);
+            row.size->setRange(0, 999);  // above 100 the check says what will be used
+            connect(row.size, &QDoubleSpinBox::valueChanged, this, [this] { storeFonts(); });
             grid->addWidget(row.size, e, 2);
             for (int s = 0; s < 4; ++s) {
                 row.styles[s] = named("chkStyle" + index + "_" + std::to_string(s), new QCheckBox);
@@ -389,7 +390,7 @@ private:
             const PrintFontRow& row = v.fonts[e];
             FontRowWidgets& w = fontRows_[e];
             w.name->setCurrentText(fromCp1252(row.Name));
-            w.size->setValue(static_cast<int>(row.Size + 0.5));
+            w.size->setValue(row.Size);
             bool styles[] = {row.Bold, row.Italic, row.Underline, row.Strikethrough};
             for (int s = 0; s < 4; ++s) w.styles[s]->setChecked(styles[s]);
         }

@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <memory>
 
 #include "base/app_info.h"
@@ -63,7 +65,7 @@ protected:
 
 TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
     ASSERT_TRUE(window->action("mnuOptionsPrint")->isEnabled());
-    std::string title, heading;
+    std::string title, heading, tip;
     QTimer::singleShot(0, [&] {
         QWidget* form = QApplication::activeModalWidget();
         ASSERT_NE(form, nullptr);
@@ -73,6 +75,10 @@ TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
         footer->setFocus();
         footer->setCursorPosition(0);
         auto* strip = form->findChild<MacroStrip*>("picMacros");
+        QHelpEvent help(QEvent::ToolTip, strip->buttonRect(3).center(), strip->mapToGlobal(strip->buttonRect(3).center()));
+        QApplication::sendEvent(strip, &help);
+        tip = QToolTip::text().toStdString();
+        QToolTip::hideText();
         QTest::mouseClick(strip, Qt::LeftButton, {}, strip->buttonRect(3).center());
         heading = footer->text().toStdString();
         form->findChild<QPushButton*>("cmdOK")->click();
@@ -80,6 +86,7 @@ TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
     window->action("mnuOptionsPrint")->trigger();
     EXPECT_EQ(title, "Print Options");
     EXPECT_EQ(heading, "@Page; @User");
+    EXPECT_EQ(tip, "Print the page number");
     std::string ini = test::settingsFileText();
     EXPECT_NE(ini.find("LineNumberIncrement=5"), std::string::npos);
     EXPECT_NE(ini.find("FootingLeft=@Page; @User"), std::string::npos);
@@ -111,6 +118,9 @@ TEST_F(PrintOptionsWindowTest, MarginsTooWideKeepTheFormOpenAndWriteNothing) {
 // Escape with a change asks first; No leaves without a word written.
 TEST_F(PrintOptionsWindowTest, EscapeWithAChangeAsksAndNoWritesNothing) {
     std::string before = test::settingsFileText();
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    window->action("mnuOptionsPrint")->trigger();
+    EXPECT_TRUE(ui.shown.empty());  // nothing changed, nothing to ask
     ui.answers = {MsgAnswer::No};
     QTimer::singleShot(0, [&] {
         QWidget* form = QApplication::activeModalWidget();
