@@ -63,6 +63,11 @@ TEST_F(PrintOptionsTest, FormShowsTheSettingsInTheUsersUnitsAndTheColumnWidthThe
     EXPECT_EQ(m.fraMargins, "Margins (Centimeters)");
     EXPECT_EQ(m.fraColumns, "Columns (Centimeters)");
     EXPECT_EQ(m.v.txtMargin[kMarginLeft], "2.54");
+
+    // Settings whose margins leave no page still open the form, which says so.
+    pageSettings().Margins.Left = 11000;
+    fillPrintOptions(m);
+    EXPECT_EQ(m.lblMessage, "Unable to use initial Margins for calculating Column-data'");
 }
 
 TEST_F(PrintOptionsTest, ColumnsSpacingAndWidthAreCheckedInTwips) {

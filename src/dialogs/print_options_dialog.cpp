@@ -1,8 +1,6 @@
 #include "dialogs/print_options_dialog.h"
 
 #include <QCheckBox>
-#include <QColorDialog>
-#include <QComboBox>
 #include <QDialog>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -14,7 +12,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
-#include <QDoubleSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <array>
@@ -22,33 +19,17 @@
 #include <map>
 
 #include "dialogs/macro_strip.h"
-#include "platform/printer.h"
+#include "dialogs/print_fonts_tab.h"
 #include "platform/qt/qt_text.h"
 #include "printing/print_options_checks.h"
 #include "printing/print_options_dialog.h"
 #include "printing/print_options_macros.h"
-#include "printing/print_state.h"
 
 namespace hlyd {
 
 namespace {
 
 std::string singleByte(const QString& text) { return text.toLatin1().toStdString(); }
-
-// 0x00BBGGRR as the settings hold it.
-QColor colourOf(std::uint32_t value) { return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF); }
-std::uint32_t valueOf(const QColor& c) {
-    return static_cast<std::uint32_t>(c.red()) | static_cast<std::uint32_t>(c.green()) << 8 |
-           static_cast<std::uint32_t>(c.blue()) << 16;
-}
-
-struct FontRowWidgets {
-    QComboBox* name = nullptr;
-    QDoubleSpinBox* size = nullptr;
-    std::array<QCheckBox*, 4> styles{};  // bold, italic, underline, strikethrough
-    QPushButton* colour = nullptr;
-    QLabel* sample = nullptr;
-};
 
 class PrintOptionsForm : public QDialog {
 public:
@@ -59,7 +40,8 @@ public:
         tabs_ = named("tabOptions", new QTabWidget);
         tabs_->addTab(buildSettingsTab(), printOptionsTabs()[0]);
         tabs_->addTab(buildLayoutTab(), printOptionsTabs()[1]);
-        tabs_->addTab(buildFontsTab(), printOptionsTabs()[2]);
+        fontsTab_ = new PrintFontsTab(m_);
+        tabs_->addTab(fontsTab_, printOptionsTabs()[2]);
         box->addWidget(tabs_);
         lblMessage_ = named("lblMessage", new QLabel);
         lblMessage_->setWordWrap(true);
@@ -225,44 +207,6 @@ private:
         return page;
     }
 
-    QWidget* buildFontsTab() {
-        auto* page = new QWidget;
-        auto* grid = new QGridLayout(page);
-        const char* heads[] = {"Element", "Font", "Size", "Bold", "Italic", "Underline", "Strikeout", "Colour", "Sample"};
-        for (int c = 0; c < 9; ++c) grid->addWidget(new QLabel(heads[c]), 0, c);
-        QStringList names;
-        if (Printer* printer = printState().PrinterPresent ? currentPrinter() : nullptr)
-            for (const std::string& font : printer->fonts()) names << fromCp1252(font);
-        for (int e = 1; e <= kElementCount; ++e) {
-            FontRowWidgets& row = fontRows_[e];
-            std::string index = std::to_string(e);
-            grid->addWidget(new QLabel(fromUtf8(elementName(e))), e, 0);
-            row.name = named("cboFont" + index, new QComboBox);
-            row.name->setEditable(true);
-            row.name->addItems(names);
-            connect(row.name, &QComboBox::currentTextChanged, this, [this] { storeFonts(); });
-            grid->addWidget(row.name, e, 1);
-            row.size = named("spnSize" + index, new QDoubleSpinBox);
-            row.size->setDecimals(1);
-            row.size->setRange(0, 999);  // above 100 the check says what will be used
-            connect(row.size, &QDoubleSpinBox::valueChanged, this, [this] { storeFonts(); });
-            grid->addWidget(row.size, e, 2);
-            for (int s = 0; s < 4; ++s) {
-                row.styles[s] = named("chkStyle" + index + "_" + std::to_string(s), new QCheckBox);
-                connect(row.styles[s], &QCheckBox::toggled, this, [this] { storeFonts(); });
-                grid->addWidget(row.styles[s], e, 3 + s, Qt::AlignHCenter);
-            }
-            row.colour = named("cmdColour" + index, new QPushButton);
-            connect(row.colour, &QPushButton::clicked, this, [this, e] { chooseColour(e); });
-            grid->addWidget(row.colour, e, 7);
-            row.sample = new QLabel("AaBbYyZz 123");
-            grid->addWidget(row.sample, e, 8);
-        }
-        grid->setRowStretch(kElementCount + 1, 1);
-        grid->setColumnStretch(8, 1);
-        return page;
-    }
-
     QHBoxLayout* buildButtons() {
         auto* row = new QHBoxLayout;
         auto* ok = named("cmdOK", new QPushButton("OK"));
@@ -294,7 +238,7 @@ private:
         for (int i = 0; i < kHeadingSections && !target; ++i)
             if (m_.focus == "txtHeading" + std::to_string(i)) target = headings_[i];
         for (int e = 1; e <= kElementCount && !target; ++e)
-            if (m_.focus == "cboFont" + std::to_string(e)) target = fontRows_[e].name;
+            if (m_.focus == "cboFont" + std::to_string(e)) target = fontsTab_->fontField(e);
         if (!target) return;
         for (QWidget* p = target->parentWidget(); p; p = p->parentWidget())
             if (int tab = tabs_->indexOf(p); tab >= 0) tabs_->setCurrentIndex(tab);
@@ -317,47 +261,6 @@ private:
         section->setCursorPosition(static_cast<int>(m_.cursor));
     }
 
-    void chooseColour(int element) {
-        PrintFontRow& row = m_.v.fonts[element];
-        QColor chosen = QColorDialog::getColor(colourOf(row.ForeColor), this, "Colour");
-        if (!chosen.isValid()) return;
-        store();
-        row.ForeColor = valueOf(chosen);
-        load();
-    }
-
-    void storeFonts() {
-        if (loading_) return;
-        for (int e = 1; e <= kElementCount; ++e) {
-            PrintFontRow& row = m_.v.fonts[e];
-            const FontRowWidgets& w = fontRows_[e];
-            row.Name = singleByte(w.name->currentText());
-            row.Size = w.size->value();
-            row.Bold = w.styles[0]->isChecked();
-            row.Italic = w.styles[1]->isChecked();
-            row.Underline = w.styles[2]->isChecked();
-            row.Strikethrough = w.styles[3]->isChecked();
-        }
-        showSamples();
-    }
-
-    void showSamples() {
-        for (int e = 1; e <= kElementCount; ++e) {
-            const PrintFontRow& row = m_.v.fonts[e];
-            QFont font(fromCp1252(row.Name));
-            font.setPointSizeF(row.Size > 0 ? row.Size : 12);
-            font.setBold(row.Bold);
-            font.setItalic(row.Italic);
-            font.setUnderline(row.Underline);
-            font.setStrikeOut(row.Strikethrough);
-            fontRows_[e].sample->setFont(font);
-            QPalette palette = fontRows_[e].sample->palette();
-            palette.setColor(QPalette::WindowText, colourOf(row.ForeColor));
-            fontRows_[e].sample->setPalette(palette);
-            fontRows_[e].colour->setStyleSheet("background-color: " + colourOf(row.ForeColor).name());
-        }
-    }
-
     static constexpr char kProcSkips[] = {'P', 'N', 'C'};
 
     void store() {
@@ -371,7 +274,6 @@ private:
         for (auto& [name, edit] : fields_) *textOf(name) = singleByte(edit->text());
         for (int i = 0; i < kHeadingSections; ++i) v.txtHeading[i] = singleByte(headings_[i]->text());
         v.txtSaveHYFile = toLocalPath(txtSaveHYFile_->text());
-        storeFonts();
     }
 
     void load() {
@@ -386,20 +288,12 @@ private:
         fields_["txtSpacing"]->setEnabled(m_.txtSpacingEnabled);
         for (int i = 0; i < kHeadingSections; ++i) headings_[i]->setText(fromCp1252(v.txtHeading[i]));
         txtSaveHYFile_->setText(fromLocalPath(v.txtSaveHYFile));
-        for (int e = 1; e <= kElementCount; ++e) {
-            const PrintFontRow& row = v.fonts[e];
-            FontRowWidgets& w = fontRows_[e];
-            w.name->setCurrentText(fromCp1252(row.Name));
-            w.size->setValue(row.Size);
-            bool styles[] = {row.Bold, row.Italic, row.Underline, row.Strikethrough};
-            for (int s = 0; s < 4; ++s) w.styles[s]->setChecked(styles[s]);
-        }
         fraMargins_->setTitle(fromUtf8(m_.fraMargins));
         fraColumns_->setTitle(fromUtf8(m_.fraColumns));
         lblMessage_->setText(fromUtf8(m_.lblMessage));
         lblPrinter_->setText(fromUtf8(m_.lblPrinter));
+        fontsTab_->load();
         loading_ = false;
-        showSamples();
     }
 
     std::string* textOf(const std::string& name) {
@@ -421,6 +315,7 @@ private:
     PrintOptionsModel& m_;
     bool loading_ = true;  // the widgets are being filled: their signals are not the user's
     QTabWidget* tabs_ = nullptr;
+    PrintFontsTab* fontsTab_ = nullptr;
     QLabel* lblMessage_ = nullptr;
     QLabel* lblPrinter_ = nullptr;
     QGroupBox* fraMargins_ = nullptr;
@@ -429,7 +324,6 @@ private:
     std::array<QRadioButton*, 3> lineHow_{};
     std::array<QRadioButton*, 3> procSkip_{};
     std::array<QLineEdit*, kHeadingSections> headings_{};
-    std::array<FontRowWidgets, kElementCount + 1> fontRows_{};
     std::vector<std::pair<QCheckBox*, bool PrintOptionsValues::*>> checks_;
     std::map<std::string, QLineEdit*> fields_;
 };

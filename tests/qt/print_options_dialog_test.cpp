@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -113,6 +114,23 @@ TEST_F(PrintOptionsWindowTest, MarginsTooWideKeepTheFormOpenAndWriteNothing) {
     EXPECT_EQ(tab, "Layout");
     EXPECT_EQ(test::settingsFileText(), before);
     EXPECT_EQ(pageSettings().Margins.Left, 1440);
+}
+
+TEST_F(PrintOptionsWindowTest, AFontThePrinterLacksShowsTheFontsTab) {
+    std::string message, tab;
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        form->findChild<QComboBox*>("cboFont3")->setCurrentText("Nonesuch Sans");
+        form->findChild<QPushButton*>("cmdOK")->click();
+        message = form->findChild<QLabel*>("lblMessage")->text().toStdString();
+        auto* tabs = form->findChild<QTabWidget*>("tabOptions");
+        tab = tabs->tabText(tabs->currentIndex()).toStdString();
+        form->findChild<QPushButton*>("cmdCancel")->click();
+    });
+    window->action("mnuOptionsPrint")->trigger();
+    EXPECT_EQ(message.rfind("KeyWords: The selected printer", 0), 0u) << message;
+    EXPECT_EQ(tab, "Fonts");
 }
 
 // Escape with a change asks first; No leaves without a word written.
