@@ -87,8 +87,10 @@ TEST_F(PrintOptionsTest, ColumnsSpacingAndWidthAreCheckedInTwips) {
     m.v.txtSpacing = "0.0625";
     EXPECT_TRUE(sbPageLayoutValidateColSpecs(m, "SPACING"));
     EXPECT_EQ(m.columns.Gutter, 90);
-    m.v.txtSpacing = "23";  // 33120 twips
-    EXPECT_EQ(refusal([&] { return sbPageLayoutValidateColSpecs(m, "SPACING"); }), "Spacing contains an invalid value.");
+    for (const char* text : {"23", "-999999999999"}) {  // 23 inches are 33120 twips
+        m.v.txtSpacing = text;
+        EXPECT_EQ(refusal([&] { return sbPageLayoutValidateColSpecs(m, "SPACING"); }), "Spacing contains an invalid value.");
+    }
 
     m.v.txtWidth = "0.49";
     EXPECT_EQ(refusal([&] { return sbPageLayoutValidateColSpecs(m, "WIDTH"); }), "Column Width too small.");
@@ -106,8 +108,10 @@ TEST_F(PrintOptionsTest, MarginsAreWholeUnitsNoSmallerThanThePrintersStripAndMus
     m.v.txtMargin[kMarginLeft] = "abc";
     EXPECT_EQ(refusal([&] { return sbPageLayoutValidateMargin(m, "LEFT"); }), "Left contains an invalid value.");
     EXPECT_EQ(m.focus, "txtMargin2");
-    m.v.txtMargin[kMarginRight] = "-1";
-    EXPECT_EQ(refusal([&] { return sbPageLayoutValidateMargin(m, "RIGHT"); }), "Right contains an invalid value.");
+    for (const char* text : {"-1", "999999999999"}) {
+        m.v.txtMargin[kMarginRight] = text;
+        EXPECT_EQ(refusal([&] { return sbPageLayoutValidateMargin(m, "RIGHT"); }), "Right contains an invalid value.");
+    }
 
     // One inch of width left is just enough.
     m.v.txtMargin[kMarginLeft] = m.v.txtMargin[kMarginRight] = "3.75";

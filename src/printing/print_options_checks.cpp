@@ -154,7 +154,7 @@ bool sbPageLayoutValidateColSpecs(PrintOptionsModel& m, const std::string& which
     const std::string& text = spacing ? m.v.txtSpacing : m.v.txtWidth;
     std::string field = spacing ? "txtSpacing" : "txtWidth";
     std::optional<float> twips = fieldTwips(text);
-    if (!twips || *twips > kLongestLength)
+    if (!twips || std::fabs(*twips) > kLongestLength)
         return refuse(m, field, std::string(spacing ? "Spacing" : "Width") + " contains an invalid value.");
     std::int32_t value = whole(*twips);
     if (spacing && value < kNarrowestGutter) return refuse(m, field, "Column Spacing too small.");
@@ -169,12 +169,12 @@ bool sbPageLayoutValidateMargin(PrintOptionsModel& m, const std::string& which) 
         std::string field = "txtMargin" + std::to_string(f.index);
         std::int32_t smallest = smallestMargin(f.horizontal);
         theLog().LogData(std::string("Which=") + which + " MinMargin=" + std::to_string(smallest));
-        std::optional<float> value = numberInField(m.v.txtMargin[f.index]);
+        std::optional<float> twips = fieldTwips(m.v.txtMargin[f.index]);
         std::string invalid = std::string(f.caption) + " contains an invalid value.";
-        if (!value || whole(*value) < smallest) return refuse(m, field, invalid);
-        float twips = *value * optionsUnitTwips();
-        if (twips > kLongestLength) return refuse(m, field, invalid);
-        marginOf(m.margins, f.index) = whole(twips);
+        // Out of range first: a number of that size has no whole value to compare.
+        if (!twips || std::fabs(*twips) > kLongestLength) return refuse(m, field, invalid);
+        if (whole(*numberInField(m.v.txtMargin[f.index])) < smallest) return refuse(m, field, invalid);
+        marginOf(m.margins, f.index) = whole(*twips);
         accept(m);
         sbPageLayoutUpdateColSpecs(m);
         return true;
