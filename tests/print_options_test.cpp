@@ -87,6 +87,7 @@ TEST_F(PrintOptionsTest, ColumnsSpacingAndWidthAreCheckedInTwips) {
     m.v.txtSpacing = "0.0625";
     EXPECT_TRUE(sbPageLayoutValidateColSpecs(m, "SPACING"));
     EXPECT_EQ(m.columns.Gutter, 90);
+    EXPECT_EQ(m.columns.Width, 4995);  // (10080 - 90) / 2
     for (const char* text : {"23", "-999999999999"}) {  // 23 inches are 33120 twips
         m.v.txtSpacing = text;
         EXPECT_EQ(refusal([&] { return sbPageLayoutValidateColSpecs(m, "SPACING"); }), "Spacing contains an invalid value.");
@@ -108,7 +109,7 @@ TEST_F(PrintOptionsTest, MarginsAreWholeUnitsNoSmallerThanThePrintersStripAndMus
     m.v.txtMargin[kMarginLeft] = "abc";
     EXPECT_EQ(refusal([&] { return sbPageLayoutValidateMargin(m, "LEFT"); }), "Left contains an invalid value.");
     EXPECT_EQ(m.focus, "txtMargin2");
-    for (const char* text : {"-1", "999999999999"}) {
+    for (const char* text : {"-1", "-0.4", "999999999999"}) {
         m.v.txtMargin[kMarginRight] = text;
         EXPECT_EQ(refusal([&] { return sbPageLayoutValidateMargin(m, "RIGHT"); }), "Right contains an invalid value.");
     }

@@ -160,7 +160,10 @@ bool sbPageLayoutValidateColSpecs(PrintOptionsModel& m, const std::string& which
     if (spacing && value < kNarrowestGutter) return refuse(m, field, "Column Spacing too small.");
     if (!spacing && value < kNarrowestColumn) return refuse(m, field, "Column Width too small.");
     (spacing ? m.columns.Gutter : m.columns.Width) = value;
-    return accept(m);
+    accept(m);
+    // The gutters take their share of the width: the columns are narrower or wider now.
+    if (spacing) sbPageLayoutUpdateColSpecs(m);
+    return true;
 }
 
 bool sbPageLayoutValidateMargin(PrintOptionsModel& m, const std::string& which) {
@@ -171,8 +174,9 @@ bool sbPageLayoutValidateMargin(PrintOptionsModel& m, const std::string& which) 
         theLog().LogData(std::string("Which=") + which + " MinMargin=" + std::to_string(smallest));
         std::optional<float> twips = fieldTwips(m.v.txtMargin[f.index]);
         std::string invalid = std::string(f.caption) + " contains an invalid value.";
-        // Out of range first: a number of that size has no whole value to compare.
-        if (!twips || std::fabs(*twips) > kLongestLength) return refuse(m, field, invalid);
+        // Out of range first: a number of that size has no whole value to compare. A margin below
+        // nothing would still round to the printer's strip of 0 inches: it is refused as it stands.
+        if (!twips || *twips < 0 || *twips > kLongestLength) return refuse(m, field, invalid);
         if (whole(*numberInField(m.v.txtMargin[f.index])) < smallest) return refuse(m, field, invalid);
         marginOf(m.margins, f.index) = whole(*twips);
         accept(m);
