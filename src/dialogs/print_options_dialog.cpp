@@ -51,8 +51,6 @@ public:
         load();
     }
 
-    void showTab(int tab) { tabs_->setCurrentIndex(tab); }
-
 protected:
     void reject() override {
         store();
