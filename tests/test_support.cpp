@@ -3,9 +3,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include <unistd.h>
 
+#include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "display/connectors.h"
@@ -175,6 +177,13 @@ bool textPrinted(const std::vector<PrintEvent>& events, const std::string& text)
     for (const PrintEvent& e : events)
         if (e.kind == PrintEvent::Text && e.text == text) return true;
     return false;
+}
+
+std::string settingsFileText() {
+    std::ifstream in(std::filesystem::path(settingsDirectory()) / kSettingsFileName, std::ios::binary);
+    std::stringstream text;
+    text << in.rdbuf();
+    return text.str();
 }
 
 }  // namespace hlyd::test

@@ -146,5 +146,7 @@ bool textPrinted(const std::vector<PrintEvent>& events, const std::string& text)
 
 std::string keywordFilePath();
 std::string writeTempFile(const std::string& name, const std::string& content);
+// HLYD.INI of the settings directory as it stands on disk; empty when there is none.
+std::string settingsFileText();
 
 }  // namespace hlyd::test

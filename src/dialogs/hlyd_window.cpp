@@ -17,6 +17,7 @@
 #include "dialogs/display_options_dialog.h"
 #include "dialogs/print_dialogs.h"
 #include "dialogs/project_file_dialog.h"
+#include "dialogs/print_options_dialog.h"
 #include "dialogs/view_hooks.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
@@ -62,6 +63,7 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     installPrintDialogs(this);
     installProjectFileDialog(this);
     installDisplayOptionsDialog(this);
+    installPrintOptionsDialog(this);
 }
 
 HlydWindow::~HlydWindow() {

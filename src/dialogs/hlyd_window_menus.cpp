@@ -94,7 +94,7 @@ void HlydWindow::buildViewMenu() {
     addCommand(viewMenu_, "mnuViewStatus", "&Status Bar", mnuViewStatus_Click)->setCheckable(true);
     viewMenu_->addSeparator();
     addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", mnuOptionsDisplay_Click);
-    addCommand(viewMenu_, "mnuOptionsPrint", "&Print Options", nothing);
+    addCommand(viewMenu_, "mnuOptionsPrint", "&Print Options", mnuOptionsPrint_Click);
     viewMenu_->addSeparator();
     viewListEnd_ = new QAction(this);  // the open files go in front of this invisible mark
     viewListEnd_->setVisible(false);
@@ -142,7 +142,7 @@ void HlydWindow::buildToolBar() {
     addButton("tbrOpen", "Open", mnuFilOpen_Click);
     addButton("tbrClose", "Close", mnuFilClose_Click);
     addButton("tbrPrint", "Print", mnuFilPrint_Click);
-    addButton("tbrPrintOptions", "Print Options", nothing);
+    addButton("tbrPrintOptions", "Print Options", mnuOptionsPrint_Click);
     addButton("tbrDisplayOptions", "Display Options", mnuOptionsDisplay_Click);
     addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
     addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });

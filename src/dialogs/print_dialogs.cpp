@@ -18,6 +18,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "printing/print_dialog.h"
+#include "printing/print_options_dialog.h"
 #include "printing/print_status.h"
 #include "printing/printer_start.h"
 #include "printing/select_proc.h"
@@ -138,7 +139,7 @@ private:
         });
         box->addWidget(printer, 2, 2);
         auto* options = named("cmdOptions", new QPushButton(printCaption("cmdOptions")));
-        options->setEnabled(false);  // the print options have their own command in the window
+        connect(options, &QPushButton::clicked, this, [] { HlydPOShowPrintOptions(); });
         box->addWidget(options, 2, 3);
         return panel;
     }

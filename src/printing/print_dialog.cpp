@@ -5,6 +5,7 @@
 #include "base/c_log.h"
 #include "files/file_table.h"
 #include "files/print_history.h"
+#include "printing/print_options_dialog.h"
 #include "printing/print_state.h"
 #include "printing/select_proc.h"
 #include "settings/attributes.h"
@@ -111,6 +112,7 @@ bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request) {
 void resetPrintDialogs() {
     dialogView = nullptr;
     setSelectProcView(nullptr);
+    setPrintOptionsView(nullptr);
 }
 
 }  // namespace hlyd

@@ -5,6 +5,7 @@
 #include "display/command_states.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "printing/print_options_dialog.h"
 #include "printing/print_request.h"
 #include "printing/print_state.h"
 #include "printing/printer_start.h"
@@ -70,6 +71,11 @@ void tbrPrintThisProcedure_Click() {
         printThisProcedure();
     }
     sbPrintButtonSet();
+}
+
+void mnuOptionsPrint_Click() {
+    // New fonts may not suit the printer: the print commands follow at once.
+    if (HlydPOShowPrintOptions()) sbPrintButtonSet(true);
 }
 
 }  // namespace hlyd

@@ -10,5 +10,7 @@ void sbPrintButtonSet(bool tellFonts = false);
 void mnuFilPrint_Click();
 void mnuFilPrintSetup_Click();
 void tbrPrintThisProcedure_Click();
+// The print options, from the menu and from the toolbar.
+void mnuOptionsPrint_Click();
 
 }  // namespace hlyd

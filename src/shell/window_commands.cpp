@@ -55,11 +55,6 @@ constexpr MenuItem kMenuItems[] = {
     {"mnuHelAbout", "&About Halyard..."},
 };
 
-// Commands whose dialogs or printing are not part of this build yet.
-constexpr const char* kNotYetAvailable[] = {
-    "mnuOptionsPrint", "tbrPrintOptions",
-};
-
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
 constexpr int kViewFileListSize = 8;
 
@@ -123,7 +118,7 @@ void sbButtonsOpen() {
     setCommand("tbrClose", fileOpen);
     setCommand("mnuFileHTML", fileOpen);
     setButtonAndMenu("tbrDisplayOptions", "mnuOptionsDisplay", true);
-    for (const char* name : kNotYetAvailable) setCommand(name, false);
+    setButtonAndMenu("tbrPrintOptions", "mnuOptionsPrint", true);
     setCommand("mnuWinProjectWindow", projectWindowAvailable());
     sbPrintButtonSet();
     sbProcButtonsSet();
