@@ -22,7 +22,6 @@ namespace hlyd {
 
 namespace {
 constexpr int kMruSize = 7;
-void nothing() {}
 }  // namespace
 
 QAction* HlydWindow::action(const std::string& name) const {
