@@ -24,6 +24,7 @@
 #include "printing/print_options_checks.h"
 #include "printing/print_options_dialog.h"
 #include "printing/print_options_macros.h"
+#include "shell/help_commands.h"
 
 namespace hlyd {
 
@@ -214,7 +215,8 @@ private:
         // Cancel leaves at once: nothing the user did reaches the settings.
         connect(cancel, &QPushButton::clicked, this, [this] { QDialog::reject(); });
         auto* help = named("cmdHelp", new QPushButton("&Help"));
-        help->setEnabled(false);
+        help->setEnabled(helpAvailable());
+        connect(help, &QPushButton::clicked, this, [] { showHelpPage("print-options.html"); });
         row->addStretch();
         for (QPushButton* button : {ok, cancel, help}) row->addWidget(button);
         return row;
