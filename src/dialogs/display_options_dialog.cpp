@@ -26,6 +26,7 @@
 #include <map>
 
 #include "dialogs/element_sample.h"
+#include "dialogs/form_parts.h"
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/qt_text.h"
 #include "shell/display_options.h"
@@ -100,11 +101,6 @@ protected:
     }
 
 private:
-    template <class W>
-    W* named(const std::string& name, W* widget) {
-        widget->setObjectName(fromUtf8(name));
-        return widget;
-    }
     QCheckBox* check(const std::string& name) {
         auto* box = named(name, new QCheckBox(caption(name)));
         connect(box, &QCheckBox::clicked, this, [this] { edited(); });

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 #include <map>
 
+#include "dialogs/form_parts.h"
 #include "platform/qt/qt_text.h"
 #include "printing/print_dialog.h"
 #include "printing/print_options_dialog.h"
@@ -54,11 +55,6 @@ public:
     }
 
 private:
-    template <class W>
-    W* named(const std::string& name, W* widget) {
-        widget->setObjectName(fromUtf8(name));
-        return widget;
-    }
     QCheckBox* check(const std::string& name) {
         auto* box = named(name, new QCheckBox(printCaption(name)));
         connect(box, &QCheckBox::clicked, this, [this] { store(); });
@@ -144,18 +140,7 @@ private:
         return panel;
     }
     QHBoxLayout* buildButtons() {
-        auto* row = new QHBoxLayout;
-        auto* ok = named("cmdOK", new QPushButton(printCaption("cmdOK")));
-        ok->setDefault(true);
-        connect(ok, &QPushButton::clicked, this, [this] { okClicked(); });
-        auto* cancel = named("cmdCancel", new QPushButton(printCaption("cmdCancel")));
-        connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-        auto* help = named("cmdHelp", new QPushButton(printCaption("cmdHelp")));
-        help->setEnabled(helpAvailable());
-        connect(help, &QPushButton::clicked, this, [] { showHelpPage("printing.html"); });
-        row->addStretch();
-        for (QPushButton* button : {ok, cancel, help}) row->addWidget(button);
-        return row;
+        return okCancelHelpRow(this, [this] { okClicked(); }, "printing.html");
     }
     void okClicked() {
         store();

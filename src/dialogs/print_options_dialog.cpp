@@ -18,13 +18,13 @@
 #include <functional>
 #include <map>
 
+#include "dialogs/form_parts.h"
 #include "dialogs/macro_strip.h"
 #include "dialogs/print_fonts_tab.h"
 #include "platform/qt/qt_text.h"
 #include "printing/print_options_checks.h"
 #include "printing/print_options_dialog.h"
 #include "printing/print_options_macros.h"
-#include "shell/help_commands.h"
 
 namespace hlyd {
 
@@ -66,11 +66,6 @@ protected:
     }
 
 private:
-    template <class W>
-    W* named(const std::string& name, W* widget) {
-        widget->setObjectName(fromUtf8(name));
-        return widget;
-    }
     QCheckBox* check(const std::string& name, const char* caption, bool PrintOptionsValues::*value) {
         auto* box = named(name, new QCheckBox(caption));
         checks_.emplace_back(box, value);
@@ -207,19 +202,7 @@ private:
     }
 
     QHBoxLayout* buildButtons() {
-        auto* row = new QHBoxLayout;
-        auto* ok = named("cmdOK", new QPushButton("OK"));
-        ok->setDefault(true);
-        connect(ok, &QPushButton::clicked, this, [this] { okClicked(); });
-        auto* cancel = named("cmdCancel", new QPushButton("Cancel"));
-        // Cancel leaves at once: nothing the user did reaches the settings.
-        connect(cancel, &QPushButton::clicked, this, [this] { QDialog::reject(); });
-        auto* help = named("cmdHelp", new QPushButton("&Help"));
-        help->setEnabled(helpAvailable());
-        connect(help, &QPushButton::clicked, this, [] { showHelpPage("print-options.html"); });
-        row->addStretch();
-        for (QPushButton* button : {ok, cancel, help}) row->addWidget(button);
-        return row;
+        return okCancelHelpRow(this, [this] { okClicked(); }, "print-options.html");
     }
 
     void okClicked() {
