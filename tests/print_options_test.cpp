@@ -21,19 +21,11 @@
 namespace hlyd {
 namespace {
 
-class PrintOptionsTest : public test::ProgramTest {
+class PrintOptionsTest : public test::RecorderTest {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
-        hlydSettings().CurrentPrinter = "Recorder";
-        recorders = std::make_unique<RecordingPrinterSystem>("Recorder", [](const PrintEvent&) {});
-        setPrinterSystem(recorders.get());
-        InitPrinter();
+        RecorderTest::SetUp();
         fillPrintOptions(m);
-    }
-    void TearDown() override {
-        setPrinterSystem(nullptr);
-        ProgramTest::TearDown();
     }
     // The check's verdict and the message it left.
     template <class Check>
@@ -43,7 +35,6 @@ protected:
         return m.lblMessage;
     }
 
-    std::unique_ptr<RecordingPrinterSystem> recorders;
     PrintOptionsModel m;
 };
 

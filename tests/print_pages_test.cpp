@@ -36,12 +36,11 @@ constexpr float kWhiteSpace = 123;    // six mean widths over seven
 constexpr float kFirstLine = 1368;    // area top 360, one line for the heading, the heading, and the gap
 constexpr float kLastLineLimit = 14076;  // the bottom limit less the footing's line and one more
 
-class PrintPagesTest : public test::ProgramTest {
+class PrintPagesTest : public test::RecorderTest {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
+        RecorderTest::SetUp();
         HlydSettings& s = hlydSettings();
-        s.CurrentPrinter = "Recorder";
         s.HeadingLeft = s.HeadingCenter = s.HeadingRight = "";
         s.FootingLeft = s.FootingCenter = s.FootingRight = "";
         s.SaveHYInfo = false;
@@ -52,13 +51,6 @@ protected:
         format().ConnectControls = 0;
         format().Separator = 0;
         format().ProcSkip = 'N';
-        printers = std::make_unique<RecordingPrinterSystem>("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
-        setPrinterSystem(printers.get());
-        InitPrinter();
-    }
-    void TearDown() override {
-        setPrinterSystem(nullptr);
-        ProgramTest::TearDown();
     }
     FormatRecord& format() { return displayAttributes().Format[kPrint]; }
     // Settings changed after the start take effect as the options dialog would make them.
@@ -80,8 +72,6 @@ protected:
         return {};
     }
     bool printed(const std::string& wanted) const { return test::textPrinted(events, wanted); }
-    std::unique_ptr<RecordingPrinterSystem> printers;
-    std::vector<PrintEvent> events;
 };
 
 using test::procedures;
@@ -100,7 +90,7 @@ TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
     EXPECT_EQ(next.page, 2);
     EXPECT_EQ(next.y1, kFirstLine);
     ASSERT_EQ(of(PrintEvent::EndDoc).size(), 1u);
-    EXPECT_EQ(printers->printer()->pagesDelivered(), 2);
+    EXPECT_EQ(recorders.printer()->pagesDelivered(), 2);
 }
 
 TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
@@ -311,7 +301,7 @@ TEST_F(PrintPagesTest, ARangeThatStartsPastTheEndPrintsNothing) {
     request.firstPage = 5;
     request.lastPage = 9;
     print(procedures(1, 60), request);
-    EXPECT_EQ(printers->printer()->pagesDelivered(), 0);
+    EXPECT_EQ(recorders.printer()->pagesDelivered(), 0);
     EXPECT_TRUE(of(PrintEvent::EndDoc).empty());
 }
 
@@ -322,7 +312,7 @@ TEST_F(PrintPagesTest, ARangeKeepsItsPagesWithTheirNumbers) {
     request.lastPage = 2;
     hlydSettings().HeadingLeft = "@page";
     print(procedures(1, 150), request);
-    EXPECT_EQ(printers->printer()->pagesDelivered(), 1);
+    EXPECT_EQ(recorders.printer()->pagesDelivered(), 1);
     EXPECT_TRUE(printed("2 "));
     EXPECT_FALSE(of(PrintEvent::KillDoc).empty());
 }
@@ -466,7 +456,7 @@ TEST_F(PrintPagesTest, ContinuousNumberingGoesOnFromFileToFileAndDuplexStartsOnT
     auto* recorder = dynamic_cast<RecordingPrinter*>(currentPrinter());
     ASSERT_NE(recorder, nullptr);
     EXPECT_EQ(recorder->pagesDelivered(), 8 + 6);
-    setPrinterSystem(printers.get());
+    setPrinterSystem(&recorders);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "files/main_window_model.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
+#include "printing/printer_start.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "shell/module_reset.h"
@@ -96,6 +97,18 @@ void ProgramTest::SetUp() {
     ConfigDirTest::SetUp();
     BabInitFrom(keywordFilePath());
     loadSettingsAtStartup();
+}
+
+void RecorderTest::SetUp() {
+    ProgramTest::SetUp();
+    hlydSettings().CurrentPrinter = "Recorder";
+    setPrinterSystem(&recorders);
+    InitPrinter();
+}
+
+void RecorderTest::TearDown() {
+    setPrinterSystem(nullptr);
+    ProgramTest::TearDown();
 }
 
 std::int16_t ProgramTest::showSource(const std::string& name, const std::string& text) {

@@ -129,6 +129,17 @@ protected:
     std::int16_t showSource(const std::string& name, const std::string& text);
 };
 
+// A program run whose printer in force is a recording printer named "Recorder"; every call it
+// hears is kept in `events`.
+class RecorderTest : public ProgramTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    std::vector<PrintEvent> events;
+    RecordingPrinterSystem recorders{"Recorder", [this](const PrintEvent& e) { events.push_back(e); }};
+};
+
 // TZ is UTC while it lives, so that local times read the same on every machine.
 class UtcZone {
 public:

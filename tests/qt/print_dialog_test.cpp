@@ -26,26 +26,19 @@
 namespace hlyd {
 namespace {
 
-class PrintDialogWindowTest : public test::ProgramTest {
+class PrintDialogWindowTest : public test::RecorderTest {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
+        RecorderTest::SetUp();
         HlydSettings& s = hlydSettings();
-        s.CurrentPrinter = "Recorder";
         s.PageNumberHow = 2;
         s.SaveHYInfo = false;
-        recorders = std::make_unique<RecordingPrinterSystem>("Recorder", [this](const PrintEvent& e) { events.push_back(e); });
-        setPrinterSystem(recorders.get());
-        InitPrinter();
         window = test::showWindow();
     }
     void TearDown() override {
         test::closeWindow(window);
-        setPrinterSystem(nullptr);
-        ProgramTest::TearDown();
+        RecorderTest::TearDown();
     }
-    std::unique_ptr<RecordingPrinterSystem> recorders;
-    std::vector<PrintEvent> events;
     std::unique_ptr<HlydWindow> window;
 };
 

@@ -17,39 +17,24 @@
 #include "base/app_info.h"
 #include "dialogs/hlyd_window.h"
 #include "dialogs/macro_strip.h"
-#include "platform/qt/image_surface.h"
-#include "display/font_metrics.h"
-#include "display/screen_emitter.h"
-#include "printing/printer_start.h"
-#include "printing/printer_systems.h"
-#include "printing/recording_printer.h"
 #include "settings/page_settings.h"
 #include "settings/settings_store.h"
 #include "shell/window_commands.h"
+#include "shown_window.h"
 #include "test_support.h"
 
 namespace hlyd {
 namespace {
 
-class PrintOptionsWindowTest : public test::ProgramTest {
+class PrintOptionsWindowTest : public test::RecorderTest {
 protected:
     void SetUp() override {
-        ProgramTest::SetUp();
-        hlydSettings().CurrentPrinter = "Recorder";
-        recorders = std::make_unique<RecordingPrinterSystem>("Recorder", [](const PrintEvent&) {});
-        setPrinterSystem(recorders.get());
-        InitPrinter();
-        window = std::make_unique<HlydWindow>();
-        setDisplaySurface(&window->picDisplay());
-        HlydDAValidateFonts();
-        sbSetToolBar();
-        window->show();
+        RecorderTest::SetUp();
+        window = test::showWindow();
     }
     void TearDown() override {
-        setDisplaySurface(nullptr);
-        window.reset();
-        setPrinterSystem(nullptr);
-        ProgramTest::TearDown();
+        test::closeWindow(window);
+        RecorderTest::TearDown();
     }
     static void type(QWidget* form, const char* name, const QString& text) {
         auto* field = form->findChild<QLineEdit*>(name);
@@ -60,7 +45,6 @@ protected:
         emit field->editingFinished();
     }
 
-    std::unique_ptr<RecordingPrinterSystem> recorders;
     std::unique_ptr<HlydWindow> window;
 };
 
