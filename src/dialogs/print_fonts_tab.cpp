@@ -98,7 +98,7 @@ void PrintFontsTab::store() {
     for (int e = 1; e <= kElementCount; ++e) {
         PrintFontRow& font = m_.v.fonts[e];
         const Row& row = rows_[e];
-        font.Name = row.name->currentText().toLatin1().toStdString();
+        font.Name = toCp1252(row.name->currentText());
         font.Size = row.size->value();
         font.Bold = row.styles[0]->isChecked();
         font.Italic = row.styles[1]->isChecked();
