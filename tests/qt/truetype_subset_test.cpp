@@ -78,6 +78,8 @@ TEST(CffTable, OnlyAReadableNameKeyedProgramIsEmbeddedWhole) {
     std::string cut = cffWithTopDict(nameKeyed);
     EXPECT_FALSE(cffNameKeyed(cut.substr(0, cut.size() - 4)));
     EXPECT_FALSE(cffNameKeyed(""));
+    // Two top DICTs, the first said to end past the last: read no further than the table.
+    EXPECT_FALSE(cffNameKeyed(cut.substr(0, 10) + std::string("\x00\x02\x01\x01\xc8\x02\x8b", 7)));
     EXPECT_FALSE(cffNameKeyed(std::string("\x02\x00\x04\x01", 4) + cut.substr(4)));  // CFF2 is another format
 }
 

@@ -32,7 +32,8 @@ std::optional<IndexEntry> readIndex(std::string_view s, std::size_t at) {
     std::optional<std::uint32_t> first = readNumber(s, offsets, *offSize);
     std::optional<std::uint32_t> second = readNumber(s, offsets + *offSize, *offSize);
     std::optional<std::uint32_t> last = readNumber(s, offsets + *count * *offSize, *offSize);
-    if (!first || !second || !last || *first < 1 || *second < *first || data + *last > s.size()) return std::nullopt;
+    if (!first || !second || !last || *first < 1 || *second < *first || *second > *last || data + *last > s.size())
+        return std::nullopt;
     return IndexEntry{s.substr(data + *first, *second - *first), data + *last};
 }
 
