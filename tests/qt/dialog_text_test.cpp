@@ -1,8 +1,10 @@
 // Text through the dialogs, offscreen: every upper-half Windows-1252 byte a setting holds comes
-// back from each dialog's save as it went in, in the settings and in HLYD.INI.
+// back from each dialog's save as it went in, in the settings and in HLYD.INI; a font name is
+// the system's, and shown as the system spells it.
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -10,6 +12,7 @@
 #include <string>
 
 #include "dialogs/hlyd_window.h"
+#include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "shell/window_commands.h"
 #include "shown_window.h"
@@ -80,6 +83,19 @@ TEST_F(DialogTextTest, TheDisplayOptionsKeepTheUsersNames) {
     EXPECT_EQ(hlydSettings().UserCompany, high);
     EXPECT_EQ(hlydSettings().UserName, "Ren\xE9" "e \x8A");
     EXPECT_TRUE(inSettingsFile("User Company", high));
+}
+
+TEST_F(DialogTextTest, TheFontsTabShowsAFontNameAsTheSystemSpellsIt) {
+    displayAttributes().Elements[kElemComments].slot[kPrint].Font.Name = "Caf\xc3\xa9 Sans";
+    QString shown;
+    QTimer::singleShot(0, [&shown] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        shown = form->findChild<QComboBox*>("cboFont1")->currentText();
+        form->findChild<QPushButton*>("cmdCancel")->click();
+    });
+    window->action("mnuOptionsPrint")->trigger();
+    EXPECT_EQ(shown, QString::fromUtf8("Caf\xc3\xa9 Sans"));
 }
 
 }  // namespace
