@@ -15,6 +15,7 @@
 #include "files/project_listing.h"
 #include "html/gen_html.h"
 #include "html/html_emit.h"
+#include "html/html_text.h"
 #include "settings/settings_store.h"
 #include "test_support.h"
 
@@ -197,6 +198,36 @@ TEST_F(HtmlTest, FontTagsBalanceAndTheFormDescriptionIsIndentedOnce) {
     EXPECT_NE(form.find("\r\n   <font class=\"KeyWord\">End</font>\r\n"), std::string::npos);
 }
 
+// A name is text wherever it stands: the file's in the title and the paragraph, the module's in
+// the heading. No control byte of a name or of the source reaches the document raw.
+TEST_F(HtmlTest, NamesAreTextAndControlBytesAreShown) {
+    const std::string name = "x<b onmouseover=alert(1)>.bas";
+    std::ofstream(source(name), std::ios::binary)
+        << "Attribute VB_Name = \"<script>alert(1)</script>\"\r\n"
+        << std::string("' a NUL \0, an escape \x1B and a DEL \x7F\r\n", 36)
+        << "Public Sub Go()\r\n"
+           "    s = \"a\x01" "b\" & \"&amp;\"\r\n"
+           "End Sub\r\n";
+    oFile().Add({source(name), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    ui.saveAnswer = source("out.html");
+    HTMLEmitAFile();
+    const std::string document = readAll(source("out.html"));
+    EXPECT_EQ(document.find("<b "), std::string::npos);
+    EXPECT_EQ(document.find("<script"), std::string::npos);
+    EXPECT_NE(document.find("<title>x&lt;b onmouseover=alert(1)&gt;.bas</title>"), std::string::npos);
+    EXPECT_NE(document.find("<p>" + dir + "/x&lt;b onmouseover=alert(1)&gt;.bas<br>"), std::string::npos);
+    EXPECT_NE(document.find("<H1 Align=center>&lt;script&gt;alert(1)&lt;/script&gt;</H1>"), std::string::npos);
+    EXPECT_NE(document.find("a NUL &#x2400;, an escape &#x241B; and a DEL &#x2421;"), std::string::npos);
+    EXPECT_NE(document.find("a&#x2401;b"), std::string::npos);
+    EXPECT_NE(document.find("&amp;\""), std::string::npos);  // code as written
+    for (char c : document) {
+        auto byte = static_cast<unsigned char>(c);
+        EXPECT_TRUE(byte >= 0x20 || c == '\r' || c == '\n') << "raw control byte " << int(byte);
+        EXPECT_NE(byte, 0x7F);
+    }
+}
+
 TEST(HtmlWriterTest, ColoursTagsAndEscaping) {
     EXPECT_EQ(htmlColourText(0), "000000");
     EXPECT_EQ(htmlColourText(0xFF), "FF0000");
@@ -219,6 +250,10 @@ TEST(HtmlWriterTest, ColoursTagsAndEscaping) {
     EXPECT_EQ(lineEnd, "</font>");
     doc.InsertLineBreak(lineEnd);
     EXPECT_EQ(lineEnd, "");  // nothing open at the start of a line
+
+    EXPECT_EQ(escapedText("<a href=\"x\">Tom & 'Jerry'</a>\t\x81"),
+              "&lt;a href=&quot;x&quot;&gt;Tom &amp; &#39;Jerry&#39;&lt;/a&gt;\t&#xFFFD;");
+    EXPECT_EQ(styleSafe("Courier New;}</style><script>\n"), "Courier New/stylescript");
 }
 
 }  // namespace

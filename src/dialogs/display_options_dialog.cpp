@@ -38,7 +38,6 @@ namespace hlyd {
 namespace {
 
 QString caption(const std::string& control) { return fromUtf8(displayOptionsCaption(control)); }
-std::string singleByte(const QString& text) { return text.toLatin1().toStdString(); }
 std::string indexed(const char* name, int i) { return name + std::to_string(i); }
 
 // A colour button shows its colour as a swatch with a frame, so that a white one is seen too.
@@ -281,7 +280,7 @@ private:
             extList_[i]->setToolTip("Double click an extension to remove it");
             extList_[i]->setMaximumHeight(fontMetrics().height() * 6);
             connect(extList_[i], &QListWidget::itemDoubleClicked, this, [this, i](QListWidgetItem* item) {
-                act([this, i, item] { cboExtension_DblClick(m_, i, singleByte(item->text())); });
+                act([this, i, item] { cboExtension_DblClick(m_, i, toCp1252(item->text())); });
             });
             grid->addWidget(label, 0, i);
             grid->addWidget(extEdit_[i], 1, i);
@@ -337,7 +336,7 @@ private:
     void extensionLeaves(int i) {
         if (extEdit_[i]->text().trimmed().isEmpty()) return;
         m_.focus.clear();
-        act([this, i] { cboExtension_LostFocus(m_, i, singleByte(extEdit_[i]->text())); });
+        act([this, i] { cboExtension_LostFocus(m_, i, toCp1252(extEdit_[i]->text())); });
         if (m_.focus.empty()) {
             extEdit_[i]->clear();
             return;
@@ -415,7 +414,7 @@ private:
     void store() {
         m_.chkShowOpenDialog = checks_["chkShowOpenDialog"]->isChecked();
         m_.txtDefaultFileLoc = toUtf8(txtDefaultFileLoc_->text());
-        for (int i = 0; i < 2; ++i) m_.txtUser[i] = singleByte(txtUser_[i]->text());
+        for (int i = 0; i < 2; ++i) m_.txtUser[i] = toCp1252(txtUser_[i]->text());
         for (int i = 0; i < 3; ++i)
             if (optView_[i]->isChecked()) m_.optView = i;
         m_.chkSkipAttributes = checks_["chkSkipAttributes"]->isChecked();
@@ -424,7 +423,7 @@ private:
         m_.chkAutoIndent = checks_["chkAutoIndent"]->isChecked();
         m_.chkConnectors = checks_["chkConnectors"]->isChecked();
         m_.spnIndentBy = spnIndentBy_->value();
-        m_.txtTabWidth = singleByte(txtTabWidth_->text());
+        m_.txtTabWidth = toCp1252(txtTabWidth_->text());
         m_.chkProcSeparatorLine = checks_["chkProcSeparatorLine"]->isChecked();
         m_.chkSeparatorLineBold = checks_["chkSeparatorLineBold"]->isChecked();
         for (int i = 0; i < 4; ++i)

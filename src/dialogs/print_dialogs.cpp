@@ -37,7 +37,6 @@ QString captionOf(const std::vector<std::pair<std::string, std::string>>& captio
 
 QString printCaption(const std::string& name) { return captionOf(printDialogCaptions(), name); }
 
-std::string singleByte(const QString& text) { return text.toLatin1().toStdString(); }
 
 // HLYDPrint: the widgets mirror the model; every click stores them, runs the model's handler and
 // shows the model again.
@@ -170,14 +169,14 @@ private:
         for (int i = 0; i < 2; ++i) {
             m_.chkAll[i] = checks_["chkAll" + std::to_string(i)]->isChecked();
             m_.optSelectedProcedures[i] = selected_[i]->isChecked();
-            m_.txtPageRange[i] = singleByte(fields_["txtPageRange" + std::to_string(i)]->text());
+            m_.txtPageRange[i] = toCp1252(fields_["txtPageRange" + std::to_string(i)]->text());
         }
         m_.chkPrintContinuous = checks_["chkPrintContinuous"]->isChecked();
         m_.chkDontUpdate = checks_["chkDontUpdate"]->isChecked();
         m_.chkDontShow = checks_["chkDontShow"]->isChecked();
         m_.optPageRange = pages_->isChecked();
-        m_.txtPageNumberStart = singleByte(fields_["txtPageNumberStart"]->text());
-        m_.txtHeading = singleByte(txtHeading_->text());
+        m_.txtPageNumberStart = toCp1252(fields_["txtPageNumberStart"]->text());
+        m_.txtHeading = toCp1252(txtHeading_->text());
     }
     void load() {
         views_[m_.optView]->setChecked(true);

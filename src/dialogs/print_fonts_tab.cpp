@@ -25,10 +25,11 @@ std::uint32_t valueOf(const QColor& c) {
            static_cast<std::uint32_t>(c.blue()) << 16;
 }
 
+// Font names are the system's, in UTF-8 as the printer lists and takes them: no source text.
 QStringList printerFonts() {
     QStringList names;
     if (Printer* printer = printState().PrinterPresent ? currentPrinter() : nullptr)
-        for (const std::string& font : printer->fonts()) names << fromCp1252(font);
+        for (const std::string& font : printer->fonts()) names << fromUtf8(font);
     return names;
 }
 
@@ -84,7 +85,7 @@ void PrintFontsTab::load() {
     for (int e = 1; e <= kElementCount; ++e) {
         const PrintFontRow& font = m_.v.fonts[e];
         Row& row = rows_[e];
-        row.name->setCurrentText(fromCp1252(font.Name));
+        row.name->setCurrentText(fromUtf8(font.Name));
         row.size->setValue(font.Size);
         bool styles[kStyles] = {font.Bold, font.Italic, font.Underline, font.Strikethrough};
         for (int s = 0; s < kStyles; ++s) row.styles[s]->setChecked(styles[s]);
@@ -98,7 +99,7 @@ void PrintFontsTab::store() {
     for (int e = 1; e <= kElementCount; ++e) {
         PrintFontRow& font = m_.v.fonts[e];
         const Row& row = rows_[e];
-        font.Name = row.name->currentText().toLatin1().toStdString();
+        font.Name = toUtf8(row.name->currentText());
         font.Size = row.size->value();
         font.Bold = row.styles[0]->isChecked();
         font.Italic = row.styles[1]->isChecked();
@@ -111,7 +112,7 @@ void PrintFontsTab::store() {
 void PrintFontsTab::showSamples() {
     for (int e = 1; e <= kElementCount; ++e) {
         const PrintFontRow& font = m_.v.fonts[e];
-        QFont shown(fromCp1252(font.Name));
+        QFont shown(fromUtf8(font.Name));
         shown.setPointSizeF(font.Size > 0 ? font.Size : 12);
         shown.setBold(font.Bold);
         shown.setItalic(font.Italic);

@@ -30,8 +30,6 @@ namespace hlyd {
 
 namespace {
 
-std::string singleByte(const QString& text) { return text.toLatin1().toStdString(); }
-
 class PrintOptionsForm : public QDialog {
 public:
     PrintOptionsForm(QWidget* parent, PrintOptionsModel& m) : QDialog(parent), m_(m) {
@@ -254,8 +252,8 @@ private:
             if (lineHow_[i]->isChecked()) v.optLineNumberHow = i + 1;
             if (procSkip_[i]->isChecked()) v.optProcSkip = kProcSkips[i];
         }
-        for (auto& [name, edit] : fields_) *textOf(name) = singleByte(edit->text());
-        for (int i = 0; i < kHeadingSections; ++i) v.txtHeading[i] = singleByte(headings_[i]->text());
+        for (auto& [name, edit] : fields_) *textOf(name) = toCp1252(edit->text());
+        for (int i = 0; i < kHeadingSections; ++i) v.txtHeading[i] = toCp1252(headings_[i]->text());
         v.txtSaveHYFile = toLocalPath(txtSaveHYFile_->text());
     }
 

@@ -5,6 +5,7 @@
 #include "base/app_info.h"
 #include "base/hlyd_error.h"
 #include "files/run_inputs.h"
+#include "html/html_text.h"
 #include "platform/ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -13,17 +14,6 @@ namespace hlyd {
 
 namespace {
 const char* const kLineEnd = "\r\n";
-
-// Only the angle brackets are escaped: "&" and quotes pass as they stand in the source.
-void appendEscaped(std::string& out, const std::string& text) {
-    std::size_t from = 0;
-    for (std::size_t at = text.find_first_of("<>"); at != std::string::npos; at = text.find_first_of("<>", from)) {
-        out.append(text, from, at - from);
-        out += text[at] == '<' ? "&lt;" : "&gt;";
-        from = at + 1;
-    }
-    out.append(text, from, std::string::npos);
-}
 }  // namespace
 
 const char* htmlClassName(int element) {
@@ -96,7 +86,7 @@ void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, co
     writeLine("<meta name=\"ProgId\" content = \"" + app + "\" > ");
     writeLine("<meta name=\"Generator\" content=\"" + app + "\">");
     writeLine("<meta name=\"Originator\" content=\"" + app + "\">");
-    writeLine("<title>" + title + "</title>");
+    writeLine("<title>" + escapedText(title) + "</title>");
 }
 
 void cGenHTML::writeLine(const std::string& text) {
@@ -112,7 +102,7 @@ void cGenHTML::InsertStyle(int element, const std::string& fontName, long size, 
                            std::uint32_t colour) {
     std::string text = std::string(".") + htmlClassName(element) + " {" + kLineEnd;
     text += "    color:" + htmlColourText(colour) + ";" + kLineEnd;
-    text += "    font-family:" + fontName + ";" + kLineEnd;
+    text += "    font-family:" + styleSafe(fontName) + ";" + kLineEnd;
     text += "    font-size:" + std::to_string(size) + "pt;" + kLineEnd;
     text += std::string("    font-weight: ") + (bold ? "bold;" : "normal;") + kLineEnd;
     text += std::string("    font-style: ") + (italic ? "italic;" : "normal;") + kLineEnd;
@@ -123,10 +113,10 @@ void cGenHTML::InsertStyle(int element, const std::string& fontName, long size, 
 void cGenHTML::InsertStyleEnd() {
     writeLine("//-->");
     writeLine("</style>");
-    writeLine("<H1 Align=center>" + heading_ + "</H1>");
-    writeLine("<p>" + fileName_ + "<br>");
-    writeLine(subTitle1_ + "<br>");
-    writeLine(subTitle2_ + "<br>" + "</p>");
+    writeLine("<H1 Align=center>" + escapedText(heading_) + "</H1>");
+    writeLine("<p>" + escapedText(fileName_) + "<br>");
+    writeLine(escapedText(subTitle1_) + "<br>");
+    writeLine(escapedText(subTitle2_) + "<br>" + "</p>");
     writeLine("</head>");
     writeLine("<body>");
     writeLine("<pre>");
@@ -146,14 +136,14 @@ void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std
         result += "\">";
         currentElement_ = static_cast<std::int16_t>(element);
     }
-    appendEscaped(result, text);
+    appendSourceText(result, text);
 }
 
 void cGenHTML::InsertLine(std::string text) {
     if (!pendingAnchor_.empty()) {
         std::string end;
         InsertProcEnd(end);
-        text = "<a name=\"" + pendingAnchor_ + "\">" + text + end;
+        text = "<a name=\"" + escapedText(pendingAnchor_) + "\">" + text + end;
         pendingAnchor_.clear();
     }
     std::string lineBreak;
@@ -188,6 +178,11 @@ void cGenHTML::InsertProcContinue() {
 void cGenHTML::InsertProcEnd(std::string& result) {
     result = "  <A HREF=\"#TopOfTOC\">Table of Contents</A>";
     procLine_.clear();
+}
+
+void cGenHTML::InsertTOCLine(const std::string& name) {
+    std::string shown = escapedText(name);
+    writeLine("<a href=\"#" + shown + "\">" + shown + "</a>");
 }
 
 void cGenHTML::InsertHeaderLinks() {

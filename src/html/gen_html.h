@@ -39,7 +39,7 @@ public:
     void InsertProcContinue();
     void InsertProcEnd(std::string& result);
     void InsertTOCStart() { writeLine("<a name=\"TopOfTOC\">Table of Contents</A>"); }
-    void InsertTOCLine(const std::string& name) { writeLine("<a href=\"#" + name + "\">" + name + "</a>"); }
+    void InsertTOCLine(const std::string& name);
     void InsertHeaderLinks();
     void InsertHeaderLinksEnd() { writeLine("</span>"); }
     void InsertConnectTerm(int count);

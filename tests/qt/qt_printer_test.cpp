@@ -10,6 +10,8 @@
 #include <fstream>
 #include <sstream>
 
+#include <QFontDatabase>
+
 #include "platform/os.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_printer_system.h"
@@ -97,6 +99,15 @@ protected:
             y += p.textHeight("X");
         }
     }
+    // Prints `lines` one under the other from `y` on, in the printer's font as it stands.
+    void printLinesAt(QtPrinter& p, float& y, const std::vector<std::string>& lines) {
+        for (const std::string& text : lines) {
+            p.setCurrentY(y);
+            p.setCurrentX(360);
+            p.print(text);
+            y += p.textHeight("X");
+        }
+    }
     std::string pdf(const std::string& name) { return dir + "/" + name; }
 };
 
@@ -134,6 +145,54 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
     EXPECT_GE(fontRows, 2);
     // Only the glyphs used go in: any one of these fonts whole is larger than the file.
     EXPECT_LT(fs::file_size(pdf("listing.pdf")), 100u * 1024);
+}
+
+// The pixels darker than mid-grey in a grey PGM image.
+int darkPixels(const std::string& pgm) {
+    std::istringstream in(pgm);
+    std::string magic;
+    int width = 0, height = 0, maximum = 0;
+    in >> magic >> width >> height >> maximum;
+    in.get();
+    int dark = 0;
+    for (int n = 0; n < width * height && in; ++n) dark += in.get() < maximum / 2 ? 1 : 0;
+    return dark;
+}
+
+// A face without TrueType outlines, CFF or Type 1, is seen on the page: poppler reads its font
+// without a complaint, draws the text and gives it back.
+TEST_F(QtPrinterTest, FacesWithoutTrueTypeOutlinesAreDrawnAndRead) {
+    NEED_POPPLER();
+    if (!haveTool("pdftoppm")) GTEST_SKIP() << "pdftoppm is not installed";
+    // Each foundry of a family may be another file: here the Type 1 and the OpenType CFF one.
+    QStringList families;
+    for (const QString& family : QFontDatabase::families())
+        if (family.startsWith("C059") || family.startsWith("Nimbus Mono PS")) families.append(family);
+    if (families.isEmpty()) GTEST_SKIP() << "fonts-urw-base35 is not installed: no face without TrueType outlines";
+    for (const QString& name : families) {
+        const std::string family = name.toStdString();
+        SCOPED_TRACE(family);
+        QtPrinter p;
+        p.beginJob(pdf("face.pdf"));
+        p.setFontName(family);
+        p.setFontSize(20);
+        float y = 0;
+        printLinesAt(p, y, {"Dim caf\xe9 As String", "total = total + 1"});
+        p.setFontItalic(true);
+        printLinesAt(p, y, {"' italic \x80 \x93quoted\x94"});
+        ASSERT_TRUE(p.endJob(true)) << p.jobError();
+
+        std::string complaints = run("pdftoppm -r 72 -gray -singlefile '" + pdf("face.pdf") + "' '" + pdf("page") + "' 2>&1");
+        EXPECT_EQ(complaints, "");
+        EXPECT_GT(darkPixels(slurp(pdf("page.pgm"))), 400);
+        auto pages = pagesOf(run("pdftotext -layout '" + pdf("face.pdf") + "' - 2>&1"));
+        ASSERT_EQ(pages.size(), 1u);
+        EXPECT_EQ(pages[0], (std::vector<std::string>{"Dim caf\xc3\xa9 As String", "total = total + 1",
+                                                      "' italic \xe2\x82\xac \xe2\x80\x9cquoted\xe2\x80\x9d"}));
+        std::string fonts = run("pdffonts '" + pdf("face.pdf") + "' 2>&1");
+        EXPECT_EQ(fonts.find("TrueType"), std::string::npos) << fonts;
+        EXPECT_EQ(fonts.find("Error"), std::string::npos) << fonts;
+    }
 }
 
 TEST_F(QtPrinterTest, KillDocDropsThePageNotYetFinishedAndTheJobGoesOn) {

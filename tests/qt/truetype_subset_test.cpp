@@ -1,11 +1,13 @@
 // Fonts cut for embedding, read back table by table: an accented letter drawn from pieces keeps
-// its pieces, and a glyph nobody drew loses its outline.
+// its pieces, and a glyph nobody drew loses its outline. A CFF program goes in whole only when its
+// glyphs are addressed by name.
 #include <gtest/gtest.h>
 
 #include <QFont>
 #include <QRawFont>
 #include <map>
 
+#include "platform/qt/cff_table.h"
 #include "platform/qt/classic_fonts.h"
 #include "platform/qt/truetype_subset.h"
 
@@ -57,6 +59,28 @@ TEST(TrueTypeSubset, KeepsTheGlyphsUsedAndThePiecesTheyAreBuiltFrom) {
         EXPECT_GT(length(piece), 0u) << "piece " << piece << " of the composite lost its outline";
     }
     EXPECT_LT(subset.size(), tableOf(raw, "glyf").size() / 4);
+}
+
+// A CFF table of one font named "A" whose top DICT is `dict`.
+std::string cffWithTopDict(const std::string& dict) {
+    std::string cff("\x01\x00\x04\x01", 4);
+    cff += std::string("\x00\x01\x01\x01\x02" "A", 6);
+    cff += std::string("\x00\x01\x01\x01", 4) + static_cast<char>(dict.size() + 1) + dict;
+    return cff;
+}
+
+TEST(CffTable, OnlyAReadableNameKeyedProgramIsEmbeddedWhole) {
+    // FontBBox of four small numbers, a real, and CharStrings at a two-byte offset.
+    const std::string nameKeyed("\x8b\x8b\xf7\x00\x8b\x05\x1e\xa2\x5f\x0c\x02\x1c\x00\x40\x11", 15);
+    EXPECT_TRUE(cffNameKeyed(cffWithTopDict(nameKeyed)));
+    EXPECT_FALSE(cffNameKeyed(cffWithTopDict(std::string("\x8c\x8d\x8b\x0c\x1e", 5) + nameKeyed)));  // ROS
+    EXPECT_FALSE(cffNameKeyed(cffWithTopDict(std::string("\x8b\x1d\x00", 3))));  // a number cut short
+    std::string cut = cffWithTopDict(nameKeyed);
+    EXPECT_FALSE(cffNameKeyed(cut.substr(0, cut.size() - 4)));
+    EXPECT_FALSE(cffNameKeyed(""));
+    // Two top DICTs, the first said to end past the last: read no further than the table.
+    EXPECT_FALSE(cffNameKeyed(cut.substr(0, 10) + std::string("\x00\x02\x01\x01\xc8\x02\x8b", 7)));
+    EXPECT_FALSE(cffNameKeyed(std::string("\x02\x00\x04\x01", 4) + cut.substr(4)));  // CFF2 is another format
 }
 
 }  // namespace

@@ -2,35 +2,15 @@
 
 #include <QByteArray>
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <set>
 
-#include "platform/qt/qt_text.h"
-#include "platform/qt/truetype_subset.h"
+#include "platform/qt/pdf_syntax.h"
 
 namespace hlyd {
 
 namespace {
 
 constexpr std::uint32_t kCatalog = 1, kPageTree = 2, kResources = 3, kInfo = 4;
-
-void appendNumber(std::string& out, double value) {
-    char buffer[32];
-    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 2);
-    if (ec != std::errc()) return out.append("0"), void();
-    char* last = end;
-    while (last > buffer && last[-1] == '0') --last;
-    if (last > buffer && last[-1] == '.') --last;
-    if (last == buffer || (last - buffer == 1 && buffer[0] == '-')) return out.append("0"), void();
-    out.append(buffer, last);
-}
-
-std::string number(double value) {
-    std::string s;
-    appendNumber(s, value);
-    return s;
-}
 
 void appendColour(std::string& out, QRgb rgb, const char* op) {
     appendNumber(out, qRed(rgb) / 255.0);
@@ -43,15 +23,6 @@ void appendColour(std::string& out, QRgb rgb, const char* op) {
     out += '\n';
 }
 
-const char kHex[] = "0123456789ABCDEF";
-
-void appendHex16(std::string& out, std::uint32_t v) {
-    out += kHex[v >> 12 & 0xF];
-    out += kHex[v >> 8 & 0xF];
-    out += kHex[v >> 4 & 0xF];
-    out += kHex[v & 0xF];
-}
-
 std::string compressed(const std::string& data) {
     // Level 1: a listing's file comes out a third larger than at the default level, still smaller
     // than its source, and is written 1.6 times as fast; the time is what a print waits for.
@@ -59,34 +30,6 @@ std::string compressed(const std::string& data) {
     std::string stream = packed.toStdString();
     stream.erase(0, std::min<std::size_t>(4, stream.size()));  // Qt's own length before the zlib stream
     return stream;
-}
-
-// The font's name as a PDF name: letters, digits and hyphens only.
-std::string postScriptName(const QRawFont& raw) {
-    std::string name;
-    QString style = raw.styleName();
-    for (QChar c : raw.familyName() + (style.isEmpty() || style == QLatin1String("Regular") ? QString() : "-" + style))
-        if (c.isLetterOrNumber() && c.unicode() < 0x80) name += static_cast<char>(c.unicode());
-        else if (c == QLatin1Char('-')) name += '-';
-    return name.empty() ? "Font" : name;
-}
-
-// A subset's name begins with six capitals of its own.
-std::string subsetTag(std::size_t index) {
-    std::string tag = "HLYD";
-    tag += static_cast<char>('A' + index / 26 % 26);
-    tag += static_cast<char>('A' + index % 26);
-    return tag + "+";
-}
-
-std::string tableOf(const QRawFont& raw, const char* tag) {
-    QByteArray data = raw.fontTable(tag);
-    return std::string(data.constData(), static_cast<std::size_t>(data.size()));
-}
-
-std::int16_t signed16(const std::string& s, std::size_t at) {
-    if (at + 2 > s.size()) return 0;
-    return static_cast<std::int16_t>(static_cast<unsigned char>(s[at]) << 8 | static_cast<unsigned char>(s[at + 1]));
 }
 
 }  // namespace
@@ -128,7 +71,7 @@ std::size_t PdfWriter::fontOf(const PrintFace& face) {
         if (other.family == face.key.family && other.bold == face.key.bold && other.italic == face.key.italic)
             return static_cast<std::size_t>(known = static_cast<int>(i));
     }
-    fonts_.push_back({&face, reserveObject(), {}});
+    fonts_.push_back({&face, reserveObject(), {}, outlinesOf(face.raw)});
     return static_cast<std::size_t>(known = static_cast<int>(fonts_.size() - 1));
 }
 
@@ -147,10 +90,12 @@ void PdfWriter::appendText(std::string& content, const PageRecording& page, cons
     appendNumber(content, baseline);
     content += " Tm [<";
     std::bitset<256>& used = fonts_[font].used;
+    bool drawn = fonts_[font].outlines == Outlines::Drawn;  // a simple font: one byte a character
     for (unsigned char c : text) {
         if (face.glyph[c] != 0) {
             used.set(c);
-            appendHex16(content, face.glyph[c]);
+            if (drawn) appendHex8(content, c);
+            else appendHex16(content, face.glyph[c]);
         } else if (face.advance[c] != 0) {  // no glyph, yet room as measured
             content += "> ";
             appendNumber(content, -face.advance[c] / face.pixelSize * 1000);
@@ -175,8 +120,8 @@ void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int 
                         QPointF origin) {
     // Device pixels, y downwards from the printable area's corner, as the page was recorded.
     double scale = 72.0 / dotsPerInch;
-    std::string content = number(scale) + " 0 0 " + number(-scale) + " " + number(origin.x()) + " " +
-                          number(sheet.height() - origin.y()) + " cm 2 J\n";
+    std::string content = pdfNumber(scale) + " 0 0 " + pdfNumber(-scale) + " " + pdfNumber(origin.x()) + " " +
+                          pdfNumber(sheet.height() - origin.y()) + " cm 2 J\n";
     bool fillSet = false, strokeSet = false;
     QRgb fill = 0, stroke = 0;
     for (const PageRecording::Op& op : page.ops()) {
@@ -217,61 +162,9 @@ void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int 
     writeStream(contents, content);
     std::uint32_t pageObject = reserveObject();
     beginObject(pageObject);
-    write("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + number(sheet.width()) + " " + number(sheet.height()) +
+    write("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + pdfNumber(sheet.width()) + " " + pdfNumber(sheet.height()) +
           "] /Resources 3 0 R /Contents " + std::to_string(contents) + " 0 R >>\nendobj\n");
     pageObjects_.push_back(pageObject);
-}
-
-void PdfWriter::writeFont(const Font& font, std::size_t index) {
-    const PrintFace& face = *font.face;
-    std::string name = subsetTag(index) + postScriptName(face.raw);
-    std::set<std::uint32_t> glyphs;
-    std::string widths, cmap;
-    int mappings = 0;
-    for (int c = 0; c < 256; ++c) {
-        if (!font.used[static_cast<std::size_t>(c)]) continue;
-        std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
-        if (!glyphs.insert(glyph).second) continue;
-        widths += std::to_string(glyph) + " [" + number(face.advance[static_cast<std::size_t>(c)] / face.pixelSize * 1000) + "] ";
-        char byte = static_cast<char>(c);
-        cmap += "<";
-        appendHex16(cmap, glyph);
-        cmap += "> <";
-        appendHex16(cmap, fromCp1252(std::string_view(&byte, 1)).at(0).unicode());
-        cmap += ">\n";
-        ++mappings;
-    }
-    const QRawFont& raw = face.raw;
-    std::string file = subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, glyphs);
-    std::string head = tableOf(raw, "head");
-    double perUnit = 1000.0 / std::max(1, static_cast<int>(raw.unitsPerEm()));
-    double perPixel = 1000.0 / face.pixelSize;
-    bool fixedPitch = face.advance['i'] == face.advance['W'];
-
-    std::uint32_t cid = reserveObject(), descriptor = reserveObject(), fontFile = reserveObject(), toUnicode = reserveObject();
-    beginObject(font.object);
-    write("<< /Type /Font /Subtype /Type0 /BaseFont /" + name + " /Encoding /Identity-H /DescendantFonts [" +
-          std::to_string(cid) + " 0 R] /ToUnicode " + std::to_string(toUnicode) + " 0 R >>\nendobj\n");
-    beginObject(cid);
-    write("<< /Type /Font /Subtype /CIDFontType2 /BaseFont /" + name +
-          " /CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >> /FontDescriptor " +
-          std::to_string(descriptor) + " 0 R /CIDToGIDMap /Identity /DW 0 /W [" + widths + "] >>\nendobj\n");
-    beginObject(descriptor);
-    int flags = 32 | (fixedPitch ? 1 : 0) | (face.key.italic ? 64 : 0);
-    write("<< /Type /FontDescriptor /FontName /" + name + " /Flags " + std::to_string(flags) + " /FontBBox [" +
-          number(signed16(head, 36) * perUnit) + " " + number(signed16(head, 38) * perUnit) + " " +
-          number(signed16(head, 40) * perUnit) + " " + number(signed16(head, 42) * perUnit) + "] /ItalicAngle " +
-          (face.key.italic ? "-12" : "0") + " /Ascent " + number(raw.ascent() * perPixel) + " /Descent " +
-          number(-raw.descent() * perPixel) + " /CapHeight " + number(raw.capHeight() * perPixel) +
-          " /StemV 80 /FontFile2 " + std::to_string(fontFile) + " 0 R >>\nendobj\n");
-    writeStream(fontFile, file, " /Length1 " + std::to_string(file.size()));
-    writeStream(toUnicode,
-                "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n"
-                "/CIDSystemInfo << /Registry (Adobe) /Ordering (UCS) /Supplement 0 >> def\n"
-                "/CMapName /Adobe-Identity-UCS def\n/CMapType 2 def\n1 begincodespacerange\n<0000> <FFFF>\n"
-                "endcodespacerange\n" +
-                    std::to_string(mappings) + " beginbfchar\n" + cmap +
-                    "endbfchar\nendcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n");
 }
 
 void PdfWriter::finish() {

@@ -31,10 +31,14 @@ public:
     int pages() const { return static_cast<int>(pageObjects_.size()); }
 
 private:
+    // How a font's glyphs reach the file: its TrueType program cut to the glyphs used, its CFF
+    // program whole, or, for a face with neither (Type 1), each glyph's outline drawn by the file.
+    enum class Outlines { TrueType, Cff, Drawn };
     struct Font {
         const PrintFace* face;  // any face of the font: the glyphs and widths are the same in all
         std::uint32_t object;
         std::bitset<256> used;  // the Windows-1252 characters drawn in it
+        Outlines outlines;
     };
 
     std::uint32_t reserveObject();
@@ -43,7 +47,12 @@ private:
     void writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary = {});
     std::size_t fontOf(const PrintFace& face);
     void appendText(std::string& content, const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
+    // In pdf_fonts.cpp.
+    static Outlines outlinesOf(const QRawFont& raw);
     void writeFont(const Font& font, std::size_t index);
+    void writeCidFont(const Font& font, std::size_t index);
+    void writeDrawnFont(const Font& font);
+    void writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings, int count);
 
     QIODevice& out_;
     std::uint64_t written_ = 0;

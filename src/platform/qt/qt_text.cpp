@@ -13,6 +13,8 @@ QString fromCp1252(std::string_view text) {
     return result;
 }
 
+std::string toCp1252(const QString& text) { return utf8ToCp1252(toUtf8(text)); }
+
 std::string toLocalPath(const QString& path) { return QFile::encodeName(path).toStdString(); }
 QString fromLocalPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
 

@@ -13,7 +13,6 @@
 #include "platform/qt/list_dialog.h"
 #include "platform/qt/printer_dialog.h"
 #include "platform/qt/qt_text.h"
-#include "platform/text_encoding.h"
 
 namespace hlyd {
 
@@ -165,7 +164,7 @@ std::optional<std::string> QtUi::inputBox(const InputBoxRequest& request) {
     QString answer = QInputDialog::getText(parent_.data(), fromCp1252(request.title), fromCp1252(request.prompt),
                                            QLineEdit::Normal, fromCp1252(request.defaultText), &ok);
     if (!ok) return std::nullopt;
-    return utf8ToCp1252(toUtf8(answer));
+    return toCp1252(answer);
 }
 
 // The pointer is a state, as the classic mouse pointer was: whoever sets it back to the default

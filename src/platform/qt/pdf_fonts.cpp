@@ -1,0 +1,171 @@
+// The fonts of a PDF file, written when the pages are done and every character drawn is known.
+#include <QByteArray>
+#include <QRawFont>
+#include <algorithm>
+#include <set>
+
+#include "platform/qt/cff_table.h"
+#include "platform/qt/glyph_procedure.h"
+#include "platform/qt/pdf_syntax.h"
+#include "platform/qt/pdf_writer.h"
+#include "platform/qt/truetype_subset.h"
+#include "platform/text_encoding.h"
+
+namespace hlyd {
+
+namespace {
+
+// The font's name as a PDF name: letters, digits and hyphens only.
+std::string postScriptName(const QRawFont& raw) {
+    std::string name;
+    QString style = raw.styleName();
+    for (QChar c : raw.familyName() + (style.isEmpty() || style == QLatin1String("Regular") ? QString() : "-" + style))
+        if (c.isLetterOrNumber() && c.unicode() < 0x80) name += static_cast<char>(c.unicode());
+        else if (c == QLatin1Char('-')) name += '-';
+    return name.empty() ? "Font" : name;
+}
+
+// A subset's name begins with six capitals of its own.
+std::string subsetTag(std::size_t index) {
+    std::string tag = "HLYD";
+    tag += static_cast<char>('A' + index / 26 % 26);
+    tag += static_cast<char>('A' + index % 26);
+    return tag + "+";
+}
+
+std::string tableOf(const QRawFont& raw, const char* tag) {
+    QByteArray data = raw.fontTable(tag);
+    return std::string(data.constData(), static_cast<std::size_t>(data.size()));
+}
+
+std::int16_t signed16(const std::string& s, std::size_t at) {
+    if (at + 2 > s.size()) return 0;
+    return static_cast<std::int16_t>(static_cast<unsigned char>(s[at]) << 8 | static_cast<unsigned char>(s[at + 1]));
+}
+
+// One "<code> <unicode>" line of a ToUnicode map.
+void appendMapping(std::string& cmap, std::uint32_t code, bool twoBytes, unsigned char character) {
+    cmap += "<";
+    if (twoBytes) appendHex16(cmap, code);
+    else appendHex8(cmap, code);
+    cmap += "> <";
+    appendHex16(cmap, cp1252CodePoint(character));
+    cmap += ">\n";
+}
+
+std::string glyphName(int code) {
+    std::string name = "g";
+    appendHex8(name, static_cast<std::uint32_t>(code));
+    return name;
+}
+
+}  // namespace
+
+PdfWriter::Outlines PdfWriter::outlinesOf(const QRawFont& raw) {
+    if (!raw.fontTable("glyf").isEmpty() && !raw.fontTable("loca").isEmpty()) return Outlines::TrueType;
+    if (cffNameKeyed(tableOf(raw, "CFF "))) return Outlines::Cff;
+    return Outlines::Drawn;
+}
+
+void PdfWriter::writeFont(const Font& font, std::size_t index) {
+    if (font.outlines == Outlines::Drawn) writeDrawnFont(font);
+    else writeCidFont(font, index);
+}
+
+void PdfWriter::writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings,
+                               int count) {
+    writeStream(number,
+                "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n"
+                "/CIDSystemInfo << /Registry (Adobe) /Ordering (UCS) /Supplement 0 >> def\n"
+                "/CMapName /Adobe-Identity-UCS def\n/CMapType 2 def\n1 begincodespacerange\n" +
+                    codeSpace + "\nendcodespacerange\n" + std::to_string(count) + " beginbfchar\n" + mappings +
+                    "endbfchar\nendcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n");
+}
+
+// A TrueType or CFF program under a Type 0 font: the glyph numbers are the codes and the CIDs.
+void PdfWriter::writeCidFont(const Font& font, std::size_t index) {
+    const PrintFace& face = *font.face;
+    const bool trueType = font.outlines == Outlines::TrueType;
+    std::set<std::uint32_t> glyphs;
+    std::string widths, cmap;
+    int mappings = 0;
+    for (int c = 0; c < 256; ++c) {
+        if (!font.used[static_cast<std::size_t>(c)]) continue;
+        std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
+        if (!glyphs.insert(glyph).second) continue;
+        widths += std::to_string(glyph) + " [" + pdfNumber(face.advance[static_cast<std::size_t>(c)] / face.pixelSize * 1000) + "] ";
+        appendMapping(cmap, glyph, true, static_cast<unsigned char>(c));
+        ++mappings;
+    }
+    const QRawFont& raw = face.raw;
+    // A CFF program goes in whole, so its name carries no subset tag.
+    std::string name = trueType ? subsetTag(index) + postScriptName(raw) : postScriptName(raw);
+    std::string file = trueType ? subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, glyphs)
+                                : tableOf(raw, "CFF ");
+    std::string head = tableOf(raw, "head");
+    double perUnit = 1000.0 / std::max(1, static_cast<int>(raw.unitsPerEm()));
+    double perPixel = 1000.0 / face.pixelSize;
+    bool fixedPitch = face.advance['i'] == face.advance['W'];
+
+    std::uint32_t cid = reserveObject(), descriptor = reserveObject(), fontFile = reserveObject(), toUnicode = reserveObject();
+    beginObject(font.object);
+    write("<< /Type /Font /Subtype /Type0 /BaseFont /" + name + " /Encoding /Identity-H /DescendantFonts [" +
+          std::to_string(cid) + " 0 R] /ToUnicode " + std::to_string(toUnicode) + " 0 R >>\nendobj\n");
+    beginObject(cid);
+    write(std::string("<< /Type /Font /Subtype ") + (trueType ? "/CIDFontType2" : "/CIDFontType0") + " /BaseFont /" +
+          name + " /CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >> /FontDescriptor " +
+          std::to_string(descriptor) + " 0 R" + (trueType ? " /CIDToGIDMap /Identity" : "") + " /DW 0 /W [" + widths +
+          "] >>\nendobj\n");
+    beginObject(descriptor);
+    int flags = 32 | (fixedPitch ? 1 : 0) | (face.key.italic ? 64 : 0);
+    write("<< /Type /FontDescriptor /FontName /" + name + " /Flags " + std::to_string(flags) + " /FontBBox [" +
+          pdfNumber(signed16(head, 36) * perUnit) + " " + pdfNumber(signed16(head, 38) * perUnit) + " " +
+          pdfNumber(signed16(head, 40) * perUnit) + " " + pdfNumber(signed16(head, 42) * perUnit) + "] /ItalicAngle " +
+          (face.key.italic ? "-12" : "0") + " /Ascent " + pdfNumber(raw.ascent() * perPixel) + " /Descent " +
+          pdfNumber(-raw.descent() * perPixel) + " /CapHeight " + pdfNumber(raw.capHeight() * perPixel) +
+          " /StemV 80 " + (trueType ? "/FontFile2 " : "/FontFile3 ") + std::to_string(fontFile) + " 0 R >>\nendobj\n");
+    writeStream(fontFile, file,
+                trueType ? " /Length1 " + std::to_string(file.size()) : std::string(" /Subtype /CIDFontType0C"));
+    writeToUnicode(toUnicode, "<0000> <FFFF>", cmap, mappings);
+}
+
+// A Type 3 font whose codes are the Windows-1252 characters, each glyph drawn from its outline.
+void PdfWriter::writeDrawnFont(const Font& font) {
+    const PrintFace& face = *font.face;
+    // Glyph space in thousandths of the em, as for the other kinds of font.
+    QRawFont design = face.raw;
+    design.setPixelSize(1000);
+    int first = 256, last = -1;
+    for (int c = 0; c < 256; ++c)
+        if (font.used[static_cast<std::size_t>(c)]) first = std::min(first, c), last = std::max(last, c);
+    if (last < 0) first = last = 0x20;
+
+    std::string widths, differences, procedures, cmap;
+    QRectF box;
+    int mappings = 0;
+    for (int c = first; c <= last; ++c) {
+        auto at = static_cast<std::size_t>(c);
+        double width = font.used[at] ? face.advance[at] / face.pixelSize * 1000 : 0;
+        widths += pdfNumber(width) + " ";
+        if (!font.used[at]) continue;
+        QPainterPath outline = design.pathForGlyph(face.glyph[at]);
+        box = box.united(outline.boundingRect());
+        std::uint32_t procedure = reserveObject();
+        writeStream(procedure, glyphProcedure(outline, width));
+        differences += std::to_string(c) + " /" + glyphName(c) + " ";
+        procedures += "/" + glyphName(c) + " " + std::to_string(procedure) + " 0 R ";
+        appendMapping(cmap, static_cast<std::uint32_t>(c), false, static_cast<unsigned char>(c));
+        ++mappings;
+    }
+    std::uint32_t toUnicode = reserveObject();
+    beginObject(font.object);
+    write("<< /Type /Font /Subtype /Type3 /Name /" + postScriptName(face.raw) + " /FontBBox [" +
+          pdfNumber(box.left()) + " " + pdfNumber(-box.bottom()) + " " + pdfNumber(box.right()) + " " +
+          pdfNumber(-box.top()) + "] /FontMatrix [0.001 0 0 0.001 0 0] /CharProcs << " + procedures +
+          ">> /Encoding << /Type /Encoding /Differences [" + differences + "] >> /FirstChar " +
+          std::to_string(first) + " /LastChar " + std::to_string(last) + " /Widths [" + widths +
+          "] /Resources << >> /ToUnicode " + std::to_string(toUnicode) + " 0 R >>\nendobj\n");
+    writeToUnicode(toUnicode, "<00> <FF>", cmap, mappings);
+}
+
+}  // namespace hlyd
