@@ -110,20 +110,33 @@ temporaries)
     no_temporaries() { ! ls -A "$work" | grep -q '\.tmp$' || fail "$1 left $(ls -A "$work" | grep '\.tmp$')"; }
     # Job control on: a job started in the background keeps SIGINT as a terminal would give it.
     set -m
+    # Starts the run and stops it while its temporary file is there; a run too quick to be caught
+    # is tried again.
+    stopped_at_work() {
+        for _ in 1 2 3 4 5; do
+            "$halyard" --quiet "$option" "$out" big.bas >/dev/null 2>&1 &
+            pid=$!
+            while kill -0 "$pid" 2>/dev/null; do
+                if compgen -G "$work/$temp" >/dev/null; then
+                    kill -s STOP "$pid"
+                    compgen -G "$work/$temp" >/dev/null && return 0
+                    kill -s CONT "$pid"
+                fi
+                sleep 0.01
+            done
+            wait "$pid" || true
+        done
+        fail "SIG$signal: the run was never caught with its temporary file"
+    }
     for signal in INT TERM HUP SEGV; do
         option=--pdf out=out.pdf temp='.out.pdf.*.tmp'
         if [ "$signal" = SEGV ]; then option=--html out=o.html temp='.o.html.*.tmp'; fi
-        "$halyard" --quiet "$option" "$out" big.bas >/dev/null 2>&1 &
-        pid=$!
-        for _ in $(seq 1 400); do
-            compgen -G "$work/$temp" >/dev/null && break
-            sleep 0.05
-        done
-        compgen -G "$work/$temp" >/dev/null || fail "SIG$signal: the run never had a temporary file"
+        stopped_at_work
         kill -s "$signal" "$pid"
+        kill -s CONT "$pid"
         rc=0
         wait "$pid" || rc=$?
-        [ "$rc" -gt 128 ] || fail "SIG$signal: the run finished first (exit $rc); the module is too short"
+        [ "$rc" -gt 128 ] || fail "SIG$signal: the run ended with exit $rc"
         no_temporaries "SIG$signal"
         cmp -s out.pdf good.pdf || fail "SIG$signal: the earlier PDF did not survive"
         cmp -s o.html good.html || fail "SIG$signal: the earlier HTML document did not survive"
