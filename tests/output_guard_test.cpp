@@ -67,9 +67,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(OutputGuardTest, TheOutputsOfOneRunAreNeverOneFile) {
     std::string pdf = path("same.out");
-    std::vector<OutputTarget> targets{{pdf, OutputKind::Pdf, "--pdf"}, {path("./same.out"), OutputKind::Html, "--html"}};
+    std::string html = path("./same.out");
+    std::vector<OutputTarget> targets{{pdf, OutputKind::Pdf, "--pdf"}, {html, OutputKind::Html, "--html"}};
     std::string refusal = outputsRefusal(targets, {});
-    EXPECT_NE(refusal.find("the HTML document " + path("./same.out") + " named by --html: it is also the PDF file named by --pdf"),
+    EXPECT_NE(refusal.find("the HTML document " + html + " named by --html: it is also the PDF file named by --pdf"),
               std::string::npos)
         << refusal;
     targets[1].path = path("other.out");

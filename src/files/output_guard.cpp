@@ -116,7 +116,8 @@ std::string reasonToRefuse(const OutputTarget& target, const std::vector<std::st
     std::string head;
     if (int error = readHead(target.path, head); error != 0)
         return "cannot be read to see what it holds (" + os::errorText(error) + ")";
-    if (!holdsWhatWeWrite(target.kind, head)) return std::string("is there and is no ") + kindName(target.kind) + " of ours";
+    if (!holdsWhatWeWrite(target.kind, head))
+        return std::string("is there and is no ") + kindName(target.kind) + " of ours";
     return {};
 }
 
@@ -148,7 +149,9 @@ std::string outputsRefusal(const std::vector<OutputTarget>& targets, const std::
             os::FileInfo a = os::fileInfo(targets[i].path);
             bool same = a.exists() ? a.sameFileAs(os::fileInfo(targets[j].path))
                                    : os::absolutePath(targets[i].path) == os::absolutePath(targets[j].path);
-            if (same) return message(targets[j], "is also the " + std::string(kindName(targets[i].kind)) + " named by " + targets[i].namedBy);
+            if (same)
+                return message(targets[j],
+                               "is also the " + std::string(kindName(targets[i].kind)) + " named by " + targets[i].namedBy);
         }
     return {};
 }

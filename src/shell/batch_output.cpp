@@ -76,7 +76,8 @@ std::optional<OutputTarget> pdfTarget(const std::string& source) {
     Printer* printer = currentPrinter();
     bool pdfInForce = printer && printState().PrinterValid && printer->deviceName() == kPdfPrinterName;
     if (options.printer == kPdfPrinterName || (options.printer.empty() && pdfInForce))
-        return OutputTarget{os::absolutePath(baseName(source) + ".pdf"), OutputKind::Pdf, "the PDF printer (<name>.pdf here)"};
+        return OutputTarget{os::absolutePath(baseName(source) + ".pdf"), OutputKind::Pdf,
+                            "the PDF printer as <name>.pdf in the current folder"};
     return std::nullopt;
 }
 

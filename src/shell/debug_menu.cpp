@@ -51,7 +51,8 @@ bool openLogChecked(const OutputTarget& log, bool forAppend, const std::vector<s
         theLog().LogOpen(log.path, forAppend ? kLogAppend : kLogCreate);
         return true;
     }
-    std::string text = "Unable to open Log-file\n\n" + theAppInfo().Title + " " + refusal + "\nLog-file messages will be queued";
+    std::string text =
+        "Unable to open Log-file\n\n" + theAppInfo().Title + " " + refusal + "\nLog-file messages will be queued";
     if (tell) showMessage(text, theAppInfo().Title + " Open Error", MsgButtons::OK, MsgIcon::Warning);
     logBlock(text);
     return false;
