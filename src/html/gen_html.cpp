@@ -6,6 +6,7 @@
 #include "base/hlyd_error.h"
 #include "base/message_box.h"
 #include "files/output_guard.h"
+#include "files/run_inputs.h"
 #include "platform/ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
