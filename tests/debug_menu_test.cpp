@@ -101,5 +101,23 @@ TEST_F(DebugMenuTest, LogFileIsAskedForOpenedAppendedAndClosed) {
     EXPECT_NE(appended.find(" DontTrapErrors=False", created.size()), std::string::npos);
 }
 
+// A log chosen over a file of the user's is refused with a message, and the file stays as it was.
+TEST_F(DebugMenuTest, ALogOverAFileOfTheUsersIsRefused) {
+    for (const char* name : {"Module1.bas", "notes.txt"}) {
+        SCOPED_TRACE(name);
+        const std::string path = (fs::path(dir) / name).string();
+        std::ofstream(path, std::ios::binary) << "Attribute VB_Name = \"Module1\"\r\n";
+        ui.saveAnswer = path;
+        ui.shown.clear();
+        click("mnuDebugLogOpen");
+        EXPECT_FALSE(theLog().isOpen());
+        ASSERT_EQ(ui.shown.size(), 1u);
+        EXPECT_NE(ui.shown[0].text.find("will not write the log file " + path + " named by the Log File dialog"),
+                  std::string::npos)
+            << ui.shown[0].text;
+        EXPECT_EQ(contents(path), "Attribute VB_Name = \"Module1\"\r\n");
+    }
+}
+
 }  // namespace
 }  // namespace hlyd

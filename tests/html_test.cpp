@@ -120,24 +120,30 @@ TEST_F(HtmlTest, UnwritablePlaceRaisesAndLeavesNothingBehind) {
     EXPECT_FALSE(fs::exists(source("missing-directory")));
 }
 
-// No output replaces a source of the run, however the name is spelt, nor a FIFO; a link to the
-// output is written through, and stays a link.
+// No output replaces a source of the run, however the name is spelt, nor a file of another kind,
+// nor a FIFO: the user is told why, and nothing is written. A link to the output is written
+// through, and stays a link.
 TEST_F(HtmlTest, OutputNeverReplacesAnInputOrAFifoAndFollowsALink) {
     oFile().Add({source("Module1.bas"), kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);
     const std::string sourceText = readAll(source("Module1.bas"));
     fs::create_directory(source("sub"));
-    for (const std::string& sameFile : {source("Module1.bas"), source("sub/../Module1.bas")}) {
-        ui.saveAnswer = sameFile;
-        EXPECT_THROW(HTMLEmitAFile(), HlydError) << sameFile;
-        EXPECT_EQ(readAll(source("Module1.bas")), sourceText);
-    }
+    std::ofstream(source("notes.txt")) << "the user's";
     ASSERT_EQ(::mkfifo(source("pipe.html").c_str(), 0644), 0);
-    ui.saveAnswer = source("pipe.html");
-    EXPECT_THROW(HTMLEmitAFile(), HlydError);
+    for (const std::string& refused :
+         {source("Module1.bas"), source("sub/../Module1.bas"), source("notes.txt"), source("pipe.html")}) {
+        ui.saveAnswer = refused;
+        ui.shown.clear();
+        EXPECT_FALSE(HTMLEmitAFile()) << refused;
+        ASSERT_EQ(ui.shown.size(), 1u) << refused;
+        EXPECT_NE(ui.shown[0].text.find("will not write the HTML document " + refused), std::string::npos)
+            << ui.shown[0].text;
+    }
+    EXPECT_EQ(readAll(source("Module1.bas")), sourceText);
+    EXPECT_EQ(readAll(source("notes.txt")), "the user's");
     EXPECT_EQ(fs::status(source("pipe.html")).type(), fs::file_type::fifo);
 
-    std::ofstream(source("real.html")) << "old";
+    std::ofstream(source("real.html")) << "<html>old";
     fs::create_symlink(source("real.html"), source("link.html"));
     ui.saveAnswer = source("link.html");
     HTMLEmitAFile();

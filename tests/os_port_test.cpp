@@ -126,5 +126,21 @@ TEST_F(OsPortTest, ReplaceKeepsModeWritesThroughLinksAndRefusesReadOnly) {
     EXPECT_EQ(names.size(), 3u);
 }
 
+// Every name the file system allows can be replaced: the temporary file beside it is never
+// longer than a folder entry may be, and nothing is left beside the target.
+TEST_F(OsPortTest, ReplaceWorksUpToTheLongestNameAllowed) {
+    for (std::size_t length : {200u, 243u, 250u, 255u}) {
+        SCOPED_TRACE(length);
+        std::string target = path(std::string(length - 4, 'n') + ".pdf");
+        EXPECT_EQ(os::replaceFile(target, "one"), 0);
+        EXPECT_EQ(os::replaceFile(target, "two"), 0);
+        EXPECT_EQ(read(target), "two");
+        std::vector<std::string> names;
+        os::listDirectory(dir, names);
+        EXPECT_EQ(names.size(), 1u);
+        fs::remove(target);
+    }
+}
+
 }  // namespace
 }  // namespace hlyd

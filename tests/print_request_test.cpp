@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -35,7 +37,10 @@ class FileRecorder : public RecordingPrinter {
 public:
     FileRecorder(std::string name, Sink sink, std::vector<std::string>& paths)
         : RecordingPrinter(std::move(name), std::move(sink)), paths_(paths) {}
-    void beginJob(const std::string& outputPath) override { paths_.push_back(outputPath); }
+    bool beginJob(const std::string& outputPath) override {
+        paths_.push_back(outputPath);
+        return true;
+    }
 
 private:
     std::vector<std::string>& paths_;
@@ -381,6 +386,41 @@ TEST_F(PrintRequestTest, ThePdfPrinterAsksWhereAndStartsInTheFolderUsedLast) {
     ui.saveAnswer.reset();  // Cancel in the save dialog prints nothing
     printWith([](PrintDialogModel&) {});
     EXPECT_TRUE(events.empty());
+}
+
+// The print command refuses, before the first page and with a message naming the file and where
+// its name came from, a PDF or a print history that would write over a file of the user's.
+TEST_F(PrintRequestTest, AnOutputOverAFileOfTheUsersRefusesTheCommand) {
+    usePrinter("PDF");
+    showSource("module.bas", procedures(1, 1));
+    const std::string source = dir + "/module.bas";
+    const std::string notes = dir + "/notes.txt";
+    std::ofstream(notes, std::ios::binary) << "the user's notes\n";
+    struct Case {
+        std::string pdf, history, named;
+    };
+    for (const Case& c : {Case{source, "", "the Print to PDF dialog"}, Case{notes, "", "the Print to PDF dialog"},
+                          Case{dir + "/fine.pdf", source, "SaveHYFile"}}) {
+        SCOPED_TRACE(c.pdf + " " + c.history);
+        hlydSettings().SaveHYInfo = !c.history.empty();
+        hlydSettings().SaveHYFile = c.history;
+        ui.saveAnswer = c.pdf;
+        ui.shown.clear();
+        jobPaths.clear();
+        printWith([](PrintDialogModel&) {});
+        EXPECT_TRUE(jobPaths.empty());
+        EXPECT_TRUE(events.empty());
+        ASSERT_EQ(ui.shown.size(), 1u);
+        EXPECT_NE(ui.shown[0].text.find("will not write"), std::string::npos) << ui.shown[0].text;
+        EXPECT_NE(ui.shown[0].text.find(c.named), std::string::npos) << ui.shown[0].text;
+    }
+    auto contents = [](const std::string& path) {
+        std::ostringstream all;
+        all << std::ifstream(path, std::ios::binary).rdbuf();
+        return all.str();
+    };
+    EXPECT_EQ(contents(notes), "the user's notes\n");
+    EXPECT_EQ(contents(source).find("[Tamarin"), std::string::npos);
 }
 
 }  // namespace

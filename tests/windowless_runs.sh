@@ -35,7 +35,8 @@ log-directory)
     printf '[Debug]\nLoggingIsOn=Yes\nLogFile=%s\n' "$work/logdir" >"$HLYD_CONFIG_DIR/HLYD.INI"
     printf 'x = 1\r\n' >"$work/M.bas"
     run "$binary" "$work/M.bas" >/dev/null
-    grep -q "Unable to open Log-file" "$work/err" || fail "not told on standard error: $(cat "$work/err")"
+    grep -q "will not write the log file $work/logdir named by LogFile" "$work/err" ||
+        fail "not told on standard error: $(cat "$work/err")"
     ;;
 group-missing-project)
     printf 'VBGROUP 5.0\r\nProject=Gone.vbp\r\n' >"$work/G.vbg"

@@ -7,6 +7,7 @@
 #include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "files/file_table.h"
+#include "files/output_guard.h"
 #include "platform/clock.h"
 #include "platform/os.h"
 #include "settings/ini_handler.h"
@@ -208,9 +209,14 @@ void SaveHYInfo(bool noHistoryFlag) {
     if (!hlydSettings().SaveHYInfo || noHistoryFlag) return;
     const std::string& fileName = oFile().Item(fileTable().wCurrentFile).FileName;
     std::string entry = formatFileTime(fileTime(fileName, "SaveHYInfo")) + "|" + formatPrintTime(theClock().now());
+    // The run was refused before its first page when the history may not be written; this is
+    // the last guard, for a file that became something else while the run went on.
+    if (!outputRefusal(*historyOutput()).empty()) return;
     cINIHandler history = openHistory();
     history.WriteString(fileName, entry);
 }
+
+std::string historyFilePath() { return openHistory().resolvedPath(); }
 
 bool fbIsNewer(const std::string& fileName) {
     TraceScope trace(theDebug().TraceApplication, "fbIsNewer");

@@ -25,6 +25,9 @@ constexpr const char* kDefaultHistoryFileName = "TMRHIST.TMR";
 // starts, so a cancelled run still counts as printed.
 void SaveHYInfo(bool noHistoryFlag = false);
 
+// The history file the settings name, as it is written.
+std::string historyFilePath();
+
 // True when the file changed since it was last printed: no entry, an entry without a readable
 // printing time, or a printing time before the file's last-saved time. The same second is not
 // newer. A vanished file raises error 53 once its time is needed.

@@ -4,6 +4,8 @@
 
 #include "base/app_info.h"
 #include "base/hlyd_error.h"
+#include "base/message_box.h"
+#include "files/output_guard.h"
 #include "files/run_inputs.h"
 #include "html/html_text.h"
 #include "platform/ui.h"
@@ -73,11 +75,14 @@ void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, co
     heading_ = heading.empty() ? title : heading;
     subTitle1_ = subTitle1;
     subTitle2_ = subTitle2;
-    // Never over a source of this run or over a device or FIFO; through a link, to its target.
-    int problem = outputTargetProblem(outputPath_, inputsOfThisRun());
+    // Never over a file of the user's or over a device or FIFO; through a link, to its target.
+    if (std::string refusal = outputRefusal({outputPath_, OutputKind::Html, "the Save as HTML dialog"}); !refusal.empty()) {
+        showMessage(theAppInfo().Title + " " + refusal, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+        Cancelled = true;
+        return;
+    }
     auto writer = std::make_unique<os::AtomicWriter>();
-    if (problem == 0) problem = writer->begin(outputPath_);
-    if (problem != 0) failed(problem);
+    if (int problem = writer->begin(outputPath_); problem != 0) failed(problem);
     file_ = std::move(writer);
     const std::string& app = theAppInfo().Title;
     writeLine("<html>");

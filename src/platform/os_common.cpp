@@ -59,11 +59,17 @@ int replaceTargetProblem(const FileInfo& target) {
 }
 
 std::string tempNameBeside(const std::string& target) {
+    // The longest name of one folder entry that the file systems of today allow.
+    constexpr std::size_t kNameMax = 255;
     static unsigned serial = 0;
     std::size_t cut = target.find_last_of("\\/");
     std::string directory = cut == std::string::npos ? std::string() : target.substr(0, cut + 1);
     std::string name = cut == std::string::npos ? target : target.substr(cut + 1);
-    return directory + "." + name + "." + std::to_string(processId()) + "." + std::to_string(++serial) + ".tmp";
+    std::string tail = "." + std::to_string(processId()) + "." + std::to_string(++serial) + ".tmp";
+    // The target's own name tells a user whose file it is; a target whose name is near the limit
+    // already gets a short one, or its temporary file could not be made at all.
+    if (1 + name.size() + tail.size() > kNameMax) name = "halyard";
+    return directory + "." + name + tail;
 }
 
 void countDirectoryListing() { ++listingsRead; }

@@ -52,10 +52,12 @@ public:
 
     // One print command is one job. A printer that writes a file takes its target here; the file
     // appears only when the job ends with keep true and everything could be written (false
-    // otherwise: then nothing is left behind, and an existing file stays as it was).
-    virtual void beginJob(const std::string& outputPath) { (void)outputPath; }
+    // otherwise: then nothing is left behind, and an existing file stays as it was). beginJob is
+    // false when the job cannot even begin (the file cannot be made where it is to go): the run
+    // then ends before its first page instead of after its last.
+    virtual bool beginJob(const std::string& outputPath) { (void)outputPath; return true; }
     virtual bool endJob(bool keep) { (void)keep; return true; }
-    // Why the last endJob failed, for the message the user gets.
+    // Why the job could not begin, or why the last endJob failed, for the message the user gets.
     virtual std::string jobError() const { return {}; }
 };
 

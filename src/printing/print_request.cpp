@@ -4,6 +4,8 @@
 #include "base/message_box.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "files/output_guard.h"
+#include "files/run_inputs.h"
 #include "printing/print_dialog.h"
 #include "printing/print_file.h"
 #include "printing/print_output.h"
@@ -127,17 +129,30 @@ void tellFailedJob(const PrintRunResult& result, const std::string& outputPath) 
                 theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 
+// The PDF chosen and the print history are checked before the first page: a name that would
+// write over a file of the user's refuses the whole command, and nothing is changed.
+bool outputsAllowed(const PrintDialogRequest& r, const std::string& outputPath) {
+    std::vector<OutputTarget> targets;
+    if (!outputPath.empty()) targets.push_back({outputPath, OutputKind::Pdf, "the Print to PDF dialog"});
+    if (std::optional<OutputTarget> history = historyOutput(); history && !r.NoHistory) targets.push_back(*history);
+    std::string refusal = outputsRefusal(targets, inputsOfThisRun());
+    if (refusal.empty()) return true;
+    showMessage(theAppInfo().Title + " " + refusal, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+    return false;
+}
+
 void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
     PrintRunResult result;
-    if (!printerReadyForRun(result)) return;
+    if (!printerReadyForRun(result) || !outputsAllowed(r, outputPath)) return;
     std::int16_t shown = fileTable().wCurrentFile;
     RunFence fence;
-    beginRun(outputPath);
-    takeRequest(r);
-    if (r.ContentsOnly) printContentsOnly();
-    else printChosenFiles(r, result);
-    endRun(result);
-    showFileAgain(shown);
+    if (beginRun(outputPath, result)) {
+        takeRequest(r);
+        if (r.ContentsOnly) printContentsOnly();
+        else printChosenFiles(r, result);
+        endRun(result);
+        showFileAgain(shown);
+    }
     tellFailedJob(result, outputPath);
 }
 

@@ -39,7 +39,7 @@ PrintRunResult runPrint(const PrintRunRequest& request) {
     if (!printerReadyForRun(result)) return result;
     FileTableModule& files = fileTable();
     std::int16_t shown = files.wCurrentFile;
-    beginRun(request.outputPath);
+    if (!beginRun(request.outputPath, result)) return result;
     takeRequest(request);
     int current = files.wCurrentFile;
     auto wanted = [&request, &files, current](int which) {

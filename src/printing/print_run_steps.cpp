@@ -46,15 +46,23 @@ bool printerReadyForRun(PrintRunResult& result) {
     return false;
 }
 
-void beginRun(const std::string& outputPath) {
+bool beginRun(const std::string& outputPath, PrintRunResult& result) {
     PrintState& p = printState();
     resetTOC();
     p.PrintStatus = kPrintOk;
     p.DocumentDropped = false;
     // Every run numbers its lines from the increment, whatever the start setting says.
     p.CurrentLineNumber = hlydSettings().LineNumberIncrement;
-    currentPrinter()->beginJob(outputPath);
+    Printer* printer = currentPrinter();
+    if (!printer->beginJob(outputPath)) {
+        // A file that cannot be made is known now: hours of pages would only end in the same failure.
+        printer->endJob(false);
+        result.written = false;
+        result.error = printer->jobError();
+        return false;
+    }
     HlydPRInit();
+    return true;
 }
 
 void printWantedFiles(const std::function<bool(int which)>& wanted, bool firstOnly,

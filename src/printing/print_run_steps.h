@@ -14,8 +14,9 @@ namespace hlyd {
 bool printerReadyForRun(PrintRunResult& result);
 
 // A new document run: contents emptied, status cleared, line numbers from their start, the job
-// opened (a file printer writes to `outputPath`).
-void beginRun(const std::string& outputPath);
+// opened (a file printer writes to `outputPath`). False, with the reason in `result`, when the job
+// could not begin: nothing is printed then.
+bool beginRun(const std::string& outputPath, PrintRunResult& result);
 
 // Loads and prints each file of the table that `wanted` accepts, in the table's order, until a
 // stop. With `firstOnly` the walk ends after the first printed file. A file that cannot be read

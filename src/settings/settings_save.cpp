@@ -91,8 +91,8 @@ void loadSettingsAtStartup() {
     cINIHandler& ini = iniHandler();
     s.FirstRun = ini.ReadString("Version", "<none>", "General") == "<none>";
     sbINIGetInfo(s.FirstRun);
+    // The log is opened by the start once it knows the files of the run: see openLogChecked.
     theLog().setLogFileName(s.LogFile);
-    if (s.LoggingIsOn && !s.LogFile.empty()) theLog().LogOpen(s.LogFile, 1);
     s.Version = ini.ReadString("Version", "", "General");
     if (!s.SettingsWritable) {
         tellSettingsNotKept(settingsDirectory(), problem,

@@ -23,6 +23,7 @@
 #include "settings/system_queries.h"
 #include "shell/command_line.h"
 #include "shell/command_line_job.h"
+#include "shell/debug_menu.h"
 #include "shell/error_report.h"
 #include "shell/help_commands.h"
 #include "shell/start_mode.h"
@@ -54,6 +55,17 @@ void initKeywords() {
                     status == kStatusKeywordFileUnreadable;
         if (e.Number != kInternalError || !told) throw;
     }
+}
+
+// The log the settings ask for, unless it would write over a file of the user's. A run without a
+// window tells the refusal with its other outputs and fails the job there.
+void openSettingsLog() {
+    std::optional<OutputTarget> log = logOutput();
+    if (!log) return;
+    std::string named = commandLineFileName(mainState.CommandLine);
+    std::vector<std::string> inputs;
+    if (!named.empty()) inputs.push_back(os::absolutePath(named));
+    openLogChecked(*log, false, inputs, mainState.StartMode != kStartCommandLineFile);
 }
 
 void clearPerRunState() {
@@ -172,6 +184,7 @@ void InitApp() {
         mainState.ElementClassNames = {"Display",         "Print",        "Comments",   "Identifiers", "KeyWords",
                                        "Literals",        "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
         loadSettingsAtStartup();
+        openSettingsLog();
         TraceScope trace(theDebug().TraceApplication, "InitApp");
         theLog().LogData("HLYD.BI Version 88 Dated 31-Aug-95\n hlyd.bm Version 35 Dated 31-Aug-95");
         if (!hlydSettings().CurrentPrinter.empty() || !GetDefaultPrinter().empty()) InitPrinter();

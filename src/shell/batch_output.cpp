@@ -3,6 +3,7 @@
 #include "base/hlyd_error.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/output_guard.h"
 #include "files/run_inputs.h"
 #include "html/html_emit.h"
 #include "platform/os.h"
@@ -62,16 +63,39 @@ std::string printOutput(const std::string& source) {
     return os::absolutePath(baseName(source) + ".pdf");
 }
 
-bool outputAllowed(const std::string& output, const std::string& source) {
-    std::vector<std::string> inputs = inputsOfThisRun();
-    inputs.push_back(source);
-    int problem = outputTargetProblem(output, inputs);
-    if (problem == 0) return true;
-    failJob(kExitUnwritable, "cannot write " + output + ": " + os::errorText(problem));
-    return false;
+bool printsAtAll(const BatchOptions& options) {
+    return options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty();
+}
+
+// The PDF a print of this run would write, before its printer is set up: --pdf, or <name>.pdf
+// here when the PDF printer is named or is the one in force.
+std::optional<OutputTarget> pdfTarget(const std::string& source) {
+    const BatchOptions& options = commandLineJob().options;
+    if (!printsAtAll(options)) return std::nullopt;
+    if (!options.pdfOut.empty()) return OutputTarget{os::absolutePath(options.pdfOut), OutputKind::Pdf, "--pdf"};
+    Printer* printer = currentPrinter();
+    bool pdfInForce = printer && printState().PrinterValid && printer->deviceName() == kPdfPrinterName;
+    if (options.printer == kPdfPrinterName || (options.printer.empty() && pdfInForce))
+        return OutputTarget{os::absolutePath(baseName(source) + ".pdf"), OutputKind::Pdf,
+                            "the PDF printer as <name>.pdf in the current folder"};
+    return std::nullopt;
 }
 
 }  // namespace
+
+bool commandLineOutputsAllowed(const std::string& source) {
+    const BatchOptions& options = commandLineJob().options;
+    std::vector<OutputTarget> targets;
+    for (const std::optional<OutputTarget>& target : {logOutput(), historyOutput(), pdfTarget(source)})
+        if (target) targets.push_back(*target);
+    if (!options.htmlOut.empty()) targets.push_back({os::absolutePath(options.htmlOut), OutputKind::Html, "--html"});
+    std::vector<std::string> inputs = inputsOfThisRun();
+    inputs.push_back(source);
+    std::string refusal = outputsRefusal(targets, inputs);
+    if (refusal.empty()) return true;
+    failJob(kExitUnwritable, refusal);
+    return false;
+}
 
 void printForCommandLine(const std::string& source) {
     PrinterForThisRun printer(commandLineJob().options);
@@ -80,7 +104,6 @@ void printForCommandLine(const std::string& source) {
         return;
     }
     std::string output = printOutput(source);
-    if (!output.empty() && !outputAllowed(output, source)) return;
     PrintRunRequest request;
     request.outputPath = output;
     request.sourcesOnly = fileTable().projectOpen;
@@ -98,6 +121,7 @@ void exportHtmlForCommandLine() {
     HlydFLProcessSelectedFile(1);
     try {
         if (HTMLEmitAFile()) jobOut() << output << '\n';
+        else failJob(kExitUnwritable, "cannot write " + output);
     } catch (const HlydError& e) {
         failJob(kExitUnwritable, "cannot write " + output + ": " + e.Description);
     }

@@ -53,6 +53,7 @@ void printNamedFile(const std::string& name) {
         failJob(kExitUnreadable, "cannot read " + name);
         return;
     }
+    if (!commandLineOutputsAllowed(source)) return;
     const BatchOptions& options = commandLineJob().options;
     if (!options.htmlOut.empty()) exportHtmlForCommandLine();
     if (options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty()) printForCommandLine(source);

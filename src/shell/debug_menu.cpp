@@ -4,7 +4,10 @@
 
 #include "base/app_info.h"
 #include "base/c_log.h"
+#include "base/message_box.h"
 #include "files/main_window_model.h"
+#include "files/output_guard.h"
+#include "files/run_inputs.h"
 #include "platform/ui.h"
 
 namespace hlyd {
@@ -16,7 +19,7 @@ constexpr int kLogAppend = 2;
 
 void openLog(bool forAppend) {
     if (std::optional<std::string> name = HlydMSOpenLogFile(forAppend))
-        theLog().LogOpen(*name, forAppend ? kLogAppend : kLogCreate);
+        openLogChecked({*name, OutputKind::Log, "the Log File dialog"}, forAppend, {}, true);
 }
 
 void mnuDebugLogOpen_Click() { openLog(false); }
@@ -38,6 +41,21 @@ std::optional<std::string> HlydMSOpenLogFile(bool forAppend) {
     std::optional<std::vector<std::string>> chosen = theUi().openFileDialog(request);
     if (!chosen || chosen->empty()) return std::nullopt;
     return chosen->front();
+}
+
+bool openLogChecked(const OutputTarget& log, bool forAppend, const std::vector<std::string>& inputs, bool tell) {
+    std::vector<std::string> reads = inputsOfThisRun();
+    reads.insert(reads.end(), inputs.begin(), inputs.end());
+    std::string refusal = outputRefusal(log, reads);
+    if (refusal.empty()) {
+        theLog().LogOpen(log.path, forAppend ? kLogAppend : kLogCreate);
+        return true;
+    }
+    std::string text =
+        "Unable to open Log-file\n\n" + theAppInfo().Title + " " + refusal + "\nLog-file messages will be queued";
+    if (tell) showMessage(text, theAppInfo().Title + " Open Error", MsgButtons::OK, MsgIcon::Warning);
+    logBlock(text);
+    return false;
 }
 
 const std::vector<DebugMenuItem>& debugMenuItems() {

@@ -7,12 +7,18 @@
 #include <vector>
 
 #include "base/c_debug.h"
+#include "files/output_guard.h"
 
 namespace hlyd {
 
 // Asks for a log file, starting from the log's name, or from DB_HLYD.LOG in the settings directory
 // when it has none. An existing file is picked to append to, any name to create. Nothing on cancel.
 std::optional<std::string> HlydMSOpenLogFile(bool forAppend);
+
+// Opens the log unless it would write over a file of the user's (see output_guard.h); a refused
+// log is told when `tell` is set, and its lines stay queued. `inputs` are files of the run not yet
+// in the table.
+bool openLogChecked(const OutputTarget& log, bool forAppend, const std::vector<std::string>& inputs, bool tell);
 
 struct DebugMenuItem {
     const char* name;  // the control's name, as the window model knows it

@@ -271,7 +271,8 @@ TEST_F(QtPrinterTest, AJobThatIsNotKeptOrHasNoPageLeavesTheOldFileAlone) {
 TEST_F(QtPrinterTest, ATargetThatCannotBeWrittenFailsWithAReasonAndLeavesNothing) {
     std::string target = dir + "/missing/folder/out.pdf";
     QtPrinter p;
-    p.beginJob(target);
+    EXPECT_FALSE(p.beginJob(target));  // known before the first page
+    EXPECT_NE(p.jobError().find(target), std::string::npos) << p.jobError();
     printLines(p, {"Dim lost As Long"});
     EXPECT_FALSE(p.endJob(true));
     EXPECT_NE(p.jobError().find(target), std::string::npos) << p.jobError();

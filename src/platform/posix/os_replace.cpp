@@ -1,11 +1,15 @@
 // Whole-file replacement on a POSIX system: a temporary file beside the target, synced, given the
 // target's mode, renamed over it, and the directory synced so that the rename survives a crash.
+// A run ended by a signal (the user's interrupt, a hang-up, a kill, a crash) removes its
+// temporary files first: a PDF of thousands of pages leaves tens of megabytes otherwise.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <climits>
+#include <csignal>
+#include <cstring>
 
 #include "platform/os.h"
 #include "platform/os_shared.h"
@@ -45,12 +49,64 @@ mode_t modeForNewFile() {
     return 0666 & ~mask;
 }
 
+// The temporary files being written now. A signal handler may call little more than unlink(), and
+// nothing that allocates, so the names wait in fixed storage; a slot's name is complete before the
+// slot counts as used.
+struct LiveTemp {
+    volatile std::sig_atomic_t used = 0;
+    char name[PATH_MAX] = {};
+};
+constexpr int kLiveTemps = 16;  // a run writes one or two files at once
+LiveTemp liveTemps[kLiveTemps];
+
+void removeLiveTempsAndDie(int signal) {
+    for (LiveTemp& temp : liveTemps)
+        if (temp.used) ::unlink(temp.name);
+    // The handler was reset on entry: the signal now ends the program as it would have.
+    ::raise(signal);
+}
+
+// Only where the signal has its default action: a handler of the host's, or an ignored hang-up
+// under nohup, stays as it was.
+void removeTempsOnSignals() {
+    static bool installed = false;
+    if (installed) return;
+    installed = true;
+    for (int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
+        struct sigaction old {};
+        if (::sigaction(signal, nullptr, &old) != 0 || (old.sa_flags & SA_SIGINFO) || old.sa_handler != SIG_DFL) continue;
+        struct sigaction action {};
+        action.sa_handler = removeLiveTempsAndDie;
+        sigemptyset(&action.sa_mask);
+        action.sa_flags = SA_RESETHAND | SA_NODEFER;
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
+int rememberTemp(const std::string& name) {
+    removeTempsOnSignals();
+    if (name.size() >= PATH_MAX) return -1;
+    for (int slot = 0; slot < kLiveTemps; ++slot) {
+        if (liveTemps[slot].used) continue;
+        std::memcpy(liveTemps[slot].name, name.c_str(), name.size() + 1);
+        liveTemps[slot].used = 1;
+        return slot;
+    }
+    return -1;
+}
+
+void forgetTemp(int& slot) {
+    if (slot >= 0) liveTemps[slot].used = 0;
+    slot = -1;
+}
+
 }  // namespace
 
 struct AtomicWriter::Handle {
     int fd = -1;
     std::string target;
     std::string temp;
+    int liveSlot = -1;  // where the signal handlers find the temporary name
     mode_t mode = 0;
     std::string pending;  // written out in blocks: a document comes a line at a time
 
@@ -81,8 +137,14 @@ int AtomicWriter::begin(const std::string& target) {
     struct stat st {};
     h.mode = ::stat(h.target.c_str(), &st) == 0 ? st.st_mode & 07777 : modeForNewFile();
     h.temp = shared::tempNameBeside(h.target);
+    h.liveSlot = rememberTemp(h.temp);
     h.fd = ::open(h.temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (h.fd < 0) return error_ = errno;
+    if (h.fd < 0) {
+        error_ = errno;
+        forgetTemp(h.liveSlot);
+        h.temp.clear();
+        return error_;
+    }
     return error_ = 0;
 }
 
@@ -111,6 +173,7 @@ int AtomicWriter::commit() {
     }
     h.fd = -1;
     if (ok && ::rename(h.temp.c_str(), h.target.c_str()) == 0) {
+        forgetTemp(h.liveSlot);
         syncDirectory(directoryOf(h.target));
         h.temp.clear();
         return error_ = 0;
@@ -126,6 +189,7 @@ void AtomicWriter::abandon() {
     h.fd = -1;
     h.pending.clear();
     if (!h.temp.empty()) ::unlink(h.temp.c_str());
+    forgetTemp(h.liveSlot);
     h.temp.clear();
 }
 

@@ -238,18 +238,20 @@ void QtPrinter::killDoc() {
 
 // ---- the job ----
 
-void QtPrinter::beginJob(const std::string& outputPath) {
+bool QtPrinter::beginJob(const std::string& outputPath) {
     if (jobOpen_) endJob(false);
     jobOpen_ = true;
     jobError_.clear();
     pagesDelivered_ = 0;
-    if (!isPdf()) return;
+    if (!isPdf()) return true;
     jobPath_ = outputPath;
     jobFile_ = std::make_unique<JobFileDevice>();
     if (int error = jobFile_->begin(outputPath); error != 0) {
         jobError_ = "The file " + outputPath + " could not be written: " + os::errorText(error);
         jobFile_.reset();
+        return false;
     }
+    return true;
 }
 
 bool QtPrinter::endJob(bool keep) {

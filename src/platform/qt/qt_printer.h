@@ -86,7 +86,7 @@ public:
     std::int32_t jobProperty(JobProperty which) const override;
     int setJobProperty(JobProperty which, std::int32_t value) override;
 
-    void beginJob(const std::string& outputPath) override;
+    bool beginJob(const std::string& outputPath) override;
     bool endJob(bool keep) override;
     std::string jobError() const override { return jobError_; }
 
