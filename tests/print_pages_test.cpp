@@ -348,6 +348,53 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
 }
 
+// A word wider than the contents line less its indent (here a default string of a hundred
+// characters on a line of seventy) is cut where the line ends, in the procedure table and in the
+// table of contents alike; before, the table of contents cut it in its indent for ever.
+TEST_F(PrintPagesTest, AWordWiderThanTheContentsLineIsCutAndEveryLineEnds) {
+    HlydSettings& s = hlydSettings();
+    s.TableOfContents = true;
+    s.ProcContentsPrint = true;
+    std::string word(100, 'W');
+    PrintRunResult result = print("Sub P(Optional ByVal S As String = \"" + word + "\")\nEnd Sub\n");
+    EXPECT_EQ(result.printStatus, kPrintOk);
+    std::size_t inTable = 0, inToc = 0;
+    int kind = 0;
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart) kind = e.type;
+        std::size_t ws = static_cast<std::size_t>(std::count(e.text.begin(), e.text.end(), 'W'));
+        if (e.kind != PrintEvent::Text || kind != kPageProcContents || ws == 0) continue;
+        EXPECT_LE(e.x1 + e.size * 12 * static_cast<float>(e.text.size()), kLeft + 10080) << e.text;
+        (e.doc == 1 ? inTable : inToc) += ws;
+    }
+    EXPECT_EQ(inTable, word.size());
+    EXPECT_EQ(inToc, word.size());
+}
+
+// Contents of more than a hundred pages: the numbers go on in Roman numerals, and the run ends
+// well. Tall margins leave two lines to a page.
+TEST_F(PrintPagesTest, ContentsOfOverAHundredPagesAreNumberedToTheirEnd) {
+    HlydSettings& s = hlydSettings();
+    s.ProcContentsPrint = true;
+    s.TableOfContents = true;
+    s.HeadingRight = "@page";
+    s.PageNumberHow = 1;
+    pageSettings().Margins.Bottom = 13000;
+    InitPrinter();
+    PrintRunResult result = print(procedures(210, 1));
+    EXPECT_EQ(result.printStatus, kPrintOk);
+    EXPECT_TRUE(result.written);
+    std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
+    auto contentsPagesOf = [&pages](std::int32_t doc) {
+        return std::count_if(pages.begin(), pages.end(),
+                             [doc](const PrintEvent& e) { return e.doc == doc && e.type == kPageProcContents; });
+    };
+    EXPECT_GT(contentsPagesOf(1), 100);  // the procedure table
+    EXPECT_GT(contentsPagesOf(2), 100);  // the table of contents
+    for (const char* numeral : {"xl ", "xc ", "c ", "ci "}) EXPECT_TRUE(printed(numeral)) << numeral;
+    EXPECT_FALSE(printed("lxxxx "));
+}
+
 TEST_F(PrintPagesTest, AProjectPrintsItsListingThenEachMemberAndItsContents) {
     hlydSettings().ProcContentsPrint = true;
     test::writeTempFile("One.bas", "Attribute VB_Name = \"One\"\n" + procedures(2, 1));
@@ -403,6 +450,28 @@ TEST_F(PrintPagesTest, ColumnsTooNarrowForALineRefuseThePrintWithAMessage) {
     EXPECT_TRUE(events.empty());
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find("leave no room to print on the page of Recorder"), std::string::npos);
+}
+
+// Margins that leave no room are ignored with a word, and the printer's own area takes their
+// place: the print goes on in it. Columns too narrow even there still refuse it.
+TEST_F(PrintPagesTest, MarginsThatAreIgnoredLeaveTheDefaultAreaToPrintIn) {
+    pageSettings().Margins.Left = 6000;
+    pageSettings().Margins.Right = 6000;  // 240 twips of width
+    ui.shown.clear();
+    HlydPAProcessSetupRequest(false);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find("They are being ignored."), std::string::npos);
+    EXPECT_EQ(printState().AreaError, kAreaOk);
+    PrintRunResult result = print(procedures(1, 60));
+    EXPECT_TRUE(result.written) << result.error;
+    EXPECT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(text("Sub").x1, 0);  // the left edge of the printable area
+    EXPECT_EQ(text("X1_1").page, 1);
+
+    pageSettings().Columns = ColumnSpec{40, true, 720, 0};
+    HlydPAProcessSetupRequest(false);
+    EXPECT_EQ(printState().AreaError, kAreaTooNarrow);
+    EXPECT_FALSE(print(procedures(1, 2)).written);
 }
 
 // A recording printer that prints on both sides.

@@ -69,6 +69,14 @@ void tocLine(Printer& printer, const std::string& text, float height) {
     printer.setCurrentY(printer.currentY() + height);
 }
 
+// A word wider than the room beside its indent is cut where the room ends; at least one of its
+// characters goes on the line, so that every line takes something away.
+std::size_t cutInWord(Printer& printer, const std::string& text, std::size_t indent, float room) {
+    std::size_t cut = indent + 1;
+    while (cut < text.size() && printer.textWidth(text.substr(0, cut + 1)) <= room) ++cut;
+    return cut;
+}
+
 // A procedure's line of the table of contents, broken at blanks to fit beside its page number;
 // the page stands on the last piece.
 void tocProcedure(Printer& printer, const wPos& pos, const TocEntry& entry, float d, float xw, float height) {
@@ -86,6 +94,10 @@ void tocProcedure(Printer& printer, const wPos& pos, const TocEntry& entry, floa
         for (std::size_t next = text.find(' ', cut); next != std::string::npos && printer.textWidth(text.substr(0, next)) <= room;
              next = text.find(' ', next + 1))
             cut = next;
+        // A break within the indent would print blanks and leave the text as long as before.
+        std::size_t indent = text.find_first_not_of(' ');
+        if (indent == std::string::npos) break;
+        if (cut <= indent) cut = cutInWord(printer, text, indent, room);
         if (cut >= text.size()) break;
         tocLine(printer, text.substr(0, cut), height);
         printer.setCurrentX(pos.LeftPos);

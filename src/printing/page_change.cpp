@@ -42,6 +42,7 @@ bool endPage(Printer& printer, std::int16_t kind) {
     if (kind != kPageProcContents) ++p.PrintedPageNumber;
     if (p.PageRange && p.PageNumber > p.FirstPage && p.PageNumber > p.LastPage) {
         p.PrintStatus = kPrintStopped;
+        p.Stop = StopKind::RangeEnd;
         return false;
     }
     // Pages before the range are made, headed and dropped, so that the page numbers come out right.
@@ -203,6 +204,7 @@ void EmitHeading(float& topPos, const std::string& procText, std::int16_t kind, 
     // The status dialog's Cancel lands here, at the page change, and drops the document.
     if (navigation().runState == kRunCancelled) {
         p.PrintStatus = kPrintStopped;
+        p.Stop = StopKind::DropsJob;
         if (printer) printer->killDoc();
         p.DocumentDropped = true;
         navigation().runState = 0;
