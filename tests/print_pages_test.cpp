@@ -371,6 +371,29 @@ TEST_F(PrintPagesTest, AWordWiderThanTheContentsLineIsCutAndEveryLineEnds) {
     EXPECT_EQ(inToc, word.size());
 }
 
+// A declaration of many lines in the table of contents goes on over the page's end, clear of
+// the footing; tall margins leave two lines to a page.
+TEST_F(PrintPagesTest, ATableOfContentsEntryOfManyLinesGoesOnOnTheNextPage) {
+    hlydSettings().TableOfContents = true;
+    pageSettings().Margins.Bottom = 13000;
+    InitPrinter();
+    std::string parameters;
+    for (int n = 1; n <= 20; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
+    print("Sub P(" + parameters + ")\nEnd Sub\n");
+    float lastLine = 2084 - kLineHeight;  // the bottom limit less the footing's line
+    std::int32_t tocPages = 0;
+    bool whole = false;
+    for (const PrintEvent& e : events) {
+        if (e.doc != 2) continue;
+        if (e.kind == PrintEvent::PageStart) ++tocPages;
+        if (e.kind != PrintEvent::Text || e.text.empty()) continue;
+        EXPECT_LE(e.y1, lastLine) << e.text;
+        whole = whole || e.text.find("A20 As Long)") != std::string::npos;
+    }
+    EXPECT_GT(tocPages, 2);
+    EXPECT_TRUE(whole);
+}
+
 // Contents of more than a hundred pages: the numbers go on in Roman numerals, and the run ends
 // well. Tall margins leave two lines to a page.
 TEST_F(PrintPagesTest, ContentsOfOverAHundredPagesAreNumberedToTheirEnd) {
