@@ -35,6 +35,9 @@ constexpr float kLineHeight = 288;
 constexpr float kWhiteSpace = 123;    // six mean widths over seven
 constexpr float kFirstLine = 1368;    // area top 360, one line for the heading, the heading, and the gap
 constexpr float kLastLineLimit = 14076;  // the bottom limit less the footing's line and one more
+// With a bottom margin of 11000: 4372 less the footing's line and one more. A line that begins
+// below this less its height runs into the footing.
+constexpr float kShortPageBottom = 3796;
 
 class PrintPagesTest : public test::RecorderTest {
 protected:
@@ -372,15 +375,15 @@ TEST_F(PrintPagesTest, AWordWiderThanTheContentsLineIsCutAndEveryLineEnds) {
 }
 
 // A declaration of many lines in the table of contents goes on over the page's end, clear of
-// the footing; tall margins leave two lines to a page.
+// the footing; tall margins leave seven lines to a page.
 TEST_F(PrintPagesTest, ATableOfContentsEntryOfManyLinesGoesOnOnTheNextPage) {
     hlydSettings().TableOfContents = true;
-    pageSettings().Margins.Bottom = 13000;
+    pageSettings().Margins.Bottom = 11000;
     InitPrinter();
     std::string parameters;
-    for (int n = 1; n <= 20; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
+    for (int n = 1; n <= 60; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
     print("Sub P(" + parameters + ")\nEnd Sub\n");
-    float lastLine = 2084 - kLineHeight;  // the bottom limit less the footing's line
+    float lastLine = kShortPageBottom - kLineHeight;
     std::int32_t tocPages = 0;
     bool whole = false;
     for (const PrintEvent& e : events) {
@@ -388,10 +391,29 @@ TEST_F(PrintPagesTest, ATableOfContentsEntryOfManyLinesGoesOnOnTheNextPage) {
         if (e.kind == PrintEvent::PageStart) ++tocPages;
         if (e.kind != PrintEvent::Text || e.text.empty()) continue;
         EXPECT_LE(e.y1, lastLine) << e.text;
-        whole = whole || e.text.find("A20 As Long)") != std::string::npos;
+        whole = whole || e.text.find("A60 As Long)") != std::string::npos;
     }
     EXPECT_GT(tocPages, 2);
     EXPECT_TRUE(whole);
+}
+
+// A declaration that fills its line puts its dots and page on the next; at the foot of a page
+// that line goes to the next page too, clear of the footing. Tall margins leave eight lines, and
+// the eighth declaration fills the last.
+TEST_F(PrintPagesTest, AProcedureTablesLastLineKeepsClearOfTheFooting) {
+    hlydSettings().ProcContentsPrint = true;
+    pageSettings().Margins.Bottom = 11000;
+    InitPrinter();
+    std::string wide = "ByVal A As Long, ByVal B As Long, ByVal C As Long, ByVal DD As L";  // 68 with the rest
+    print(procedures(7, 0) + "Sub P8(" + wide + ")\nEnd Sub\n");
+    float lastLine = kShortPageBottom - kLineHeight;
+    int kind = 0;
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart) kind = e.type;
+        if (kind == kPageProcContents && e.kind == PrintEvent::Text && !e.text.empty()) {
+            EXPECT_LE(e.y1, lastLine) << e.text;
+        }
+    }
 }
 
 // Contents of more than a hundred pages: the numbers go on in Roman numerals, and the run ends

@@ -46,7 +46,9 @@ void dotsAndPage(Printer& printer, wPos& pos, std::int32_t& contentsPages, bool 
     if (x + pageWidth + d > pos.RightPos) {
         y += h;
         pos.TopPos = y;
-        if (pos.TopPos > printState().UsableArea.Bottom) {
+        // The line must end above the bottom limit, as a declaration's own lines do: one that
+        // only begins above it runs into the footing.
+        if (pos.TopPos + h > printState().UsableArea.Bottom) {
             newContentsPage(pos, contentsPages, project);
             HlydPASetAttributes(printAttributes(kElemProcedures));
             y = pos.TopPos;
