@@ -497,6 +497,21 @@ TEST_F(PrintPagesTest, ColumnsTooNarrowForALineRefuseThePrintWithAMessage) {
     EXPECT_NE(ui.shown[0].text.find("leave no room to print on the page of Recorder"), std::string::npos);
 }
 
+// The start-page prompt takes what a page number can be; an answer past that keeps the number
+// offered, as an answer that is no number does, and the print goes on.
+TEST_F(PrintPagesTest, AStartPageAnswerTooLargeForAPageNumberKeepsTheOneOffered) {
+    HlydSettings& s = hlydSettings();
+    s.PageNumberAsk = true;
+    s.HeadingLeft = "@page";
+    ui.inputAnswers = {std::string("7"), std::string("99999999999")};
+    EXPECT_EQ(print(procedures(1, 1)).printStatus, kPrintOk);
+    EXPECT_TRUE(printed("7 "));
+    PrintRunResult result = print(procedures(1, 1));
+    EXPECT_EQ(result.printStatus, kPrintOk);
+    EXPECT_TRUE(result.written);
+    EXPECT_TRUE(printed("1 "));
+}
+
 // Margins that leave no room are ignored with a word, and the printer's own area takes their
 // place: the print goes on in it. Columns too narrow even there still refuse it.
 TEST_F(PrintPagesTest, MarginsThatAreIgnoredLeaveTheDefaultAreaToPrintIn) {
