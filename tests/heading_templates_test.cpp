@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <ostream>
 
 #include "base/app_info.h"
 #include "base/error_tail.h"
@@ -142,17 +143,29 @@ TEST_F(HeadingTemplatesTest, PathIsShortenedAroundDots) {
     EXPECT_EQ(expand("@path<5"), "/src/projects/halyard/");
 }
 
-TEST_F(HeadingTemplatesTest, RomanPageNumbersKeepTheirOldTensAndStopAtAHundred) {
-    EXPECT_EQ(pageNumberText(14, true), "xiv");
-    EXPECT_EQ(pageNumberText(40, true), "lx");
-    EXPECT_EQ(pageNumberText(64, true), "lxiv");
-    EXPECT_EQ(pageNumberText(81, true), "lxxxxi");
-    EXPECT_EQ(pageNumberText(90, true), "c");
-    EXPECT_EQ(pageNumberText(99, true), "cix");
-    EXPECT_EQ(pageNumberText(0, true), "");
-    TailReport report = tailReportOf([&] { expand("@page", 100, true); });
-    EXPECT_EQ(report.number, 9);
-    EXPECT_EQ(report.where.rfind("cHeadingPart::HeadingText line: ", 0), 0u) << report.where;
+struct RomanCase {
+    std::int32_t page;
+    const char* text;
+};
+void PrintTo(const RomanCase& c, std::ostream* out) { *out << c.page << " as \"" << c.text << '"'; }
+
+class RomanPageNumbers : public ::testing::TestWithParam<RomanCase> {};
+
+// Every number has its right numeral: the forties, eighties and nineties too, and contents
+// tables of a hundred pages and more.
+TEST_P(RomanPageNumbers, AreTheUsualNumerals) { EXPECT_EQ(pageNumberText(GetParam().page, true), GetParam().text); }
+
+INSTANTIATE_TEST_SUITE_P(HeadingTemplates, RomanPageNumbers,
+                         ::testing::Values(RomanCase{0, ""}, RomanCase{14, "xiv"}, RomanCase{40, "xl"},
+                                           RomanCase{49, "xlix"}, RomanCase{64, "lxiv"}, RomanCase{81, "lxxxi"},
+                                           RomanCase{90, "xc"}, RomanCase{99, "xcix"}, RomanCase{100, "c"},
+                                           RomanCase{444, "cdxliv"}, RomanCase{1994, "mcmxciv"},
+                                           RomanCase{3999, "mmmcmxcix"}, RomanCase{5000, "mmmmm"}));
+
+TEST_F(HeadingTemplatesTest, AContentsPageOfAnyNumberHasItsHeading) {
+    EXPECT_EQ(expand("@page", 100, true), "c ");
+    EXPECT_EQ(expand("@page", 140, true), "cxl ");
+    EXPECT_EQ(expand("@page", 100, false), "100 ");
 }
 
 TEST_F(HeadingTemplatesTest, ProcnameComesFromTheCallerOrTheProcedureTable) {

@@ -35,6 +35,9 @@ constexpr float kLineHeight = 288;
 constexpr float kWhiteSpace = 123;    // six mean widths over seven
 constexpr float kFirstLine = 1368;    // area top 360, one line for the heading, the heading, and the gap
 constexpr float kLastLineLimit = 14076;  // the bottom limit less the footing's line and one more
+// With a bottom margin of 11000: 4372 less the footing's line and one more. A line that begins
+// below this less its height runs into the footing.
+constexpr float kShortPageBottom = 3796;
 
 class PrintPagesTest : public test::RecorderTest {
 protected:
@@ -348,6 +351,95 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
 }
 
+// A word wider than the contents line less its indent (here a default string of a hundred
+// characters on a line of seventy) is cut where the line ends, in the procedure table and in the
+// table of contents alike; before, the table of contents cut it in its indent for ever.
+TEST_F(PrintPagesTest, AWordWiderThanTheContentsLineIsCutAndEveryLineEnds) {
+    HlydSettings& s = hlydSettings();
+    s.TableOfContents = true;
+    s.ProcContentsPrint = true;
+    std::string word(100, 'W');
+    PrintRunResult result = print("Sub P(Optional ByVal S As String = \"" + word + "\")\nEnd Sub\n");
+    EXPECT_EQ(result.printStatus, kPrintOk);
+    std::size_t inTable = 0, inToc = 0;
+    int kind = 0;
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart) kind = e.type;
+        std::size_t ws = static_cast<std::size_t>(std::count(e.text.begin(), e.text.end(), 'W'));
+        if (e.kind != PrintEvent::Text || kind != kPageProcContents || ws == 0) continue;
+        EXPECT_LE(e.x1 + e.size * 12 * static_cast<float>(e.text.size()), kLeft + 10080) << e.text;
+        (e.doc == 1 ? inTable : inToc) += ws;
+    }
+    EXPECT_EQ(inTable, word.size());
+    EXPECT_EQ(inToc, word.size());
+}
+
+// A declaration of many lines in the table of contents goes on over the page's end, clear of
+// the footing; tall margins leave seven lines to a page.
+TEST_F(PrintPagesTest, ATableOfContentsEntryOfManyLinesGoesOnOnTheNextPage) {
+    hlydSettings().TableOfContents = true;
+    pageSettings().Margins.Bottom = 11000;
+    InitPrinter();
+    std::string parameters;
+    for (int n = 1; n <= 60; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
+    print("Sub P(" + parameters + ")\nEnd Sub\n");
+    float lastLine = kShortPageBottom - kLineHeight;
+    std::int32_t tocPages = 0;
+    bool whole = false;
+    for (const PrintEvent& e : events) {
+        if (e.doc != 2) continue;
+        if (e.kind == PrintEvent::PageStart) ++tocPages;
+        if (e.kind != PrintEvent::Text || e.text.empty()) continue;
+        EXPECT_LE(e.y1, lastLine) << e.text;
+        whole = whole || e.text.find("A60 As Long)") != std::string::npos;
+    }
+    EXPECT_GT(tocPages, 2);
+    EXPECT_TRUE(whole);
+}
+
+// A declaration that fills its line puts its dots and page on the next; at the foot of a page
+// that line goes to the next page too, clear of the footing. Tall margins leave eight lines, and
+// the eighth declaration fills the last.
+TEST_F(PrintPagesTest, AProcedureTablesLastLineKeepsClearOfTheFooting) {
+    hlydSettings().ProcContentsPrint = true;
+    pageSettings().Margins.Bottom = 11000;
+    InitPrinter();
+    std::string wide = "ByVal A As Long, ByVal B As Long, ByVal C As Long, ByVal DD As L";  // 68 with the rest
+    print(procedures(7, 0) + "Sub P8(" + wide + ")\nEnd Sub\n");
+    float lastLine = kShortPageBottom - kLineHeight;
+    int kind = 0;
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart) kind = e.type;
+        if (kind == kPageProcContents && e.kind == PrintEvent::Text && !e.text.empty()) {
+            EXPECT_LE(e.y1, lastLine) << e.text;
+        }
+    }
+}
+
+// Contents of more than a hundred pages: the numbers go on in Roman numerals, and the run ends
+// well. Tall margins leave two lines to a page.
+TEST_F(PrintPagesTest, ContentsOfOverAHundredPagesAreNumberedToTheirEnd) {
+    HlydSettings& s = hlydSettings();
+    s.ProcContentsPrint = true;
+    s.TableOfContents = true;
+    s.HeadingRight = "@page";
+    s.PageNumberHow = 1;
+    pageSettings().Margins.Bottom = 13000;
+    InitPrinter();
+    PrintRunResult result = print(procedures(210, 1));
+    EXPECT_EQ(result.printStatus, kPrintOk);
+    EXPECT_TRUE(result.written);
+    std::vector<PrintEvent> pages = of(PrintEvent::PageStart);
+    auto contentsPagesOf = [&pages](std::int32_t doc) {
+        return std::count_if(pages.begin(), pages.end(),
+                             [doc](const PrintEvent& e) { return e.doc == doc && e.type == kPageProcContents; });
+    };
+    EXPECT_GT(contentsPagesOf(1), 100);  // the procedure table
+    EXPECT_GT(contentsPagesOf(2), 100);  // the table of contents
+    for (const char* numeral : {"xl ", "xc ", "c ", "ci "}) EXPECT_TRUE(printed(numeral)) << numeral;
+    EXPECT_FALSE(printed("lxxxx "));
+}
+
 TEST_F(PrintPagesTest, AProjectPrintsItsListingThenEachMemberAndItsContents) {
     hlydSettings().ProcContentsPrint = true;
     test::writeTempFile("One.bas", "Attribute VB_Name = \"One\"\n" + procedures(2, 1));
@@ -403,6 +495,43 @@ TEST_F(PrintPagesTest, ColumnsTooNarrowForALineRefuseThePrintWithAMessage) {
     EXPECT_TRUE(events.empty());
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find("leave no room to print on the page of Recorder"), std::string::npos);
+}
+
+// The start-page prompt takes what a page number can be; an answer past that keeps the number
+// offered, as an answer that is no number does, and the print goes on.
+TEST_F(PrintPagesTest, AStartPageAnswerTooLargeForAPageNumberKeepsTheOneOffered) {
+    HlydSettings& s = hlydSettings();
+    s.PageNumberAsk = true;
+    s.HeadingLeft = "@page";
+    ui.inputAnswers = {std::string("7"), std::string("99999999999")};
+    EXPECT_EQ(print(procedures(1, 1)).printStatus, kPrintOk);
+    EXPECT_TRUE(printed("7 "));
+    PrintRunResult result = print(procedures(1, 1));
+    EXPECT_EQ(result.printStatus, kPrintOk);
+    EXPECT_TRUE(result.written);
+    EXPECT_TRUE(printed("1 "));
+}
+
+// Margins that leave no room are ignored with a word, and the printer's own area takes their
+// place: the print goes on in it. Columns too narrow even there still refuse it.
+TEST_F(PrintPagesTest, MarginsThatAreIgnoredLeaveTheDefaultAreaToPrintIn) {
+    pageSettings().Margins.Left = 6000;
+    pageSettings().Margins.Right = 6000;  // 240 twips of width
+    ui.shown.clear();
+    HlydPAProcessSetupRequest(false);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_NE(ui.shown[0].text.find("They are being ignored."), std::string::npos);
+    EXPECT_EQ(printState().AreaError, kAreaOk);
+    PrintRunResult result = print(procedures(1, 60));
+    EXPECT_TRUE(result.written) << result.error;
+    EXPECT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(text("Sub").x1, 0);  // the left edge of the printable area
+    EXPECT_EQ(text("X1_1").page, 1);
+
+    pageSettings().Columns = ColumnSpec{40, true, 720, 0};
+    HlydPAProcessSetupRequest(false);
+    EXPECT_EQ(printState().AreaError, kAreaTooNarrow);
+    EXPECT_FALSE(print(procedures(1, 2)).written);
 }
 
 // A recording printer that prints on both sides.

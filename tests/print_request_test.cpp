@@ -32,31 +32,39 @@
 namespace hlyd {
 namespace {
 
-// A recorder that keeps where each job was to be written.
+// Where each job was to be written, and whether it was kept or dropped at its end.
+struct JobLog {
+    std::vector<std::string> paths;
+    std::vector<bool> kept;
+};
+
 class FileRecorder : public RecordingPrinter {
 public:
-    FileRecorder(std::string name, Sink sink, std::vector<std::string>& paths)
-        : RecordingPrinter(std::move(name), std::move(sink)), paths_(paths) {}
+    FileRecorder(std::string name, Sink sink, JobLog& jobs) : RecordingPrinter(std::move(name), std::move(sink)), jobs_(jobs) {}
     bool beginJob(const std::string& outputPath) override {
-        paths_.push_back(outputPath);
+        jobs_.paths.push_back(outputPath);
         return true;
+    }
+    bool endJob(bool keep) override {
+        jobs_.kept.push_back(keep);
+        return keep;
     }
 
 private:
-    std::vector<std::string>& paths_;
+    JobLog& jobs_;
 };
 
 class FileRecorderSystem : public RecordingPrinterSystem {
 public:
-    FileRecorderSystem(const std::string& name, RecordingPrinter::Sink sink, std::vector<std::string>& paths)
-        : RecordingPrinterSystem(name, sink), paths_(paths) {}
+    FileRecorderSystem(const std::string& name, RecordingPrinter::Sink sink, JobLog& jobs)
+        : RecordingPrinterSystem(name, sink), jobs_(jobs) {}
     std::unique_ptr<Printer> open(const std::string& wanted) override {
         if (wanted != name()) return nullptr;
-        return std::make_unique<FileRecorder>(name(), sink(), paths_);
+        return std::make_unique<FileRecorder>(name(), sink(), jobs_);
     }
 
 private:
-    std::vector<std::string>& paths_;
+    JobLog& jobs_;
 };
 
 using test::procedures;
@@ -82,7 +90,7 @@ protected:
     void usePrinter(const std::string& name) {
         hlydSettings().CurrentPrinter = name;
         recorders = std::make_unique<FileRecorderSystem>(
-            name, [this](const PrintEvent& e) { events.push_back(e); }, jobPaths);
+            name, [this](const PrintEvent& e) { events.push_back(e); }, jobs);
         setPrinterSystem(recorders.get());
         InitPrinter();
     }
@@ -110,7 +118,7 @@ protected:
 
     std::unique_ptr<FileRecorderSystem> recorders;
     std::vector<PrintEvent> events;
-    std::vector<std::string> jobPaths;
+    JobLog jobs;
 };
 
 TEST_F(PrintRequestTest, OkTellsWhyItRefusesAndTheDialogStaysOpen) {
@@ -192,6 +200,21 @@ TEST_F(PrintRequestTest, AStartingNumberOfFiveIsTheFirstPagesNumber) {
     EXPECT_EQ(pages[1].printed, 6);
 }
 
+// The pages of a range are the whole job: the printer keeps it, as it keeps any finished print.
+TEST_F(PrintRequestTest, ARangeIsAJobThePrinterKeeps) {
+    hlydSettings().HeadingLeft = "@page";
+    showSource("one.bas", procedures(1, 200));
+    printWith([](PrintDialogModel& m) {
+        m.optPageRange = true;
+        m.txtPageRange = {"2", "3"};
+    });
+    EXPECT_EQ(delivered(), 2);
+    EXPECT_TRUE(printed("2 "));
+    EXPECT_TRUE(printed("3 "));
+    EXPECT_FALSE(printed("4 "));
+    EXPECT_EQ(jobs.kept, std::vector<bool>{true});
+}
+
 TEST_F(PrintRequestTest, ARangePastTheEndPrintsNothing) {
     showSource("one.bas", procedures(1, 60));
     printWith([](PrintDialogModel& m) {
@@ -241,6 +264,7 @@ TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
     ASSERT_FALSE(events.empty());
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 1u);  // the first file's document
     EXPECT_EQ(events.back().kind, PrintEvent::KillDoc);
+    EXPECT_EQ(jobs.kept, std::vector<bool>{false});  // Cancel drops the whole job
     EXPECT_EQ(fileTable().wCurrentFile, 1);  // the file that was on screen comes back
 }
 
@@ -266,6 +290,24 @@ TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStoppe
     EXPECT_TRUE(mainWindow().controlsEnabled);
     EXPECT_FALSE(printStatusDialog().visible);
     EXPECT_TRUE(mainWindow().command("tbrPrint").enabled);
+}
+
+// A stop the user confirmed ends the job with the pages printed before it, and the window's
+// status says so; the status dialog's Cancel drops the job (see above).
+TEST_F(PrintRequestTest, AConfirmedStopKeepsThePagesPrintedBeforeIt) {
+    showSource("one.bas", procedures(1, 200));
+    ui.answers = {MsgAnswer::Yes};
+    setPrintStatusView([](const std::string& text) {
+        if (text.rfind("Now Printing Page 3", 0) == 0) stopPrinting();
+    });
+    setPrintDialogView([](PrintDialogModel& m) { return cmdOK_Click(m); });
+    events.clear();
+    mnuFilPrint_Click();
+    EXPECT_EQ(jobs.kept, std::vector<bool>{true});
+    EXPECT_TRUE(printed("X1_1"));
+    EXPECT_TRUE(printed("X1_87"));    // the last line of page 2
+    EXPECT_FALSE(printed("X1_88"));
+    EXPECT_EQ(mainWindow().lblStatus, "Printing stopped: the pages printed before the stop are kept.");
 }
 
 TEST_F(PrintRequestTest, SelectedProceduresAloneArePrinted) {
@@ -378,8 +420,8 @@ TEST_F(PrintRequestTest, ThePdfPrinterAsksWhereAndStartsInTheFolderUsedLast) {
     printWith([](PrintDialogModel&) {});
     ASSERT_EQ(ui.dialogs.size(), 1u);
     EXPECT_EQ(ui.dialogs[0].fileName, "module.pdf");
-    ASSERT_EQ(jobPaths.size(), 1u);
-    EXPECT_EQ(jobPaths[0], dir + "/out/first.pdf");
+    ASSERT_EQ(jobs.paths.size(), 1u);
+    EXPECT_EQ(jobs.paths[0], dir + "/out/first.pdf");
     EXPECT_EQ(hlydSettings().LastPDFLoc, dir + "/out");
     printWith([](PrintDialogModel&) {});
     EXPECT_EQ(ui.dialogs[1].directory, dir + "/out");
@@ -406,9 +448,9 @@ TEST_F(PrintRequestTest, AnOutputOverAFileOfTheUsersRefusesTheCommand) {
         hlydSettings().SaveHYFile = c.history;
         ui.saveAnswer = c.pdf;
         ui.shown.clear();
-        jobPaths.clear();
+        jobs.paths.clear();
         printWith([](PrintDialogModel&) {});
-        EXPECT_TRUE(jobPaths.empty());
+        EXPECT_TRUE(jobs.paths.empty());
         EXPECT_TRUE(events.empty());
         ASSERT_EQ(ui.shown.size(), 1u);
         EXPECT_NE(ui.shown[0].text.find("will not write"), std::string::npos) << ui.shown[0].text;

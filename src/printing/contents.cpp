@@ -46,7 +46,9 @@ void dotsAndPage(Printer& printer, wPos& pos, std::int32_t& contentsPages, bool 
     if (x + pageWidth + d > pos.RightPos) {
         y += h;
         pos.TopPos = y;
-        if (pos.TopPos > printState().UsableArea.Bottom) {
+        // The line must end above the bottom limit, as a declaration's own lines do: one that
+        // only begins above it runs into the footing.
+        if (pos.TopPos + h > printState().UsableArea.Bottom) {
             newContentsPage(pos, contentsPages, project);
             HlydPASetAttributes(printAttributes(kElemProcedures));
             y = pos.TopPos;
@@ -64,64 +66,105 @@ void dotsAndPage(Printer& printer, wPos& pos, std::int32_t& contentsPages, bool 
     pos.TopPos = y + h;
 }
 
-void tocLine(Printer& printer, const std::string& text, float height) {
-    printer.print(text);
-    printer.setCurrentY(printer.currentY() + height);
+// A word wider than the room beside its indent is cut where the room ends; at least one of its
+// characters goes on the line, so that every line takes something away.
+std::size_t cutInWord(Printer& printer, const std::string& text, std::size_t indent, float room) {
+    std::size_t cut = indent + 1;
+    while (cut < text.size() && printer.textWidth(text.substr(0, cut + 1)) <= room) ++cut;
+    return cut;
 }
 
-// A procedure's line of the table of contents, broken at blanks to fit beside its page number;
-// the page stands on the last piece.
-void tocProcedure(Printer& printer, const wPos& pos, const TocEntry& entry, float d, float xw, float height) {
+// Where a procedure's text breaks to fit the room: at the last blank that leaves the piece within
+// it, or inside a word too wide for a line; the text's length when it all fits.
+std::size_t tocBreak(Printer& printer, const std::string& text, float room, float xw) {
+    std::size_t n = static_cast<std::size_t>(std::max(1.0f, room / xw));
+    std::size_t cut = n;
+    for (std::size_t c = std::min(n, text.size()); c >= 2; --c)
+        if (text[c - 1] == ' ') {
+            cut = c;
+            break;
+        }
+    for (std::size_t next = text.find(' ', cut); next != std::string::npos && printer.textWidth(text.substr(0, next)) <= room;
+         next = text.find(' ', next + 1))
+        cut = next;
+    // A break within the indent would print blanks and leave the text as long as before.
+    std::size_t indent = text.find_first_not_of(' ');
+    if (indent == std::string::npos) return text.size();
+    if (cut <= indent) cut = cutInWord(printer, text, indent, room);
+    return std::min(cut, text.size());
+}
+
+// The table of contents line by line down its pages: files and projects in bold, procedures
+// with their pages.
+class TocPages {
+public:
+    TocPages(Printer& printer, wPos& pos, std::int32_t& contentsPages)
+        : printer_(printer), pos_(pos), contentsPages_(contentsPages), a_(printAttributes(kElemProjectFile)) {}
+    void print();
+
+private:
+    void procedure(const TocEntry& entry);
+    void endLine(bool more);
+
+    Printer& printer_;
+    wPos& pos_;
+    std::int32_t& contentsPages_;
+    AttributeRecord& a_;
+    float d_ = 0, xw_ = 0, height_ = 0;
+    bool bold_ = false;
+};
+
+// Ends a line. With more to come, a line that would reach the footing starts the next page, also
+// within a procedure's declaration that takes many lines.
+void TocPages::endLine(bool more) {
+    PrintState& p = printState();
+    printer_.setCurrentY(printer_.currentY() + height_);
+    if (more && printer_.currentY() + height_ > p.UsableArea.Bottom) {
+        HlydPHEmitProcContents(pos_.TopPos, contentsPages_, "TABLE OF ");
+        HlydPASetAttributes(a_);
+        printer_.setFontBold(bold_);
+        printer_.setCurrentY(printer_.textHeight("XXX") + pos_.TopPos);
+    }
+    printer_.setCurrentX(pos_.LeftPos);
+}
+
+// A procedure's line, broken at blanks to fit beside its page number; the page stands on the
+// last piece.
+void TocPages::procedure(const TocEntry& entry) {
     std::string text = std::string(6, ' ') + entry.Text;
-    float pw = printer.textWidth(entry.Page);
-    float room = pos.RightPos - pos.LeftPos - pw;
-    while (xw > 0 && xw * static_cast<float>(text.size()) > room) {
-        std::size_t n = static_cast<std::size_t>(std::max(1.0f, room / xw));
-        std::size_t cut = n;
-        for (std::size_t c = std::min(n, text.size()); c >= 2; --c)
-            if (text[c - 1] == ' ') {
-                cut = c;
-                break;
-            }
-        for (std::size_t next = text.find(' ', cut); next != std::string::npos && printer.textWidth(text.substr(0, next)) <= room;
-             next = text.find(' ', next + 1))
-            cut = next;
+    float pw = printer_.textWidth(entry.Page);
+    float room = pos_.RightPos - pos_.LeftPos - pw;
+    while (xw_ > 0 && xw_ * static_cast<float>(text.size()) > room && printState().PrintStatus != kPrintStopped) {
+        std::size_t cut = tocBreak(printer_, text, room, xw_);
         if (cut >= text.size()) break;
-        tocLine(printer, text.substr(0, cut), height);
-        printer.setCurrentX(pos.LeftPos);
+        printer_.print(text.substr(0, cut));
+        endLine(true);
         text = std::string(10, ' ') + text.substr(cut);
     }
-    printer.print(text);
-    float length = rightEdge() - printer.currentX() - pw;
-    long dots = d > 0 ? static_cast<long>((length < 0 ? d : length) / d) : 0;
-    printer.print(std::string(static_cast<std::size_t>(std::max(1L, dots)), '.'));
-    printer.setCurrentX(rightEdge() - pw);
-    printer.print(entry.Page);
-    printer.setCurrentY(printer.currentY() + height);
+    printer_.print(text);
+    float length = rightEdge() - printer_.currentX() - pw;
+    long dots = d_ > 0 ? static_cast<long>((length < 0 ? d_ : length) / d_) : 0;
+    printer_.print(std::string(static_cast<std::size_t>(std::max(1L, dots)), '.'));
+    printer_.setCurrentX(rightEdge() - pw);
+    printer_.print(entry.Page);
 }
 
-// The entries in the order of printing: files and projects in bold, procedures with their pages.
-void printTocEntries(Printer& printer, wPos& pos, std::int32_t& contentsPages) {
+void TocPages::print() {
     PrintState& p = printState();
-    AttributeRecord& a = printAttributes(kElemProjectFile);
-    HlydPASetAttributes(a);
-    float d = printer.textWidth(".");
-    pos.TopPos += printer.textHeight("XXX");
-    float xw = printer.textWidth("x");
-    float height = static_cast<float>(a.Height);
-    printer.setCurrentY(pos.TopPos);
-    printer.setCurrentX(pos.LeftPos);
+    HlydPASetAttributes(a_);
+    d_ = printer_.textWidth(".");
+    pos_.TopPos += printer_.textHeight("XXX");
+    xw_ = printer_.textWidth("x");
+    height_ = static_cast<float>(a_.Height);
+    printer_.setCurrentY(pos_.TopPos);
+    printer_.setCurrentX(pos_.LeftPos);
     for (std::size_t i = 1; i < toc.size() && p.PrintStatus != kPrintStopped; ++i) {
         const TocEntry& entry = toc[i];
-        printer.setFontBold(entry.Type != kTocProcedure);
-        if (entry.Type != kTocProcedure) tocLine(printer, entry.Text, height);
-        else tocProcedure(printer, pos, entry, d, xw, height);
-        if (printer.currentY() + height > p.UsableArea.Bottom && i + 1 < toc.size()) {
-            HlydPHEmitProcContents(pos.TopPos, contentsPages, "TABLE OF ");
-            HlydPASetAttributes(a);
-            printer.setCurrentY(printer.textHeight("XXX") + pos.TopPos);
-        }
-        printer.setCurrentX(pos.LeftPos);
+        bold_ = entry.Type != kTocProcedure;
+        printer_.setFontBold(bold_);
+        if (entry.Type != kTocProcedure) printer_.print(entry.Text);
+        else procedure(entry);
+        endLine(i + 1 < toc.size());
     }
 }
 
@@ -227,7 +270,7 @@ void EmitTOC(wPos& pos) {
     std::int32_t contentsPages = 0;
     HlydPHEmitProcContents(pos.TopPos, contentsPages, "TABLE OF ");
     if (p.PrintStatus == kPrintStopped) return;
-    printTocEntries(*printer, pos, contentsPages);
+    TocPages(*printer, pos, contentsPages).print();
     endDocument();
 }
 

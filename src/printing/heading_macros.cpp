@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "base/hlyd_error.h"
 #include "base/locale_dates.h"
 #include "base/text_format.h"
 #include "base/vb_convert.h"
@@ -16,10 +15,16 @@ namespace hlyd {
 
 namespace {
 
-// The contents pages' numerals. The tens are kept as they have always printed, 40s and 80s and
-// 90s included, so that reprinted contents match the pages already filed.
-constexpr const char* kRomanTens[9] = {"x", "xx", "xxx", "lx", "l", "lx", "lxx", "lxxxx", "c"};
-constexpr const char* kRomanUnits[9] = {"i", "ii", "iii", "iv", "v", "vi", "vii", "viii", "ix"};
+// The contents pages' numerals, written the usual way. The numerals of old printed 40 as "lx"
+// (60), 80 as "lxxxx" and 90 as "c", and stopped the whole print at the hundredth contents page;
+// a numbering that misleads the reader or ends the job is worth more than matching old pages.
+struct RomanStep {
+    std::int32_t value;
+    const char* numeral;
+};
+constexpr RomanStep kRomanSteps[] = {{1000, "m"}, {900, "cm"}, {500, "d"}, {400, "cd"}, {100, "c"},
+                                     {90, "xc"},  {50, "l"},   {40, "xl"},  {10, "x"},   {9, "ix"},
+                                     {5, "v"},    {4, "iv"},   {1, "i"}};
 
 struct FilePath {
     std::string name;
@@ -92,15 +97,13 @@ HeadingPiece expandHeadingToken(const std::string& token, const HeadingMacroCont
     return {token + " ", false};  // a mistyped macro prints as itself
 }
 
+// Beyond 3999 the thousands go on as "m"s: no page number is too large to print. A number
+// below 1 has no numeral: 0 prints nothing, and a negative one prints in figures.
 std::string pageNumberText(std::int32_t page, bool roman) {
-    if (!roman) return std::to_string(page);
-    std::int32_t tens = page / 10, units = page % 10;
+    if (!roman || page < 0) return std::to_string(page);
     std::string text;
-    if (tens > 0) {
-        if (tens > 9) raiseRuntime(9, "cHeadingPart::HeadingText");
-        text = kRomanTens[tens - 1];
-    }
-    if (units > 0) text += kRomanUnits[units - 1];
+    for (const RomanStep& step : kRomanSteps)
+        for (; page >= step.value; page -= step.value) text += step.numeral;
     return text;
 }
 

@@ -21,8 +21,7 @@ struct HeadingPiece {
 // One token, trimmed and not empty, as the part appends it (before its left blanks are cut).
 HeadingPiece expandHeadingToken(const std::string& token, const HeadingMacroContext& context);
 
-// The page number as printed: decimal, or in the contents pages' own small Roman numerals,
-// which stop at 99 (error 9 from there on).
+// The page number as printed: decimal, or in the contents pages' own small Roman numerals.
 std::string pageNumberText(std::int32_t page, bool roman);
 
 // The directory cut to `n` characters around "..." when it is longer.

@@ -42,6 +42,7 @@ bool endPage(Printer& printer, std::int16_t kind) {
     if (kind != kPageProcContents) ++p.PrintedPageNumber;
     if (p.PageRange && p.PageNumber > p.FirstPage && p.PageNumber > p.LastPage) {
         p.PrintStatus = kPrintStopped;
+        p.Stop = StopKind::RangeEnd;
         return false;
     }
     // Pages before the range are made, headed and dropped, so that the page numbers come out right.
@@ -203,6 +204,7 @@ void EmitHeading(float& topPos, const std::string& procText, std::int16_t kind, 
     // The status dialog's Cancel lands here, at the page change, and drops the document.
     if (navigation().runState == kRunCancelled) {
         p.PrintStatus = kPrintStopped;
+        p.Stop = StopKind::DropsJob;
         if (printer) printer->killDoc();
         p.DocumentDropped = true;
         navigation().runState = 0;
@@ -298,8 +300,13 @@ std::int32_t startPageNumber(std::int32_t printed) {
         theUi().inputBox({"Enter starting page number for module \r\n" + std::to_string(fileTable().wCurrentFile),
                           "Starting Page Number", shown});
     if (!answer || !isNumeric(*answer)) return printed;
-    std::int32_t value = clngOf(std::strtod(answer->c_str(), nullptr), "EmitHeading");
-    return printed == 0 ? value - 1 : value;
+    // The Print dialog takes page numbers of up to nine digits; an answer beyond them would
+    // overflow the page counter as the pages go on, and counts as no number at all.
+    constexpr double kLargestPage = 999999999;
+    double value = std::strtod(answer->c_str(), nullptr);
+    if (!(std::fabs(value) <= kLargestPage)) return printed;
+    std::int32_t page = clngOf(value, "EmitHeading");
+    return printed == 0 ? page - 1 : page;
 }
 
 }  // namespace hlyd

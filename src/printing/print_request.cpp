@@ -141,6 +141,15 @@ bool outputsAllowed(const PrintDialogRequest& r, const std::string& outputPath) 
     return false;
 }
 
+// A stop the user asked for ends the job with the pages done so far, a whole document of its own;
+// the status says where they are, since the listing is shorter than the file.
+void tellStoppedJob(const PrintRunResult& result, const std::string& outputPath) {
+    if (result.printStatus != kPrintStopped || printState().Stop != StopKind::UserStop) return;
+    std::string where = outputPath.empty() ? std::string() : " in " + outputPath;
+    mainWindow().lblStatus = result.written ? "Printing stopped: the pages printed before the stop are kept" + where + "."
+                                            : "Printing stopped: nothing was printed.";
+}
+
 void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
     PrintRunResult result;
     if (!printerReadyForRun(result) || !outputsAllowed(r, outputPath)) return;
@@ -154,6 +163,7 @@ void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
         showFileAgain(shown);
     }
     tellFailedJob(result, outputPath);
+    tellStoppedJob(result, outputPath);
 }
 
 }  // namespace
@@ -187,7 +197,9 @@ void printThisProcedure() {
 void stopPrinting() {
     MsgAnswer answer = showMessage("Are you sure you want to stop?", theAppInfo().Title, MsgButtons::YesNo,
                                    MsgIcon::Question);
-    if (answer == MsgAnswer::Yes) printState().PrintStatus = kPrintStopped;
+    if (answer != MsgAnswer::Yes) return;
+    printState().PrintStatus = kPrintStopped;
+    printState().Stop = StopKind::UserStop;
 }
 
 }  // namespace hlyd

@@ -50,6 +50,7 @@ bool beginRun(const std::string& outputPath, PrintRunResult& result) {
     PrintState& p = printState();
     resetTOC();
     p.PrintStatus = kPrintOk;
+    p.Stop = StopKind::DropsJob;
     p.DocumentDropped = false;
     // Every run numbers its lines from the increment, whatever the start setting says.
     p.CurrentLineNumber = hlydSettings().LineNumberIncrement;
@@ -97,7 +98,8 @@ void endRun(PrintRunResult& result) {
     }
     if (hlydSettings().PrintContinuous) printer->endDoc();
     result.printStatus = p.PrintStatus;
-    result.written = printer->endJob(p.PrintStatus != kPrintStopped);
+    // The pages of a range are the document; a stop the user asked for keeps what was done.
+    result.written = printer->endJob(p.PrintStatus != kPrintStopped || p.Stop != StopKind::DropsJob);
     if (!result.written) result.error = printer->jobError();
 }
 

@@ -18,6 +18,10 @@ constexpr std::int32_t kPrintMarginsOutside = 4;  // the margins do not fit the 
 constexpr std::int32_t kPrintStopped = 8;         // cancelled, or stopped at a printer error
 constexpr std::int32_t kPrintAssertFailed = -6;   // page geometry went wrong
 
+// What a stop (PrintStatus 8) does to the job: Cancel and printer errors drop it; the end of a
+// page range and a stop the user confirmed keep the pages finished before it.
+enum class StopKind { DropsJob, RangeEnd, UserStop };
+
 // AreaError: why the usable area was refused.
 constexpr std::int16_t kAreaOk = 0;
 constexpr std::int16_t kAreaTooNarrow = 1;
@@ -57,6 +61,7 @@ struct PrintState {
     bool NoDefaultPrinter = false;
     bool FontObjectSaved = false;
     std::int32_t PrintStatus = kPrintOk;
+    StopKind Stop = StopKind::DropsJob;  // of a PrintStatus 8
     std::int16_t AreaError = kAreaOk;
 
     // Page geometry.

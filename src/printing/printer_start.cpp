@@ -235,7 +235,7 @@ void HlydPAProcessSetupRequest(bool showDialog) {
     if (state.PrintStatus != kPrintMarginsOutside) return;
     tell("Current Printer-margins are not within the bounds of the selected Printer.\nThey are being ignored.",
          MsgIcon::Warning);
-    state.UsableArea = state.DefaultArea;
+    HlydPAUseDefaultArea(state.UsableArea, state.DefaultArea, state.Columns);
 }
 
 }  // namespace hlyd

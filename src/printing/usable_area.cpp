@@ -86,4 +86,18 @@ void HlydPASetUsableArea(AreaRecord& area, const AreaRecord&, const MarginRecord
     else if (state.PrintStatus == kPrintMarginsOutside) state.PrintStatus = kPrintOk;
 }
 
+// The user has been told that the margins are ignored: the printer's own area takes their place
+// and printing goes on in it. Only columns too narrow even there still refuse a print.
+void HlydPAUseDefaultArea(AreaRecord& area, const AreaRecord& defaultArea, ColumnSpec& columns) {
+    PrintState& state = printState();
+    area = defaultArea;
+    state.SavedTop = area.Top;
+    state.SavedBottom = area.Bottom;
+    if (columns.Columns < 1) columns.Columns = 1;
+    std::int32_t width = whole(area.Width);
+    columns.Width = columnWidth(width, columns);
+    state.AreaError = areaError(std::min(width, columns.Width), whole(area.Height));
+    if (state.AreaError == kAreaOk && state.PrintStatus == kPrintMarginsOutside) state.PrintStatus = kPrintOk;
+}
+
 }  // namespace hlyd

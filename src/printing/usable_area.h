@@ -15,4 +15,8 @@ void HlydPASetDefaultUsableArea(AreaRecord& area);
 void HlydPASetUsableArea(AreaRecord& area, const AreaRecord& defaultArea, const MarginRecord& margins,
                          ColumnSpec& columns);
 
+// The printer's own area in force instead of margins that do not fit, with the columns' width
+// in it; AreaError and PrintStatus 4 stand only if even that area is too small.
+void HlydPAUseDefaultArea(AreaRecord& area, const AreaRecord& defaultArea, ColumnSpec& columns);
+
 }  // namespace hlyd

@@ -33,11 +33,16 @@ bool shownFileIsSource() {
     return f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
 }
 
-// lblStatus names the file while its print command runs.
+// lblStatus names the file while its print command runs; what the command says of its end stays.
 class PrintingStatus {
 public:
-    PrintingStatus() { mainWindow().lblStatus = "Printing " + shownFileName(); }
-    ~PrintingStatus() { mainWindow().lblStatus.clear(); }
+    PrintingStatus() : text_("Printing " + shownFileName()) { mainWindow().lblStatus = text_; }
+    ~PrintingStatus() {
+        if (mainWindow().lblStatus == text_) mainWindow().lblStatus.clear();
+    }
+
+private:
+    std::string text_;
 };
 
 }  // namespace
