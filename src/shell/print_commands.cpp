@@ -3,6 +3,7 @@
 #include "base/app_info.h"
 #include "base/message_box.h"
 #include "display/command_states.h"
+#include "files/cut_reports.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "printing/print_options_dialog.h"
@@ -33,11 +34,20 @@ bool shownFileIsSource() {
     return f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
 }
 
-// lblStatus names the file while its print command runs.
+// lblStatus names the file while its print command runs; what a limit left out of the print
+// stays in it afterwards.
 class PrintingStatus {
 public:
-    PrintingStatus() { mainWindow().lblStatus = "Printing " + shownFileName(); }
-    ~PrintingStatus() { mainWindow().lblStatus.clear(); }
+    PrintingStatus() : cutsBefore_(cutsTold()) { mainWindow().lblStatus = "Printing " + shownFileName(); }
+    ~PrintingStatus() {
+        if (cutsTold() != cutsBefore_) mainWindow().lblStatus = lastCut();
+        else mainWindow().lblStatus.clear();
+    }
+    PrintingStatus(const PrintingStatus&) = delete;
+    PrintingStatus& operator=(const PrintingStatus&) = delete;
+
+private:
+    int cutsBefore_;
 };
 
 }  // namespace
