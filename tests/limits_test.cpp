@@ -26,6 +26,7 @@
 #include "shell/app_start.h"
 #include "shell/command_line.h"
 #include "shell/module_reset.h"
+#include "shell/print_commands.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -46,7 +47,8 @@ std::string module(const std::string& name, const std::string& proc) {
 
 // A procedure before line 4 and one after it; line 4 is more than the reader takes.
 std::string longLineModule() {
-    return module("Long", "BeforeTheCut") + "x = \"" + std::string(3000, 'a') + "\"\r\nSub AfterTheCut()\r\nEnd Sub\r\n";
+    std::string tooLong = "x = \"" + std::string(3000, 'a') + "\"\r\n";
+    return module("Long", "BeforeTheCut") + tooLong + "Sub AfterTheCut()\r\nEnd Sub\r\n";
 }
 
 // 1001 lines of 500 tokens after the procedure: reading stops on the line that passes 500,000.
@@ -177,10 +179,10 @@ TEST_F(BatchLimitsTest, MembersNotFoundStandInTheWindowsStatus) {
     resetProjectFileDialog();
 }
 
-// The window: the cut stands in the status once the file is shown.
-class WindowLimitsTest : public SurfaceTest {};
+// The window: the cut stands in the status once the file is shown, and after a print of it.
+class WindowLimitsTest : public RecorderTest {};
 
-TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShown) {
+TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShownAndAfterAPrint) {
     std::string name = writeTempFile("LongView.bas", longLineModule());
     oFile().Add({name, kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);
@@ -188,6 +190,12 @@ TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShown) {
                               "that line and the lines after it are left out";
     EXPECT_EQ(mainWindow().lblStatus, told);
     EXPECT_EQ(cutsTold(), 1);
+
+    mainWindow().lblStatus.clear();
+    mainWindow().cboProc.ListIndex = yProc().back().ListIndex;  // the procedure before the cut
+    tbrPrintThisProcedure_Click();
+    EXPECT_TRUE(textPrinted(events, "BeforeTheCut"));
+    EXPECT_EQ(mainWindow().lblStatus, told);
 }
 
 // 32,768 procedures and more: every index into the procedure list is wide enough.

@@ -318,7 +318,8 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
 // A first token split on its wrapped lines (one WhiteSpaceSize in, less one more) still gets
 // kLeastRoomChars mean characters a piece.
 float furthestTextStart(const AreaRecord& pos, int dest) {
-    return std::max(pos.Left, pos.Right - static_cast<float>(kRoomBeforeEdgeChars) * layoutMetrics().WhiteSpaceSize.at(dest));
+    float room = static_cast<float>(kRoomBeforeEdgeChars) * layoutMetrics().WhiteSpaceSize.at(dest);
+    return std::max(pos.Left, pos.Right - room);
 }
 
 const Statement& governingStatement(std::int32_t record) {

@@ -138,7 +138,8 @@ static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToke
     if (f.Indent) {
         // Capped as a view caps it: deep nesting would make the document grow with the square of
         // the depth.
-        spaces += static_cast<int>(std::min<std::int64_t>(std::int64_t{f.IndentAmount} * r.Indent, kFurthestTextColumn));
+        std::int64_t indent = std::int64_t{f.IndentAmount} * r.Indent;
+        spaces += static_cast<int>(std::min<std::int64_t>(indent, kFurthestTextColumn));
         if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;
     } else {
         spaces += static_cast<int>(tok.LeadingSpace.size());
