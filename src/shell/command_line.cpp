@@ -1,11 +1,8 @@
 #include "shell/command_line.h"
 
-#include <set>
-
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "base/text_format.h"
-#include "files/cut_reports.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/open_for_run.h"
@@ -15,6 +12,7 @@
 #include "printing/printer_fonts.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
+#include "shell/batch_cuts.h"
 #include "shell/batch_output.h"
 #include "shell/command_line_job.h"
 #include "shell/error_report.h"
@@ -48,26 +46,7 @@ void tellMissingMembers() {
             failJob(kExitUnreadable, "skipped " + member + " of " + projects.Item(p).FileName + ": not found");
 }
 
-// For the run: each cut once on standard error, however often its file is read, and the status
-// tells a script that the output is not whole. A missing member is told with its own status, by name.
-class CutsToStandardError {
-public:
-    CutsToStandardError() {
-        setCutListener([this](CutKind kind, const std::string& text) {
-            if (kind == CutKind::MemberMissing || !told_.insert(text).second) return;
-            failJob(kExitLeftOut, text);
-        });
-    }
-    ~CutsToStandardError() { setCutListener(nullptr); }
-    CutsToStandardError(const CutsToStandardError&) = delete;
-    CutsToStandardError& operator=(const CutsToStandardError&) = delete;
-
-private:
-    std::set<std::string> told_;
-};
-
 void printNamedFile(const std::string& name) {
-    CutsToStandardError cuts;
     std::string source = os::absolutePath(name);
     openFileForRun(source);
     tellMissingMembers();
@@ -103,6 +82,7 @@ void HlydCMProcess(std::string& FileName) {
     bool finished = false;
     trapErrors("HlydCMProcess", [&FileName, &finished] {
         TraceScope trace(theDebug().TraceApplication, "HlydCMProcess");
+        CutsToStandardError cuts;
         if (theDebug().TraceApplication) theLog().LogData(" CommandLine=<" + hlydMain().CommandLine + ">");
         mainWindow().disableControls();
         theUi().setBusy(true);
