@@ -179,10 +179,11 @@ TEST_F(BatchLimitsTest, MembersNotFoundStandInTheWindowsStatus) {
     resetProjectFileDialog();
 }
 
-// The window: the cut stands in the status once the file is shown, and after a print of it.
+// The window: the cut stands in the status once the file is shown, and after an export or a print
+// of it.
 class WindowLimitsTest : public RecorderTest {};
 
-TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShownAndAfterAPrint) {
+TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShownExportedAndPrinted) {
     std::string name = writeTempFile("LongView.bas", longLineModule());
     oFile().Add({name, kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);
@@ -190,6 +191,10 @@ TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShownAndAfterAPrint) {
                               "that line and the lines after it are left out";
     EXPECT_EQ(mainWindow().lblStatus, told);
     EXPECT_EQ(cutsTold(), 1);
+
+    ui.saveAnswer = dir + "/LongView.html";
+    HlydMNSaveAsHTML();
+    EXPECT_EQ(mainWindow().lblStatus, "HTML generated for " + name + "; " + told);
 
     mainWindow().lblStatus.clear();
     mainWindow().cboProc.ListIndex = yProc().back().ListIndex;  // the procedure before the cut

@@ -36,6 +36,7 @@ void resetLoadState() {
     f.TokenElements.assign(1, 0);
     f.yProc.assign(1, ProcEntry{});
     f.sVBName.clear();
+    f.readingCut.clear();
     BabInitFile(theSourceTables(), kLoadDialect);
 }
 
@@ -95,9 +96,10 @@ void tellReadingStopped(const std::string& fileName) {
     const SourceTables& t = theSourceTables();
     std::int32_t marker = t.RecordCount;
     while (marker > 1 && t.Records[marker].FirstT == 0) --marker;
-    tellCut(CutKind::PartOfFile, fileName + ": reading stopped at line " + std::to_string(marker) + " (" +
-                                     readingStopReason(theDebug().BabStatusDetail) +
-                                     "); that line and the lines after it are left out");
+    std::string& cut = fileTable().readingCut;
+    cut = fileName + ": reading stopped at line " + std::to_string(marker) + " (" +
+          readingStopReason(theDebug().BabStatusDetail) + "); that line and the lines after it are left out";
+    tellCut(CutKind::PartOfFile, cut);
 }
 
 }  // namespace

@@ -259,7 +259,9 @@ void HlydMNSaveAsHTML() {
         mainWindow().lblStatus = "Generating HTML for file " + name + " ...";
         theUi().processEvents();
     });
-    if (written) mainWindow().lblStatus = "HTML generated for " + name;
+    // A document of a file cut at a limit of the reader ends where the reading stopped.
+    const std::string& cut = fileTable().readingCut;
+    if (written) mainWindow().lblStatus = "HTML generated for " + name + (cut.empty() ? "" : "; " + cut);
 }
 
 }  // namespace hlyd
