@@ -307,13 +307,13 @@ TEST_F(FileLoadingTest, NavigationOverTheLoadedRecords) {
     HlydCFGetRecord(r, caption);
     EXPECT_EQ(caption, "Line:" + std::to_string(count));
 
-    std::int16_t which = -1;
+    std::int32_t which = -1;
     HlydPCGetAssociatedProc(2, which);
     EXPECT_EQ(which, 0);
     HlydPCGetAssociatedProc(12, which);  // a comment tied to Color [Get]
     EXPECT_EQ(yProc()[which].Name, "Color [Get]");
     HlydPCGetAssociatedProc(count, which);
-    EXPECT_EQ(which, static_cast<std::int16_t>(yProc().size() - 1));
+    EXPECT_EQ(which, static_cast<std::int32_t>(yProc().size() - 1));
 
     r = 25;  // Sub Go, the last procedure
     HlydPCGetNext(r);

@@ -129,6 +129,8 @@ void addSentinelAtEnd(SourceFile& file, SourceTables& t, BasiclanModule& m) {
 
 }  // namespace
 
+std::string readingStopReason(int detail) { return detail < 0 ? failureMessage(detail) : errorDescription(detail); }
+
 void ReadRecordExtractTokens(SourceFile& file, SourceTables& t, bool& inContinuedComment) {
     BasiclanModule& m = basiclan();
     cDebug& debug = theDebug();

@@ -70,12 +70,12 @@ void resetConnectorStack() {
     stretch = StretchTop{};
 }
 
-void HlydCLContinueBeforeTop(int dest, const AreaRecord& pos, std::int16_t, float xOffset) {
+void HlydCLContinueBeforeTop(int dest, const AreaRecord& pos, std::int32_t, float xOffset) {
     stretch = {dest, pos, xOffset};
     for (std::size_t level = 0; level < stack.size(); ++level) stack[level] = enteringFromTop(static_cast<int>(level));
 }
 
-void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int16_t indent, const AreaRecord& posNext,
+void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int32_t indent, const AreaRecord& posNext,
                       std::int32_t wraps, std::int32_t record, float xToken, const FormatRecord& format,
                       float& xOffset) {
     Surface& s = surfaceOf(dest);
@@ -105,13 +105,17 @@ void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int16_t indent, cons
     if (closes && !opens) stack[indent].Open = false;
 }
 
-void HlydCLContinueAfterBottom(int dest, float bottom, std::int16_t indent) {
+void HlydCLContinueAfterBottom(int dest, float bottom, std::int32_t indent) {
     Surface& s = surfaceOf(dest);
     std::uint32_t colour = connectorColour(dest);
     if (indent > 0) growStackTo(indent - 1);
-    for (int level = 0; level < indent; ++level)
-        s.line(static_cast<float>(stack[level].X), static_cast<float>(stack[level].Y), static_cast<float>(stack[level].X),
-               bottom, colour);
+    for (std::int32_t level = 0; level < indent;) {
+        std::int32_t x = stack[level].X, y = stack[level].Y;
+        std::int32_t next = level + 1;
+        for (; next < indent && stack[next].X == x; ++next) y = std::min(y, stack[next].Y);
+        s.line(static_cast<float>(x), static_cast<float>(y), static_cast<float>(x), bottom, colour);
+        level = next;
+    }
 }
 
 }  // namespace hlyd

@@ -186,7 +186,7 @@ void ScreenEmission::EmitCodeRecord(std::int32_t r) {
         AreaRecord next = pos;
         next.Top = pos.Top + lineHeight;
         float xOffset = 0;
-        HlydCLBeginOrEnd(kDisplay, pos, static_cast<std::int16_t>(theSourceTables().Records[rec].Indent), next, wraps,
+        HlydCLBeginOrEnd(kDisplay, pos, theSourceTables().Records[rec].Indent, next, wraps,
                          rec, xToken, f_, xOffset);
     };
     layoutRecord(kDisplay, r, pos_, hooks);
@@ -208,7 +208,7 @@ void ScreenEmission::emitSource() {
             if (firstEmitted_ == 0) {
                 firstEmitted_ = counter;
                 if (f_.ConnectControls)
-                    HlydCLContinueBeforeTop(kDisplay, pos_, static_cast<std::int16_t>(t.Records[counter].Indent), 0);
+                    HlydCLContinueBeforeTop(kDisplay, pos_, t.Records[counter].Indent, 0);
             }
             EmitCodeRecord(counter);
             lastEmitted_ = counter;
@@ -220,7 +220,7 @@ void ScreenEmission::emitSource() {
     }
     if (firstEmitted_ != 0 && f_.ConnectControls) {
         const Record& last = t.Records[lastFetched_];
-        std::int16_t open = static_cast<std::int16_t>(last.Indent);
+        std::int32_t open = last.Indent;
         if (last.FirstT != 0 && (t.Statements[last.FirstS].Flags & kFlagIndent)) ++open;
         HlydCLContinueAfterBottom(kDisplay, pos_.Top, open);
     }
@@ -290,10 +290,10 @@ void ScreenEmission::scrollBarAndList() {
     else if (state.LastRecord > state.FirstRecord + 1) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
     sourceScrollRange();
     showFirstRecordOnBar();
-    std::int16_t which = 0;
+    std::int32_t which = 0;
     HlydPCGetAssociatedProc(state.FirstRecord, which);
     SortedListModel& list = mainWindow().cboProc;
-    if (which < list.ListCount() && which < static_cast<std::int16_t>(yProc().size())) {
+    if (which < list.ListCount() && which < static_cast<std::int32_t>(yProc().size())) {
         state.ProcListSync = false;
         list.ListIndex = yProc()[which].ListIndex;
         state.ProcListSync = true;

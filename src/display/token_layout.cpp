@@ -145,7 +145,7 @@ void RecordPainter::firstTokenStart(const Token& token) {
     if (f_.Indent) {
         float indent = 0;
         std::string text;
-        HlydTKApplyIndent(token, static_cast<std::int16_t>(t_.Records[record_].Indent), indent, text, dest_);
+        HlydTKApplyIndent(token, t_.Records[record_].Indent, indent, text, dest_);
         x_ += indent;
         if (first > 1 && t_.Tokens[first - 1].Continued == 1) x_ += m_.WhiteSpaceSize[dest_];
     } else {
@@ -255,7 +255,7 @@ std::int32_t RecordPainter::run() {
 
 }  // namespace
 
-void HlydTKApplyIndent(const Token& token, std::int16_t level, float& indent, std::string& text, int dest) {
+void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text, int dest) {
     checkDestination(dest, "HlydTKApplyIndent");
     indent = static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest) * level;
     text = token.Text;
@@ -315,12 +315,11 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
     }
 }
 
-// Deep nesting in a narrow output would leave the text a sliver at the right edge, split one
-// character a line. A record starts no further right than this, so that a first token split on its
-// wrapped lines (one WhiteSpaceSize in, less one more) still gets ten mean characters a piece.
+// A first token split on its wrapped lines (one WhiteSpaceSize in, less one more) still gets
+// kLeastRoomChars mean characters a piece.
 float furthestTextStart(const AreaRecord& pos, int dest) {
-    constexpr float kLeastRoomChars = 10;
-    return std::max(pos.Left, pos.Right - (kLeastRoomChars + 2) * layoutMetrics().WhiteSpaceSize.at(dest));
+    float room = static_cast<float>(kRoomBeforeEdgeChars) * layoutMetrics().WhiteSpaceSize.at(dest);
+    return std::max(pos.Left, pos.Right - room);
 }
 
 const Statement& governingStatement(std::int32_t record) {

@@ -21,7 +21,7 @@ struct AreaRecord {
     float Width = 0;
 };
 
-void HlydTKApplyIndent(const Token& token, std::int16_t level, float& indent, std::string& text, int displayOrPrint);
+void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text, int displayOrPrint);
 void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, int displayOrPrint,
                              std::int32_t firstToken, std::int32_t lastToken);
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int displayOrPrint);
@@ -55,9 +55,22 @@ struct RecordLayoutHooks {
         connectors;
 };
 
+// Deep nesting in a narrow output would leave the text a sliver at the right edge, split one
+// character a line. A record starts no further right than room for this many mean characters
+// before the edge, and one more for the blank a wrapped line starts with.
+constexpr int kLeastRoomChars = 10;
+constexpr int kRoomBeforeEdgeChars = kLeastRoomChars + 2;
+
 // The furthest right that a record's text starts in the area: deeper indentation is capped there,
 // so that a narrow output keeps room for the text.
 float furthestTextStart(const AreaRecord& pos, int displayOrPrint);
+
+// An output with no right edge (the HTML document) takes its indentation from the view's settings
+// and is capped as if its lines were this many characters wide: nested thousands deep, it would
+// otherwise grow with the square of the depth.
+constexpr int kLineCharsWithoutEdge = 80;
+// The most blanks that indent a record's text in such an output.
+constexpr int kFurthestTextColumn = kLineCharsWithoutEdge - kRoomBeforeEdgeChars;
 
 // The statement that decides how a record is laid out; a record with none takes the one before.
 const Statement& governingStatement(std::int32_t record);

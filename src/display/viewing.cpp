@@ -116,7 +116,7 @@ void cboProc_Click() {
 }
 
 void mnuViewProc_Click(int index) {
-    std::int16_t which = 0;
+    std::int32_t which = 0;
     HlydPCGetAssociatedProc(emitterState().FirstRecord, which);
     SortedListModel& list = mainWindow().cboProc;
     const std::vector<ProcEntry>& procs = yProc();

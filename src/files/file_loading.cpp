@@ -5,6 +5,7 @@
 #include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "base/message_box.h"
+#include "files/cut_reports.h"
 #include "files/file_table.h"
 #include "files/proc_list.h"
 #include "files/status_progress.h"
@@ -35,6 +36,7 @@ void resetLoadState() {
     f.TokenElements.assign(1, 0);
     f.yProc.assign(1, ProcEntry{});
     f.sVBName.clear();
+    f.readingCut.clear();
     BabInitFile(theSourceTables(), kLoadDialect);
 }
 
@@ -88,6 +90,18 @@ void completeProcedureRanges() {
     }
 }
 
+// The reader stopped at one of its limits: the marker record stands for the line it could not
+// take, and the lines after it are not read. Everything before stays shown and printed.
+void tellReadingStopped(const std::string& fileName) {
+    const SourceTables& t = theSourceTables();
+    std::int32_t marker = t.RecordCount;
+    while (marker > 1 && t.Records[marker].FirstT == 0) --marker;
+    std::string& cut = fileTable().readingCut;
+    cut = fileName + ": reading stopped at line " + std::to_string(marker) + " (" +
+          readingStopReason(theDebug().BabStatusDetail) + "); that line and the lines after it are left out";
+    tellCut(CutKind::PartOfFile, cut);
+}
+
 }  // namespace
 
 void sbParseRecord(std::int32_t& record) {
@@ -137,6 +151,12 @@ void ProcessSelectedFile(std::int16_t wWhich) {
         if (theDebug().BabStatus != kStatusOk) break;
         StatusBarUpdate(true, t.RecordCount);
         if (k > t.RecordCount || t.Records[k].FirstT == 0 || !f.source.isOpen()) break;
+    }
+    if (cDebug& d = theDebug(); d.BabStatus == kStatusReadingStopped) {
+        // The status and its detail stay as the reader left them, for the callers that look.
+        const std::int16_t detail = d.BabStatusDetail;
+        tellReadingStopped(entry.FileName);
+        d.setStatus(kStatusReadingStopped, detail);
     }
     completeProcedureRanges();
 }

@@ -54,14 +54,14 @@ void HlydPCGetNext(std::int32_t& record) {
 
 // The last entry whose start lies at or before the record (or before the procedure a tied
 // comment belongs to); entries stand in file order, so their starts only grow.
-void HlydPCGetAssociatedProc(std::int32_t record, std::int16_t& which) {
+void HlydPCGetAssociatedProc(std::int32_t record, std::int32_t& which) {
     const SourceTables& t = theSourceTables();
     const std::vector<ProcEntry>& procs = yProc();
     std::int32_t tiedTo = record >= 0 && record <= t.Records.UBound() ? t.Records[record].TiedTo : 0;
     std::int32_t reach = std::max(record, tiedTo);
     auto after = std::upper_bound(procs.begin() + 1, procs.end(), reach,
                                   [](std::int32_t value, const ProcEntry& p) { return value < p.FirstRecord; });
-    which = static_cast<std::int16_t>(after - procs.begin() - 1);
+    which = static_cast<std::int32_t>(after - procs.begin() - 1);
 }
 
 }  // namespace hlyd

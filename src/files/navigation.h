@@ -24,6 +24,6 @@ void HlydCFGetRecord(std::int32_t& record, std::string& control);
 void HlydPCGetNext(std::int32_t& record);
 
 // The procedure list entry that the record belongs to.
-void HlydPCGetAssociatedProc(std::int32_t record, std::int16_t& which);
+void HlydPCGetAssociatedProc(std::int32_t record, std::int32_t& which);
 
 }  // namespace hlyd

@@ -4,6 +4,7 @@
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "base/message_box.h"
+#include "files/cut_reports.h"
 #include "files/project_file.h"
 
 namespace hlyd {
@@ -19,8 +20,47 @@ void logChosen(const FileCollection& chosen) {
                          std::to_string(d.WhichFile) + " " + std::to_string(d.WhichProject));
 }
 
-// Without a window nobody can change the marks: OK once, as they stand.
-bool runForm(ProjectFileModel& m) { return dialogView ? dialogView(m) : cmdOK_Click(m); }
+// A choice with no member in it goes no further.
+bool acceptChoice(ProjectFileModel& m, bool anyMember) {
+    if (anyMember) {
+        if (theDebug().TraceApplication) logChosen(m.Chosen);
+        return true;
+    }
+    m.Chosen.Clear();
+    showMessage("No files have been selected\nCannot proceed", theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+    return false;
+}
+
+// The dialog's tree holds the first lines of a project only; the user hears which projects
+// list members it cannot offer.
+void tellLinesBeyondTheTree() {
+    cProjectFiles& projects = oProjectFiles();
+    for (int p = 1; p <= projects.Count(); ++p) {
+        const cProjectFile& project = projects.Item(p);
+        if (project.FileType == 0) continue;
+        std::size_t lines = project.ProjectRecords.size(), beyond = 0;
+        for (std::size_t n = kLinesPerProject; n <= lines; ++n)
+            if (project.ProjectRecords[n - 1].Key) ++beyond;
+        if (beyond == 0) continue;
+        tellCut(CutKind::ListingBound, project.FileName + ": the Project File dialog lists the first " +
+                                           std::to_string(kLinesPerProject - 1) + " of its " + std::to_string(lines) +
+                                           " lines; " + std::to_string(beyond) +
+                                           " members named after them cannot be chosen here");
+    }
+}
+
+// Without a window nobody can change the marks: every member that is there is taken, as OK on the
+// marks as they start would, but with no bound on the lines of a project.
+bool chooseWithoutWindow(ProjectFileModel& m) {
+    m.Chosen.Clear();
+    return acceptChoice(m, chooseEveryMember(oProjectFiles(), m.Chosen) >= 1);
+}
+
+bool runForm(ProjectFileModel& m) {
+    if (!dialogView) return chooseWithoutWindow(m);
+    tellLinesBeyondTheTree();
+    return dialogView(m);
+}
 
 }  // namespace
 
@@ -29,13 +69,7 @@ ProjectPanel panelOf(ProjectFileModel& m, int node) { return DisplayData(m.Outli
 bool cmdOK_Click(ProjectFileModel& m) {
     TraceScope trace(theDebug().TraceApplication, "cmdOK_Click");
     m.Chosen.Clear();
-    if (m.Outline.GetSelected(oProjectFiles(), m.Chosen)) {
-        if (theDebug().TraceApplication) logChosen(m.Chosen);
-        return true;
-    }
-    m.Chosen.Clear();
-    showMessage("No files have been selected\nCannot proceed", theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
-    return false;
+    return acceptChoice(m, m.Outline.GetSelected(oProjectFiles(), m.Chosen));
 }
 
 void setProjectFileView(ProjectFileView view) { dialogView = std::move(view); }

@@ -10,6 +10,7 @@
 #include "base/message_box.h"
 #include "base/text_format.h"
 #include "base/vb_convert.h"
+#include "files/cut_reports.h"
 #include "files/member_paths.h"
 #include "platform/char_case.h"
 #include "platform/line_reader.h"
@@ -25,6 +26,16 @@ void growRecordList(std::vector<std::int16_t>& list, std::int16_t& count, std::i
     incrementInt16(count, "ProcessProjectFile");
     if (count >= static_cast<int>(list.size())) list.resize(list.size() + 5);
     list[count] = lineNumber;
+}
+
+// The window's status names the first few; the message box before it has given the counts.
+void tellMembersNotFound(const std::string& project, const std::vector<std::string>& missing) {
+    constexpr std::size_t kNamed = 3;
+    std::string names;
+    for (std::size_t i = 0; i < missing.size() && i < kNamed; ++i) names += (i ? ", " : "") + missing[i];
+    if (missing.size() > kNamed) names += ", ...";
+    std::string count = std::to_string(missing.size()) + (missing.size() == 1 ? " member was" : " members were");
+    tellCut(CutKind::MemberMissing, project + ": " + count + " not found and left out (" + names + ")");
 }
 
 // The module name of a form-like member: the last word of its first line that holds "Begin".
@@ -158,6 +169,7 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
         text2 += "\n\nNo further processing will occur.";
     }
     showMessage(text2, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
+    tellMembersNotFound(FileName, membersNotFound_);
 }
 
 // Files the line: members that exist are counted by kind and keyed; the others stay plain lines.

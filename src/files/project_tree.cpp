@@ -47,6 +47,14 @@ std::string otherText(const cProjectLine& line) {
     return eq == std::string::npos ? line.AsRecord : line.AsRecord.substr(eq + 1);
 }
 
+// The lines of a kind, from 1 to `lines`, in the project's order.
+std::vector<int> linesOfKind(cProjectFile& project, const MemberKind& kind, int lines) {
+    std::vector<int> found;
+    for (int n = 1; n <= lines; ++n)
+        if (ofKind(project.line(n), kind)) found.push_back(n);
+    return found;
+}
+
 // A member by its module name and file, where the two differ.
 std::string memberText(const cProjectLine& line) {
     std::string file = withoutPath(line.FileName);
@@ -69,9 +77,8 @@ void cotlControl::addProject(cProjectFiles& projects, int position) {
     int lines = std::min(static_cast<int>(project.ProjectRecords.size()), kLinesPerProject - 1);
     for (const MemberKind& kind : kKinds) {
         std::vector<OutlineNode> members;
-        for (int n = 1; n <= lines; ++n) {
+        for (int n : linesOfKind(project, kind, lines)) {
             const cProjectLine& line = project.line(n);
-            if (!ofKind(line, kind)) continue;
             bool there = isMemberType(line.FileType);
             members.push_back({2, kind.files ? memberText(line) : otherText(line), there && kind.files, false, kind.files,
                                position * kLinesPerProject + n});
@@ -140,6 +147,26 @@ void cotlControl::OutlineClick(int n) {
     OutlineNode& node = nodes_[static_cast<std::size_t>(n)];
     if (node.IsFile) node.Checked = !node.Checked;
     else if (node.Level < 2) node.Expanded = !node.Expanded;
+}
+
+int chooseEveryMember(cProjectFiles& projects, FileCollection& chosen) {
+    int count = 0;
+    for (int p = 1; p <= projects.Count(); ++p) {
+        cProjectFile& project = projects.Item(p);
+        if (project.FileType == 0) continue;
+        chosen.Add({project.FileName, kFileProject, true, int16Of(p), 0});
+        int lines = static_cast<int>(project.ProjectRecords.size());
+        for (const MemberKind& kind : kKinds) {
+            if (!kind.files) continue;
+            for (int n : linesOfKind(project, kind, lines)) {
+                const cProjectLine& line = project.line(n);
+                if (!isMemberType(line.FileType)) continue;
+                ++count;
+                chosen.Add({line.WholeFile, kFileSource, true, int16Of(p), int16Of(n)});
+            }
+        }
+    }
+    return count;
 }
 
 bool cotlControl::GetSelected(cProjectFiles& projects, FileCollection& chosen) const {

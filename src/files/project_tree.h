@@ -60,4 +60,9 @@ private:
     std::vector<OutlineNode> nodes_{OutlineNode{}};  // from 1
 };
 
+// Every member of the listing that is there, in the order the tree lists them, each project's own
+// entry ahead of its members: the choice of a run with nobody to make one. The tree's bound on
+// lines belongs to the dialog, so this takes every line. Returns the number of members.
+int chooseEveryMember(cProjectFiles& projects, FileCollection& chosen);
+
 }  // namespace hlyd

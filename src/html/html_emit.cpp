@@ -1,5 +1,6 @@
 #include "html/html_emit.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -87,8 +88,8 @@ bool shownByView(const Statement& s) {
 
 void emitSourceRecords() {
     const SourceTables& t = theSourceTables();
-    std::int16_t currentProc = 0;
-    std::int16_t upper = static_cast<std::int16_t>(yProc().size() - 1);
+    std::int32_t currentProc = 0;
+    const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
     for (std::int32_t counter = 1; counter <= t.RecordCount && t.Records[counter].FirstT != 0; ++counter) {
         const Record& r = t.Records[counter];
         const Statement& s = t.Statements[r.FirstS];
@@ -100,7 +101,7 @@ void emitSourceRecords() {
             startsProc = counter == yProc()[currentProc].FirstRecord;
         }
         if (s.Class != kStmtProcStart && !startsProc) {
-            std::int16_t none = -1;
+            std::int32_t none = -1;
             hlydHTML::EmitCodeRecord(counter, firstToken, none);
         } else {
             // A heading continued over records steps the index back, so that it is found again.
@@ -135,7 +136,10 @@ static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToke
     // The form description keeps its own layout: its blanks, and no indentation on top of them.
     if (s.Flags & kFlagFormDescription) return spaces + static_cast<int>(tok.LeadingSpace.size());
     if (f.Indent) {
-        spaces += f.IndentAmount * r.Indent;
+        // Capped as a view caps it: deep nesting would make the document grow with the square of
+        // the depth.
+        std::int64_t indent = std::int64_t{f.IndentAmount} * r.Indent;
+        spaces += static_cast<int>(std::min<std::int64_t>(indent, kFurthestTextColumn));
         if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;
     } else {
         spaces += static_cast<int>(tok.LeadingSpace.size());
@@ -143,7 +147,7 @@ static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToke
     return spaces;
 }
 
-void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int16_t& procIndex) {
+void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& procIndex) {
     cGenHTML& doc = *emission.doc;
     const SourceTables& t = theSourceTables();
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
@@ -175,7 +179,7 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int16_t& 
         line = start + line;
     }
     if (procIndex >= 0 && s.Class != kStmtBlank) {
-        std::int16_t upper = static_cast<std::int16_t>(yProc().size() - 1);
+        const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
         if (procIndex > upper) procIndex = upper;
         if (emission.procPending) {
             if (!lastContinued) {
@@ -255,7 +259,9 @@ void HlydMNSaveAsHTML() {
         mainWindow().lblStatus = "Generating HTML for file " + name + " ...";
         theUi().processEvents();
     });
-    if (written) mainWindow().lblStatus = "HTML generated for " + name;
+    // A document of a file cut at a limit of the reader ends where the reading stopped.
+    const std::string& cut = fileTable().readingCut;
+    if (written) mainWindow().lblStatus = "HTML generated for " + name + (cut.empty() ? "" : "; " + cut);
 }
 
 }  // namespace hlyd

@@ -138,7 +138,7 @@ bool CodeListing::printRecord(std::int32_t record) {
 void CodeListing::closeConnectors() {
     if (!f_.ConnectControls || lastRecord_ == 0) return;
     const Record& r = t_.Records[lastRecord_];
-    std::int16_t open = static_cast<std::int16_t>(r.Indent);
+    std::int32_t open = r.Indent;
     if (t_.Statements[r.FirstS].Flags & kFlagOutdent) ++open;
     HlydCLContinueAfterBottom(kPrint, p_.UsableArea.Bottom, open);
 }

@@ -19,9 +19,9 @@ namespace {
 AttributeRecord& printAttributes(int element) { return displayAttributes().Elements[element].slot[kPrint]; }
 
 // The levels still open at a break: the record's own, and the one a closer is about to end.
-std::int16_t openLevels(std::int32_t record) {
+std::int32_t openLevels(std::int32_t record) {
     const SourceTables& t = theSourceTables();
-    std::int16_t indent = static_cast<std::int16_t>(t.Records[record].Indent);
+    std::int32_t indent = t.Records[record].Indent;
     if (t.Statements[t.Records[record].FirstS].Flags & kFlagOutdent) ++indent;
     return indent;
 }
@@ -61,7 +61,7 @@ bool RecordOnPaper::breakHere(AreaRecord& area) {
     } else if (mode_ == kEmitProjectContents) {
         HlydPHEmitProjectProcContents(pos_.TopPos);
     } else {
-        std::int16_t indent = openLevels(record_);
+        std::int32_t indent = openLevels(record_);
         if (connect) HlydCLContinueAfterBottom(kPrint, area.Bottom, indent);
         if (p.PrintStatus == kPrintStopped) return false;
         HlydPAPointNextColumn(pos_, record_);
@@ -95,7 +95,7 @@ void RecordOnPaper::connectors(const AreaRecord& area, float lineHeight, std::in
     AreaRecord next = at;
     next.Top = at.Top + lineHeight;
     float xOffset = numberWidth_;
-    HlydCLBeginOrEnd(kPrint, at, static_cast<std::int16_t>(theSourceTables().Records[record_].Indent), next, wraps,
+    HlydCLBeginOrEnd(kPrint, at, theSourceTables().Records[record_].Indent, next, wraps,
                      record_, xToken, displayAttributes().Format[kPrint], xOffset);
 }
 

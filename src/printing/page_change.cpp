@@ -168,10 +168,10 @@ void HlydPHEmitForCode(float& topPos, std::int32_t record) {
     heading->clCurrentRecord = record;
     std::string procText;
     if (hlydSettings().ProcName) {
-        std::int16_t which = 0;
+        std::int32_t which = 0;
         HlydPCGetAssociatedProc(record, which);
         const std::vector<ProcEntry>& procs = yProc();
-        if (which >= 0 && which < static_cast<std::int16_t>(procs.size())) procText = procs[which].Name;
+        if (which >= 0 && which < static_cast<std::int32_t>(procs.size())) procText = procs[which].Name;
     }
     EmitHeading(topPos, procText, kPageCode, 0);
 }

@@ -44,7 +44,7 @@ void writeBack(const SelectProcModel& m) {
     for (std::size_t e = 0; e < m.selected.size(); ++e) p.SelectedProcs[e] = m.selected[e] ? 1 : 0;
 }
 
-std::string countLine(bool files, std::int16_t count, std::size_t all) {
+std::string countLine(bool files, std::int32_t count, std::size_t all) {
     if (count == 0) return files ? "No files selected." : "Nothing selected.";
     if (static_cast<std::size_t>(count) == all) return files ? "All files selected." : "Entire file selected.";
     return std::to_string(count) + (files ? " Files selected." : " Procs selected.");
@@ -74,12 +74,12 @@ bool HlydHLYDSelectProcProcessDialog(bool files) {
     return true;
 }
 
-std::int16_t HlydHLYDPrintSelectProc(PrintDialogModel& dialog, bool files) {
+std::int32_t HlydHLYDPrintSelectProc(PrintDialogModel& dialog, bool files) {
     PrintState& p = printState();
     p.ProcsSelected = false;
     if (!HlydHLYDSelectProcProcessDialog(files)) return 0;
     p.ProcsSelected = true;
-    std::int16_t count = 0;
+    std::int32_t count = 0;
     std::size_t all = 0;
     if (files) {
         FileCollection& list = oFile();
@@ -87,7 +87,7 @@ std::int16_t HlydHLYDPrintSelectProc(PrintDialogModel& dialog, bool files) {
         for (int i = 1; i <= list.Count(); ++i) count += list.Item(i).IsSelected ? 1 : 0;
     } else {
         all = p.SelectedProcs.size();
-        count = static_cast<std::int16_t>(std::count_if(p.SelectedProcs.begin(), p.SelectedProcs.end(),
+        count = static_cast<std::int32_t>(std::count_if(p.SelectedProcs.begin(), p.SelectedProcs.end(),
                                                         [](std::int16_t s) { return s != 0; }));
     }
     dialog.lblProcs = countLine(files, count, all);

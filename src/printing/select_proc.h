@@ -34,6 +34,6 @@ bool HlydHLYDSelectProcProcessDialog(bool files);
 
 // cmdSelect of the Print dialog: runs the selection and tells the outcome in lblProcs; returns the
 // count selected.
-std::int16_t HlydHLYDPrintSelectProc(PrintDialogModel& dialog, bool files);
+std::int32_t HlydHLYDPrintSelectProc(PrintDialogModel& dialog, bool files);
 
 }  // namespace hlyd

@@ -12,6 +12,7 @@
 #include "printing/printer_fonts.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
+#include "shell/batch_cuts.h"
 #include "shell/batch_output.h"
 #include "shell/command_line_job.h"
 #include "shell/error_report.h"
@@ -82,6 +83,7 @@ void HlydCMProcess(std::string& FileName) {
     bool finished = false;
     trapErrors("HlydCMProcess", [&FileName, &finished] {
         TraceScope trace(theDebug().TraceApplication, "HlydCMProcess");
+        CutsToStandardError cuts;
         if (theDebug().TraceApplication) theLog().LogData(" CommandLine=<" + hlydMain().CommandLine + ">");
         mainWindow().disableControls();
         theUi().setBusy(true);

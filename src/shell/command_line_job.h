@@ -10,6 +10,7 @@ namespace hlyd {
 
 // Exit statuses of a command-line run.
 constexpr int kExitFault = 1;       // a run-time fault stopped the job
+constexpr int kExitLeftOut = 1;     // a limit of the reader left part of a file out
 constexpr int kExitUnreadable = 2;  // a file could not be read
 constexpr int kExitUnwritable = 3;  // an output could not be written
 constexpr int kExitUsage = 64;      // a misused option

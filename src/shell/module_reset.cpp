@@ -5,6 +5,7 @@
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
+#include "files/cut_reports.h"
 #include "files/file_selection.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
@@ -52,6 +53,7 @@ void resetFilesAndAnalysis() {
     resetProjectFileDialog();
     resetFileSelection();
     resetNavigation();
+    resetCutReports();
 }
 
 void resetDisplay() {

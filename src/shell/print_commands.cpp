@@ -3,6 +3,7 @@
 #include "base/app_info.h"
 #include "base/message_box.h"
 #include "display/command_states.h"
+#include "files/cut_reports.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "printing/print_options_dialog.h"
@@ -33,16 +34,21 @@ bool shownFileIsSource() {
     return f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
 }
 
-// lblStatus names the file while its print command runs; what the command says of its end stays.
+// lblStatus names the file while its print command runs; what the command says of its end stays,
+// and so does what a limit left out of the print.
 class PrintingStatus {
 public:
-    PrintingStatus() : text_("Printing " + shownFileName()) { mainWindow().lblStatus = text_; }
+    PrintingStatus() : text_("Printing " + shownFileName()), cutsBefore_(cutsTold()) { mainWindow().lblStatus = text_; }
     ~PrintingStatus() {
-        if (mainWindow().lblStatus == text_) mainWindow().lblStatus.clear();
+        if (cutsTold() != cutsBefore_) mainWindow().lblStatus = lastCut();
+        else if (mainWindow().lblStatus == text_) mainWindow().lblStatus.clear();
     }
+    PrintingStatus(const PrintingStatus&) = delete;
+    PrintingStatus& operator=(const PrintingStatus&) = delete;
 
 private:
     std::string text_;
+    int cutsBefore_;
 };
 
 }  // namespace
