@@ -1,5 +1,8 @@
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 #include "base/app_info.h"
@@ -7,6 +10,7 @@
 #include "shell/batch_options.h"
 #include "shell/command_line.h"
 #include "shell/module_reset.h"
+#include "shell/window_display.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -14,19 +18,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(BatchOptionsTest, OurOptionsAreTakenOutAndTheRestIsTheClassicCommandLine) {
+TEST(BatchOptionsTest, OurOptionsAreTakenOutAndTheRestAreTheFilesInTheirOrder) {
     BatchOptions o = parseBatchOptions({"--pdf", "out.pdf", "--quiet", "/init", "My", "File.BAS"});
     EXPECT_EQ(o.pdfOut, "out.pdf");
     EXPECT_TRUE(o.quiet);
     EXPECT_EQ(o.commandLine, "/init My File.BAS");
+    EXPECT_EQ(o.files, (std::vector<std::string>{"My", "File.BAS"}));
     EXPECT_TRUE(o.error.empty());
-    // A name beginning with "-" that is no option of ours is the classic line's to reject.
-    EXPECT_EQ(parseBatchOptions({"-x"}).commandLine, "-x");
+    EXPECT_EQ(parseBatchOptions({"/IdeMode"}).files, std::vector<std::string>{});
     EXPECT_EQ(parseBatchOptions({"--printer", "Office", "a.bas"}).printer, "Office");
     EXPECT_FALSE(parseBatchOptions({"--html"}).error.empty());
     EXPECT_FALSE(parseBatchOptions({"--html", "a.html"}).error.empty());
     EXPECT_TRUE(parseBatchOptions({"--version"}).version);
     EXPECT_TRUE(parseBatchOptions({"--help"}).error.empty());
+    // A mistyped option is refused by name, wherever it stands; after "--" a name may begin with "-".
+    EXPECT_EQ(parseBatchOptions({"--bogus", "file.bas"}).error, "unknown option --bogus");
+    EXPECT_EQ(parseBatchOptions({"a.bas", "-x"}).error, "unknown option -x");
+    EXPECT_EQ(parseBatchOptions({"-"}).error, "unknown option -");
+    EXPECT_EQ(parseBatchOptions({"--", "-x.bas", "--quiet"}).files, (std::vector<std::string>{"-x.bas", "--quiet"}));
+    // One HTML document holds one file, project or group.
+    EXPECT_FALSE(parseBatchOptions({"--html", "a.html", "a.bas", "b.bas"}).error.empty());
     // --open is the window's: it names files to show, never files to print.
     EXPECT_EQ(parseBatchOptions({"--open", "a.bas", "--open", "b.vbp"}).openFiles,
               (std::vector<std::string>{"a.bas", "b.vbp"}));
@@ -34,6 +45,41 @@ TEST(BatchOptionsTest, OurOptionsAreTakenOutAndTheRestIsTheClassicCommandLine) {
     EXPECT_FALSE(parseBatchOptions({"--open", "a.bas", "b.bas"}).error.empty());
     EXPECT_FALSE(parseBatchOptions({"--open", "a.bas", "--pdf", "a.pdf"}).error.empty());
 }
+
+// Which environments can show the window. Without a display the window system would abort.
+struct DisplayCase {
+    std::map<std::string, std::string> environment;
+    bool windowPossible;
+};
+
+class NoDisplayTest : public ::testing::TestWithParam<DisplayCase> {};
+
+TEST_P(NoDisplayTest, TheWindowIsRefusedWithTheWayToPrintWithoutIt) {
+    const std::map<std::string, std::string>& environment = GetParam().environment;
+    std::string problem = noDisplayProblem([&environment](const char* name) -> const char* {
+        auto found = environment.find(name);
+        return found == environment.end() ? nullptr : found->second.c_str();
+    });
+    EXPECT_EQ(problem.empty(), GetParam().windowPossible);
+    if (!problem.empty()) {
+        EXPECT_NE(problem.find("--pdf OUT.pdf FILE"), std::string::npos);
+    }
+}
+
+#if !defined(_WIN32) && !defined(__APPLE__)
+INSTANTIATE_TEST_SUITE_P(
+    Environments, NoDisplayTest,
+    ::testing::Values(DisplayCase{{}, false}, DisplayCase{{{"DISPLAY", ""}}, false},
+                      DisplayCase{{{"DISPLAY", ":0"}}, true}, DisplayCase{{{"WAYLAND_DISPLAY", "wayland-0"}}, true},
+                      DisplayCase{{{"QT_QPA_PLATFORM", "offscreen"}}, true},
+                      DisplayCase{{{"QT_QPA_PLATFORM", "minimal"}}, true},
+                      DisplayCase{{{"QT_QPA_PLATFORM", "xcb"}}, false},
+                      DisplayCase{{{"QT_QPA_PLATFORM", "wayland;xcb"}}, false},
+                      DisplayCase{{{"QT_QPA_PLATFORM", "xcb;offscreen"}}, true},
+                      DisplayCase{{{"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ":0"}}, true}));
+#else
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(NoDisplayTest);
+#endif
 
 // The program started with a name on its command line, without a window, on a recording printer.
 class CommandLineRunTest : public ConfigDirTest {
@@ -58,6 +104,12 @@ protected:
         EXPECT_EQ(Main(commandLine), 0);
         EXPECT_TRUE(hlydMain().ApplicationEnding);
         return commandLineJob().exitStatus;
+    }
+    // The words as the shell hands them over.
+    int runWords(const std::vector<std::string>& words) {
+        BatchOptions options = parseBatchOptions(words);
+        EXPECT_EQ(options.error, "");
+        return run(options.commandLine, options);
     }
     // The procedures printed, in the order they reached the paper.
     std::vector<std::string> printedProcs() const {
@@ -102,14 +154,59 @@ TEST_F(CommandLineRunTest, ANameWithCapitalsIsFoundWithOrWithoutItsExtension) {
     EXPECT_EQ(printedProcs(), std::vector<std::string>{"InLower"});
 }
 
-TEST_F(CommandLineRunTest, SwitchesAndWildcardsPrintNothingAndEndWellButAMissingFileFails) {
+TEST_F(CommandLineRunTest, SeveralFilesAndPatternsPrintAsOneJobInTheOrderGiven) {
+    write("b.bas", module("B", "InB"));
     write("a.bas", module("A", "InA"));
-    for (const std::string& line : {std::string("-x"), std::string("*.bas"), dir + "/a.ba?"}) {
-        EXPECT_EQ(run(line), 0) << line;
-        EXPECT_TRUE(events.empty()) << line;
-    }
+    write("c.cls", module("C", "InC"));
+    write("Proj/P.vbp", "Type=Exe\r\nModule=ModZ; Z.bas\r\n");
+    write("Proj/Z.bas", module("ModZ", "InZ"));
+    EXPECT_EQ(runWords({dir + "/b.bas", dir + "/Proj/P.vbp", dir + "/a"}), 0);
+    EXPECT_EQ(printedProcs(), (std::vector<std::string>{"InB", "InZ", "InA"}));
+    // A pattern stands for the files it matches, by name.
+    EXPECT_EQ(runWords({dir + "/?.*"}), 0);
+    EXPECT_EQ(printedProcs(), (std::vector<std::string>{"InA", "InB", "InC"}));
+    // A name that gives no file is told, and the others print.
+    err.str("");
+    EXPECT_EQ(runWords({dir + "/*.frm", dir + "/Gone.bas", dir + "/a.bas"}), kExitUnreadable);
+    EXPECT_EQ(printedProcs(), std::vector<std::string>{"InA"});
+    EXPECT_NE(err.str().find("no file matches " + dir + "/*.frm"), std::string::npos) << err.str();
+    ASSERT_FALSE(ui.shown.empty());
+    EXPECT_NE(ui.shown.back().text.find("The file does not exist.\n" + dir + "/Gone.bas"), std::string::npos);
+    // The classic single name still works when the options carry no files.
+    EXPECT_EQ(run(dir + "/a.ba?"), 0);
+    EXPECT_EQ(printedProcs(), std::vector<std::string>{"InA"});
     EXPECT_EQ(run(dir + "/Gone.bas"), kExitUnreadable);
     EXPECT_TRUE(events.empty());
+}
+
+// A folder, a FIFO or a device holds no listing: each is refused by name and nothing is written.
+TEST_F(CommandLineRunTest, ANameThatIsNoRegularFileIsRefused) {
+    write("M.bas", module("M", "InM"));
+    fs::create_directories(dir + "/Folder.bas");
+    std::vector<std::string> names{dir + "/Folder.bas", "/dev/zero"};
+    std::string fifo = dir + "/Pipe.bas";
+    if (mkfifo(fifo.c_str(), 0600) == 0) names.push_back(fifo);
+    for (const std::string& name : names) {
+        BatchOptions html;
+        html.htmlOut = dir + "/M.html";
+        html.files = {name};
+        ui.saveAnswer = html.htmlOut;
+        err.str("");
+        EXPECT_EQ(run(name, html), kExitUnreadable) << name;
+        EXPECT_FALSE(fs::exists(html.htmlOut)) << name;
+        EXPECT_NE(err.str().find("cannot print " + name + ": "), std::string::npos) << err.str();
+        EXPECT_EQ(runWords({name}), kExitUnreadable) << name;
+        EXPECT_TRUE(events.empty()) << name;
+    }
+    // A pattern matches files only, and --html takes one.
+    EXPECT_EQ(runWords({dir + "/*.bas"}), 0);
+    EXPECT_EQ(printedProcs(), std::vector<std::string>{"InM"});
+    write("N.bas", module("N", "InN"));
+    BatchOptions html;
+    html.htmlOut = dir + "/M.html";
+    html.files = {dir + "/*.bas"};
+    EXPECT_EQ(run(dir + "/*.bas", html), kExitUsage);
+    EXPECT_FALSE(fs::exists(html.htmlOut));
 }
 
 TEST_F(CommandLineRunTest, HtmlAloneIsExportedNotPrintedAndAnUnwritablePlaceFails) {

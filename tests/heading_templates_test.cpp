@@ -141,6 +141,11 @@ TEST_F(HeadingTemplatesTest, PathIsShortenedAroundDots) {
     EXPECT_EQ(expand("@path<0>"), "/src/projects/halyard/");
     EXPECT_EQ(expand("@path<>"), "/src/projects/halyard/");
     EXPECT_EQ(expand("@path<5"), "/src/projects/halyard/");
+    // A length beyond 16 bits passes the Print Options check: it is the whole directory, not an
+    // overflow that ends every print.
+    EXPECT_EQ(expand("@path<32768>"), "/src/projects/halyard/");
+    EXPECT_EQ(expand("@path<" + std::string(400, '9') + ">"), "/src/projects/halyard/");
+    EXPECT_EQ(expand("@path<-99999>"), "/src/projects/halyard/");
 }
 
 struct RomanCase {

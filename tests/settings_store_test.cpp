@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <random>
 #include <set>
 #include <sstream>
 
 #include "base/app_info.h"
+#include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "settings/attributes.h"
 #include "settings/page_settings.h"
@@ -143,26 +145,73 @@ TEST_F(SettingsStoreTest, OutOfRangeNumbersAndSanityRules) {
     EXPECT_EQ(pageSettings().Margins.Top, 0);
 }
 
-TEST_F(SettingsStoreTest, NumbersBeyondTheirIntegerAreAnOverflowUnlessARuleLimitsThem) {
-    const std::string head = "[General]\nCurrentPrinter=P1\n";
-    for (const char* lines : {"CDLGFileIndex=40000", "LineNumberStart=99999999999", "Screen=1 2 99999999999 4",
-                              "[Format]\nIndentAmount.Display=-32769", "[P1.Print]\nColumnWidth=-99999999999",
-                              "[Display]\nColor.Background.Comments=99999999999"}) {
-        try {
-            loadFrom(head + lines + "\n");
-            ADD_FAILURE() << lines << " loaded";
-        } catch (const HlydError& e) {
-            EXPECT_EQ(e.Number, 6) << lines;
-            EXPECT_EQ(e.Description, "Overflow");
-        }
-    }
-    loadFrom(head + "WindowState=40000\nCDLGFileIndex=32767\nLineNumberStart=2147483647\nPaperSize=" +
-             std::string(400, '9') + "\n[P1.Print]\nColumnWidth=99999999999\n");
+// A number typed into the file that no dialog would accept is brought into its key's range (a
+// length of the page to its reference) instead of ending the start with an overflow or the print
+// with a wrong one; the log names the key, its section and the file.
+struct OutOfRange {
+    const char* lines;
+    std::function<double()> value;
+    double expected;
+};
+
+class SettingsRangeTest : public SettingsStoreTest, public ::testing::WithParamInterface<OutOfRange> {};
+
+TEST_P(SettingsRangeTest, IsBroughtIntoRangeAndLogged) {
+    const std::string log = (base / "range.log").string();
+    theLog().LogOpen(log, 1);
+    loadFrom(std::string("[General]\nCurrentPrinter=P1\n") + GetParam().lines + "\n");
+    EXPECT_EQ(GetParam().value(), GetParam().expected) << GetParam().lines;
+    theLog().LogClose();
+    std::ifstream in(log, std::ios::binary);
+    std::string text((std::istreambuf_iterator<char>(in)), {});
+    std::string line = GetParam().lines;
+    std::size_t from = line.find('\n') == std::string::npos ? 0 : line.find('\n') + 1;
+    std::string key = line.substr(from, line.find('=', from) - from);
+    EXPECT_NE(text.find("Setting out of range: " + key + "="), std::string::npos) << text;
+    EXPECT_NE(text.find(iniPath().string()), std::string::npos) << text;
+}
+
+HlydSettings& settings() { return hlydSettings(); }
+FormatRecord& printFormat() { return displayAttributes().Format[kPrint]; }
+FontSpec& printFont(int e) { return displayAttributes().Elements[e].slot[kPrint].Font; }
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, SettingsRangeTest,
+    ::testing::Values(
+        OutOfRange{"CDLGFileIndex=40000", [] { return double(settings().CDLGFileIndex); }, 6},
+        OutOfRange{"LineNumberStart=2147483647", [] { return double(settings().LineNumberStart); }, 1000},
+        OutOfRange{"LineNumberIncrement=99999999999", [] { return double(settings().LineNumberIncrement); }, 100},
+        OutOfRange{"LineNumberIncrement=-5", [] { return double(settings().LineNumberIncrement); }, 1},
+        OutOfRange{"LineNumberHow=40000", [] { return double(settings().LineNumberHow); }, 3},
+        OutOfRange{"PageNumberHow=-40000", [] { return double(settings().PageNumberHow); }, 1},
+        OutOfRange{"PrintQuality=-99999999999", [] { return double(settings().PrintQuality); }, -4},
+        OutOfRange{"[Format]\nIndentAmount.Print=99999", [] { return double(printFormat().IndentAmount); }, 16},
+        OutOfRange{"[Format]\nIndentAmount.Print=-32769", [] { return double(printFormat().IndentAmount); }, 4},
+        OutOfRange{"[Format]\nTabWidth.Print=40000", [] { return double(printFormat().TabWidth); }, 32},
+        OutOfRange{"[Format]\nOrphan.Print=0", [] { return double(printFormat().Orphan); }, 1},
+        OutOfRange{"[P1.Print]\nColumns=99999", [] { return double(pageSettings().Columns.Columns); }, 16},
+        OutOfRange{"[P1.Print]\nColumnWidth=-99999999999", [] { return double(pageSettings().Columns.Width); }, 12240},
+        OutOfRange{"[P1.Print]\nColumnSpacing=-1", [] { return double(pageSettings().Columns.Gutter); }, 720},
+        OutOfRange{"[P1.Print]\nMargins=-1100000000 -1100000000 720 720",
+                   [] { return double(pageSettings().Margins.Bottom + pageSettings().Margins.Left); }, 720 + 1440},
+        OutOfRange{"[P1.Print]\nFontAttr.Comments=No No No No 0.01", [] { return printFont(kElemComments).Size; }, 1},
+        OutOfRange{"[P1.Print]\nFontAttr.Literals=No No No No 1000000000", [] { return printFont(kElemLiterals).Size; }, 1638},
+        OutOfRange{"[P1.Print]\nColor.Foreground.Comments=99999999999",
+                   [] { return double(displayAttributes().Elements[kElemComments].slot[kPrint].ForeColor); }, 65280}),
+    [](const ::testing::TestParamInfo<OutOfRange>& info) {
+        std::string line = info.param.lines;
+        std::string name = line.substr(line.find('\n') == std::string::npos ? 0 : line.find('\n') + 1);
+        name = name.substr(0, name.find('='));
+        std::replace_if(name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+        return name + "_" + std::to_string(info.index);
+    });
+
+TEST_F(SettingsStoreTest, AWindowPlaceBeyondEveryScreenIsTheDefaultPlace) {
+    setScreenSizeTwips(1920 * 15, 1080 * 15);
+    loadFrom("[General]\nScreen=1 2 99999999999 4\nWindowState=40000\nPaperSize=" + std::string(400, '9') + "\n");
+    EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{2880, 2700, 23040, 10800}));
     EXPECT_EQ(hlydSettings().WindowState, 0);
-    EXPECT_EQ(hlydSettings().CDLGFileIndex, 32767);
-    EXPECT_EQ(hlydSettings().LineNumberStart, 2147483647);
     EXPECT_EQ(hlydSettings().PaperSize, 265);
-    EXPECT_EQ(pageSettings().Columns.Width, 12240);
 }
 
 TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {

@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
     hlyd::BatchOptions options = hlyd::parseBatchOptions(std::vector<std::string>(argv + (argc > 0), argv + argc));
     if (!options.error.empty()) {
-        std::cerr << "halyard: " << options.error << " (see halyard --help)\n";
+        std::cerr << "halyard: " << options.error << '\n' << hlyd::batchUsageLine() << "(see halyard --help)\n";
         return hlyd::kExitUsage;
     }
     if (options.help) {

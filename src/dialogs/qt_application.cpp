@@ -23,6 +23,7 @@
 #include "shell/app_start.h"
 #include "shell/command_line_job.h"
 #include "shell/start_mode.h"
+#include "shell/window_display.h"
 
 namespace hlyd {
 
@@ -142,13 +143,37 @@ void onlyQtFailures(QtMsgType type, const QMessageLogContext&, const QString& te
     if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+bool windowed(std::int32_t mode) { return mode == kStartStandalone || mode == kStartIdeMode; }
+
+// The window system ends the process when the display named does not answer: the user hears its
+// words and how to print without a window, and a script gets the status of a refused run.
+QtMessageHandler handlerBeforeDisplay = nullptr;
+void displayGivenUp(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type != QtFatalMsg) {
+        if (handlerBeforeDisplay) handlerBeforeDisplay(type, context, text);
+        else std::fprintf(stderr, "%s\n", qPrintable(text));
+        return;
+    }
+    std::fprintf(stderr, "%s\nhalyard: the window needs a display.\n%s", qPrintable(text), noDisplayHint().c_str());
+    std::fflush(stderr);
+    std::_Exit(kExitNoDisplay);
+}
+
 }  // namespace
 
 int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     std::int32_t mode = decideStartMode(kStartStandalone, commandLine);
     drawOffscreenWithoutDisplay(mode);
+    if (windowed(mode)) {
+        if (std::string problem = noDisplayProblem(std::getenv); !problem.empty()) {
+            std::fputs(problem.c_str(), stderr);
+            return kExitNoDisplay;
+        }
+        handlerBeforeDisplay = qInstallMessageHandler(displayGivenUp);
+    }
     if (mode == kStartCommandLineFile || mode == kStartInit) qInstallMessageHandler(onlyQtFailures);
     QApplication app(argc, argv);
+    if (windowed(mode)) qInstallMessageHandler(handlerBeforeDisplay);
     QApplication::setApplicationName("Halyard");
     QSize screen = screenSizeTwips();
     setScreenSizeTwips(screen.width(), screen.height());

@@ -4,7 +4,6 @@
 
 #include "base/locale_dates.h"
 #include "base/text_format.h"
-#include "base/vb_convert.h"
 #include "base/app_info.h"
 #include "platform/clock.h"
 #include "printing/heading_lookups.h"
@@ -77,13 +76,15 @@ const Macro kMacros[] = {
 };
 
 // "@path<n>": the directory in at most n characters. Without a ">" after the number, or with
-// n not above 0, the directory stands whole.
+// n not above 0, the directory stands whole; so it does when n is at least its length, however
+// large n is (a number beyond 16 bits would otherwise end every print with an overflow).
 std::string shortPathMacro(const std::string& token) {
     std::string directory = currentFilePath().directory;
     std::size_t close = token.find('>');
     if (close == std::string::npos || close <= 6) return directory;
-    std::int16_t n = cintOf(valOf(token.substr(6, close - 6)), "cHeadingPart::HeadingText");
-    return n > 0 ? shortenedPath(directory, n) : directory;
+    double n = std::nearbyint(valOf(token.substr(6, close - 6)));
+    if (!(n > 0) || n >= static_cast<double>(directory.size())) return directory;
+    return shortenedPath(directory, static_cast<int>(n));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/app_info.h"
+#include "base/c_log.h"
 #include "base/text_format.h"
 #include "platform/char_case.h"
 #include "settings/profile_file.h"
@@ -89,10 +90,17 @@ bool cINIHandler::ReadBool(const std::string& key, bool defaultValue, const std:
 double cINIHandler::ReadNumber(const std::string& key, double defaultValue, std::optional<double> lower,
                                std::optional<double> upper, const std::string& section, bool useSystem) {
     if (!section.empty()) setSection(section);
-    double value = valOf(readRaw(key, numberText(defaultValue), useSystem));
+    std::string text = readRaw(key, numberText(defaultValue), useSystem);
+    double value = valOf(text);
     if (lower && value < *lower) value = *lower;
     if (upper && value > *upper) value = *upper;
+    if (value != valOf(text)) logOutOfRange(key, text, numberText(value));
     return value;
+}
+
+void cINIHandler::logOutOfRange(const std::string& key, const std::string& text, const std::string& used) const {
+    theLog().LogData("Setting out of range: " + key + "=" + text + " in section [" + section_ + "] of " +
+                     resolvedPath() + "; " + used + " is used");
 }
 
 std::string cINIHandler::ReadString(const std::string& key, const std::string& defaultValue,

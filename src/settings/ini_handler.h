@@ -1,6 +1,7 @@
 #pragma once
 // Typed access to a settings file of sections and key=value lines: booleans as words read in
-// several spellings, numbers read the way Val reads them and clamped on request, word lists.
+// several spellings, numbers read the way Val reads them and clamped on request (a clamp is
+// logged), word lists.
 #include <optional>
 #include <string>
 #include <vector>
@@ -39,6 +40,10 @@ public:
                     const std::optional<std::string>& section = std::nullopt);
     long DeleteKey(const std::string& key, const std::optional<std::string>& section = std::nullopt);
     long DeleteSection(const std::string& section);
+
+    // A number outside the range of its key is replaced, not refused: the log names the key, the
+    // current section and the file, and what is used instead, so that a user who asks learns why.
+    void logOutOfRange(const std::string& key, const std::string& text, const std::string& used) const;
 
     // Where the file is: a name without a directory lives in the settings directory.
     std::string resolvedPath() const;

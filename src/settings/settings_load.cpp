@@ -1,5 +1,6 @@
 // Reading the settings at start-up, in the order the file's sections were laid out, with the
 // defaults, the older keys that stand in for newer ones, and the sanity rules.
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <memory>
@@ -36,30 +37,54 @@ constexpr double kPrintFontSize = 12;
 
 constexpr const char* kLoadSource = "sbINIGetInfo";
 
-// A value more than four times its reference is taken for a slip and replaced by it.
-std::int32_t sane(double value, std::int32_t reference) {
-    return value > 4.0 * reference ? reference : clngOf(value, kLoadSource);
+// A value more than four times its reference is taken for a slip and replaced by it; so is one
+// below nothing, which no length of the page can be (and which, taken as it stands, overflows
+// the page's arithmetic).
+std::int32_t sane(const std::string& key, const std::string& text, double value, std::int32_t reference) {
+    if (value >= 0 && value <= 4.0 * reference) return clngOf(value, kLoadSource);
+    iniHandler().logOutOfRange(key, text, std::to_string(reference));
+    return reference;
 }
 
-// A number that does not fit its 16-bit or 32-bit setting is an overflow, as the runtime's
-// assignment makes it; only the keys with a rule of their own are limited instead.
-std::int16_t readInt16(const std::string& key, double defaultValue) {
-    return cintOf(iniHandler().ReadNumber(key, defaultValue), kLoadSource);
+std::int32_t readSane(const std::string& key, std::int32_t defaultValue, std::int32_t reference) {
+    std::string text = iniHandler().ReadString(key, std::to_string(defaultValue));
+    return sane(key, text, valOf(text), reference);
 }
 
-std::int32_t readInt32(const std::string& key, double defaultValue) {
-    return clngOf(iniHandler().ReadNumber(key, defaultValue), kLoadSource);
-}
-
-// A count of columns below 0 makes no sense to anyone: it is taken as a slip for the default.
-std::int16_t readNotNegative(const std::string& key, double defaultValue) {
-    std::int16_t value = readInt16(key, defaultValue);
-    return value < 0 ? static_cast<std::int16_t>(defaultValue) : value;
-}
-
+// Every number has the range the dialogs allow (or its field's type holds): one outside it is a
+// hand-edited slip, and it is brought to the nearer end instead of ending the start with an
+// overflow. The log tells where it stood.
 std::int16_t readClamped(const std::string& key, double defaultValue, double lower, double upper) {
     return cintOf(iniHandler().ReadNumber(key, defaultValue, lower, upper), kLoadSource);
 }
+
+// A width below nothing makes no sense to anyone: it is taken as a slip for the default. Above the
+// most the dialog allows, the most stands.
+std::int16_t readNotNegative(const std::string& key, double defaultValue, double upper) {
+    cINIHandler& i = iniHandler();
+    std::string text = i.ReadString(key, numberText(defaultValue));
+    double value = valOf(text);
+    double used = value < 0 ? defaultValue : std::min(value, upper);
+    if (used != value) i.logOutOfRange(key, text, numberText(used));
+    return cintOf(used, kLoadSource);
+}
+
+std::int32_t readClamped32(const std::string& key, double defaultValue, double lower, double upper) {
+    return clngOf(iniHandler().ReadNumber(key, defaultValue, lower, upper), kLoadSource);
+}
+
+constexpr double kMostColumns = 16;
+constexpr double kMostIndent = 16;
+constexpr double kMostTabWidth = 32;
+constexpr double kMostOrphanLines = 10;
+constexpr double kHighestFirstLineNumber = 1000;
+constexpr double kLargestLineNumberStep = 100;
+constexpr double kOpenDialogFilters = 6;
+// A font of more points would be taller than the 16-bit twips of its height hold.
+constexpr double kLargestFontSize = 1638;
+// Farther than this from the origin no screen reaches; the window's place is checked against the
+// screens afterwards.
+constexpr double kFarthestWindowPlace = 1e9;
 
 // The list of open files is resized by the user and kept; a size smaller than a few lines or
 // larger than the screen is no choice anyone made, and the list takes its own size instead.
@@ -81,7 +106,7 @@ void readGeneralHead(HlydSettings& s) {
     s.DebugMenu = i.ReadBool("DebugMenu", false);
     double windowState = i.ReadNumber("WindowState", 0);
     s.WindowState = windowState >= 0 && windowState <= 2 ? cintOf(windowState, kLoadSource) : 0;
-    s.CDLGFileIndex = readInt16("CDLGFileIndex", 1);
+    s.CDLGFileIndex = readClamped("CDLGFileIndex", 1, 1, kOpenDialogFilters);
     s.DoNotShowPrintDialog = i.ReadBool("DoNotShowPrintDialog", false);
     s.ShowOpenDialog = i.ReadBool("ShowOpenDialog", true);
 }
@@ -110,10 +135,10 @@ void readPrinterAndColumns(HlydSettings& s) {
     s.CurrentPrinter = i.ReadString("CurrentPrinter", systemDefaultPrinter(), "General");
     ColumnSpec& c = pageSettings().Columns;
     i.setSection(printerSection());
-    c.Columns = readInt16("Columns", 1);
+    c.Columns = readClamped("Columns", 1, 1, kMostColumns);
     c.Separator = i.ReadBool("ColumnSeparator", true);
-    c.Gutter = sane(i.ReadNumber("ColumnSpacing", 720), 720);
-    c.Width = sane(i.ReadNumber("ColumnWidth", 0), 12240);
+    c.Gutter = readSane("ColumnSpacing", 720, 720);
+    c.Width = readSane("ColumnWidth", 0, 12240);
 }
 
 // A list of extensions: the new key, else the older one, else the default; the older form
@@ -153,10 +178,10 @@ void readFormat(int dest) {
     std::string skip = i.ReadString("ProcSkip" + d, "");
     if (skip.empty()) skip = i.ReadBool("NewPage" + d, false) ? "P" : "N";
     f.ProcSkip = static_cast<unsigned char>(skip[0]);
-    f.IndentAmount = readNotNegative("IndentAmount" + d, 4);
-    f.TabWidth = readNotNegative("TabWidth" + d, 4);
+    f.IndentAmount = readNotNegative("IndentAmount" + d, 4, kMostIndent);
+    f.TabWidth = readNotNegative("TabWidth" + d, 4, kMostTabWidth);
     f.Indent = i.ReadBool("Indent" + d, true);
-    f.Orphan = readInt16("Orphan" + d, 1);
+    f.Orphan = readClamped("Orphan" + d, 1, 1, kMostOrphanLines);
 }
 
 void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
@@ -165,11 +190,11 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
     s.SaveHYInfo = i.ReadBool("SaveHYInfo", false);
     s.SaveHYFile = i.ReadString("SaveHYFile", (std::filesystem::path(settingsDirectory()) / "TMRHIST.TMR").string());
     s.LineNumbers = i.ReadBool("LineNumbers", false);
-    s.LineNumberHow = readInt16("LineNumberHow", 2);
-    s.LineNumberStart = readInt32("LineNumberStart", 1);
-    s.LineNumberIncrement = readInt32("LineNumberIncrement", 1);
+    s.LineNumberHow = readClamped("LineNumberHow", 2, 1, 3);
+    s.LineNumberStart = readClamped32("LineNumberStart", 1, 1, kHighestFirstLineNumber);
+    s.LineNumberIncrement = readClamped32("LineNumberIncrement", 1, 1, kLargestLineNumberStep);
     s.PageNumberAsk = i.ReadBool("PageNumberAsk", false);
-    s.PageNumberHow = readInt16("PageNumberHow", 1);
+    s.PageNumberHow = readClamped("PageNumberHow", 1, 1, 2);
     // Defaults only on a first run: a heading the user cleared stays cleared.
     auto heading = [&](const char* key, const char* firstRunDefault) {
         return i.ReadString(key, firstRun ? firstRunDefault : "");
@@ -191,11 +216,15 @@ void readHistoryNumberingHeadings(HlydSettings& s, bool firstRun) {
                                 std::to_string(screenHeightTwips * 2 / 3);
     std::vector<std::string> screen = i.ReadWords("Screen", screenDefault, std::string("General"));
     std::vector<std::string> fallback = splitOn(screenDefault, ' ');
-    for (int k = 0; k < 4; ++k)
-        s.Screen[k] = clngOf(valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]), kLoadSource);
+    bool inReach = true;
+    for (int k = 0; k < 4; ++k) {
+        double value = valOf(k < static_cast<int>(screen.size()) ? screen[k] : fallback[k]);
+        inReach = inReach && std::fabs(value) <= kFarthestWindowPlace;
+        s.Screen[k] = inReach ? clngOf(value, kLoadSource) : 0;
+    }
     // A place off every screen (a monitor since unplugged) or too small to work in would give a
     // window the user cannot find or use: it starts at the default place instead.
-    if (!usableWindowPlace(s.Screen, screenAreasTwips()))
+    if (!inReach || !usableWindowPlace(s.Screen, screenAreasTwips()))
         for (int k = 0; k < 4; ++k) s.Screen[k] = clngOf(valOf(fallback[k]), kLoadSource);
     s.FileList = readFileListSize();
     s.ToolBar = i.ReadBool("ToolBar", true);
@@ -210,6 +239,24 @@ std::uint32_t colourOf(double value) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(rounded));
 }
 
+// A colour no 32 bits hold is a slip: the element's default colour stands instead.
+std::uint32_t readColour(const std::string& key, double defaultValue) {
+    double value = iniHandler().ReadNumber(key, defaultValue);
+    double rounded = std::nearbyint(value);
+    if (rounded >= -2147483648.0 && rounded <= 4294967295.0) return colourOf(value);
+    iniHandler().logOutOfRange(key, numberText(value), numberText(defaultValue));
+    return colourOf(defaultValue);
+}
+
+// 0 is a size not yet set, which the printer's setup fills in; a size below a point draws
+// nothing readable and one above the largest does not fit the height's field.
+double fontSizeOf(const std::string& key, const std::string& text, double defaultValue) {
+    double size = valOf(text);
+    double used = size < 0 ? defaultValue : size == 0 ? 0 : std::clamp(size, 1.0, kLargestFontSize);
+    if (used != size) iniHandler().logOutOfRange(key, text, numberText(used));
+    return used;
+}
+
 bool fontAttrFlag(const std::string& word) { return upperCase(word) == "YES" || word == "-1"; }
 
 void readElements(int dest, const std::string& section, const std::string& defaultFont, double defaultSize) {
@@ -222,10 +269,10 @@ void readElements(int dest, const std::string& section, const std::string& defau
         double background = dest == kDisplay ? kSystemWindowBackground : kWhite;
         double foreground = green ? 65280 : (e == kElemKeyWords ? 16711680 : 0);
         i.setSection(section);
-        a.BackColor = colourOf(i.ReadNumber("Color.Background." + name, background));
+        a.BackColor = readColour("Color.Background." + name, background);
         const std::uint32_t storedBack = a.BackColor;
         if (dest == kDisplay && a.BackColor == kWhite) a.BackColor = kSystemWindowBackground;
-        a.ForeColor = colourOf(i.ReadNumber("Color.Foreground." + name, foreground));
+        a.ForeColor = readColour("Color.Foreground." + name, foreground);
         // Text in the colour of its own background cannot be seen: it is drawn in the element's
         // default colour, and on the default background when that colour is the same.
         if (a.ForeColor == a.BackColor || a.ForeColor == storedBack) a.ForeColor = colourOf(foreground);
@@ -240,8 +287,7 @@ void readElements(int dest, const std::string& section, const std::string& defau
         a.Font.Italic = fontAttrFlag(word(1));
         a.Font.Underline = fontAttrFlag(word(2));
         a.Font.Strikethrough = fontAttrFlag(word(3));
-        a.Font.Size = valOf(word(4));
-        if (a.Font.Size < 0) a.Font.Size = defaultSize;  // no font has a negative size
+        a.Font.Size = fontSizeOf("FontAttr." + name, word(4), defaultSize);
     }
 }
 
@@ -250,8 +296,8 @@ void readMargins() {
     std::vector<std::string> words = iniHandler().ReadWords("Margins", "720 1440 720 720", printerSection());
     std::int32_t value[4];
     for (int k = 0; k < 4; ++k) {
-        double number = k < static_cast<int>(words.size()) ? GetNumberFromString(words[k]) : kReference[k];
-        value[k] = sane(number, kReference[k]);
+        std::string text = k < static_cast<int>(words.size()) ? words[k] : std::to_string(kReference[k]);
+        value[k] = sane("Margins", text, GetNumberFromString(text), kReference[k]);
     }
     MarginRecord& m = pageSettings().Margins;
     m.Bottom = value[0];
@@ -276,7 +322,8 @@ void readContentsViewAndPrintState(HlydSettings& s) {
     s.Duplex = readClamped("Duplex", 1, 1, 3);
     s.Copies = readClamped("Copies", 1, 1, 10);
     s.PaperSize = readClamped("PaperSize", 1, 1, 265);
-    s.PrintQuality = readInt16("PrintQuality", -4);
+    // The printer's qualities run from -4 (high) to -1 (draft); a positive one is dots per inch.
+    s.PrintQuality = readClamped("PrintQuality", -4, -4, 32767);
     s.VBLevel = i.ReadString("VBLevel", "", "Special");
 }
 

@@ -153,18 +153,16 @@ int finishWindowedStart() {
     return 0;
 }
 
+// The files of the batch options, or, for a start without them, the one name of the classic
+// command line.
 void processCommandLineFile() {
-    std::string name = commandLineFileName(mainState.CommandLine);
-    if (name.empty()) return;
-    if (!os::fileInfo(name).exists() && !os::fileInfo(withSourceExtension(name)).exists()) {
-        // An unknown switch or a wildcard ends the run as if all went well: nothing was asked.
-        if (!isRejectedCommandLineName(name)) commandLineJob().exitStatus = kExitUnreadable;
-        showMessage("Halyard cannot print the requested file\n\nThe file does not exist.\n" + name +
-                        "\nPlease check your request",
-                    theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
-    } else {
-        HlydCMProcess(name);
+    std::vector<std::string> names = commandLineJob().options.files;
+    if (names.empty()) {
+        std::string name = commandLineFileName(mainState.CommandLine);
+        if (name.empty()) return;
+        names.push_back(name);
     }
+    HlydCMProcess(names);
     HlydMNTerminateApp();
 }
 

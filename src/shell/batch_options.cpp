@@ -1,5 +1,7 @@
 #include "shell/batch_options.h"
 
+#include "base/text_format.h"
+
 namespace hlyd {
 
 namespace {
@@ -19,15 +21,45 @@ bool takeFlag(BatchOptions& options, const std::string& arg) {
     return false;
 }
 
+// "/init" and "/idemode" keep the meaning they always had; any other word is a name.
+bool isClassicSwitch(const std::string& arg) {
+    std::string lower = lowerCaseAscii(arg);
+    return lower == "/init" || lower == "/idemode";
+}
+
+void addToCommandLine(BatchOptions& options, const std::string& word) {
+    if (!options.commandLine.empty()) options.commandLine += ' ';
+    options.commandLine += word;
+}
+
+std::string checkCombinations(const BatchOptions& options) {
+    bool wantsOutput = !options.pdfOut.empty() || !options.htmlOut.empty() || !options.printer.empty();
+    if (!options.openFiles.empty() && (wantsOutput || !options.files.empty()))
+        return "--open shows files in the window; it does not go with a file to print or an output";
+    if (options.help || options.version) return {};
+    if (wantsOutput && options.files.empty()) return "no file to print: name a source file, project or group";
+    // One document holds one file, project or group; a pattern that matches several is told
+    // once the names are known.
+    if (!options.htmlOut.empty() && options.files.size() > 1)
+        return "--html exports one file, project or group; " + std::to_string(options.files.size()) + " are named";
+    return {};
+}
+
 }  // namespace
 
 BatchOptions parseBatchOptions(const std::vector<std::string>& args) {
     BatchOptions options;
+    bool optionsEnded = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
-        if (takeFlag(options, arg)) continue;
+        bool option = !optionsEnded && !arg.empty() && arg[0] == '-';
+        if (option && arg == "--") {
+            optionsEnded = true;
+            continue;
+        }
+        if (option && takeFlag(options, arg)) continue;
         std::string opened;
-        std::string* slot = arg == "--open" ? &opened : valueSlot(options, arg);
+        std::string* slot = !option ? nullptr : arg == "--open" ? &opened : valueSlot(options, arg);
         if (slot) {
             if (i + 1 >= args.size() || args[i + 1].empty()) {
                 options.error = arg + " needs a file or printer name after it";
@@ -37,43 +69,54 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& args) {
             if (slot == &opened) options.openFiles.push_back(opened);
             continue;
         }
-        if (!options.commandLine.empty()) options.commandLine += ' ';
-        options.commandLine += arg;
+        // A mistyped option printed nothing and ended well, so a script never learnt of it.
+        if (option) {
+            options.error = "unknown option " + arg;
+            return options;
+        }
+        if (arg.empty()) continue;
+        addToCommandLine(options, arg);
+        if (!optionsEnded && isClassicSwitch(arg)) continue;
+        options.files.push_back(arg);
     }
-    bool wantsOutput = !options.pdfOut.empty() || !options.htmlOut.empty() || !options.printer.empty();
-    if (!options.openFiles.empty() && (wantsOutput || !options.commandLine.empty())) {
-        options.error = "--open shows files in the window; it does not go with a file to print or an output";
-        return options;
-    }
-    if (wantsOutput && options.commandLine.empty() && !options.help && !options.version)
-        options.error = "no file to print: name a source file, project or group";
+    options.error = checkCombinations(options);
     return options;
 }
 
+std::string batchUsageLine() {
+    return "Usage: halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] [--] FILE...\n";
+}
+
 std::string batchUsage() {
-    return "Usage: halyard [FILE]\n"
-           "       halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] FILE\n"
+    return "Usage: halyard [FILE...]\n"
+           "       halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] [--] FILE...\n"
            "       halyard --open FILE [--open FILE ...]\n"
            "\n"
            "Without FILE the window opens. With FILE (a source file, project or group) the listing is\n"
            "printed on the current printer without a window; the PDF printer writes <name>.pdf into the\n"
-           "current directory. The path of each file written is printed on standard output.\n"
+           "current directory. Several files print as one job in the order given; a name with * or ?\n"
+           "stands for the files it matches, in the order of their names. The path of each file\n"
+           "written is printed on standard output.\n"
            "\n"
            "  --pdf OUT.pdf    print on the PDF printer into OUT.pdf\n"
-           "  --html OUT.html  export the HTML document into OUT.html (with no --pdf or --printer,\n"
-           "                   nothing is printed)\n"
+           "  --html OUT.html  export the HTML document of one FILE into OUT.html (with no --pdf or\n"
+           "                   --printer, nothing is printed)\n"
            "  --printer NAME   print on the printer NAME\n"
            "  --open FILE      open FILE in the window instead of printing it (what the desktop's\n"
            "                   menu entry and a double-click on a file use)\n"
            "  --quiet          no line per file on standard error\n"
            "  --help           this text\n"
            "  --version        the version\n"
+           "  --               the words after it are file names, even one that begins with -\n"
            "  /init            start and leave at once\n"
            "  /idemode         open the window; closing it does not end the host\n"
            "\n"
+           "The window needs a display; without one, print with --pdf.\n"
+           "\n"
            "Exit status: 0 when everything was written; 1 when a run-time fault stopped the job; 2 when\n"
-           "a file could not be read; 3 when an output could not be written (then nothing is left of\n"
-           "it); 64 for a misused option.\n";
+           "a file could not be read (or no file matches a pattern, or there is no display for the\n"
+           "window); 3 when an output could not be written (then nothing is left of it); 64 for an\n"
+           "unknown or misused option.\n";
 }
 
 }  // namespace hlyd

@@ -1,7 +1,8 @@
 #pragma once
 // The options that batch use adds to the classic command line: where the listing goes, on which
-// printer, and how much is said. Everything that is no option of ours stays the classic command
-// line ("/init", "/idemode", the one name to print), so that its meaning does not change.
+// printer, and how much is said. "/init" and "/idemode" keep their classic meaning; the other
+// words are the files to print, in their order. A word that begins with "-" and is no option of
+// ours is refused: a typing slip must not pass for a file name.
 #include <string>
 #include <vector>
 
@@ -15,13 +16,15 @@ struct BatchOptions {
     bool quiet = false;   // no line per file on standard error
     bool help = false;
     bool version = false;
-    std::string commandLine;  // the rest, joined with blanks, as the start-mode rules read it
+    std::vector<std::string> files;  // the files to print, as given (patterns not yet expanded)
+    std::string commandLine;  // the classic switches and the files, joined with blanks, as the start-mode rules read it
     std::string error;        // a misused option, in one line; empty when all is well
 };
 
 BatchOptions parseBatchOptions(const std::vector<std::string>& args);
 
-// What --help prints.
+// What --help prints, and its first line for a misused option.
 std::string batchUsage();
+std::string batchUsageLine();
 
 }  // namespace hlyd

@@ -1,21 +1,18 @@
 #pragma once
-// Printing the one file named on the command line, without a window, and leaving.
+// Printing the files named on the command line, without a window, and leaving.
 #include <string>
+#include <vector>
 
 #include "shell/command_line_job.h"
 
 namespace hlyd {
 
-// True for a name that is never printed: an unknown switch or a wildcard.
-bool isRejectedCommandLineName(const std::string& name);
-
-// "Sample" stands for the first of Sample.bas, Sample.cls, ... (the source extensions of the
-// settings) that exists; a name with an extension, or that exists, stays as it is.
-std::string withSourceExtension(const std::string& name);
-
-// Prints the file, project or group. A name without an extension of its own is tried with the
-// source extensions of the settings, and comes back extended with the one found. A project
-// prints its members in its own order.
+// Prints the files, projects and groups as one job, in the order given (a pattern stands for
+// the files it matches, a name without an extension of its own for the source file that has
+// one). A project prints its members in its own order. A name that gives no file is told and
+// the others are printed.
+void HlydCMProcess(const std::vector<std::string>& names);
+// The same for one name, which comes back extended with the source extension found.
 void HlydCMProcess(std::string& FileName);
 
 }  // namespace hlyd

@@ -12,6 +12,7 @@ namespace hlyd {
 constexpr int kExitFault = 1;       // a run-time fault stopped the job
 constexpr int kExitLeftOut = 1;     // a limit of the reader left part of a file out
 constexpr int kExitUnreadable = 2;  // a file could not be read
+constexpr int kExitNoDisplay = 2;   // the window was asked for and there is no display
 constexpr int kExitUnwritable = 3;  // an output could not be written
 constexpr int kExitUsage = 64;      // a misused option
 

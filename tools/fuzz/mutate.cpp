@@ -1,6 +1,8 @@
 // hlyd-mutate SEED IN OUT: writes IN with a few random changes to OUT, the same for the same SEED.
 // The changes are those that reach the readers' edges: bytes flipped, runs cut out or repeated,
 // lines doubled, and words that mean something to a source, project or settings reader.
+// hlyd-mutate --settings SEED PRINTER OUT: writes a settings file of page, font and heading keys
+// at their edges for printing on PRINTER.
 #include <cstdint>
 #include <cstdlib>
 #include <fstream>
@@ -9,6 +11,8 @@
 #include <random>
 #include <string>
 #include <vector>
+
+#include "settings_fuzz.h"
 
 namespace {
 
@@ -78,8 +82,13 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 5 && std::string(argv[1]) == "--settings") {
+        std::ofstream out(argv[4], std::ios::binary | std::ios::trunc);
+        out << hlyd::fuzz::fuzzedSettings(static_cast<unsigned>(std::strtoul(argv[2], nullptr, 10)), argv[3]);
+        return out ? 0 : 2;
+    }
     if (argc != 4) {
-        std::cerr << "usage: hlyd-mutate SEED IN OUT\n";
+        std::cerr << "usage: hlyd-mutate SEED IN OUT\n       hlyd-mutate --settings SEED PRINTER OUT\n";
         return 2;
     }
     std::ifstream in(argv[2], std::ios::binary);
