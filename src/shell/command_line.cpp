@@ -38,11 +38,12 @@ void printNamedFiles(const std::vector<std::string>& names) {
         failJob(kExitUnreadable, "cannot read " + names.front());
         return;
     }
-    if (!commandLineOutputsAllowed(source)) return;
+    // The first file names the job's default PDF, as it does when only one is given.
+    std::string first = os::absolutePath(names.front());
+    if (!commandLineOutputsAllowed(first)) return;
     const BatchOptions& options = commandLineJob().options;
     if (!options.htmlOut.empty()) exportHtmlForCommandLine();
-    if (options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty())
-        printForCommandLine(os::absolutePath(names.front()));
+    if (options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty()) printForCommandLine(first);
 }
 
 }  // namespace
