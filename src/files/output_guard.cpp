@@ -31,14 +31,9 @@ const char* kindName(OutputKind kind) {
 
 std::vector<std::string> splitAtBars(const std::string& list) {
     std::vector<std::string> parts;
-    std::size_t from = 0;
-    for (;;) {
-        std::size_t bar = list.find('|', from);
-        std::string part = upperCase(list.substr(from, bar == std::string::npos ? std::string::npos : bar - from));
-        if (!part.empty()) parts.push_back(part);
-        if (bar == std::string::npos) return parts;
-        from = bar + 1;
-    }
+    for (const std::string& part : splitOn(list, '|'))
+        if (!part.empty()) parts.push_back(upperCase(part));
+    return parts;
 }
 
 // The extension of the last part of the name, in capitals; empty when it has none.

@@ -15,14 +15,9 @@ namespace hlyd {
 namespace {
 
 std::vector<std::string> splitAtBars(const std::string& list) {
-    std::vector<std::string> parts;
-    std::size_t from = 0;
-    for (std::size_t bar = list.find('|'); ; bar = list.find('|', from)) {
-        std::string part = list.substr(from, bar == std::string::npos ? std::string::npos : bar - from);
-        if (!part.empty()) parts.push_back(part);
-        if (bar == std::string::npos) return parts;
-        from = bar + 1;
-    }
+    std::vector<std::string> parts = splitOn(list, '|');
+    std::erase(parts, std::string());
+    return parts;
 }
 
 bool hasExtension(const std::string& name) {
