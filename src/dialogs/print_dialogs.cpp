@@ -20,6 +20,7 @@
 #include "platform/qt/qt_text.h"
 #include "printing/print_dialog.h"
 #include "printing/print_options_dialog.h"
+#include "printing/print_request.h"
 #include "printing/print_status.h"
 #include "printing/printer_start.h"
 #include "printing/select_proc.h"
@@ -268,7 +269,20 @@ public:
             cmdCancel_Click();
             showModel();
         });
-        box->addWidget(cancel_, 0, Qt::AlignHCenter);
+        // The main window is shut while pages are made, so the stop that keeps them is offered here,
+        // beside the Cancel that drops them.
+        auto* stop = new QPushButton(fromUtf8(printStatusDialog().cmdStop));
+        stop->setObjectName("cmdStop");
+        connect(stop, &QPushButton::clicked, this, [this] {
+            stopPrinting();
+            showModel();
+        });
+        auto* buttons = new QHBoxLayout;
+        buttons->addStretch();
+        buttons->addWidget(stop);
+        buttons->addWidget(cancel_);
+        buttons->addStretch();
+        box->addLayout(buttons);
     }
     void showModel() {
         page_->setText(fromCp1252(printStatusDialog().lblPage));

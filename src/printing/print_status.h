@@ -11,6 +11,8 @@ struct PrintStatusModel {
     std::string Caption = "Print Status";
     std::string lblPage;
     std::string cmdCancel = "Cancel";
+    // Stop ends the run at the next page and keeps the pages printed so far, after the user confirms.
+    std::string cmdStop = "Stop";
     bool visible = false;
 };
 

@@ -15,6 +15,7 @@
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
 #include "files/main_window_model.h"
+#include "printing/print_status.h"
 #include "printing/printer_start.h"
 #include "printing/printer_systems.h"
 #include "printing/recording_printer.h"
@@ -65,6 +66,33 @@ TEST_F(PrintDialogWindowTest, ThePrintCommandOpensTheDialogAndPrintsWhatItSays) 
     EXPECT_EQ(pages[0].printed, 3);
     EXPECT_TRUE(test::textPrinted(events, "X1_1"));
     EXPECT_TRUE(mainWindow().controlsEnabled);
+}
+
+// Stop in the Print Status dialog asks first, then ends the run at the next page and keeps the
+// pages printed before it; the status line says so.
+TEST_F(PrintDialogWindowTest, StopInThePrintStatusDialogKeepsThePagesPrinted) {
+    showSource("module.bas", test::procedures(1, 300));
+    hlydSettings().DoNotShowPrintDialog = true;
+    ui.answers = {MsgAnswer::Yes};
+    QPushButton* stop = nullptr;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == "HLYDPrintStatus") stop = top->findChild<QPushButton*>("cmdStop");
+    ASSERT_NE(stop, nullptr);
+    EXPECT_EQ(stop->text().toStdString(), "Stop");
+    setPrintStatusView([stop](const std::string& text) {
+        if (text.rfind("Now Printing Page 3", 0) == 0) stop->click();
+    });
+    window->action("mnuFilPrint")->trigger();
+    setPrintStatusView(nullptr);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text, "Are you sure you want to stop?");
+    std::size_t pages = test::eventsOf(events, PrintEvent::PageStart).size();
+    EXPECT_GE(pages, 2u);
+    EXPECT_LE(pages, 4u);
+    EXPECT_TRUE(test::eventsOf(events, PrintEvent::KillDoc).empty());
+    EXPECT_FALSE(test::eventsOf(events, PrintEvent::EndDoc).empty());
+    EXPECT_EQ(mainWindow().lblStatus.rfind("Printing stopped: the pages printed before the stop are kept", 0), 0u)
+        << mainWindow().lblStatus;
 }
 
 }  // namespace
