@@ -269,7 +269,7 @@ TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
 }
 
 TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStopped) {
-    showSource("one.bas", procedures(1, 60));
+    showSource("one.bas", procedures(1, 200));
     sbButtonsOpen();
     EXPECT_TRUE(mainWindow().command("mnuFilPrint").enabled);
     std::vector<bool> enabledDuring;
@@ -292,8 +292,9 @@ TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStoppe
     EXPECT_TRUE(mainWindow().command("tbrPrint").enabled);
 }
 
-// A stop the user confirmed ends the job with the pages printed before it, and the window's
-// status says so; the status dialog's Cancel drops the job (see above).
+// A stop the user confirmed ends the job at the end of the page in progress, so that every page
+// kept is whole, and the window's status says so; the status dialog's Cancel drops the job (see
+// above).
 TEST_F(PrintRequestTest, AConfirmedStopKeepsThePagesPrintedBeforeIt) {
     showSource("one.bas", procedures(1, 200));
     ui.answers = {MsgAnswer::Yes};
@@ -305,8 +306,13 @@ TEST_F(PrintRequestTest, AConfirmedStopKeepsThePagesPrintedBeforeIt) {
     mnuFilPrint_Click();
     EXPECT_EQ(jobs.kept, std::vector<bool>{true});
     EXPECT_TRUE(printed("X1_1"));
-    EXPECT_TRUE(printed("X1_87"));    // the last line of page 2
-    EXPECT_FALSE(printed("X1_88"));
+    EXPECT_TRUE(printed("X1_88"));    // the first line of page 3, where the stop was asked
+    EXPECT_EQ(test::eventsOf(events, PrintEvent::PageStart).size(), 3u);
+    auto textsOnPage = [this](std::int32_t page) {
+        std::vector<PrintEvent> texts = of(PrintEvent::Text);
+        return std::count_if(texts.begin(), texts.end(), [page](const PrintEvent& e) { return e.page == page; });
+    };
+    EXPECT_EQ(textsOnPage(3), textsOnPage(2));  // a whole page, as full as the one before
     EXPECT_EQ(mainWindow().lblStatus, "Printing stopped: the pages printed before the stop are kept.");
 }
 

@@ -33,6 +33,15 @@ constexpr std::int16_t kContinuousNumbering = 2;
 
 AttributeRecord& headingElement() { return displayAttributes().Elements[kElemHeadersFooters].slot[kPrint]; }
 
+// A stop the user confirmed ends the run where a page has just been finished.
+bool stopAskedLandsHere() {
+    PrintState& p = printState();
+    if (!p.StopAsked) return false;
+    p.PrintStatus = kPrintStopped;
+    p.Stop = StopKind::UserStop;
+    return true;
+}
+
 // Ends the page in progress: its footing, the counters, and the page range's verdict on it.
 // False when the range is past and the run is over.
 bool endPage(Printer& printer, std::int16_t kind) {
@@ -40,6 +49,7 @@ bool endPage(Printer& printer, std::int16_t kind) {
     EmitFooting();
     ++p.PageNumber;
     if (kind != kPageProcContents) ++p.PrintedPageNumber;
+    if (stopAskedLandsHere()) return false;
     if (p.PageRange && p.PageNumber > p.FirstPage && p.PageNumber > p.LastPage) {
         p.PrintStatus = kPrintStopped;
         p.Stop = StopKind::RangeEnd;
@@ -116,6 +126,7 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
     if (p.PageNumber != 0) {
         if (!endPage(printer, kind)) return;
     } else {
+        if (stopAskedLandsHere()) return;
         startDocument(printer, kind);
     }
     heading->UseRoman = footing->UseRoman = false;

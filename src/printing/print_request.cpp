@@ -198,8 +198,9 @@ void stopPrinting() {
     MsgAnswer answer = showMessage("Are you sure you want to stop?", theAppInfo().Title, MsgButtons::YesNo,
                                    MsgIcon::Question);
     if (answer != MsgAnswer::Yes) return;
-    printState().PrintStatus = kPrintStopped;
-    printState().Stop = StopKind::UserStop;
+    // The stop lands at the next page change rather than at once: the page in progress is then
+    // finished, and the document kept holds whole pages only, never one with just its heading.
+    printState().StopAsked = true;
 }
 
 }  // namespace hlyd

@@ -51,6 +51,7 @@ bool beginRun(const std::string& outputPath, PrintRunResult& result) {
     resetTOC();
     p.PrintStatus = kPrintOk;
     p.Stop = StopKind::DropsJob;
+    p.StopAsked = false;
     p.DocumentDropped = false;
     // Every run numbers its lines from the increment, whatever the start setting says.
     p.CurrentLineNumber = hlydSettings().LineNumberIncrement;

@@ -62,6 +62,7 @@ struct PrintState {
     bool FontObjectSaved = false;
     std::int32_t PrintStatus = kPrintOk;
     StopKind Stop = StopKind::DropsJob;  // of a PrintStatus 8
+    bool StopAsked = false;              // the user confirmed a stop; it lands at the page's end
     std::int16_t AreaError = kAreaOk;
 
     // Page geometry.
