@@ -76,12 +76,10 @@ void endDocument() {
         printer->killDoc();
         return;
     }
-    if (hlydSettings().PrintContinuous) {
-        printer->newPage();
-    } else {
-        printer->endDoc();
-        ++p.PrintedPageNumber;
-    }
+    // The next document's first page counts itself one on from here; counting the end of a
+    // document as well would leave a page number out at every module under continuous numbering.
+    if (hlydSettings().PrintContinuous) printer->newPage();
+    else printer->endDoc();
 }
 
 void HlydPRProcessCodeOrProjectFile(wPos& pos) {
