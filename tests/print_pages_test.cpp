@@ -255,11 +255,11 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     EXPECT_TRUE(printed("Listed "));
     // The procedure of the page's first record: the declarations, then P1 on the second page.
     EXPECT_EQ(text("<Declarations>").page, 1);
-    // Right-aligned when first expanded; later pages keep that X.
+    // Right-aligned on every page, from that page's own text.
     EXPECT_EQ(text("<Declarations>").x1, kLeft + 10080 - 14 * kCharWidth);
     bool headed = false;
     for (const PrintEvent& e : of(PrintEvent::Text))
-        headed = headed || (e.page == 2 && e.text == "P1" && e.x1 == text("<Declarations>").x1 && e.y1 == 936);
+        headed = headed || (e.page == 2 && e.text == "P1" && e.x1 == kLeft + 10080 - 2 * kCharWidth && e.y1 == 936);
     EXPECT_TRUE(headed);
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
 }
@@ -554,6 +554,22 @@ public:
         return std::make_unique<DuplexRecorder>(name(), sink());
     }
 };
+
+// A right heading ends at the margin on every page, however many digits its page number has.
+TEST_F(PrintPagesTest, ARightHeadingEndsAtTheMarginOnEveryPage) {
+    hlydSettings().PageNumberHow = 2;
+    hlydSettings().HeadingRight = "<Page >;@page";
+    PrintRunRequest request;
+    request.startPage = 9;
+    print(procedures(1, 60), request);
+    PrintEvent nine = text("Page  9 "), ten = text("Page  10 ");
+    ASSERT_EQ(nine.page, 1);
+    ASSERT_EQ(ten.page, 2);
+    Printer* printer = currentPrinter();
+    ASSERT_NE(printer, nullptr);
+    float digit = printer->textWidth("0");
+    EXPECT_FLOAT_EQ(nine.x1 - ten.x1, digit);
+}
 
 TEST_F(PrintPagesTest, ContinuousNumberingGoesOnFromFileToFileAndDuplexStartsOnTheRight) {
     hlydSettings().PageNumberHow = 2;

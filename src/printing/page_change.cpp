@@ -258,6 +258,10 @@ std::array<PlacedText, 3> placedLine(Printer& printer, const std::array<cHeading
     for (std::size_t i = 0; i < 3; ++i)
         if (parts[i]) placed[i] = {parts[i]->XPos(), parts[i]->HeadingText()};
     const AreaRecord& area = printState().UsableArea;
+    // The right text is placed on each page from its own width, not once from the first page's:
+    // "Page 10", "Page 100" or "viii" would otherwise run past the margin.
+    float rightWidth = printer.textWidth(placed[2].text);
+    if (parts[2] && parts[2]->bIsDynamic && rightWidth < area.Width) placed[2].x = area.Left + area.Width - rightWidth;
     float blank = printer.textWidth(" ");
     // A left text often ends in a blank of its own: the blank between is enough.
     std::string left = placed[0].text.substr(0, placed[0].text.find_last_not_of(' ') + 1);
