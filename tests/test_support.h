@@ -156,6 +156,8 @@ std::vector<PrintEvent> eventsOf(const std::vector<PrintEvent>& events, PrintEve
 bool textPrinted(const std::vector<PrintEvent>& events, const std::string& text);
 
 std::string keywordFilePath();
+// What a shell command writes on standard output (the PDF tools read the printer's files back).
+std::string run(const std::string& command);
 std::string writeTempFile(const std::string& name, const std::string& content);
 // HLYD.INI of the settings directory as it stands on disk; empty when there is none.
 std::string settingsFileText();
