@@ -19,6 +19,17 @@
 namespace hlyd {
 
 namespace {
+
+// A breakpoint where the fault is: SIGTRAP on POSIX; Windows has no such signal, and a trap
+// instruction stops a debugger there the same way.
+void stopForDebugger() {
+#ifdef SIGTRAP
+    std::raise(SIGTRAP);
+#else
+    __builtin_trap();
+#endif
+}
+
 std::function<std::string()> currentFileNameSource;
 std::function<void(int)> programEnd;
 
@@ -124,7 +135,7 @@ void ERHandler(int number, const std::string& description, const std::string& so
         theUi().errorReport(report.text);
         logBlock(report.text);
         // Started from a development host, the developer may look at the fault where it is.
-        if (hlydMain().StartMode == kStartIdeMode && askToStopForDebugging()) std::raise(SIGTRAP);
+        if (hlydMain().StartMode == kStartIdeMode && askToStopForDebugging()) stopForDebugger();
         theLog().LogEnd();
     } catch (...) {
         // A failure while reporting must not keep the program from ending.
