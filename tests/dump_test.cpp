@@ -1,9 +1,12 @@
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include "base/c_debug.h"
 
 #include "analysis_dump.h"
+#include "html_dump.h"
 #include "json_lines.h"
 #include "test_support.h"
 
@@ -75,6 +78,17 @@ TEST_F(DumpTest, UnopenableFileExitsWithTwo) {
     std::string dialect;
     BabValidateFile(dir, dialect);
     EXPECT_EQ(theDebug().BabStatus, 7);
+}
+
+// An HTML export refused because its name is a source's ends with the status of an unwritten
+// output, and the source is as it was.
+TEST_F(DumpTest, AnHtmlExportOverASourceIsRefusedWithItsStatus) {
+    const std::string text = "Attribute VB_Name = \"M\"\nSub A()\nEnd Sub\n";
+    std::string source = writeTempFile("refused_html.bas", text);
+    std::ostringstream err;
+    EXPECT_EQ(dumpHtml(source, source, err), 3);
+    std::ifstream in(source, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), text);
 }
 
 }  // namespace

@@ -32,7 +32,8 @@ int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& 
         status = 1;
     } else {
         HlydFLProcessSelectedFile(1);
-        HTMLEmitAFile();
+        // A refused output has been told; a script learns it from the status.
+        if (!HTMLEmitAFile()) status = 3;
     }
     setUi(nullptr);
     return status;
