@@ -416,6 +416,113 @@ TEST_F(PrintPagesTest, AProcedureTablesLastLineKeepsClearOfTheFooting) {
     }
 }
 
+// Functions whose declarations take three lines of the contents, one to a page from page 98 on,
+// so that the page numbers grow from two digits to three.
+class ContentsLayoutTest : public PrintPagesTest {
+protected:
+    void SetUp() override {
+        PrintPagesTest::SetUp();
+        HlydSettings& s = hlydSettings();
+        s.ProcContentsPrint = true;
+        s.TableOfContents = true;
+        format().ProcSkip = 'P';
+    }
+    void printFunctions(int count, const std::string& file = "module.bas") {
+        std::string text;
+        for (int f = 1; f <= count; ++f)
+            text += "Function F" + std::to_string(f) +
+                    "(ByVal FirstValue As Long, ByVal SecondValue As String, ByVal ThirdValue As Double, "
+                    "ByVal Fourth As Integer) As Boolean\nEnd Function\n";
+        showSource(file, text);
+        events.clear();
+        PrintRunRequest request;
+        request.startPage = 98;
+        runPrint(request);
+    }
+    // The text events of the contents pages (procedure tables and the table of contents).
+    std::vector<PrintEvent> contentsTexts() const {
+        std::vector<PrintEvent> out;
+        int kind = 0;
+        for (const PrintEvent& e : events) {
+            if (e.kind == PrintEvent::PageStart) kind = e.type;
+            if (e.kind == PrintEvent::Text && kind == kPageProcContents && !e.text.empty()) out.push_back(e);
+        }
+        return out;
+    }
+    static float right(const PrintEvent& e) { return e.x1 + static_cast<float>(e.size * 12 * e.text.size()); }
+    static std::size_t leadingBlanks(const std::string& text) { return text.find_first_not_of(' '); }
+};
+
+// Every page number ends at one right edge, behind at least two dots and a blank, and no text of
+// its entry reaches into them; a wrapped declaration carries no continuation mark.
+TEST_F(ContentsLayoutTest, PageNumbersStandInOneColumnBehindTheirDots) {
+    printFunctions(5);
+    std::vector<PrintEvent> texts = contentsTexts();
+    std::vector<float> ends;
+    for (std::size_t i = 1; i < texts.size(); ++i) {
+        const PrintEvent& e = texts[i];
+        EXPECT_EQ(e.text.find(" _"), std::string::npos) << e.text;
+        bool pageNumber = e.text.size() > 2 && e.text.find_first_not_of("0123456789") == e.text.size() - 2 &&
+                          e.text.ends_with("  ");
+        if (!pageNumber) continue;
+        ends.push_back(right(e));
+        const PrintEvent& dots = texts[i - 1];
+        ASSERT_EQ(dots.text.find_first_not_of('.'), std::string::npos) << dots.text;
+        EXPECT_GE(dots.text.size(), 2u);
+        EXPECT_EQ(dots.y1, e.y1);
+        EXPECT_LE(right(dots) + kCharWidth, e.x1);
+        const PrintEvent& words = texts[i - 2];
+        if (words.y1 == e.y1) {
+            EXPECT_LE(right(words), dots.x1) << words.text;
+        }
+    }
+    ASSERT_EQ(ends.size(), 10u);  // five functions, in both tables
+    for (float end : ends) EXPECT_FLOAT_EQ(end, ends.front());
+}
+
+// An entry that would run into the footing goes whole to the next page, in both tables; the
+// lines of a wrapped declaration in the table of contents start at one indent. Tall margins
+// leave seven lines to a page.
+TEST_F(ContentsLayoutTest, AnEntryThatDoesNotFitGoesWholeToTheNextPage) {
+    pageSettings().Margins.Bottom = 11000;
+    InitPrinter();
+    printFunctions(6);
+    std::vector<PrintEvent> texts = contentsTexts();
+    std::int32_t page = 0, doc = 0;
+    std::size_t continued = 0;
+    for (const PrintEvent& e : texts) {
+        bool tocContinuation = e.doc == 2 && leadingBlanks(e.text) == 10;
+        if (e.doc == 2 && leadingBlanks(e.text) > 0) {
+            EXPECT_TRUE(leadingBlanks(e.text) == 6 || tocContinuation) << e.text;
+        }
+        continued += tocContinuation;
+        if (e.page == page && e.doc == doc) continue;
+        page = e.page;
+        doc = e.doc;
+        // The first text of a contents page starts an entry: it is no wrapped line.
+        EXPECT_FALSE(tocContinuation) << e.text;
+        if (e.doc == 1) {
+            EXPECT_EQ(e.x1, kLeft) << e.text;
+        }
+    }
+    EXPECT_GT(continued, 6u);
+}
+
+// The path of a deeply nested file keeps its start and its name, shortened between them to fit
+// the line.
+TEST_F(ContentsLayoutTest, ALongPathInTheTableOfContentsKeepsItsFileName) {
+    std::string folder(60, 'D');
+    printFunctions(1, folder + "/" + folder + "/module.bas");
+    bool seen = false;
+    for (const PrintEvent& e : contentsTexts()) {
+        if (e.doc != 2 || !e.bold || e.text.find("module.bas") == std::string::npos) continue;
+        seen = true;
+        EXPECT_NE(e.text.find(".../module.bas"), std::string::npos) << e.text;
+        EXPECT_LE(right(e), kLeft + 10080) << e.text;
+    }
+    EXPECT_TRUE(seen);
+}
+
 // Contents of more than a hundred pages: the numbers go on in Roman numerals, and the run ends
 // well. Tall margins leave two lines to a page.
 TEST_F(PrintPagesTest, ContentsOfOverAHundredPagesAreNumberedToTheirEnd) {

@@ -57,8 +57,8 @@ std::string writeTempFile(const std::string& name, const std::string& content) {
     // One directory per process: CTest runs the tests of a suite in parallel processes.
     std::filesystem::path dir =
         std::filesystem::temp_directory_path() / ("hlyd-tests-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(dir);
     std::filesystem::path path = dir / name;
+    std::filesystem::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << content;
     return path.string();
 }

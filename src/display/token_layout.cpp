@@ -36,7 +36,10 @@ public:
 
 private:
     int elementOf(std::int32_t token) const;
-    bool markAfter(const Token& token) const { return f_.ContinueGenerate || (f_.ContinueHonor && (token.Continued & 1)); }
+    bool markAfter(const Token& token) const {
+        return hooks_.continuationMarks && (f_.ContinueGenerate || (f_.ContinueHonor && (token.Continued & 1)));
+    }
+    float wrapIndent() const { return static_cast<float>(hooks_.wrapIndentBlanks) * m_.WhiteSpaceSize[dest_]; }
     void firstTokenStart(const Token& token);
     void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
                     std::int32_t last);
@@ -132,6 +135,10 @@ void RecordPainter::continuationMark() {
     float width = s_.textWidth(" _");
     float x = penX_ < 0 ? x_ : penX_;
     float y = penY_ < 0 ? yText_ : penY_;
+    if (hooks_.measureOnly) {
+        penX_ = x + width;
+        return;
+    }
     if (boxed(k)) s_.filledBox(x, y, x + width, y + static_cast<float>(k.Height), k.BackColor);
     penX_ = x + width;
     penY_ = y + static_cast<float>(k.Height);
@@ -162,7 +169,8 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeReco
     bool first = i == r.FirstT;
     setAttributesOn(s_, a);
     float width = s_.textWidth(token.Text);
-    bool reserve = (i != last && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1));
+    bool reserve = hooks_.continuationMarks &&
+                   ((i != last && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1)));
     float limitX = reserve ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
     pieces.assign(1, token.Text);
     if (x_ + width <= limitX) return;
@@ -172,7 +180,7 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeReco
     }
     std::size_t lead = token.Text.find_first_not_of(' ');
     bool comment = first && lead != std::string::npos && token.Text[lead] == '\'';
-    x_ = comment ? xWrap_ : xWrap_ + m_.WhiteSpaceSize[dest_];
+    x_ = comment ? xWrap_ : xWrap_ + wrapIndent();
     if (x_ + width <= limitX) {
         ++wraps_;
     } else {
@@ -193,13 +201,13 @@ void RecordPainter::drawPieces(std::int32_t /*i*/, const Token& token, Attribute
         if (penX_ >= 0) x_ = penX_;
         return;
     }
-    bool drawable = yText_ <= 32766;  // the coordinate limit of a surface
+    bool drawable = yText_ <= 32766 && !hooks_.measureOnly;  // the coordinate limit of a surface
     for (std::size_t p = 0; p < pieces.size(); ++p) {
         if (drawable) drawText(pieces[p], a, yText_, yNext_);
         else x_ += s_.textWidth(pieces[p]), penX_ = x_;
         if (p + 1 == pieces.size()) break;
         if (drawable && markAfter(token)) continuationMark();
-        x_ = xWrap_ + m_.WhiteSpaceSize[dest_];
+        x_ = xWrap_ + wrapIndent();
         y_ = yNext_;
         if (!breakIfFull()) return;
         yNext_ = y_ + lineHeight_;
@@ -248,7 +256,10 @@ std::int32_t RecordPainter::run() {
         drawPieces(i, token, a, pieces);
         if (i < last) gapBefore(i + 1, a);
     }
-    if (!stopped_ && last >= 1 && f_.ContinueHonor && (t_.Tokens[last].Continued & 1)) continuationMark();
+    if (!stopped_ && last >= 1 && hooks_.continuationMarks && !hooks_.measureOnly && f_.ContinueHonor &&
+        (t_.Tokens[last].Continued & 1))
+        continuationMark();
+    if (hooks_.endX) *hooks_.endX = x_;
     pos_.Top = yNext_;
     return wraps_;
 }

@@ -46,6 +46,16 @@ struct RecordLayoutHooks {
     bool whiteIsPaper = false;
     // When set, receives the text drawn, gaps as blanks.
     std::string* textDrawn = nullptr;
+    // Lays the record out without drawing it: how tall it is (the area's Top moves below it) and
+    // where its last line ends, measured before it is printed.
+    bool measureOnly = false;
+    // When set, receives the X at which the record's text ends.
+    float* endX = nullptr;
+    // The " _" that ends a wrapped line says that code goes on; a listing of declarations is no
+    // code to copy, and there the mark only took room and read as part of the text.
+    bool continuationMarks = true;
+    // How many blanks further in than the record's start a wrapped line begins.
+    int wrapIndentBlanks = 1;
     // Draws the separator line when the destination calls for one; may move `y` down.
     std::function<void(const Statement& governing, const Record& record, float xWrap, float& y)> separator;
     // Before the record's first token is drawn.

@@ -1,5 +1,7 @@
 // One record on paper: the rule of the screen's layout, with the paper's breaks, line numbers and
 // gaps given to it as parameters.
+#include <limits>
+
 #include "base/text_format.h"
 #include "display/connectors.h"
 #include "display/font_metrics.h"
@@ -33,6 +35,20 @@ AreaRecord areaAt(const wPos& pos, float leftShift) {
     a.Top = pos.TopPos;
     a.Bottom = printState().UsableArea.Bottom;
     return a;
+}
+
+// A contents line is a declaration on its own: it runs to its statement's end, a gap is one
+// blank, and a wrapped line hangs further in, with no continuation mark.
+constexpr int kContentsWrapIndent = 4;
+
+RecordLayoutHooks contentsHooks() {
+    RecordLayoutHooks hooks;
+    hooks.gap = GapRule::SingleBlank;
+    hooks.toStatementEnd = true;
+    hooks.whiteIsPaper = true;
+    hooks.continuationMarks = false;
+    hooks.wrapIndentBlanks = kContentsWrapIndent;
+    return hooks;
 }
 
 class RecordOnPaper {
@@ -104,9 +120,8 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     bool numbered = hlydSettings().LineNumbers && mode_ == kEmitCode;
     numberWidth_ = numbered ? p.LineNumberWidth : 0;
     pos_.BottomLimit = p.UsableArea.Bottom;
-    RecordLayoutHooks hooks;
-    hooks.gap = mode_ == kEmitCode ? GapRule::WhiteSpace : GapRule::SingleBlank;
-    hooks.toStatementEnd = mode_ != kEmitCode;
+    RecordLayoutHooks hooks = mode_ == kEmitCode ? RecordLayoutHooks{} : contentsHooks();
+    if (mode_ == kEmitCode) hooks.gap = GapRule::WhiteSpace;
     hooks.textDrawn = &text;
     hooks.whiteIsPaper = true;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
@@ -124,6 +139,19 @@ std::int32_t RecordOnPaper::run(std::string& text) {
 }
 
 }  // namespace
+
+float MeasureContentsRecord(std::int32_t record, const wPos& pos, float& endX) {
+    endX = pos.LeftPos;
+    if (!currentPrinter()) return 0;
+    RecordLayoutHooks hooks = contentsHooks();
+    hooks.measureOnly = true;
+    hooks.endX = &endX;
+    AreaRecord area = areaAt(pos, 0);
+    area.Top = 0;
+    area.Bottom = std::numeric_limits<float>::max();
+    layoutRecord(kPrint, record, area, hooks);
+    return area.Top;
+}
 
 std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode,
                             std::string& textPrinted) {

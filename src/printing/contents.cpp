@@ -8,6 +8,7 @@
 #include "files/proc_list.h"
 #include "platform/printer.h"
 #include "printing/code_printing.h"
+#include "printing/contents_lines.h"
 #include "printing/job_properties.h"
 #include "printing/page_change.h"
 #include "printing/print_file.h"
@@ -24,6 +25,7 @@ std::vector<TocEntry> toc(1);
 
 AttributeRecord& printAttributes(int element) { return displayAttributes().Elements[element].slot[kPrint]; }
 
+// The numbers end here; the area's Right may lie a little further out.
 float rightEdge() {
     const AreaRecord& a = printState().UsableArea;
     return a.Left + a.Width;
@@ -34,64 +36,113 @@ void newContentsPage(wPos& pos, std::int32_t& contentsPages, bool project) {
     else HlydPHEmitProcContents(pos.TopPos, contentsPages, "PROCEDURE ");
 }
 
-// Dots from where the name ended to the page number at the right edge; the dots of all lines
-// stand on one grid.
-void dotsAndPage(Printer& printer, wPos& pos, std::int32_t& contentsPages, bool project, const std::string& page) {
-    HlydPASetAttributes(printAttributes(kElemProcedures));
+// The page numbers stand in a column at the right edge, wide enough for the widest of them and a
+// leader of at least two dots with a blank before and after: a declaration wraps before the
+// column, so no number ever lands on text and every number ends at one right edge.
+float numberColumn(Printer& printer, const std::string& widestPage) {
+    return printer.textWidth(widestPage) + 2 * printer.textWidth(" ") + 3 * printer.textWidth(".");
+}
+
+// Dots from a blank after the text to a blank before the page number, on one grid for all lines
+// so that they stand in columns; then the number, ending at the right edge. False, with nothing
+// printed, when fewer than two dots would fit.
+bool leaderAndPage(Printer& printer, float x, const std::string& page) {
     float d = printer.textWidth(".");
+    float blank = printer.textWidth(" ");
     float pageWidth = printer.textWidth(page);
-    float x = printer.currentX();
-    float y = printer.currentY();
-    float h = static_cast<float>(printAttributes(kElemProcedures).Height);
-    if (x + pageWidth + d > pos.RightPos) {
-        y += h;
-        pos.TopPos = y;
-        // The line must end above the bottom limit, as a declaration's own lines do: one that
-        // only begins above it runs into the footing.
-        if (pos.TopPos + h > printState().UsableArea.Bottom) {
-            newContentsPage(pos, contentsPages, project);
-            HlydPASetAttributes(printAttributes(kElemProcedures));
-            y = pos.TopPos;
-        }
-        x = pos.LeftPos;
-    }
-    if (d > 0) x = std::ceil(x / d) * d;
-    float room = rightEdge() - x - pageWidth;
+    if (d > 0) x = std::ceil((x + blank) / d) * d;
+    float room = rightEdge() - pageWidth - blank - x;
     long dots = d > 0 && room >= 0 ? static_cast<long>(room / d) : 0;
+    if (dots < 2) return false;
     printer.setCurrentX(x);
-    printer.setCurrentY(y);
-    if (dots > 0) printer.print(std::string(static_cast<std::size_t>(dots), '.'));
+    printer.print(std::string(static_cast<std::size_t>(dots), '.'));
     printer.setCurrentX(rightEdge() - pageWidth);
     printer.print(page);
-    pos.TopPos = y + h;
+    return true;
 }
 
-// A word wider than the room beside its indent is cut where the room ends; at least one of its
-// characters goes on the line, so that every line takes something away.
-std::size_t cutInWord(Printer& printer, const std::string& text, std::size_t indent, float room) {
-    std::size_t cut = indent + 1;
-    while (cut < text.size() && printer.textWidth(text.substr(0, cut + 1)) <= room) ++cut;
-    return cut;
+std::string pageText(std::int32_t page) { return std::to_string(page) + "  "; }
+
+// The table of a file's procedures, one entry at a time: an entry that does not fit below the
+// last goes to the next page whole, unless it is taller than a page.
+class ProcedureTable {
+public:
+    ProcedureTable(Printer& printer, wPos& pos, std::int32_t& contentsPages, bool project)
+        : printer_(printer), pos_(pos), contentsPages_(contentsPages), project_(project),
+          a_(printAttributes(kElemProcedures)), height_(static_cast<float>(a_.Height)) {}
+    void print(const std::vector<ProcEntry>& procs);
+
+private:
+    void entry(const ProcEntry& entry);
+    void keepWhole(float height);
+    float dotsAndPage(const std::string& page);
+
+    Printer& printer_;
+    wPos& pos_;
+    std::int32_t& contentsPages_;
+    bool project_;
+    AttributeRecord& a_;
+    float height_;
+    float pageTop_ = -1;  // where the page's first entry went; -1 before one stands on the page
+};
+
+void ProcedureTable::keepWhole(float height) {
+    bool pageHasEntries = pageTop_ >= 0 && pos_.TopPos > pageTop_;
+    if (pos_.TopPos + height < printState().UsableArea.Bottom || !pageHasEntries) return;
+    newContentsPage(pos_, contentsPages_, project_);
+    pageTop_ = pos_.TopPos;
 }
 
-// Where a procedure's text breaks to fit the room: at the last blank that leaves the piece within
-// it, or inside a word too wide for a line; the text's length when it all fits.
-std::size_t tocBreak(Printer& printer, const std::string& text, float room, float xw) {
-    std::size_t n = static_cast<std::size_t>(std::max(1.0f, room / xw));
-    std::size_t cut = n;
-    for (std::size_t c = std::min(n, text.size()); c >= 2; --c)
-        if (text[c - 1] == ' ') {
-            cut = c;
-            break;
+// Returns the top of the line the page number went on.
+float ProcedureTable::dotsAndPage(const std::string& page) {
+    HlydPASetAttributes(a_);
+    float x = printer_.currentX();
+    float y = printer_.currentY();
+    if (!leaderAndPage(printer_, x, page)) {
+        // Only a name no column was kept for gets here: its dots and page take the next line.
+        pos_.TopPos = y + height_;
+        if (pos_.TopPos + height_ >= printState().UsableArea.Bottom) {
+            newContentsPage(pos_, contentsPages_, project_);
+            pageTop_ = pos_.TopPos;
+            HlydPASetAttributes(a_);
         }
-    for (std::size_t next = text.find(' ', cut); next != std::string::npos && printer.textWidth(text.substr(0, next)) <= room;
-         next = text.find(' ', next + 1))
-        cut = next;
-    // A break within the indent would print blanks and leave the text as long as before.
-    std::size_t indent = text.find_first_not_of(' ');
-    if (indent == std::string::npos) return text.size();
-    if (cut <= indent) cut = cutInWord(printer, text, indent, room);
-    return std::min(cut, text.size());
+        y = pos_.TopPos;
+        printer_.setCurrentY(y);
+        leaderAndPage(printer_, pos_.LeftPos, page);
+    }
+    return y;
+}
+
+void ProcedureTable::entry(const ProcEntry& entry) {
+    if (pageTop_ < 0) pageTop_ = pos_.TopPos;
+    if (entry.Name == "<Declarations>" || entry.Name == "(Designer Object Definition)") {
+        keepWhole(height_);
+        HlydPASetAttributes(a_);
+        printer_.setCurrentX(pos_.LeftPos);
+        printer_.setCurrentY(pos_.TopPos);
+        printer_.print(entry.Name);
+        pos_.TopPos += height_;
+    } else {
+        std::int32_t record = theSourceTables().Statements[declarationStatement(entry)].FirstRecord;
+        float endX = 0;
+        keepWhole(MeasureContentsRecord(record, pos_, endX));
+        std::string text;
+        EmitCodeRecord(record, pos_, contentsPages_, project_ ? kEmitProjectContents : kEmitProcContents, text);
+    }
+    if (printState().PrintStatus == kPrintStopped) return;
+    float top = pos_.TopPos;
+    pos_.TopPos = std::max(top, dotsAndPage(pageText(entry.ProcPage)) + height_);
+}
+
+void ProcedureTable::print(const std::vector<ProcEntry>& procs) {
+    PrintState& p = printState();
+    std::int32_t widest = 0;
+    for (const ProcEntry& e : procs)
+        if (e.ProcPrinted) widest = std::max(widest, e.ProcPage);
+    HlydPASetAttributes(a_);
+    pos_.RightPos = rightEdge() - numberColumn(printer_, pageText(widest));
+    for (std::size_t e = 0; e < procs.size() && p.PrintStatus != kPrintStopped; ++e)
+        if (procs[e].ProcPrinted) entry(procs[e]);
 }
 
 // The table of contents line by line down its pages: files and projects in bold, procedures
@@ -104,67 +155,88 @@ public:
 
 private:
     void procedure(const TocEntry& entry);
+    void heading(const TocEntry& entry, bool more);
+    void keepWhole(std::size_t lines);
+    void newPage();
     void endLine(bool more);
+    float width(const std::string& text) { return printer_.textWidth(text); }
 
     Printer& printer_;
     wPos& pos_;
     std::int32_t& contentsPages_;
     AttributeRecord& a_;
-    float d_ = 0, xw_ = 0, height_ = 0;
+    float height_ = 0, pageTop_ = 0, column_ = 0;
     bool bold_ = false;
 };
 
-// Ends a line. With more to come, a line that would reach the footing starts the next page, also
-// within a procedure's declaration that takes many lines.
-void TocPages::endLine(bool more) {
-    PrintState& p = printState();
-    printer_.setCurrentY(printer_.currentY() + height_);
-    if (more && printer_.currentY() + height_ > p.UsableArea.Bottom) {
-        HlydPHEmitProcContents(pos_.TopPos, contentsPages_, "TABLE OF ");
-        HlydPASetAttributes(a_);
-        printer_.setFontBold(bold_);
-        printer_.setCurrentY(printer_.textHeight("XXX") + pos_.TopPos);
-    }
+void TocPages::newPage() {
+    HlydPHEmitProcContents(pos_.TopPos, contentsPages_, "TABLE OF ");
+    HlydPASetAttributes(a_);
+    printer_.setFontBold(bold_);
+    pageTop_ = printer_.textHeight("XXX") + pos_.TopPos;
+    printer_.setCurrentY(pageTop_);
     printer_.setCurrentX(pos_.LeftPos);
 }
 
-// A procedure's line, broken at blanks to fit beside its page number; the page stands on the
-// last piece.
-void TocPages::procedure(const TocEntry& entry) {
-    std::string text = std::string(6, ' ') + entry.Text;
-    float pw = printer_.textWidth(entry.Page);
-    float room = pos_.RightPos - pos_.LeftPos - pw;
-    while (xw_ > 0 && xw_ * static_cast<float>(text.size()) > room && printState().PrintStatus != kPrintStopped) {
-        std::size_t cut = tocBreak(printer_, text, room, xw_);
-        if (cut >= text.size()) break;
-        printer_.print(text.substr(0, cut));
-        endLine(true);
-        text = std::string(10, ' ') + text.substr(cut);
-    }
+// Ends a line. With more to come, a line that would reach the footing starts the next page, also
+// within a procedure's declaration taller than a page.
+void TocPages::endLine(bool more) {
+    printer_.setCurrentY(printer_.currentY() + height_);
+    if (more && printer_.currentY() + height_ > printState().UsableArea.Bottom) newPage();
+    printer_.setCurrentX(pos_.LeftPos);
+}
+
+// An entry of `lines` lines that would run into the footing starts on the next page.
+void TocPages::keepWhole(std::size_t lines) {
+    float y = printer_.currentY();
+    if (y > pageTop_ && y + static_cast<float>(lines) * height_ > printState().UsableArea.Bottom) newPage();
+}
+
+// A project or file: its name in bold, a path too wide for the line shortened in its middle; kept
+// on the page of its first procedure.
+void TocPages::heading(const TocEntry& entry, bool more) {
+    keepWhole(more ? 2 : 1);
+    std::string text = shortenPathToWidth(entry.Text, rightEdge() - pos_.LeftPos,
+                                          [this](const std::string& t) { return width(t); });
     printer_.print(text);
-    float length = rightEdge() - printer_.currentX() - pw;
-    long dots = d_ > 0 ? static_cast<long>((length < 0 ? d_ : length) / d_) : 0;
-    printer_.print(std::string(static_cast<std::size_t>(std::max(1L, dots)), '.'));
-    printer_.setCurrentX(rightEdge() - pw);
-    printer_.print(entry.Page);
+}
+
+// A procedure's declaration, broken at blanks before the column of page numbers; the page stands
+// on the last line.
+void TocPages::procedure(const TocEntry& entry) {
+    float room = rightEdge() - pos_.LeftPos - column_;
+    std::vector<std::string> lines =
+        wrapAtBlanks(entry.Text, 6, 10, room, [this](const std::string& t) { return width(t); });
+    keepWhole(lines.size());
+    for (std::size_t i = 0; i < lines.size() && printState().PrintStatus != kPrintStopped; ++i) {
+        if (i > 0) endLine(true);
+        printer_.print(lines[i]);
+    }
+    leaderAndPage(printer_, printer_.currentX(), entry.Page);
 }
 
 void TocPages::print() {
     PrintState& p = printState();
     HlydPASetAttributes(a_);
-    d_ = printer_.textWidth(".");
     pos_.TopPos += printer_.textHeight("XXX");
-    xw_ = printer_.textWidth("x");
     height_ = static_cast<float>(a_.Height);
+    pageTop_ = pos_.TopPos;
+    std::string widest;
+    for (const TocEntry& entry : toc)
+        if (entry.Type == kTocProcedure && width(entry.Page) > width(widest)) widest = entry.Page;
+    column_ = numberColumn(printer_, widest);
     printer_.setCurrentY(pos_.TopPos);
     printer_.setCurrentX(pos_.LeftPos);
     for (std::size_t i = 1; i < toc.size() && p.PrintStatus != kPrintStopped; ++i) {
         const TocEntry& entry = toc[i];
+        bool more = i + 1 < toc.size();
         bold_ = entry.Type != kTocProcedure;
         printer_.setFontBold(bold_);
-        if (entry.Type != kTocProcedure) printer_.print(entry.Text);
-        else procedure(entry);
-        endLine(i + 1 < toc.size());
+        // A blank line at the top of a page would only push the page's entries down.
+        if (entry.Type == kTocBlank && printer_.currentY() <= pageTop_) continue;
+        if (entry.Type == kTocProcedure) procedure(entry);
+        else if (entry.Type != kTocBlank) heading(entry, more);
+        endLine(more);
     }
 }
 
@@ -189,26 +261,8 @@ void EmitProcContents(wPos& pos, std::int32_t& contentsPages, bool, bool project
     if (!printer) return;
     SetPrinterProp();
     pos.LeftPos = p.UsableArea.Left;
+    ProcedureTable(*printer, pos, contentsPages, project).print(yProc());
     pos.RightPos = p.UsableArea.Right;
-    const std::vector<ProcEntry>& procs = yProc();
-    for (std::size_t e = 0; e < procs.size() && p.PrintStatus != kPrintStopped; ++e) {
-        const ProcEntry& entry = procs[e];
-        if (!entry.ProcPrinted) continue;
-        if (entry.Name == "<Declarations>" || entry.Name == "(Designer Object Definition)") {
-            if (pos.TopPos + static_cast<float>(printAttributes(kElemProcedures).Height) > p.UsableArea.Bottom)
-                newContentsPage(pos, contentsPages, project);
-            HlydPASetAttributes(printAttributes(kElemProcedures));
-            printer->setCurrentX(pos.LeftPos);
-            printer->setCurrentY(pos.TopPos);
-            printer->print(entry.Name);
-        } else {
-            std::string text;
-            std::int32_t record = theSourceTables().Statements[declarationStatement(entry)].FirstRecord;
-            EmitCodeRecord(record, pos, contentsPages, project ? kEmitProjectContents : kEmitProcContents, text);
-        }
-        if (p.PrintStatus == kPrintStopped) return;
-        dotsAndPage(*printer, pos, contentsPages, project, std::to_string(entry.ProcPage) + "  ");
-    }
 }
 
 void EmitProcContentsForOneFile(wPos& pos, bool mode) {
