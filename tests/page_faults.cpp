@@ -53,6 +53,16 @@ std::vector<std::string> pageFaults(const PageText& page) {
     return faults;
 }
 
+std::string faultsOf(const std::vector<PageText>& pages) {
+    std::vector<std::string> faults;
+    for (const PageText& page : pages)
+        for (std::string& fault : pageFaults(page)) faults.push_back(std::move(fault));
+    if (faults.empty()) return {};
+    std::string shown = std::to_string(faults.size()) + " faults on " + std::to_string(pages.size()) + " pages:";
+    for (std::size_t i = 0; i < std::min<std::size_t>(faults.size(), 40); ++i) shown += "\n  " + faults[i];
+    return shown;
+}
+
 std::vector<PageText> pdfWords(const std::string& pdf) {
     static const std::regex kPage(R"re(<page width="([\d.]+)" height="([\d.]+)">)re");
     static const std::regex kWord(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">(.*)</word>)re");
@@ -79,8 +89,11 @@ std::string writeCrowdedProject(const std::string& dir) {
     for (int f = 1; f <= 90; ++f) {
         std::string name = "CalculateOrderTotalsForCustomer" + std::to_string(f);
         calculations += "Public Function " + name + "(";
+        // The last parameter's name grows by a letter from one function to the next, so that the
+        // declarations' last lines come in every length up to the page number's place and past it.
         for (int p = 1; p <= 12; ++p)
-            calculations += (p > 1 ? ", " : "") + std::string("ByVal OrderQuantity") + std::to_string(p) + " As Long";
+            calculations += (p > 1 ? ", " : "") + std::string("ByVal OrderQuantity") + std::to_string(p) +
+                            std::string(p == 12 ? f % 60 : 0, 'x') + " As Long";
         calculations += ") As Boolean\r\n    " + name + " = OrderQuantity1 > 0\r\nEnd Function\r\n\r\n";
     }
     std::ofstream(folder / "OrderCalculations.bas", std::ios::binary) << calculations;

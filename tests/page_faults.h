@@ -23,6 +23,8 @@ struct PageText {
 // One line for each fault, naming the page and the texts; none when the page is sound. Boxes
 // that share less than 30 % of the smaller one only touch; blank and empty boxes are left out.
 std::vector<std::string> pageFaults(const PageText& page);
+// The faults of all the pages, the first forty of them a line each; empty when there are none.
+std::string faultsOf(const std::vector<PageText>& pages);
 
 // The words of every page of a PDF, as `pdftotext -bbox` gives them, in points from the sheet's
 // top left corner. Empty when the tool is missing.

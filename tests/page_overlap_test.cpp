@@ -141,12 +141,8 @@ TEST_P(PageOverlapTest, NoTextStandsOverTextTheFrameOrTheEdge) {
     // of three and four digits.
     EXPECT_TRUE(c.sample || mostContents > 8) << mostContents;
     EXPECT_TRUE(c.startPage == 0 || mostPrinted > c.startPage + 5) << mostPrinted;
-    std::vector<std::string> faults;
-    for (const PageText& page : pages)
-        for (std::string& fault : test::pageFaults(page)) faults.push_back(std::move(fault));
-    std::string shown;
-    for (std::size_t i = 0; i < std::min<std::size_t>(faults.size(), 40); ++i) shown += "\n  " + faults[i];
-    EXPECT_TRUE(faults.empty()) << faults.size() << " faults on " << pages.size() << " pages:" << shown;
+    std::string faults = test::faultsOf(pages);
+    EXPECT_TRUE(faults.empty()) << faults;
 }
 
 INSTANTIATE_TEST_SUITE_P(Layouts, PageOverlapTest, ::testing::ValuesIn(kCases),
@@ -174,7 +170,6 @@ TEST(PdfPageOverlapTest, TheCrowdedProjectPrintedToPdfKeepsItsTextApart) {
                   "' 2>&1");
         std::vector<test::PageText> pages = test::pdfWords(pdf);
         ASSERT_GT(pages.size(), 20u) << pdf;
-        std::vector<std::string> faults;
         for (test::PageText& page : pages) {
             page.name = (orientation == 2 ? "landscape " : "portrait ") + page.name;
             page.width -= 2 * kEdge, page.height -= 2 * kEdge;
@@ -189,11 +184,9 @@ TEST(PdfPageOverlapTest, TheCrowdedProjectPrintedToPdfKeepsItsTextApart) {
             for (test::TextBox& b : page.boxes)
                 b.frame = b.y0 >= top - 0.5 && b.y1 <= bottom + 0.5 &&
                           std::find(footingWords.begin(), footingWords.end(), b.text) != footingWords.end();
-            for (std::string& fault : test::pageFaults(page)) faults.push_back(std::move(fault));
         }
-        std::string shown;
-        for (std::size_t i = 0; i < std::min<std::size_t>(faults.size(), 40); ++i) shown += "\n  " + faults[i];
-        EXPECT_TRUE(faults.empty()) << faults.size() << " faults on " << pages.size() << " pages:" << shown;
+        std::string faults = test::faultsOf(pages);
+        EXPECT_TRUE(faults.empty()) << faults;
     }
     fs::remove_all(work);
 #endif
