@@ -133,7 +133,7 @@ TEST_F(PrinterSetupTest, StartOnTheRecordingPrinterMeasuresFontsAndLaysOutThePag
     // bottom margin.
     const AreaRecord& u = state().UsableArea;
     EXPECT_EQ(u.Top, 360);
-    EXPECT_EQ(u.Bottom, 15300 - 360 - 288);
+    EXPECT_EQ(u.Bottom, 15300 - 360 - 240);
     EXPECT_EQ(u.Left, 1080);
     EXPECT_EQ(u.Right, 11340);
     EXPECT_EQ(u.Width, 10080);
@@ -142,21 +142,21 @@ TEST_F(PrinterSetupTest, StartOnTheRecordingPrinterMeasuresFontsAndLaysOutThePag
     EXPECT_EQ(state().SavedBottom, u.Bottom);
     EXPECT_EQ(state().Columns.Width, 10080);
 
-    // 12-point Courier New: every character 144 twips, a line 288.
+    // 10-point Courier New: every character 120 twips, a line 240.
     const LayoutMetrics& m = layoutMetrics();
     for (int e = 1; e <= kElementCount; ++e) {
-        EXPECT_EQ(printFont(e).Height, 288) << e;
-        EXPECT_EQ(printFont(e).XWidth, 144) << e;
-        EXPECT_EQ(printFont(e).SpaceWidth, 144) << e;
+        EXPECT_EQ(printFont(e).Height, 240) << e;
+        EXPECT_EQ(printFont(e).XWidth, 120) << e;
+        EXPECT_EQ(printFont(e).SpaceWidth, 120) << e;
     }
-    EXPECT_EQ(m.MaxFontHeight[kPrint], 288);
-    EXPECT_EQ(m.WhiteSpaceSize[kPrint], 123);  // 6 x 144 / 7
-    EXPECT_EQ(m.ConnectorSize[kPrint], 123);
-    EXPECT_EQ(m.IndentSize[kPrint], 123);
-    EXPECT_EQ(m.ContinueSize[kPrint], 288);
+    EXPECT_EQ(m.MaxFontHeight[kPrint], 240);
+    EXPECT_EQ(m.WhiteSpaceSize[kPrint], 102);  // 6 x 120 / 7
+    EXPECT_EQ(m.ConnectorSize[kPrint], 102);
+    EXPECT_EQ(m.IndentSize[kPrint], 102);
+    EXPECT_EQ(m.ContinueSize[kPrint], 240);
     EXPECT_EQ(m.PrintTwipsPerPixelY, 2);
     EXPECT_EQ(m.TwipsPerPixelY, 15);  // the screen's stay
-    EXPECT_EQ(state().LineNumberWidth, 864);
+    EXPECT_EQ(state().LineNumberWidth, 720);
     EXPECT_NE(readLog().find("PrinterFonts=3"), std::string::npos);
 }
 
@@ -368,7 +368,7 @@ TEST_F(PrinterSetupTest, TheStartSetsUpThePrinterBeforeTheKeywords) {
     InitApp();
     EXPECT_TRUE(ui.shown.empty()) << ui.shown.front().text;
     EXPECT_TRUE(state().PrinterValid);
-    EXPECT_EQ(layoutMetrics().WhiteSpaceSize[kPrint], 123);
+    EXPECT_EQ(layoutMetrics().WhiteSpaceSize[kPrint], 102);
 }
 
 }  // namespace

@@ -197,7 +197,7 @@ INSTANTIATE_TEST_SUITE_P(
         OutOfRange{"[P1.Print]\nFontAttr.Comments=No No No No 0.01", [] { return printFont(kElemComments).Size; }, 1},
         OutOfRange{"[P1.Print]\nFontAttr.Literals=No No No No 1000000000", [] { return printFont(kElemLiterals).Size; }, 1638},
         OutOfRange{"[P1.Print]\nColor.Foreground.Comments=99999999999",
-                   [] { return double(displayAttributes().Elements[kElemComments].slot[kPrint].ForeColor); }, 65280}),
+                   [] { return double(displayAttributes().Elements[kElemComments].slot[kPrint].ForeColor); }, 0x008000}),
     [](const ::testing::TestParamInfo<OutOfRange>& info) {
         std::string line = info.param.lines;
         std::string name = line.substr(line.find('\n') == std::string::npos ? 0 : line.find('\n') + 1);
@@ -231,7 +231,7 @@ TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {
     const FontSpec& k = element(kPrint, kElemKeyWords).Font;
     EXPECT_TRUE(k.Bold);
     EXPECT_FALSE(k.Italic);
-    EXPECT_EQ(k.Size, 12);
+    EXPECT_EQ(k.Size, 10);
     EXPECT_EQ(element(kPrint, kElemKeyWords).ForeColor, 16711680u);
     EXPECT_EQ(displayAttributes().Format[kDisplay].ProcSkip, 'P');
     EXPECT_EQ(displayAttributes().Format[kPrint].ProcSkip, 'N');
@@ -266,7 +266,7 @@ TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
     EXPECT_EQ(format[kPrint].TabWidth, 4);
     EXPECT_EQ(format[kDisplay].TabWidth, 0);  // no tab width is a choice
     EXPECT_EQ(element(kDisplay, kElemComments).Font.Size, 10);
-    EXPECT_EQ(element(kPrint, kElemKeyWords).Font.Size, 12);
+    EXPECT_EQ(element(kPrint, kElemKeyWords).Font.Size, 10);
     EXPECT_EQ(element(kDisplay, kElemIdentifiers).ForeColor, 0u);
     EXPECT_EQ(element(kDisplay, kElemIdentifiers).BackColor, 255u);
     EXPECT_EQ(element(kDisplay, kElemLiterals).ForeColor, 0u);  // white on the white it was stored as

@@ -104,6 +104,8 @@ void RecorderTest::SetUp() {
     ProgramTest::SetUp();
     hlydSettings().CurrentPrinter = "Recorder";
     setPrinterSystem(&recorders);
+    // The print tests count in the twips of 12-point text: 144 a character, 288 a line.
+    for (int e = 1; e <= kElementCount; ++e) displayAttributes().Elements[e].slot[kPrint].Font.Size = 12;
     InitPrinter();
 }
 

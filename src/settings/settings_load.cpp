@@ -33,7 +33,11 @@ const char* const kHeadingDefaults[3] = {"@FileName;|;<File Date: >; @FileDate; 
 const char* const kFootingCenterDefault = "<Listed by Halyard>|<Visual Basic source, as it stands>";
 const char* const kDisplayFontName = "Courier New";
 constexpr double kDisplayFontSize = 10;
-constexpr double kPrintFontSize = 12;
+// Paper is read closer than a screen: 10 points keep a listing as dense as a plain text print.
+constexpr double kPrintFontSize = 10;
+// Pure green on white is hard to read (1.4:1) and pale grey on a mono printer; this green has
+// more than 4.5:1.
+constexpr double kPaperGreen = 0x008000;
 
 constexpr const char* kLoadSource = "sbINIGetInfo";
 
@@ -267,7 +271,7 @@ void readElements(int dest, const std::string& section, const std::string& defau
         bool green = e == kElemComments || e == kElemLineNumbers;
         bool bold = e == kElemKeyWords || e == kElemProcedures || e == kElemHeadersFooters;
         double background = dest == kDisplay ? kSystemWindowBackground : kWhite;
-        double foreground = green ? 65280 : (e == kElemKeyWords ? 16711680 : 0);
+        double foreground = green ? (dest == kPrint ? kPaperGreen : 65280) : (e == kElemKeyWords ? 16711680 : 0);
         i.setSection(section);
         a.BackColor = readColour("Color.Background." + name, background);
         const std::uint32_t storedBack = a.BackColor;
