@@ -416,6 +416,21 @@ TEST_F(PrintPagesTest, AProcedureTablesLastLineKeepsClearOfTheFooting) {
     }
 }
 
+// Text aligned in the source stays aligned on paper: a blank advances as far as a character of
+// the fixed-width font, and a tab goes to the next stop of the tab width, counted from the code's
+// start.
+TEST_F(PrintPagesTest, AlignedSourceKeepsItsColumnsWithBlanksAndTabs) {
+    format().TabWidth = 4;
+    print("Const A    = 1\nConst BBBB = 2\nC\t= 3\nCCC\t= 4\nCCCC\t= 5\n");
+    std::vector<float> equals;
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (e.text == "=") equals.push_back(e.x1);
+    ASSERT_EQ(equals.size(), 5u);
+    EXPECT_EQ(equals[0], equals[1]);
+    EXPECT_EQ(equals[2], equals[3]);
+    EXPECT_EQ(equals[4] - equals[3], 4 * kCharWidth);  // "CCCC" fills a stop: the tab goes to the next
+}
+
 // Functions whose declarations take three lines of the contents, one to a page from page 98 on,
 // so that the page numbers grow from two digits to three.
 class ContentsLayoutTest : public PrintPagesTest {

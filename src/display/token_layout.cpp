@@ -64,6 +64,7 @@ private:
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
     float penX_ = -1, penY_ = -1;
     std::int32_t wraps_ = 0;
+    std::int32_t column_ = 0;  // characters since the code's start, for tab stops
     bool stopped_ = false;
 };
 
@@ -84,17 +85,22 @@ bool RecordPainter::breakIfFull() {
     return true;
 }
 
+// Blanks advance by the real width of a blank in the font on their left, as the source's columns
+// were typed in a fixed-width font: an averaged width let aligned `=` signs and comments wander.
+// A tab goes on to the next multiple of the tab width, counted from where the code starts.
 void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
     const std::string& lead = t_.Tokens[next].LeadingSpace;
-    std::size_t blanks = lead.size();
+    column_ += static_cast<std::int32_t>(t_.Tokens[next - 1].Text.size());
+    std::int32_t blanks = 0;
+    for (char c : lead) blanks += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - (column_ + blanks) % f_.TabWidth : 1;
     float unit = static_cast<float>(left.SpaceWidth);
-    if (hooks_.gap == GapRule::WhiteSpace) unit = m_.WhiteSpaceSize[dest_];
     if (hooks_.gap == GapRule::SingleBlank) {
         blanks = lead.empty() ? 0 : 1;
         unit = m_.WhiteSpaceSize[dest_];
     }
+    column_ += blanks;
     x_ += static_cast<float>(blanks) * unit;
-    if (hooks_.textDrawn) hooks_.textDrawn->append(blanks, ' ');
+    if (hooks_.textDrawn) hooks_.textDrawn->append(static_cast<std::size_t>(blanks), ' ');
 }
 
 std::int32_t RecordPainter::lastToken(const Record& r) const {

@@ -26,10 +26,10 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
                              std::int32_t firstToken, std::int32_t lastToken);
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int displayOrPrint);
 
-// How the gap before a token is measured: its blanks in the space width of the font on its left
-// (the screen), in the mean white space (paper), or as one blank whatever it holds (the
-// declaration lines of a contents listing).
-enum class GapRule { SpaceWidth, WhiteSpace, SingleBlank };
+// How the gap before a token is measured: its blanks (tabs to their stops) in the space width of
+// the font on its left, or as one blank whatever it holds (the declaration lines of a contents
+// listing).
+enum class GapRule { SpaceWidth, SingleBlank };
 
 // What differs between the destinations while a record is laid out.
 struct RecordLayoutHooks {

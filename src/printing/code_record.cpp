@@ -121,7 +121,6 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     numberWidth_ = numbered ? p.LineNumberWidth : 0;
     pos_.BottomLimit = p.UsableArea.Bottom;
     RecordLayoutHooks hooks = mode_ == kEmitCode ? RecordLayoutHooks{} : contentsHooks();
-    if (mode_ == kEmitCode) hooks.gap = GapRule::WhiteSpace;
     hooks.textDrawn = &text;
     hooks.whiteIsPaper = true;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
