@@ -134,8 +134,14 @@ temporaries)
         stopped_at_work
         kill -s "$signal" "$pid"
         kill -s CONT "$pid"
+        # Under job control `wait` also returns when the stopped job is reported, while the run
+        # may still be removing its temporary file: wait until it has really ended.
         rc=0
         wait "$pid" || rc=$?
+        while kill -0 "$pid" 2>/dev/null; do
+            rc=0
+            wait "$pid" || rc=$?
+        done
         [ "$rc" -gt 128 ] || fail "SIG$signal: the run ended with exit $rc"
         no_temporaries "SIG$signal"
         cmp -s out.pdf good.pdf || fail "SIG$signal: the earlier PDF did not survive"
