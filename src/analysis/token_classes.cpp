@@ -130,8 +130,11 @@ void LineClassifier::keyword(std::int32_t k) {
     bool lookup = k > 1 || !m_.InType;
     if (!lookup && k == 1 && n_ >= 2 && (equalsUpper(t.Text, "PRIVATE") || equalsUpper(t.Text, "END")))
         lookup = secondTokenIs("TYPE") || secondTokenIs("ENUM");
+    // A form's property is named before its "=": `Left` and `Height` alike are property names
+    // there, whether or not the language also has the word.
+    bool propertyName = m_.InFormHeader && k == 1 && n_ >= 2 && w_[2].Text == "=";
     std::int32_t index = 0;
-    if (lookup) SearchForKeyWord(t.Text, index);
+    if (lookup && !propertyName) SearchForKeyWord(t.Text, index);
     if (index == 0) {
         setClass(t, kTokIdentifier, kDetIdentifier);
         return;
