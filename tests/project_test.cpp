@@ -47,16 +47,10 @@ public:
     std::vector<std::pair<std::string, bool>> offered;  // member files and their marks
 };
 
+// Lines 2 to 6 name a member of each kind, line 7 one that is missing.
 const char* const kSampleProject =
-    "Type=Exe\n"
-    "Form=MainForm.frm\n"
-    "Module=Utils; Utils.bas\n"
-    "Class=Shape; Shape.cls\n"
-    "UserControl=Dial.ctl\n"
-    "PropertyPage=Page1.pag\n"
-    "Module=Gone; Gone.bas\n"
-    "Startup=\"frmMain\"\n"
-    "Name=\"Sample\"\n";
+    "Type=Exe\nForm=MainForm.frm\nModule=Utils; Utils.bas\nClass=Shape; Shape.cls\nUserControl=Dial.ctl\n"
+    "PropertyPage=Page1.pag\nModule=Gone; Gone.bas\nStartup=\"frmMain\"\nName=\"Sample\"\n";
 
 class ProjectTest : public test::ProgramTest {
 protected:

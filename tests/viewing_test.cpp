@@ -107,13 +107,8 @@ TEST_F(ViewingTest, EndAndPageDownNearTheEndAskForTheEnd) {
 }
 
 TEST_F(ViewingTest, ValueOnAHiddenRecordShowsTheNextVisibleOne) {
-    open("Form1.frm",
-         "VERSION 5.00\n"
-         "Begin VB.Form Form1\n"
-         "   Caption = \"Form1\"\n"
-         "End\n"
-         "Attribute VB_Name = \"Form1\"\n"  // record 5
-         "Option Explicit\n");
+    open("Form1.frm",  // the description, then record 5
+         "VERSION 5.00\nBegin VB.Form Form1\n   Caption = \"Form1\"\nEnd\nAttribute VB_Name = \"Form1\"\nOption Explicit\n");
     // The description was shown when the file opened; now the user hides it and drags the bar.
     hlydSettings().ViewFormDef[kDisplay] = false;
     bar().Max = 50;
