@@ -54,46 +54,55 @@ std::string lines(const std::string& line, int count) {
     return text;
 }
 
-TEST_F(BadInputTest, LineLengthLimit) {
-    std::string longest = "s = \"" + std::string(2042, 'a') + "\"";
-    ASSERT_EQ(longest.size(), 2048u);
-    ASSERT_EQ(analyze("x = 1\n" + longest + "\ny = 2\n"), 11);
-    EXPECT_EQ(token(record(2).LastT).Text.size(), 2044u);
+// A line at a limit of the reader is read whole; one past it ends the file with a marker in its
+// place, the lines before it kept, and the reason logged. Every character of a line may be a token,
+// so the token limit is reached within the length limit; on a line past both the length counts.
+struct LineLimitCase {
+    const char* name;
+    std::string fits;  // empty: none
+    std::int32_t fitsTokens;
+    std::string overflows;
+    int detail;
+    std::string logged;
+};
 
+void PrintTo(const LineLimitCase& c, std::ostream* os) { *os << c.name; }
+
+class LineLimitTest : public BadInputTest, public ::testing::WithParamInterface<LineLimitCase> {};
+
+TEST_P(LineLimitTest, FitsOrEndsTheFile) {
+    const LineLimitCase& c = GetParam();
+    if (!c.fits.empty()) {
+        ASSERT_EQ(analyze("x = 1\n" + c.fits + "\ny = 2\n"), 11);
+        EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, c.fitsTokens);
+        std::string line;
+        for (std::int32_t t = record(2).FirstT; t <= record(2).LastT; ++t) line += token(t).LeadingSpace + token(t).Text;
+        EXPECT_EQ(line, c.fits);
+    }
     hlyd::theLog().LogOpen(logPath(), 1);
-    std::string tooLong = "s = \"" + std::string(2043, 'a') + "\"";
-    ASSERT_EQ(analyze("x = 1\n" + tooLong + "\ny = 2\n"), 4);
-    EXPECT_EQ(detail(), -2);
-    EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
-    ASSERT_EQ(record(2).FirstT, record(2).LastT);
-    EXPECT_EQ(token(record(2).FirstT).Text, "???InvalidRecord???");
-    EXPECT_EQ(token(record(2).FirstT).Class, 2);
-    EXPECT_EQ(tables().RecordCount, 3) << "the marker, then the sentinel; nothing after is read";
-    expectConsistentTables();
-    EXPECT_NE(readLog().find("The following error occurred in proc ReadRecordExtractTokens reading record:2. \n"
-                             "===>Record too big -- greater than 2048 characters"),
-              std::string::npos);
-}
-
-// Every character of a line may be a token, so the token limit is reached within the length limit.
-TEST_F(BadInputTest, TokenLimitOfALine) {
-    ASSERT_EQ(analyze("x = 1\n" + std::string(1996, ',') + "\n"), 11);
-    EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, 1996);
-
-    hlyd::theLog().LogOpen(logPath(), 1);
-    ASSERT_EQ(analyze("x = 1\n" + std::string(1997, ',') + "\nz = 3\n"), 4);
-    EXPECT_EQ(detail(), -3);
+    ASSERT_EQ(analyze("x = 1\n" + c.overflows + "\ny = 2\n"), 4);
+    EXPECT_EQ(detail(), c.detail);
     EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
     EXPECT_EQ(texts(2), (Texts{"???InvalidRecord???"}));
+    EXPECT_EQ(token(record(2).FirstT).Class, 2);
+    EXPECT_EQ(tables().RecordCount, 3) << "the marker, then the sentinel; nothing after is read";
     EXPECT_EQ(tables().TokenCount, 4);
     expectConsistentTables();
-    EXPECT_NE(readLog().find("reading record:2. \n===>Record too complex -- contains more than 2000 tokens"),
+    EXPECT_NE(readLog().find("The following error occurred in proc ReadRecordExtractTokens reading record:2. \n===>" +
+                             c.logged),
               std::string::npos);
-
-    // The longest line of the most tokens: the length limit comes first.
-    ASSERT_EQ(analyze(std::string(2100, ',')), 4);
-    EXPECT_EQ(detail(), -2);
 }
+
+const std::string kTooBig = "Record too big -- greater than 2048 characters";
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, LineLimitTest,
+    ::testing::Values(LineLimitCase{"Length", "s = \"" + std::string(2042, 'a') + "\"", 3,
+                                    "s = \"" + std::string(2043, 'a') + "\"", -2, kTooBig},
+                      LineLimitCase{"Tokens", std::string(1996, ','), 1996, std::string(1997, ','), -3,
+                                    "Record too complex -- contains more than 2000 tokens"},
+                      LineLimitCase{"LengthAndTokens", "", 0, std::string(2100, ','), -2, kTooBig}),
+    [](const ::testing::TestParamInfo<LineLimitCase>& info) { return std::string(info.param.name); });
 
 TEST_F(BadInputTest, TokenLimitOfAFile) {
     // 97 tokens a line: 5154 lines fill 499938 tokens, the next line would pass 500000.
