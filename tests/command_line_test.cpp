@@ -262,6 +262,8 @@ struct CutCase {
     const char* reason;
 };
 
+void PrintTo(const CutCase& c, std::ostream* os) { *os << c.name; }
+
 class CutFileTest : public CommandLineRunTest, public ::testing::WithParamInterface<CutCase> {
 protected:
     static std::size_t occurrences(const std::string& text, const std::string& part) {
