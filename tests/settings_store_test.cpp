@@ -40,12 +40,7 @@ protected:
         std::ofstream(iniPath(), std::ios::binary) << text;
         clearProfileCache();
     }
-    std::string iniText() const {
-        std::ifstream in(iniPath(), std::ios::binary);
-        std::ostringstream all;
-        all << in.rdbuf();
-        return all.str();
-    }
+    std::string iniText() const { return test::settingsFileText(); }
     // The settings as a fresh run reads them from this file, without the start-up save.
     void loadFrom(const std::string& text) {
         resetSettings();
