@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
+#include <ostream>
 #include <random>
 
 #include "base/c_debug.h"
@@ -44,12 +46,6 @@ protected:
             EXPECT_EQ(record(tables().RecordCount).FirstT, 0);
         }
     }
-
-    std::string validate(const std::string& name, const std::string& content) {
-        std::string dialect = "unset";
-        hlyd::BabValidateFile(hlyd::test::writeTempFile(name, content), dialect);
-        return dialect;
-    }
 };
 
 std::string lines(const std::string& line, int count) {
@@ -58,46 +54,55 @@ std::string lines(const std::string& line, int count) {
     return text;
 }
 
-TEST_F(BadInputTest, LineLengthLimit) {
-    std::string longest = "s = \"" + std::string(2042, 'a') + "\"";
-    ASSERT_EQ(longest.size(), 2048u);
-    ASSERT_EQ(analyze("x = 1\n" + longest + "\ny = 2\n"), 11);
-    EXPECT_EQ(token(record(2).LastT).Text.size(), 2044u);
+// A line at a limit of the reader is read whole; one past it ends the file with a marker in its
+// place, the lines before it kept, and the reason logged. Every character of a line may be a token,
+// so the token limit is reached within the length limit; on a line past both the length counts.
+struct LineLimitCase {
+    const char* name;
+    std::string fits;  // empty: none
+    std::int32_t fitsTokens;
+    std::string overflows;
+    int detail;
+    std::string logged;
+};
 
+void PrintTo(const LineLimitCase& c, std::ostream* os) { *os << c.name; }
+
+class LineLimitTest : public BadInputTest, public ::testing::WithParamInterface<LineLimitCase> {};
+
+TEST_P(LineLimitTest, FitsOrEndsTheFile) {
+    const LineLimitCase& c = GetParam();
+    if (!c.fits.empty()) {
+        ASSERT_EQ(analyze("x = 1\n" + c.fits + "\ny = 2\n"), 11);
+        EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, c.fitsTokens);
+        std::string line;
+        for (std::int32_t t = record(2).FirstT; t <= record(2).LastT; ++t) line += token(t).LeadingSpace + token(t).Text;
+        EXPECT_EQ(line, c.fits);
+    }
     hlyd::theLog().LogOpen(logPath(), 1);
-    std::string tooLong = "s = \"" + std::string(2043, 'a') + "\"";
-    ASSERT_EQ(analyze("x = 1\n" + tooLong + "\ny = 2\n"), 4);
-    EXPECT_EQ(detail(), -2);
-    EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
-    ASSERT_EQ(record(2).FirstT, record(2).LastT);
-    EXPECT_EQ(token(record(2).FirstT).Text, "???InvalidRecord???");
-    EXPECT_EQ(token(record(2).FirstT).Class, 2);
-    EXPECT_EQ(tables().RecordCount, 3) << "the marker, then the sentinel; nothing after is read";
-    expectConsistentTables();
-    EXPECT_NE(readLog().find("The following error occurred in proc ReadRecordExtractTokens reading record:2. \n"
-                             "===>Record too big -- greater than 2048 characters"),
-              std::string::npos);
-}
-
-// Every character of a line may be a token, so the token limit is reached within the length limit.
-TEST_F(BadInputTest, TokenLimitOfALine) {
-    ASSERT_EQ(analyze("x = 1\n" + std::string(1996, ',') + "\n"), 11);
-    EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, 1996);
-
-    hlyd::theLog().LogOpen(logPath(), 1);
-    ASSERT_EQ(analyze("x = 1\n" + std::string(1997, ',') + "\nz = 3\n"), 4);
-    EXPECT_EQ(detail(), -3);
+    ASSERT_EQ(analyze("x = 1\n" + c.overflows + "\ny = 2\n"), 4);
+    EXPECT_EQ(detail(), c.detail);
     EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
     EXPECT_EQ(texts(2), (Texts{"???InvalidRecord???"}));
+    EXPECT_EQ(token(record(2).FirstT).Class, 2);
+    EXPECT_EQ(tables().RecordCount, 3) << "the marker, then the sentinel; nothing after is read";
     EXPECT_EQ(tables().TokenCount, 4);
     expectConsistentTables();
-    EXPECT_NE(readLog().find("reading record:2. \n===>Record too complex -- contains more than 2000 tokens"),
+    EXPECT_NE(readLog().find("The following error occurred in proc ReadRecordExtractTokens reading record:2. \n===>" +
+                             c.logged),
               std::string::npos);
-
-    // The longest line of the most tokens: the length limit comes first.
-    ASSERT_EQ(analyze(std::string(2100, ',')), 4);
-    EXPECT_EQ(detail(), -2);
 }
+
+const std::string kTooBig = "Record too big -- greater than 2048 characters";
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, LineLimitTest,
+    ::testing::Values(LineLimitCase{"Length", "s = \"" + std::string(2042, 'a') + "\"", 3,
+                                    "s = \"" + std::string(2043, 'a') + "\"", -2, kTooBig},
+                      LineLimitCase{"Tokens", std::string(1996, ','), 1996, std::string(1997, ','), -3,
+                                    "Record too complex -- contains more than 2000 tokens"},
+                      LineLimitCase{"LengthAndTokens", "", 0, std::string(2100, ','), -2, kTooBig}),
+    [](const ::testing::TestParamInfo<LineLimitCase>& info) { return std::string(info.param.name); });
 
 TEST_F(BadInputTest, TokenLimitOfAFile) {
     // 97 tokens a line: 5154 lines fill 499938 tokens, the next line would pass 500000.
@@ -261,83 +266,72 @@ TEST_F(BadInputTest, NoRegularFileIsRefusedForWhatItIs) {
     std::filesystem::remove(fifo);
 }
 
-// Each case: file content, the dialect it gives, the status and detail it leaves.
-struct FirstLineCase {
-    std::string content;
-    std::string dialect;
-    int status;
-    int detail;
-};
-
-TEST_F(BadInputTest, FirstLineDecidesSourceAndDialect) {
-    const std::vector<FirstLineCase> cases = {
-        {lines("", 10) + "VERSION 5.00\nBegin VB.Form F\n", "6", 0, 0},
-        {"VERSION 2.00\n", "3", 0, 0},
-        {"VERSION 4.00\r\n", "4", 0, 0},
-        {"VERSION 1.0 CLASS\n", "6", 0, 0},
-        {"VERSION 1.0\n", "?", 0, 0},
-        {"Attribute VB_Name = \"Module1\"\n", "6", 0, 0},
-        {"Attribute VB_Name  = x\n", "?", 0, 0},  // two blanks make five words
-        {"   \n\nOption Explicit\n", "?", 0, 0},
-        {"' a comment\n", "?", 0, 0},
-        {"Public Foo\n", "?", 20, 1},
-        {"  VERSION 5.00\n", "?", 20, 1},  // an indented first line has an empty first word
-        {lines("   ", 5), "?", 4, 1},
-        {"", "?", 4, 1},
-    };
-    for (std::size_t i = 0; i < cases.size(); ++i) {
-        const FirstLineCase& c = cases[i];
-        EXPECT_EQ(validate("first-line-" + std::to_string(i) + ".bas", c.content), c.dialect) << c.content;
-        EXPECT_EQ(status(), c.status) << c.content;
-        EXPECT_EQ(detail(), c.detail) << c.content;
-    }
-    EXPECT_TRUE(ui.shown.empty());
-}
-
-TEST_F(BadInputTest, BinaryFirstLineIsAReadFault) {
-    const std::vector<std::pair<std::string, std::string>> files = {
-        {"nul.bin", "VERSION\0 5.00\n"s},
-        {"ff.bin", "\n\nOption \xFF\n"},
-        {"long.bin", std::string(3000, 'A')},
-    };
-    for (const auto& [name, content] : files) {
-        ui.shown.clear();
-        std::string path = hlyd::test::writeTempFile(name, content), dialect;
-        hlyd::BabValidateFile(path, dialect);
-        EXPECT_EQ(dialect, "?") << name;
-        EXPECT_EQ(status(), 4) << name;
-        EXPECT_EQ(detail(), 2) << name;
-        ASSERT_EQ(ui.shown.size(), 1u) << name;
-        EXPECT_EQ(ui.shown[0].text, "Module BabValidateFile diagnosed VBErr=14 on file " + path);
-    }
-    // Exactly 2048 characters on the first line is no binary, and a blank line of any length is skipped.
-    EXPECT_EQ(validate("long-ok.bas", "'" + std::string(2047, 'a')), "?");
-    EXPECT_EQ(status(), 0);
-    EXPECT_EQ(validate("long-blank.frm", std::string(3000, ' ') + "\nVERSION 5.00\n"), "6");
-    EXPECT_EQ(status(), 0);
-    validate("long-blank.bin", std::string(3000, ' ') + "x\n");
-    EXPECT_EQ(status(), 4);
-    EXPECT_EQ(detail(), 2);
-}
-
 TEST_F(BadInputTest, TraceGivesTheDialectAlsoWhenTheFileFails) {
     hlyd::theLog().LogOpen(logPath(), 1);
     hlyd::theDebug().TracePackages = true;
-    validate("trace-empty.bas", "");
+    std::string dialect;
+    hlyd::BabValidateFile(hlyd::test::writeTempFile("trace-empty.bas", ""), dialect);
     EXPECT_EQ(status(), 4);
     EXPECT_NE(readLog().find("Dialect=<?>"), std::string::npos);
 }
 
-TEST_F(BadInputTest, MissingFileIsReported) {
-    std::filesystem::path dir = std::filesystem::path(hlyd::test::writeTempFile("present.bas", "")).parent_path();
-    std::string path = (dir / "no-such-file.bas").string();
-    std::filesystem::remove(path);
+// The first line that is not blank tells source from anything else, and which dialect it is in.
+struct FirstLineCase {
+    const char* name;
+    std::optional<std::string> content;  // none: there is no such file
     std::string dialect;
+    int status;
+    int detail;
+    std::string told = "";  // what the user is shown, "@" standing for the file's path
+};
+
+void PrintTo(const FirstLineCase& c, std::ostream* os) { *os << c.name; }
+
+class FirstLineTest : public BadInputTest, public ::testing::WithParamInterface<FirstLineCase> {};
+
+TEST_P(FirstLineTest, DecidesSourceAndDialect) {
+    const FirstLineCase& c = GetParam();
+    std::string path = hlyd::test::writeTempFile(std::string(c.name) + ".bas", c.content.value_or(""));
+    if (!c.content) std::filesystem::remove(path);
+    std::string dialect = "unset";
     hlyd::BabValidateFile(path, dialect);
-    EXPECT_EQ(status(), 7);
-    EXPECT_EQ(dialect, "?");
-    ASSERT_EQ(ui.shown.size(), 1u);
-    EXPECT_EQ(ui.shown[0].text.rfind("The following error occurred processing " + path + ".\n\n", 0), 0u);
+    EXPECT_EQ(dialect, c.dialect);
+    EXPECT_EQ(status(), c.status);
+    EXPECT_EQ(detail(), c.detail);
+    if (c.told.empty()) {
+        EXPECT_TRUE(ui.shown.empty());
+    } else {
+        ASSERT_EQ(ui.shown.size(), 1u);
+        EXPECT_EQ(ui.shown[0].text, c.told.substr(0, c.told.find('@')) + path + c.told.substr(c.told.find('@') + 1));
+    }
 }
+
+const std::string kBinary = "Module BabValidateFile diagnosed VBErr=14 on file @";
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, FirstLineTest,
+    ::testing::Values(
+        FirstLineCase{"FormAfterBlankLines", lines("", 10) + "VERSION 5.00\nBegin VB.Form F\n", "6", 0, 0},
+        FirstLineCase{"Version2", "VERSION 2.00\n", "3", 0, 0},
+        FirstLineCase{"Version4WithCrLf", "VERSION 4.00\r\n", "4", 0, 0},
+        FirstLineCase{"Class", "VERSION 1.0 CLASS\n", "6", 0, 0},
+        FirstLineCase{"VersionOnly", "VERSION 1.0\n", "?", 0, 0},
+        FirstLineCase{"Attribute", "Attribute VB_Name = \"Module1\"\n", "6", 0, 0},
+        FirstLineCase{"AttributeOfFiveWords", "Attribute VB_Name  = x\n", "?", 0, 0},  // two blanks, five words
+        FirstLineCase{"Code", "   \n\nOption Explicit\n", "?", 0, 0},
+        FirstLineCase{"Comment", "' a comment\n", "?", 0, 0},
+        FirstLineCase{"NotSource", "Public Foo\n", "?", 20, 1},
+        FirstLineCase{"IndentedVersion", "  VERSION 5.00\n", "?", 20, 1},  // its first word is empty
+        FirstLineCase{"BlankLinesOnly", lines("   ", 5), "?", 4, 1},
+        FirstLineCase{"Empty", "", "?", 4, 1},
+        FirstLineCase{"Nul", "VERSION\0 5.00\n"s, "?", 4, 2, kBinary},
+        FirstLineCase{"HighByte", "\n\nOption \xFF\n", "?", 4, 2, kBinary},
+        FirstLineCase{"TooLong", std::string(3000, 'A'), "?", 4, 2, kBinary},
+        // Exactly 2048 characters is no binary, and a blank line of any length is skipped.
+        FirstLineCase{"Longest", "'" + std::string(2047, 'a'), "?", 0, 0},
+        FirstLineCase{"LongBlankThenForm", std::string(3000, ' ') + "\nVERSION 5.00\n", "6", 0, 0},
+        FirstLineCase{"LongBlankThenTooLong", std::string(3000, ' ') + "x\n", "?", 4, 2, kBinary},
+        FirstLineCase{"Missing", std::nullopt, "?", 7, 0, "The following error occurred processing @.\n\nFile not found"}),
+    [](const ::testing::TestParamInfo<FirstLineCase>& info) { return std::string(info.param.name); });
 
 }  // namespace

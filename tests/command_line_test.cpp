@@ -1,11 +1,17 @@
+// Runs without a window: the options of the command line, the environments that can show the
+// window, and what a run prints, exports, refuses or tells (on standard error, with its status).
 #include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <sstream>
 
 #include "base/app_info.h"
+#include "files/main_window_model.h"
+#include "files/project_choice.h"
+#include "files/project_listing.h"
 #include "shell/app_start.h"
 #include "shell/batch_options.h"
 #include "shell/command_line.h"
@@ -52,6 +58,11 @@ struct DisplayCase {
     bool windowPossible;
 };
 
+void PrintTo(const DisplayCase& c, std::ostream* os) {
+    for (const auto& [name, value] : c.environment) *os << name << "=" << value << " ";
+    *os << (c.windowPossible ? "window" : "no window");
+}
+
 class NoDisplayTest : public ::testing::TestWithParam<DisplayCase> {};
 
 TEST_P(NoDisplayTest, TheWindowIsRefusedWithTheWayToPrintWithoutIt) {
@@ -81,6 +92,15 @@ INSTANTIATE_TEST_SUITE_P(
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(NoDisplayTest);
 #endif
 
+std::string module(const std::string& name, const std::string& proc) {
+    return "Attribute VB_Name = \"" + name + "\"\r\nSub " + proc + "()\r\nEnd Sub\r\n";
+}
+
+std::string readAll(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
 // The program started with a name on its command line, without a window, on a recording printer.
 class CommandLineRunTest : public ConfigDirTest {
 protected:
@@ -89,16 +109,15 @@ protected:
         initAppInfo(nullptr);
         setPrinterSystem(&recorder);
     }
-    void write(const std::string& name, const std::string& text) {
+    std::string write(const std::string& name, const std::string& text) {
         fs::create_directories(fs::path(dir + "/" + name).parent_path());
         std::ofstream(dir + "/" + name, std::ios::binary) << text;
-    }
-    static std::string module(const std::string& name, const std::string& proc) {
-        return "Attribute VB_Name = \"" + name + "\"\r\nSub " + proc + "()\r\nEnd Sub\r\n";
+        return dir + "/" + name;
     }
     // A fresh start each time, as a new process would make.
     int run(const std::string& commandLine, BatchOptions options = {}) {
         events.clear();
+        err.str("");
         resetModuleState();
         commandLineJob() = CommandLineJob{options, 0, &out, &err};
         EXPECT_EQ(Main(commandLine), 0);
@@ -134,7 +153,6 @@ TEST_F(CommandLineRunTest, AProjectPrintsEveryMemberInItsOwnOrderAndSaysSo) {
 
     // A member that is not there: the others are printed, and the run says which and fails.
     write("Proj/P.vbp", "Type=Exe\r\nModule=ModB; Zeta.bas\r\nModule=ModG; Gone.bas\r\nModule=ModA; Alpha.bas\r\n");
-    err.str("");
     EXPECT_EQ(run(dir + "/Proj/P.vbp"), kExitUnreadable);
     EXPECT_EQ(printedProcs(), (std::vector<std::string>{"InZeta", "InAlpha"}));
     EXPECT_NE(err.str().find("printing " + dir + "/Proj/Zeta.bas\nhalyard: printing " + dir + "/Proj/Alpha.bas"),
@@ -166,7 +184,6 @@ TEST_F(CommandLineRunTest, SeveralFilesAndPatternsPrintAsOneJobInTheOrderGiven) 
     EXPECT_EQ(runWords({dir + "/?.*"}), 0);
     EXPECT_EQ(printedProcs(), (std::vector<std::string>{"InA", "InB", "InC"}));
     // A name that gives no file is told, and the others print.
-    err.str("");
     EXPECT_EQ(runWords({dir + "/*.frm", dir + "/Gone.bas", dir + "/a.bas"}), kExitUnreadable);
     EXPECT_EQ(printedProcs(), std::vector<std::string>{"InA"});
     EXPECT_NE(err.str().find("no file matches " + dir + "/*.frm"), std::string::npos) << err.str();
@@ -191,7 +208,6 @@ TEST_F(CommandLineRunTest, ANameThatIsNoRegularFileIsRefused) {
         html.htmlOut = dir + "/M.html";
         html.files = {name};
         ui.saveAnswer = html.htmlOut;
-        err.str("");
         EXPECT_EQ(run(name, html), kExitUnreadable) << name;
         EXPECT_FALSE(fs::exists(html.htmlOut)) << name;
         EXPECT_NE(err.str().find("cannot print " + name + ": "), std::string::npos) << err.str();
@@ -223,6 +239,104 @@ TEST_F(CommandLineRunTest, HtmlAloneIsExportedNotPrintedAndAnUnwritablePlaceFail
     ui.saveAnswer = html.htmlOut;
     EXPECT_EQ(run(dir + "/M.bas", html), kExitUnwritable);
     EXPECT_NE(err.str().find("cannot write " + dir + "/M.bas/M.html"), std::string::npos);
+}
+
+// A procedure before line 4 and one after it; line 4 is more than the reader takes.
+std::string longLineModule() {
+    std::string tooLong = "x = \"" + std::string(3000, 'a') + "\"\r\n";
+    return module("Long", "BeforeTheCut") + tooLong + "Sub AfterTheCut()\r\nEnd Sub\r\n";
+}
+
+// 1001 lines of 500 tokens after the procedure: reading stops on the line that passes 500,000.
+std::string tooManyTokensModule() {
+    std::string line;
+    for (int i = 0; i < 500; ++i) line += "v ";
+    std::string text = module("Big", "BeforeTheCut");
+    for (int n = 0; n < 1001; ++n) text += line + "\r\n";
+    return text + "Sub AfterTheCut()\r\nEnd Sub\r\n";
+}
+
+struct CutCase {
+    const char* name;
+    std::string (*text)();
+    const char* reason;
+};
+
+void PrintTo(const CutCase& c, std::ostream* os) { *os << c.name; }
+
+class CutFileTest : public CommandLineRunTest, public ::testing::WithParamInterface<CutCase> {
+protected:
+    static std::size_t occurrences(const std::string& text, const std::string& part) {
+        std::size_t count = 0;
+        for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+        return count;
+    }
+};
+
+// The file is printed, or exported, up to the line where reading stopped; the run says where and
+// why, once however often the file is read, and ends with status 1.
+TEST_P(CutFileTest, AFileCutAtALimitOfTheReaderIsToldAndEndsWithStatusOne) {
+    std::string source = write(std::string(GetParam().name) + ".bas", GetParam().text());
+    std::string told = source + ": reading stopped at line ";
+    for (bool html : {false, true}) {
+        BatchOptions options;
+        if (html) options.htmlOut = dir + "/out.html";
+        ui.saveAnswer = options.htmlOut;
+        EXPECT_EQ(run(source, options), kExitLeftOut) << html;
+        EXPECT_EQ(occurrences(err.str(), told), 1u) << err.str();
+        EXPECT_NE(err.str().find(std::string("(") + GetParam().reason), std::string::npos) << err.str();
+        std::string document = html ? readAll(dir + "/out.html") : "";
+        for (const char* proc : {"BeforeTheCut", "AfterTheCut"}) {
+            bool printed = textPrinted(events, proc) || document.find(proc) != std::string::npos;
+            EXPECT_EQ(printed, proc == std::string("BeforeTheCut")) << proc << (html ? " in HTML" : " printed");
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Limits, CutFileTest,
+                         ::testing::Values(CutCase{"LongLine", longLineModule, "Record too big"},
+                                           CutCase{"TooManyTokens", tooManyTokensModule, "Too many tokens"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// The 999 lines a project may list are the Project File dialog's bound: a run without it prints
+// every member. In the window the dialog lists what it can, and the status says what it cannot.
+TEST_F(CommandLineRunTest, EveryMemberOfAProjectOfManyLinesPrintsAndTheDialogSaysWhatItCannotList) {
+    std::string project;
+    for (int m = 1; m <= 200; ++m) {
+        std::string name = "M" + std::to_string(m);
+        project += "Module=" + name + "; " + name + ".bas\r\n";
+        for (int other = 0; other < 9; ++other) project += "Title=\"Many\"\r\n";
+        write("Many/" + name + ".bas", module(name, "In" + name));
+    }
+    std::string vbp = write("Many/Many.vbp", project);
+    EXPECT_EQ(run(vbp), 0) << err.str();
+    std::vector<std::string> procs = printedProcs();
+    ASSERT_EQ(procs.size(), 200u);
+    EXPECT_EQ(procs.back(), "InM200");
+
+    resetModuleState();
+    BabInitFrom(keywordFilePath());
+    std::size_t offered = 0;
+    setProjectFileView([&offered](ProjectFileModel& m) {
+        for (int n = 1; n <= m.Outline.NodeCount(); ++n) offered += m.Outline.Node(n).IsFile ? 1 : 0;
+        return false;
+    });
+    PFParseFile({cFileDesc{vbp, kFileProject, true, 0, 0}});
+    EXPECT_EQ(offered, 100u);  // lines 1 to 999
+    EXPECT_EQ(mainWindow().lblStatus, vbp + ": the Project File dialog lists the first 999 of its 2000 lines; "
+                                            "100 members named after them cannot be chosen here");
+    resetProjectFileDialog();
+}
+
+TEST_F(CommandLineRunTest, MembersNotFoundStandInTheWindowsStatus) {
+    write("Gone/There.bas", module("There", "InThere"));
+    std::string vbp = write("Gone/P.vbp", "Module=There; There.bas\r\nModule=A; A.bas\r\nModule=B; B.bas\r\n"
+                                          "Module=C; C.bas\r\nModule=D; D.bas\r\n");
+    BabInitFrom(keywordFilePath());
+    setProjectFileView([](ProjectFileModel& m) { return cmdOK_Click(m); });
+    PFParseFile({cFileDesc{vbp, kFileProject, true, 0, 0}});
+    EXPECT_EQ(mainWindow().lblStatus, vbp + ": 4 members were not found and left out (A.bas, B.bas, C.bas, ...)");
+    resetProjectFileDialog();
 }
 
 }  // namespace

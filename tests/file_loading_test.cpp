@@ -24,52 +24,20 @@ namespace fs = std::filesystem;
 // Records: 1-3 declarations, 4 blank, 5-6 Paint, 7 blank, 8-10 Area, 11-13 two comments and a
 // blank tied to Color [Get] at 14, 17 and 21 blanks before Let and Set, 24 blank, 25-29 Go.
 const char* const kModule =
-    "Attribute VB_Name = \"Shapes\"\n"
-    "Option Explicit\n"
-    "Private mColor As Long\n"
-    "\n"
-    "Public Sub Paint()\n"
-    "End Sub\n"
-    "\n"
-    "Private Function Area(ByVal w As Long) As Long\n"
-    "    Area = w * w\n"
-    "End Function\n"
-    "\n"
-    "' The colour of the shape,\n"
-    "' kept in mColor\n"
-    "Private Property Get Color() As Long\n"
-    "    Color = mColor\n"
-    "End Property\n"
-    "\n"
-    "Property Let Color(ByVal c As Long)\n"
-    "    mColor = c\n"
-    "End Property\n"
-    "\n"
-    "Property Set Color(ByVal c As Object)\n"
-    "End Property\n"
-    "\n"
-    "Sub Go()\n"
-    "    x = \"abc\" ' note\n"
-    "Again:\n"
-    "    GoTo Again\n"
-    "End Sub\n";
+    "Attribute VB_Name = \"Shapes\"\nOption Explicit\nPrivate mColor As Long\n\n"
+    "Public Sub Paint()\nEnd Sub\n\n"
+    "Private Function Area(ByVal w As Long) As Long\n    Area = w * w\nEnd Function\n\n"
+    "' The colour of the shape,\n' kept in mColor\n"
+    "Private Property Get Color() As Long\n    Color = mColor\nEnd Property\n\n"
+    "Property Let Color(ByVal c As Long)\n    mColor = c\nEnd Property\n\n"
+    "Property Set Color(ByVal c As Object)\nEnd Property\n\n"
+    "Sub Go()\n    x = \"abc\" ' note\nAgain:\n    GoTo Again\nEnd Sub\n";
 
+// Records 1-4 the description, 5-6 declarations, then three procedures.
 const char* const kForm =
-    "VERSION 5.00\n"
-    "Begin VB.Form frmMain\n"
-    "   Caption = \"Main\"\n"
-    "End\n"
-    "Attribute VB_Name = \"frmMain\"\n"
-    "Option Explicit\n"
-    "\n"
-    "Private Sub Form_Load()\n"
-    "End Sub\n"
-    "\n"
-    "Sub cmdX_Click()\n"
-    "End Sub\n"
-    "\n"
-    "Public Sub Refresh()\n"
-    "End Sub\n";
+    "VERSION 5.00\nBegin VB.Form frmMain\n   Caption = \"Main\"\nEnd\n"
+    "Attribute VB_Name = \"frmMain\"\nOption Explicit\n"
+    "Private Sub Form_Load()\nEnd Sub\nSub cmdX_Click()\nEnd Sub\nPublic Sub Refresh()\nEnd Sub\n";
 
 class FileLoadingTest : public test::ProgramTest {
 protected:

@@ -199,20 +199,27 @@ TEST_F(FileSelectionTest, ProjectWithSourceFileDropsTheProject) {
     EXPECT_FALSE(fileTable().projectOpen);
 }
 
-TEST_F(FileSelectionTest, ProjectAloneIsReadAndRemembered) {
-    std::string a = write("a.bas");
+// A project chosen alone closes what is open and is remembered; a real choice then replaces the
+// open project, and a member chosen again opens alone.
+TEST_F(FileSelectionTest, ProjectAloneIsReadAndRememberedAndChosenFilesReplaceIt) {
+    write("a.bas");
     std::string project = write("app.vbp", "Type=Exe\nModule=M; a.bas\nName=\"App\"\n");
     oFile().Add(cFileDesc{write("other.bas")});
     ui.openAnswers.push_back(std::vector<std::string>{project});
-
     GetFilesToProcess(0);
-
     ASSERT_EQ(oFile().Count(), 2);  // the open file was closed first
     EXPECT_EQ(oFile().Item(1).FileName, project);
     EXPECT_EQ(oFile().Item(1).FileType, kFileProject);
     EXPECT_EQ(fs::path(oFile().Item(2).FileName).filename(), "a.bas");
     EXPECT_TRUE(fileTable().projectOpen);
     EXPECT_EQ(hlydSettings().MRU[1], project);
+
+    ui.openAnswers.push_back(std::vector<std::string>{oFile().Item(2).FileName});
+    GetFilesToProcess(0);
+    ASSERT_EQ(oFile().Count(), 1);
+    EXPECT_EQ(oFile().Item(1).FileType, kFileSource);
+    EXPECT_FALSE(fileTable().projectOpen);
+    EXPECT_EQ(fileTable().wCurrentFile, 0);  // the caller shows the one after it: the new file
 }
 
 // Whatever is open stays open until something takes its place: a Cancel at any step of the
@@ -256,23 +263,6 @@ TEST_F(FileSelectionTest, CancelAtAnyStepKeepsWhatIsOpen) {
     EXPECT_EQ(tableNames(), std::vector<std::string>{c});
     EXPECT_FALSE(fileTable().projectOpen);
     EXPECT_EQ(status(), 8);
-}
-
-// A real choice does replace the open project, and a member chosen again opens alone.
-TEST_F(FileSelectionTest, ChosenFilesReplaceAnOpenProject) {
-    std::string a = write("a.bas");
-    std::string project = write("app.vbp", "Type=Exe\nModule=M; a.bas\n");
-    ui.openAnswers.push_back(std::vector<std::string>{project});
-    GetFilesToProcess(0);
-    ASSERT_TRUE(fileTable().projectOpen);
-
-    ui.openAnswers.push_back(std::vector<std::string>{oFile().Item(2).FileName});
-    GetFilesToProcess(0);
-
-    ASSERT_EQ(oFile().Count(), 1);
-    EXPECT_EQ(oFile().Item(1).FileType, kFileSource);
-    EXPECT_FALSE(fileTable().projectOpen);
-    EXPECT_EQ(fileTable().wCurrentFile, 0);  // the caller shows the one after it: the new file
 }
 
 TEST_F(FileSelectionTest, RecentFilePositionOpensThatFile) {

@@ -2,6 +2,7 @@
 // comments travel with the code or procedure below them.
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "base/c_debug.h"
 #include "base/c_log.h"
@@ -12,75 +13,73 @@ namespace {
 
 class IndentationTest : public test::AnalysisTest {
 protected:
-    // The Indent of the first `count` Records (the sentinel at the end is left out).
-    std::vector<int> indents(std::int32_t count) const {
-        std::vector<int> out;
-        for (std::int32_t r = 1; r <= count; ++r) out.push_back(record(r).Indent);
-        return out;
+    // Analyses the lines as one file and checks the indent each gives its Record.
+    void expectIndents(const std::vector<std::pair<std::string, int>>& lines) {
+        std::string text;
+        for (const auto& [line, indent] : lines) text += line + "\n";
+        analyze(text);
+        for (std::size_t r = 0; r < lines.size(); ++r)
+            EXPECT_EQ(record(static_cast<std::int32_t>(r) + 1).Indent, lines[r].second) << lines[r].first;
     }
     const Statement& lineStatement(std::int32_t r) const { return statement(record(r).FirstS); }
 };
 
 TEST_F(IndentationTest, NestedBlocks) {
-    analyze(
-        "Sub Foo()\n"        // 0
-        "If a Then\n"        // 0
-        "With obj\n"         // 1
-        "lbl: .y = 1\n"      // 2: a label keeps the level
-        "Do: x = 1: Loop\n"  // 2: opened and closed on one line
-        "If a Then b\n"      // 2
-        "End With\n"         // 1
-        "ElseIf b Then\n"    // 0
-        "Select Case x\n"    // 1
-        "Case 1\n"           // 1
-        "y = 1\n"            // 2
-        "End Select\n"       // 1
-        "Else\n"             // 0
-        "While z\n"          // 1
-        "Wend\n"             // 1
-        "End If\n"           // 0
-        "End Sub\n");        // 0
-    EXPECT_EQ(indents(17), (std::vector<int>{0, 0, 1, 2, 2, 2, 1, 0, 1, 1, 2, 1, 0, 1, 1, 0, 0}));
+    expectIndents({
+        {"Sub Foo()", 0},
+        {"If a Then", 0},
+        {"With obj", 1},
+        {"lbl: .y = 1", 2},  // a label keeps the level
+        {"Do: x = 1: Loop", 2},  // opened and closed on one line
+        {"If a Then b", 2},
+        {"End With", 1},
+        {"ElseIf b Then", 0},
+        {"Select Case x", 1},
+        {"Case 1", 1},
+        {"y = 1", 2},
+        {"End Select", 1},
+        {"Else", 0},
+        {"While z", 1},
+        {"Wend", 1},
+        {"End If", 0},
+        {"End Sub", 0}});
     EXPECT_EQ(basiclan().IndentLevel, 0);
     EXPECT_EQ(lineStatement(5).Flags & kFlagIndent, 0);  // the one-line loop opens nothing
 }
 
 TEST_F(IndentationTest, NextWithSeveralVariables) {
-    analyze(
-        "If a Then\n"              // 0
-        "For i = 1 To 3\n"         // 1
-        "For a(1, 2) = 1 To 3\n"   // 2
-        "x = 1\n"                  // 3
-        "Next a(1, 2), i\n"        // 1: the comma in the parentheses separates no variable
-        "y = 1\n"                  // 1
-        "End If\n");               // 0
-    EXPECT_EQ(indents(7), (std::vector<int>{0, 1, 2, 3, 1, 1, 0}));
+    expectIndents({
+        {"If a Then", 0},
+        {"For i = 1 To 3", 1},
+        {"For a(1, 2) = 1 To 3", 2},
+        {"x = 1", 3},
+        {"Next a(1, 2), i", 1},  // the comma in the parentheses separates no variable
+        {"y = 1", 1},
+        {"End If", 0}});
 }
 
 TEST_F(IndentationTest, ConditionalCompilationStandsAtTheMargin) {
-    analyze(
-        "If a Then\n"     // 0
-        "#If A Then\n"    // 0
-        "x = 1\n"         // 1
-        "#End If\n"       // 0
-        "y = 1\n"         // 1: the level comes back
-        "End If\n");      // 0
-    EXPECT_EQ(indents(6), (std::vector<int>{0, 0, 1, 0, 1, 0}));
+    expectIndents({
+        {"If a Then", 0},
+        {"#If A Then", 0},
+        {"x = 1", 1},
+        {"#End If", 0},
+        {"y = 1", 1},  // the level comes back
+        {"End If", 0}});
     EXPECT_EQ(lineStatement(2).Flags, 0);  // "#If" opens no block
     EXPECT_FALSE(basiclan().RestoreIndent);
 
-    analyze(
-        "If a Then\n"       // 0
-        "#If A Then\n"      // 0
-        "x = 1\n"           // 1
-        "#Else\n"           // 0
-        "y = 1\n"           // 0: the level stays at the margin
-        "For i = 1 To 2\n"  // 0
-        "z = 1\n"           // 1: until the next opener
-        "Next i\n"          // 0
-        "#End If\n"         // 0
-        "w = 1\n");         // 0
-    EXPECT_EQ(indents(10), (std::vector<int>{0, 0, 1, 0, 0, 0, 1, 0, 0, 0}));
+    expectIndents({
+        {"If a Then", 0},
+        {"#If A Then", 0},
+        {"x = 1", 1},
+        {"#Else", 0},
+        {"y = 1", 0},  // the level stays at the margin
+        {"For i = 1 To 2", 0},
+        {"z = 1", 1},  // until the next opener
+        {"Next i", 0},
+        {"#End If", 0},
+        {"w = 1", 0}});
 }
 
 // A file that ends just after "#End If" lends nothing to the file read after it.
@@ -90,12 +89,7 @@ TEST_F(IndentationTest, NextFileStartsAtTheMarginAfterAFileEndingInHashEndIf) {
         "#If A Then\n"
         "x = 1\n"
         "#End If\n");
-    analyze(
-        "y = 1\n"
-        "If b Then\n"
-        "z = 1\n"
-        "End If\n");
-    EXPECT_EQ(indents(4), (std::vector<int>{0, 0, 1, 0}));
+    expectIndents({{"y = 1", 0}, {"If b Then", 0}, {"z = 1", 1}, {"End If", 0}});
     EXPECT_FALSE(basiclan().RestoreIndent);
 }
 
@@ -104,7 +98,7 @@ TEST_F(IndentationTest, UnbalancedCloserIsLoggedAndReadingGoesOn) {
     theLog().LogOpen(logPath, 1);
     EXPECT_EQ(analyze("x = 1\nEnd If\ny = 1\n"), 11);
     theLog().LogClose();
-    EXPECT_EQ(indents(3), (std::vector<int>{0, 0, 0}));
+    for (std::int32_t r = 1; r <= 3; ++r) EXPECT_EQ(record(r).Indent, 0) << r;
     EXPECT_TRUE(ui.shown.empty());
     std::stringstream log;
     log << std::ifstream(logPath).rdbuf();
@@ -127,17 +121,16 @@ TEST_F(IndentationTest, UnbalancedCloserIsLoggedAndReadingGoesOn) {
 }
 
 TEST_F(IndentationTest, ContinuedStatementKeepsOneIndent) {
-    analyze(
-        "If a Then\n"        // 0
-        "x = 1 + _\n"        // 1
-        "    2 + _\n"        // 1
-        "    3\n"            // 1
-        "If b And _\n"       // 1
-        "    c Then\n"       // 1
-        "y = 1\n"            // 2
-        "End If\n"           // 1
-        "End If\n");         // 0
-    EXPECT_EQ(indents(9), (std::vector<int>{0, 1, 1, 1, 1, 1, 2, 1, 0}));
+    expectIndents({
+        {"If a Then", 0},
+        {"x = 1 + _", 1},
+        {"    2 + _", 1},
+        {"    3", 1},
+        {"If b And _", 1},
+        {"    c Then", 1},
+        {"y = 1", 2},
+        {"End If", 1},
+        {"End If", 0}});
     for (std::int32_t r = 2; r <= 4; ++r) {
         EXPECT_EQ(record(r).FirstS, record(2).FirstS) << r;
         EXPECT_EQ(record(r).LastS, record(2).FirstS) << r;
@@ -198,37 +191,35 @@ TEST_F(IndentationTest, CommentsAboveAProcedureFromTheFirstBlankLine) {
 }
 
 TEST_F(IndentationTest, ProcedureStartsAtTheMargin) {
-    analyze(
-        "Sub A()\n"     // 0
-        "If a Then\n"   // 0: never closed
-        "x = 1\n"       // 1
-        "End Sub\n"     // 1: a procedure's end does not outdent
-        "Sub B()\n"     // 1
-        "y = 1\n"       // 0
-        "End Sub\n");   // 0
-    EXPECT_EQ(indents(7), (std::vector<int>{0, 0, 1, 1, 1, 0, 0}));
+    expectIndents({
+        {"Sub A()", 0},
+        {"If a Then", 0},  // never closed
+        {"x = 1", 1},
+        {"End Sub", 1},  // a procedure's end does not outdent
+        {"Sub B()", 1},
+        {"y = 1", 0},
+        {"End Sub", 0}});
 }
 
 TEST_F(IndentationTest, FormAndClassHeaders) {
-    analyze(
-        "VERSION 5.00\n"                  // 0
-        "Begin VB.Form Form1\n"           // 0
-        "Caption = \"Form1\"\n"           // 1
-        "BeginProperty Font\n"            // 1
-        "Name = \"Arial\"\n"              // 2
-        "EndProperty\n"                   // 1
-        "Begin VB.CommandButton C1\n"     // 1
-        "Caption = \"OK\"\n"              // 2
-        "End\n"                           // 1
-        "End\n"                           // 0
-        "Attribute VB_Name = \"Form1\"\n" // 0
-        "Private Sub C1_Click()\n"        // 0
-        "End Sub\n");                     // 0
-    EXPECT_EQ(indents(13), (std::vector<int>{0, 0, 1, 1, 2, 1, 1, 2, 1, 0, 0, 0, 0}));
+    expectIndents({
+        {"VERSION 5.00", 0},
+        {"Begin VB.Form Form1", 0},
+        {"Caption = \"Form1\"", 1},
+        {"BeginProperty Font", 1},
+        {"Name = \"Arial\"", 2},
+        {"EndProperty", 1},
+        {"Begin VB.CommandButton C1", 1},
+        {"Caption = \"OK\"", 2},
+        {"End", 1},
+        {"End", 0},
+        {"Attribute VB_Name = \"Form1\"", 0},
+        {"Private Sub C1_Click()", 0},
+        {"End Sub", 0}});
     EXPECT_FALSE(basiclan().InFormHeader);
 
-    analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");
-    EXPECT_EQ(indents(6), (std::vector<int>{0, 0, 1, 0, 0, 0}));
+    expectIndents({{"VERSION 1.0 CLASS", 0}, {"BEGIN", 0}, {"MultiUse = -1  'True", 1}, {"END", 0},
+                   {"Attribute VB_Name = \"C\"", 0}, {"Option Explicit", 0}});
     EXPECT_FALSE(basiclan().InClassHeader);
 }
 

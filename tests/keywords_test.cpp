@@ -2,6 +2,7 @@
 // cutting and searching of one dialect's table.
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <sstream>
 
 #include "base/app_info.h"
@@ -101,43 +102,54 @@ TEST_F(KeywordTableTest, TableGrowsPastItsFirstAllocation) {
     EXPECT_EQ(indexOf("W14599"), 4600);
 }
 
-TEST_F(KeywordTableTest, BadEntryStopsReadingWithItsNumberAndName) {
-    struct Case {
-        std::string content;
-        std::string fault;
-        int entry;
-        std::string word;
-    };
-    const std::string good = "\"ABC\",\"*\",\"V\"\n";
-    std::vector<Case> cases = {
-        {good + good, "File sequence", 2, "ABC"},
-        {good + "\"DEF\",\"*\",\"\"\n\"abc\",\"*\",\"\"\n", "File sequence", 3, "abc"},
-        {"\"ABC\",\"\",\"V\"\n", "Dialect", 1, "ABC"},
-        {good + "\"def\",\"*\",\"A\"\n", "Class-code", 2, "def"},
-    };
-    const char* flagNames[] = {"Indent-flag", "Outdent-flag", "ClassOverride-flag",
-                               "KeepLeadingComments-flag", "ScanForVerb-flag"};
-    for (int i = 0; i < 5; ++i) {
-        std::string flags = "V-----";
-        flags[i + 1] = 'X';  // a class letter is no flag value
-        cases.push_back({good + "\"DEF\",\"*\",\"" + flags + "\"\n", flagNames[i], 2, "DEF"});
-    }
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.fault + " in " + c.content);
-        ui.shown.clear();
-        std::string path = test::writeTempFile("kw-bad.KEY", c.content);
-        EXPECT_EQ(load(path), kInternalError);
-        EXPECT_EQ(theDebug().BabStatus, 4);
-        EXPECT_EQ(theDebug().BabStatusDetail, c.entry);
-        ASSERT_EQ(ui.shown.size(), 1u);
-        EXPECT_EQ(ui.shown[0].text, "BabInit\n" + path + "\n\nInvalid " + c.fault + "\n\nRecord=" +
-                                        std::to_string(c.entry) + " KeyWord=|" + c.word + "|");
-        EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
-    }
-    // A run that goes on after a bad keyword file knows no keywords at all.
+// A bad entry stops the reading with its number and name; a run that goes on knows no keywords.
+struct BadEntry {
+    std::string content;
+    std::string fault;
+    int entry;
+    std::string word;
+};
+
+void PrintTo(const BadEntry& c, std::ostream* os) { *os << c.fault << " at entry " << c.entry; }
+
+class BadKeywordFileTest : public KeywordTableTest, public ::testing::WithParamInterface<BadEntry> {};
+
+TEST_P(BadKeywordFileTest, StopsReadingWithTheEntrysNumberAndName) {
+    const BadEntry& c = GetParam();
+    std::string path = test::writeTempFile("kw-bad.KEY", c.content);
+    EXPECT_EQ(load(path), kInternalError);
+    EXPECT_EQ(theDebug().BabStatus, 4);
+    EXPECT_EQ(theDebug().BabStatusDetail, c.entry);
+    ASSERT_EQ(ui.shown.size(), 1u);
+    EXPECT_EQ(ui.shown[0].text, "BabInit\n" + path + "\n\nInvalid " + c.fault + "\n\nRecord=" +
+                                    std::to_string(c.entry) + " KeyWord=|" + c.word + "|");
+    EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
     analyze("Dim x\n");
     EXPECT_TRUE(token(1).is(kTokIdentifier, kDetIdentifier));
 }
+
+const std::string kGood = "\"ABC\",\"*\",\"V\"\n";
+
+// The flags of an entry: a class letter in any of the five places is no flag value.
+BadEntry badFlag(int place, const std::string& fault) {
+    std::string flags = "V-----";
+    flags[place] = 'X';
+    return {kGood + "\"DEF\",\"*\",\"" + flags + "\"\n", fault, 2, "DEF"};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Entries, BadKeywordFileTest,
+    ::testing::Values(BadEntry{kGood + kGood, "File sequence", 2, "ABC"},
+                      BadEntry{kGood + "\"DEF\",\"*\",\"\"\n\"abc\",\"*\",\"\"\n", "File sequence", 3, "abc"},
+                      BadEntry{"\"ABC\",\"\",\"V\"\n", "Dialect", 1, "ABC"},
+                      BadEntry{kGood + "\"def\",\"*\",\"A\"\n", "Class-code", 2, "def"}, badFlag(1, "Indent-flag"),
+                      badFlag(2, "Outdent-flag"), badFlag(3, "ClassOverride-flag"),
+                      badFlag(4, "KeepLeadingComments-flag"), badFlag(5, "ScanForVerb-flag")),
+    [](const ::testing::TestParamInfo<BadEntry>& info) {
+        std::string name = info.param.fault;
+        std::erase_if(name, [](char c) { return c == ' ' || c == '-'; });
+        return name + std::to_string(info.index);
+    });
 
 TEST_F(KeywordTableTest, MissingFileIsFatalAndSaysWhereItBelongs) {
     std::string dir = std::filesystem::path(test::writeTempFile("kw-placeholder", "")).parent_path().string() + "/none";

@@ -2,6 +2,7 @@
 // Windows way), checked and chosen, and what ends up in the file table.
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <tuple>
 
 #include "base/c_debug.h"
@@ -46,16 +47,10 @@ public:
     std::vector<std::pair<std::string, bool>> offered;  // member files and their marks
 };
 
+// Lines 2 to 6 name a member of each kind, line 7 one that is missing.
 const char* const kSampleProject =
-    "Type=Exe\n"
-    "Form=MainForm.frm\n"
-    "Module=Utils; Utils.bas\n"
-    "Class=Shape; Shape.cls\n"
-    "UserControl=Dial.ctl\n"
-    "PropertyPage=Page1.pag\n"
-    "Module=Gone; Gone.bas\n"
-    "Startup=\"frmMain\"\n"
-    "Name=\"Sample\"\n";
+    "Type=Exe\nForm=MainForm.frm\nModule=Utils; Utils.bas\nClass=Shape; Shape.cls\nUserControl=Dial.ctl\n"
+    "PropertyPage=Page1.pag\nModule=Gone; Gone.bas\nStartup=\"frmMain\"\nName=\"Sample\"\n";
 
 class ProjectTest : public test::ProgramTest {
 protected:
@@ -81,13 +76,6 @@ protected:
     }
     void list(const std::string& project) { PFParseFile({cFileDesc{project, kFileProject}}); }
 
-    static cProjectLine parse(const std::string& text) {
-        cProjectFile project;
-        cProjectLine line;
-        line.AsRecord = text;
-        project.ParseProjectRecord(line, ".FRM.CTL.PAG.", ".BAS.CLS.");
-        return line;
-    }
     bool inFileTable(const std::string& part) const {
         for (const cFileDesc& d : oFile())
             if (d.FileName.find(part) != std::string::npos) return true;
@@ -137,40 +125,6 @@ TEST_F(ProjectTest, Vb6ProjectWithEveryKindOfMemberAndOneMissing) {
     EXPECT_FALSE(inFileTable("Gone.bas"));
 }
 
-TEST_F(ProjectTest, LineParsing) {
-    cProjectLine form = parse("Form=Form1.frm");
-    EXPECT_EQ(form.KeyWord, 24);
-    EXPECT_EQ(form.FileType, kLineForm);
-    EXPECT_FALSE(form.SyntaxError);
-
-    cProjectLine module = parse("Module=Module1; Module1.bas");
-    EXPECT_EQ(module.VBName, "Module1");
-    EXPECT_EQ(module.FileName, "Module1.bas");
-    EXPECT_TRUE(parse("Module=Module1 Module1.bas").SyntaxError);  // the name must end in ";"
-    EXPECT_TRUE(parse("Form=\"Form1.frm\"").SyntaxError);
-
-    cProjectLine object = parse("Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX");
-    EXPECT_EQ(object.FileType, kLineObject);
-    EXPECT_EQ(object.Value, (std::vector<std::string>{"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}", "2.0", "0; MSCOMCTL.OCX"}));
-    EXPECT_FALSE(object.SyntaxError);
-
-    cProjectLine reference =
-        parse("Reference=*\\G{00020430-0000-0000-C000-000000000046}#2.0#0#C:\\Windows\\System32\\stdole2.tlb#OLE Automation");
-    EXPECT_EQ(reference.FileType, kLineReference);
-    EXPECT_EQ(reference.FileName, "C:\\Windows\\System32\\stdole2.tlb");
-    EXPECT_EQ(reference.VBName, "OLE Automation");
-    EXPECT_FALSE(reference.SyntaxError);
-
-    cProjectLine beyond = parse("VersionZeta=1");  // sorts after VERSIONPRODUCTNAME
-    EXPECT_EQ(beyond.KeyWord, 69);
-    EXPECT_FALSE(beyond.SyntaxError);
-    EXPECT_TRUE(parse("Formula=1").SyntaxError);  // between FORM and HELPCONTEXTID
-    EXPECT_TRUE(parse("=Form1.frm").SyntaxError);
-    cProjectLine section = parse("[MS Transaction Server]");
-    EXPECT_FALSE(section.SyntaxError);
-    EXPECT_EQ(section.KeyWord, 0);
-}
-
 TEST_F(ProjectTest, GroupOfTwoProjects) {
     write("One/One.vbp", "Type=Exe\nModule=A; A.bas\n");
     write("One/A.bas", "Attribute VB_Name = \"A\"\n");
@@ -202,19 +156,6 @@ TEST_F(ProjectTest, GroupOfTwoProjects) {
     list(vbg);
     EXPECT_EQ(oFile().Count(), 0);
     EXPECT_EQ(oProjectFiles().Count(), 3);
-}
-
-TEST_F(ProjectTest, LineKeepsFiveValuesAtMost) {
-    cProjectLine sizes = parse("ProjWinSize=1,2,3,4,5,6,7");
-    EXPECT_EQ(sizes.Value, (std::vector<std::string>{"1", "2", "3", "4", "5"}));
-    EXPECT_TRUE(sizes.SyntaxError);
-    cProjectLine reference = parse("Reference=*\\G{0}#2.0#0#x.tlb#Name#extra");
-    EXPECT_EQ(reference.ValueCount, 5);
-    EXPECT_EQ(reference.VBName, "Name");
-    EXPECT_TRUE(reference.SyntaxError);
-    cProjectLine quote = parse("Name=\"");  // one quote both begins and ends the value
-    EXPECT_EQ(quote.ValueCount, 1);
-    EXPECT_FALSE(quote.SyntaxError);
 }
 
 TEST_F(ProjectTest, BareNameWithoutExtensionMatchesEveryList) {
@@ -400,6 +341,57 @@ TEST_F(ProjectTest, GroupReadCountsBinaryMembersOverAllProjectsAndStopsAtAnUnrea
     EXPECT_EQ(chooser.shown[1].text, "Error occurred reading " + missing + ".");
     EXPECT_EQ(chooser.asked, 0);
 }
+
+// One line of a project file as it is read: its keyword's number, the kind of line, whether it is
+// faulty, and the name, file and values taken from it.
+struct LineCase {
+    const char* name;
+    std::string text;
+    std::string read;
+};
+
+void PrintTo(const LineCase& c, std::ostream* os) { *os << c.text; }
+
+std::string readLine(const std::string& text) {
+    cProjectFile project;
+    cProjectLine line;
+    line.AsRecord = text;
+    project.ParseProjectRecord(line, ".FRM.CTL.PAG.", ".BAS.CLS.");
+    std::string read = std::to_string(line.KeyWord) + " type " + std::to_string(line.FileType) +
+                       (line.SyntaxError ? " faulty" : " sound") + " name=" + line.VBName + " file=" + line.FileName +
+                       " values(" + std::to_string(line.ValueCount) + ")";
+    for (const std::string& value : line.Value) read += "|" + value;
+    return read;
+}
+
+class ProjectLineTest : public ::testing::TestWithParam<LineCase> {};
+
+TEST_P(ProjectLineTest, IsRead) { EXPECT_EQ(readLine(GetParam().text), GetParam().read); }
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, ProjectLineTest,
+    ::testing::Values(
+        LineCase{"Form", "Form=Form1.frm", "24 type 1 sound name= file=Form1.frm values(1)|Form1.frm"},
+        LineCase{"Module", "Module=Module1; Module1.bas",
+                 "31 type 2 sound name=Module1 file=Module1.bas values(2)|Module1|Module1.bas"},
+        // the name must end in ";"
+        LineCase{"ModuleWithoutSemicolon", "Module=Module1 Module1.bas",
+                 "31 type 2 faulty name= file= values(2)|Module1|Module1.bas"},
+        LineCase{"QuotedForm", "Form=\"Form1.frm\"", "24 type 1 faulty name= file= values(0)"},
+        LineCase{"Object", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX",
+                 "34 type 9 sound name= file=2.0 values(3)|{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}|2.0|0; MSCOMCTL.OCX"},
+        LineCase{"Reference", "Reference=*\\G{0}#2.0#0#C:\\Windows\\stdole2.tlb#OLE Automation",
+                 "42 type 8 sound name=OLE Automation file=C:\\Windows\\stdole2.tlb "
+                 "values(5)|*\\G{0}|2.0|0|C:\\Windows\\stdole2.tlb|OLE Automation"},
+        LineCase{"ReferenceOfSixParts", "Reference=*\\G{0}#2.0#0#x.tlb#Name#extra",
+                 "42 type 8 faulty name=Name file=x.tlb values(5)|*\\G{0}|2.0|0|x.tlb|Name"},  // five values at most
+        LineCase{"SevenValues", "ProjWinSize=1,2,3,4,5,6,7", "40 type 10 faulty name= file= values(5)|1|2|3|4|5"},
+        LineCase{"LoneQuote", "Name=\"", "32 type 10 sound name= file= values(1)|\""},  // it begins and ends the value
+        LineCase{"AfterTheLastKeyword", "VersionZeta=1", "69 type 0 sound name= file= values(1)|1"},
+        LineCase{"BetweenTwoKeywords", "Formula=1", "0 type 0 faulty name= file= values(0)"},  // FORM < it < HELPCONTEXTID
+        LineCase{"NoKey", "=Form1.frm", "0 type 0 faulty name= file= values(0)"},
+        LineCase{"Section", "[MS Transaction Server]", "0 type 0 sound name= file= values(0)"}),
+    [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace hlyd

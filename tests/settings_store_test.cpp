@@ -40,12 +40,7 @@ protected:
         std::ofstream(iniPath(), std::ios::binary) << text;
         clearProfileCache();
     }
-    std::string iniText() const {
-        std::ifstream in(iniPath(), std::ios::binary);
-        std::ostringstream all;
-        all << in.rdbuf();
-        return all.str();
-    }
+    std::string iniText() const { return test::settingsFileText(); }
     // The settings as a fresh run reads them from this file, without the start-up save.
     void loadFrom(const std::string& text) {
         resetSettings();
@@ -154,6 +149,15 @@ struct OutOfRange {
     double expected;
 };
 
+void PrintTo(const OutOfRange& c, std::ostream* os) { *os << c.lines; }
+
+// The key of the case's last line.
+std::string keyOf(const OutOfRange& c) {
+    std::string line = c.lines;
+    line = line.substr(line.find('\n') == std::string::npos ? 0 : line.find('\n') + 1);
+    return line.substr(0, line.find('='));
+}
+
 class SettingsRangeTest : public SettingsStoreTest, public ::testing::WithParamInterface<OutOfRange> {};
 
 TEST_P(SettingsRangeTest, IsBroughtIntoRangeAndLogged) {
@@ -164,10 +168,7 @@ TEST_P(SettingsRangeTest, IsBroughtIntoRangeAndLogged) {
     theLog().LogClose();
     std::ifstream in(log, std::ios::binary);
     std::string text((std::istreambuf_iterator<char>(in)), {});
-    std::string line = GetParam().lines;
-    std::size_t from = line.find('\n') == std::string::npos ? 0 : line.find('\n') + 1;
-    std::string key = line.substr(from, line.find('=', from) - from);
-    EXPECT_NE(text.find("Setting out of range: " + key + "="), std::string::npos) << text;
+    EXPECT_NE(text.find("Setting out of range: " + keyOf(GetParam()) + "="), std::string::npos) << text;
     EXPECT_NE(text.find(iniPath().string()), std::string::npos) << text;
 }
 
@@ -199,20 +200,10 @@ INSTANTIATE_TEST_SUITE_P(
         OutOfRange{"[P1.Print]\nColor.Foreground.Comments=99999999999",
                    [] { return double(displayAttributes().Elements[kElemComments].slot[kPrint].ForeColor); }, 0x008000}),
     [](const ::testing::TestParamInfo<OutOfRange>& info) {
-        std::string line = info.param.lines;
-        std::string name = line.substr(line.find('\n') == std::string::npos ? 0 : line.find('\n') + 1);
-        name = name.substr(0, name.find('='));
+        std::string name = keyOf(info.param);
         std::replace_if(name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
         return name + "_" + std::to_string(info.index);
     });
-
-TEST_F(SettingsStoreTest, AWindowPlaceBeyondEveryScreenIsTheDefaultPlace) {
-    setScreenSizeTwips(1920 * 15, 1080 * 15);
-    loadFrom("[General]\nScreen=1 2 99999999999 4\nWindowState=40000\nPaperSize=" + std::string(400, '9') + "\n");
-    EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{2880, 2700, 23040, 10800}));
-    EXPECT_EQ(hlydSettings().WindowState, 0);
-    EXPECT_EQ(hlydSettings().PaperSize, 265);
-}
 
 TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {
     loadFrom("[General]\nCurrentPrinter=P1\n"
@@ -243,10 +234,13 @@ TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
     setScreenSizeTwips(1920 * 15, 1080 * 15);
     const std::array<std::int32_t, 4> place{2880, 2700, 23040, 10800};  // a tenth in, a sixth down
     for (const char* screen : {"999999 999999 12000 9000", "-20000 300 12000 9000", "300 -5000 12000 9000",
-                               "300 300 1200 9000", "300 300 12000 900", "300 300 -12000 -9000"}) {
+                               "300 300 1200 9000", "300 300 12000 900", "300 300 -12000 -9000", "1 2 99999999999 4"}) {
         loadFrom(std::string("[General]\nScreen=") + screen + "\n");
         EXPECT_EQ(hlydSettings().Screen, place) << screen;
     }
+    loadFrom("[General]\nWindowState=40000\nPaperSize=" + std::string(400, '9') + "\n");
+    EXPECT_EQ(hlydSettings().WindowState, 0);
+    EXPECT_EQ(hlydSettings().PaperSize, 265);
     loadFrom("[General]\nScreen=-3000 300 12000 9000\n");  // partly off the left edge: still usable
     EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{-3000, 300, 12000, 9000}));
     setScreenAreasTwips({{0, 0, 28800, 16200}, {28800, 0, 28800, 16200}});

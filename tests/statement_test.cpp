@@ -1,4 +1,6 @@
 // What one statement is: its verb, class, detail, flags, and the jump targets it names.
+#include <ostream>
+
 #include "test_support.h"
 
 namespace hlyd {
@@ -10,16 +12,6 @@ protected:
     const Statement& lineStatement(std::int32_t r) const { return statement(record(r).FirstS); }
     // The text of a Statement's verb token, empty when it has none.
     std::string verbText(const Statement& s) const { return s.Verb == 0 ? "" : token(s.Verb).Text; }
-    bool isLabelRef(const std::string& text) const {
-        std::int32_t t = find(text);
-        EXPECT_NE(t, 0) << text;
-        return t != 0 && token(t).is(kTokCommentish, kDetLabelRef);
-    }
-    bool anyLabelRef() const {
-        for (std::int32_t i = 1; i <= tables().TokenCount; ++i)
-            if (token(i).is(kTokCommentish, kDetLabelRef)) return true;
-        return false;
-    }
 };
 
 TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
@@ -119,21 +111,19 @@ TEST_F(StatementTest, LabelsBelongToTheirStatement) {
     EXPECT_EQ(verbText(statement(1)), "Print");  // the verb may stand right after the label
 }
 
-TEST_F(StatementTest, FormFileHeaderIsMarked) {
+TEST_F(StatementTest, FormAndClassHeadersAreMarked) {
     analyze("VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\nAttribute VB_Name = \"F\"\nOption Explicit\n");
     EXPECT_EQ(statement(1).Class, kStmtHeader);
     for (std::int32_t r = 1; r <= 4; ++r) EXPECT_NE(lineStatement(r).Flags & kFlagFormDescription, 0) << r;
     EXPECT_EQ(lineStatement(5).Class, kStmtHeader);
     EXPECT_EQ(lineStatement(5).Flags & kFlagFormDescription, 0);
     EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
-}
 
-TEST_F(StatementTest, ClassFileHeaderBlockIsHeader) {
+    // A class's header block is header, and no form description.
     analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");
     for (std::int32_t r = 1; r <= 5; ++r) {
-        SCOPED_TRACE(r);
-        EXPECT_EQ(lineStatement(r).Class, kStmtHeader);
-        EXPECT_EQ(lineStatement(r).Flags & kFlagFormDescription, 0);
+        EXPECT_EQ(lineStatement(r).Class, kStmtHeader) << r;
+        EXPECT_EQ(lineStatement(r).Flags & kFlagFormDescription, 0) << r;
     }
     EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
 }
@@ -165,40 +155,46 @@ TEST_F(StatementTest, TypeAndEnumMembers) {
     EXPECT_NE(lineStatement(11).Flags & kFlagOutdent, 0);
 }
 
-TEST_F(StatementTest, JumpTargetsAreMarked) {
-    analyze("GoTo Done\n");
-    EXPECT_TRUE(isLabelRef("Done"));
-    analyze("On Error GoTo Handler\n");
-    EXPECT_TRUE(isLabelRef("Handler"));
-    analyze("On Error GoTo 0\n");
-    EXPECT_TRUE(isLabelRef("0"));
-    analyze("On Error Resume Next\n");
-    EXPECT_FALSE(anyLabelRef());
-    analyze("On x GoSub a, b, c\n");
-    for (const char* t : {"a", "b", "c"}) EXPECT_TRUE(isLabelRef(t)) << t;
-    EXPECT_TRUE(token(find(",")).is(kTokOperator, kDetOperator));
-    analyze("Resume Next\n");
-    EXPECT_FALSE(anyLabelRef());
-    analyze("Resume Retry\n");
-    EXPECT_TRUE(isLabelRef("Retry"));
-    analyze("Resume: x = 1\n");  // nothing after the verb within the statement
-    EXPECT_FALSE(anyLabelRef());
+// The tokens of a line marked as jump targets; `names` must stay plain identifiers.
+struct JumpCase {
+    const char* name;
+    std::string line;
+    std::vector<std::string> targets;
+    std::vector<std::string> names = {};
+};
+
+void PrintTo(const JumpCase& c, std::ostream* os) { *os << c.line; }
+
+class JumpTargetTest : public StatementTest, public ::testing::WithParamInterface<JumpCase> {};
+
+TEST_P(JumpTargetTest, AreMarked) {
+    analyze(GetParam().line + "\n");
+    std::vector<std::string> targets;
+    for (std::int32_t i = 1; i <= tables().TokenCount; ++i) {
+        if (token(i).is(kTokCommentish, kDetLabelRef)) targets.push_back(token(i).Text);
+        if (token(i).Text == ",") {
+            EXPECT_TRUE(token(i).is(kTokOperator, kDetOperator));
+        }
+    }
+    EXPECT_EQ(targets, GetParam().targets);
+    for (const std::string& name : GetParam().names) EXPECT_TRUE(token(find(name)).is(kTokIdentifier, kDetIdentifier));
 }
 
-TEST_F(StatementTest, OnlyLineNumbersAreTargetsInASingleLineIf) {
-    analyze("If a Then 100 Else 200\n");
-    EXPECT_TRUE(isLabelRef("100"));
-    EXPECT_TRUE(isLabelRef("200"));
-    analyze("If a Then GoTo 100\n");
-    EXPECT_TRUE(isLabelRef("100"));
-    analyze("If a Then GoTo Fail\n");
-    EXPECT_FALSE(anyLabelRef());
-    EXPECT_TRUE(token(find("Fail")).is(kTokIdentifier, kDetIdentifier));
-    analyze("If a Then\nEnd If\n");
-    EXPECT_FALSE(anyLabelRef());
-    analyze("If a Then b = 100\n");
-    EXPECT_FALSE(anyLabelRef());
-}
+// In a single-line If only line numbers are targets.
+INSTANTIATE_TEST_SUITE_P(
+    Lines, JumpTargetTest,
+    ::testing::Values(JumpCase{"GoTo", "GoTo Done", {"Done"}}, JumpCase{"OnError", "On Error GoTo Handler", {"Handler"}},
+                      JumpCase{"OnErrorZero", "On Error GoTo 0", {"0"}},
+                      JumpCase{"OnErrorResumeNext", "On Error Resume Next", {}},
+                      JumpCase{"OnGoSub", "On x GoSub a, b, c", {"a", "b", "c"}},
+                      JumpCase{"ResumeNext", "Resume Next", {}}, JumpCase{"ResumeLabel", "Resume Retry", {"Retry"}},
+                      // nothing after the verb within the statement
+                      JumpCase{"ResumeBeforeColon", "Resume: x = 1", {}},
+                      JumpCase{"IfThenElseNumbers", "If a Then 100 Else 200", {"100", "200"}},
+                      JumpCase{"IfGoToNumber", "If a Then GoTo 100", {"100"}},
+                      JumpCase{"IfGoToLabel", "If a Then GoTo Fail", {}, {"Fail"}},
+                      JumpCase{"BlockIf", "If a Then\nEnd If", {}}, JumpCase{"IfAssignsNumber", "If a Then b = 100", {}}),
+    [](const ::testing::TestParamInfo<JumpCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace hlyd

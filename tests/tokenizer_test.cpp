@@ -1,5 +1,8 @@
 // How single lines are cut into tokens and classified: the position rules and their oddities,
 // which the display and the statement analysis depend on exactly as they are.
+#include <array>
+#include <ostream>
+
 #include "test_support.h"
 
 using namespace std::string_literals;
@@ -46,109 +49,67 @@ TEST_F(TokenizerTest, EmptyBlankAndTrailingBlankLines) {
     EXPECT_EQ(at(3, 1).Column, 1);
 }
 
-TEST_F(TokenizerTest, HashStandsAloneUnlessItOpensADate) {
-    ASSERT_EQ(analyze("#If Debug Then\n"
-                      "d = #1/1/98 12:00#\n"
-                      "Print #1, a#\n"),
-              11);
-    EXPECT_EQ(texts(1), (Texts{"#", "If", "Debug", "Then"}));
-    expectToken(at(1, 1), 4, 6, "#");
+// One line on its own: the tokens it is cut into, and the class and detail of some of them.
+struct LineCase {
+    const char* name;
+    std::string line;
+    Texts texts;
+    std::vector<std::array<int, 3>> classes;  // token (from 1), Class, Detail
+};
+
+void PrintTo(const LineCase& c, std::ostream* os) { *os << c.name; }
+
+class TokenizerLineTest : public TokenizerTest, public ::testing::WithParamInterface<LineCase> {};
+
+TEST_P(TokenizerLineTest, CutsAndClassifies) {
+    const LineCase& c = GetParam();
+    ASSERT_EQ(analyze(c.line + "\n"), 11);
+    EXPECT_EQ(texts(1), c.texts);
+    for (const auto& [i, cls, detail] : c.classes) expectToken(at(1, i), cls, detail, c.texts.at(i - 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, TokenizerLineTest,
+    ::testing::Values(
+        // "#" stands alone unless it opens a date; a blank does not stop the search for the closing "#",
+        // and the type suffix of "a#" closes what the search takes for a date.
+        LineCase{"HashBeforeKeyword", "#If Debug Then", {"#", "If", "Debug", "Then"}, {{1, 4, 6}, {2, 0, 0}}},
+        LineCase{"DateWithBlank", "d = #1/1/98 12:00#", {"d", "=", "#1/1/98 12:00#"}, {{3, 3, 1}}},
+        LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, 3, 1}}},
+        // "!" is a type suffix only when glued to a name and not before a name or a bracket after a
+        // blank; the last token of a line is never a suffix.
+        LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, 1, 8}}},
+        LineCase{"BangBeforeName", "Set f = Forms!Main", {"Set", "f", "=", "Forms", "!", "Main"}, {{5, 4, 6}}},
+        LineCase{"BangAfterBlank", "Print x !(1)", {"Print", "x", "!", "(", "1", ")"}, {{3, 4, 6}}},
+        LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, 4, 6}}},
+        // ":" makes a label only after the leading name of a line.
+        LineCase{"Labels", "a: b: c", {"a", ":", "b", ":", "c"}, {{1, 5, 4}, {2, 6, 1}, {3, 1, 8}, {4, 6, 2}}},
+        LineCase{"KeywordBeforeColon", "Else: x = 1", {"Else", ":", "x", "=", "1"}, {{2, 6, 2}}},
+        LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, 0, 0}}},
+        LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, 4, 2}}},
+        LineCase{"DoubledQuote", "s = \"a\"\"b\" & c", {"s", "=", "\"a\"\"b\"", "&", "c"}, {{3, 3, 3}, {4, 4, 6}}},
+        // The end of the line closes the string, and the NUL that ended it stays inside.
+        LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, 3, 3}}},
+        // Numbers run over signs and points; a sign with a blank after it is an operator, and a
+        // number that starts a line is its line number.
+        LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, 3, 2}}},
+        LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, 3, 2}}},
+        LineCase{"HexAndOperator", "y = &HFF + b", {"y", "=", "&HFF", "+", "b"}, {{3, 3, 2}, {4, 4, 6}}},
+        LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, 5, 4}}},
+        // Comments take the rest of the line; whatever ended the word REM becomes one blank.
+        LineCase{"RemAfterColon", "x = 1: Rem note: more", {"x", "=", "1", ":", "Rem note: more"}, {{5, 5, 1}}},
+        LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, 5, 1}}},
+        LineCase{"Apostrophe", "x = 1 ' why \"not\"", {"x", "=", "1", "' why \"not\""}, {{4, 5, 1}}},
+        LineCase{"RemAlone", "REM", {"REM"}, {{1, 5, 1}}}),
+    [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
+
+// What stands before a keyword leaves it a keyword; a colon that starts a line is none.
+TEST_F(TokenizerTest, KeywordsAfterHashAndBeforeColon) {
+    ASSERT_EQ(analyze("#If Debug Then\nElse: x = 1\n: x = 1\n"), 11);
     EXPECT_EQ(at(1, 2).Column, at(1, 1).Column + 1);
-    EXPECT_EQ(at(1, 2).Class, 0);
     EXPECT_NE(at(1, 2).pKeyWord, 0);
-
-    // A blank does not stop the search for the closing "#".
-    EXPECT_EQ(texts(2), (Texts{"d", "=", "#1/1/98 12:00#"}));
-    expectToken(at(2, 3), 3, 1, "#1/1/98 12:00#");
-
-    // The type suffix of "a#" closes what the search takes for a date.
-    EXPECT_EQ(texts(3), (Texts{"Print", "#1, a#"}));
-    expectToken(at(3, 2), 3, 1, "#1, a#");
-}
-
-TEST_F(TokenizerTest, BangIsATypeSuffixOnlyWhenGluedAndNotBeforeAName) {
-    ASSERT_EQ(analyze("x! = 1\n"
-                      "Set f = Forms!Main\n"
-                      "Print x !(1)\n"
-                      "y = x!\n"),
-              11);
-    EXPECT_EQ(texts(1), (Texts{"x!", "=", "1"}));
-    expectToken(at(1, 1), 1, 8, "x!");
-    EXPECT_EQ(texts(2), (Texts{"Set", "f", "=", "Forms", "!", "Main"}));
-    expectToken(at(2, 5), 4, 6, "!");
-    // A blank before it keeps it an operator even before a bracket.
-    EXPECT_EQ(texts(3), (Texts{"Print", "x", "!", "(", "1", ")"}));
-    expectToken(at(3, 3), 4, 6, "!");
-    // The last token of a line is never a suffix.
-    EXPECT_EQ(texts(4), (Texts{"y", "=", "x", "!"}));
-    expectToken(at(4, 4), 4, 6, "!");
-}
-
-TEST_F(TokenizerTest, ColonMakesALabelOnlyAfterALeadingName) {
-    ASSERT_EQ(analyze("a: b: c\n"
-                      "Else: x = 1\n"
-                      ": x = 1\n"
-                      "Foo Bar:=1\n"),
-              11);
-    EXPECT_EQ(texts(1), (Texts{"a", ":", "b", ":", "c"}));
-    expectToken(at(1, 1), 5, 4, "a");
-    expectToken(at(1, 2), 6, 1, ":");
-    EXPECT_NE(at(1, 3).Detail, 4) << "only the first name of a line is a label";
-    expectToken(at(1, 4), 6, 2, ":");
-
     EXPECT_NE(at(2, 1).pKeyWord, 0);
-    expectToken(at(2, 2), 6, 2, ":");
-
-    expectToken(at(3, 1), 0, 0, ":");
     EXPECT_EQ(at(3, 1).pKeyWord, 0);
-
-    EXPECT_EQ(texts(4), (Texts{"Foo", "Bar", ":=", "1"}));
-    expectToken(at(4, 3), 4, 2, ":=");
-}
-
-TEST_F(TokenizerTest, StringLiterals) {
-    ASSERT_EQ(analyze("s = \"a\"\"b\" & c\n"
-                      "t = \"open\n"),
-              11);
-    EXPECT_EQ(texts(1), (Texts{"s", "=", "\"a\"\"b\"", "&", "c"}));
-    expectToken(at(1, 3), 3, 3, "\"a\"\"b\"");
-    expectToken(at(1, 4), 4, 6, "&");
-    // The end of the line closes the string, and the NUL that ended it stays inside.
-    expectToken(at(2, 3), 3, 3, "\"open\0\""s);
-}
-
-TEST_F(TokenizerTest, NumbersRunOverSignsAndPoints) {
-    ASSERT_EQ(analyze("y = a-1\n"
-                      "y = 1+2\n"
-                      "y = &HFF + b\n"
-                      "100 y = 1\n"),
-              11);
-    EXPECT_EQ(texts(1), (Texts{"y", "=", "a", "-1"}));
-    expectToken(at(1, 4), 3, 2, "-1");
-    EXPECT_EQ(texts(2), (Texts{"y", "=", "1+2"}));
-    expectToken(at(2, 3), 3, 2, "1+2");
-    // A sign with a blank after it is an operator.
-    EXPECT_EQ(texts(3), (Texts{"y", "=", "&HFF", "+", "b"}));
-    expectToken(at(3, 3), 3, 2, "&HFF");
-    expectToken(at(3, 4), 4, 6, "+");
-    // A number that starts a line is its line number.
-    expectToken(at(4, 1), 5, 4, "100");
-}
-
-TEST_F(TokenizerTest, CommentsTakeTheRestOfTheLine) {
-    ASSERT_EQ(analyze("x = 1: Rem note: more\n"
-                      "Rem(a\n"
-                      "x = 1 ' why \"not\"\n"
-                      "REM\n"),
-              11);
-    EXPECT_EQ(texts(1), (Texts{"x", "=", "1", ":", "Rem note: more"}));
-    expectToken(at(1, 5), 5, 1, "Rem note: more");
-    // Whatever ended the word REM becomes one blank.
-    expectToken(at(2, 1), 5, 1, "Rem a");
-    EXPECT_EQ(texts(3), (Texts{"x", "=", "1", "' why \"not\""}));
-    expectToken(at(3, 4), 5, 1, "' why \"not\"");
-    EXPECT_EQ(at(3, 4).LeadingSpace, " ");
-    expectToken(at(4, 1), 5, 1, "REM");
 }
 
 TEST_F(TokenizerTest, ContinuationByUnderscoreOrBackslash) {
@@ -207,6 +168,7 @@ TEST_F(TokenizerTest, LeadingSpaceAndTextGiveBackTheLine) {
         "\tCall Foo(1.5, \"a\"\"b\", #1/2/99#, c:=d)   ",
         "  Debug.Print x!; Forms!Main.Caption  ' done",
         "label1:  s$ = Mid$(t, 2) & \"\"",
+        "x = 1 ' why \"not\"",
     };
     std::string text;
     for (const std::string& line : lines) text += line + "\r\n";

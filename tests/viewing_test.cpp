@@ -107,13 +107,8 @@ TEST_F(ViewingTest, EndAndPageDownNearTheEndAskForTheEnd) {
 }
 
 TEST_F(ViewingTest, ValueOnAHiddenRecordShowsTheNextVisibleOne) {
-    open("Form1.frm",
-         "VERSION 5.00\n"
-         "Begin VB.Form Form1\n"
-         "   Caption = \"Form1\"\n"
-         "End\n"
-         "Attribute VB_Name = \"Form1\"\n"  // record 5
-         "Option Explicit\n");
+    open("Form1.frm",  // the description, then record 5
+         "VERSION 5.00\nBegin VB.Form Form1\n   Caption = \"Form1\"\nEnd\nAttribute VB_Name = \"Form1\"\nOption Explicit\n");
     // The description was shown when the file opened; now the user hides it and drags the bar.
     hlydSettings().ViewFormDef[kDisplay] = false;
     bar().Max = 50;
@@ -224,24 +219,16 @@ TEST_F(ViewingTest, TheWheelScrollsThreeRecordsANotchAndAPageWithCtrl) {
 // Fine wheels and touchpads send small deltas: they add up to whole records, and a turn back
 // starts afresh instead of first paying off what the other direction left.
 TEST_F(ViewingTest, SmallWheelAndTouchpadDeltasAddUpToRecords) {
-    WheelSteps steps = wheelSteps({-15, 0, false}, 10);
-    EXPECT_EQ(steps.records, 0);
-    steps = wheelSteps({-15, 0, false}, 10);
-    EXPECT_EQ(steps.records, 0);
-    steps = wheelSteps({-15, 0, false}, 10);  // 45 eighths: one record of a notch's three
-    EXPECT_EQ(steps.records, 1);
-    steps = wheelSteps({30, 0, false}, 10);
-    EXPECT_EQ(steps.records, 0);
-    steps = wheelSteps({15, 0, false}, 10);
-    EXPECT_EQ(steps.records, -1);
+    EXPECT_EQ(wheelSteps({-15, 0, false}, 10).records, 0);
+    EXPECT_EQ(wheelSteps({-15, 0, false}, 10).records, 0);
+    EXPECT_EQ(wheelSteps({-15, 0, false}, 10).records, 1);  // 45 eighths: one record of a notch's three
+    EXPECT_EQ(wheelSteps({30, 0, false}, 10).records, 0);
+    EXPECT_EQ(wheelSteps({15, 0, false}, 10).records, -1);
 
-    steps = wheelSteps({0, -25, false}, 10);  // pixels: one record per line's height
-    EXPECT_EQ(steps.records, 2);
-    steps = wheelSteps({0, -5, false}, 10);
-    EXPECT_EQ(steps.records, 1);
-    steps = wheelSteps({0, -29, true}, 10);  // with Ctrl a notch's worth of lines is a page
-    EXPECT_EQ(steps.pages, 0);
-    steps = wheelSteps({0, -1, true}, 10);
+    EXPECT_EQ(wheelSteps({0, -25, false}, 10).records, 2);  // pixels: one record per line's height
+    EXPECT_EQ(wheelSteps({0, -5, false}, 10).records, 1);
+    EXPECT_EQ(wheelSteps({0, -29, true}, 10).pages, 0);  // with Ctrl a notch's worth of lines is a page
+    WheelSteps steps = wheelSteps({0, -1, true}, 10);
     EXPECT_EQ(steps.pages, 1);
     EXPECT_EQ(steps.records, 0);
 
