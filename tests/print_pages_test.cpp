@@ -264,26 +264,45 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
 }
 
-// A centre text keeps its place until a longer procedure name would run into the texts beside
-// it: then it moves between them, and is cut with "..." when even that room is too small.
-TEST_F(PrintPagesTest, AGrowingCentreTextKeepsClearOfTheLeftAndRightTexts) {
+// A centre text is centred on each page for its own width. When the left or right text is in its
+// way it moves only as far as it must, a blank clear of both; it takes the room of the right text's
+// trailing blank before it loses a letter; and only a text too wide for the room between is cut.
+TEST_F(PrintPagesTest, ACentreTextIsCentredMovedOrCutOnlyAsFarAsItMust) {
     HlydSettings& s = hlydSettings();
-    s.HeadingLeft = "@filename";
+    s.HeadingLeft = "<" + std::string(27, 'L') + ">";   // 27 letters and a blank
     s.HeadingCenter = "@procname";
-    s.HeadingRight = "<Printed on the twelfth>";
+    s.HeadingRight = "<" + std::string(25, 'R') + ">";  // 25 letters and a blank: from 44 to the margin at 70
     format().ProcSkip = 'P';
-    std::string longName(40, 'L'), middleName(20, 'M');
-    print("Attribute VB_Name = \"Mod1\"\nSub " + middleName + "()\nEnd Sub\nSub " + longName + "()\nEnd Sub\n");
-    float leftEnd = kLeft + 11 * kCharWidth;                     // "module.bas" and a blank
-    float rightStart = kLeft + 10080 - 24 * kCharWidth;          // a blank, and the text with its own
-    PrintEvent middle = text(middleName);
-    EXPECT_GE(middle.x1, leftEnd);
-    EXPECT_LE(middle.x1 + 20 * kCharWidth, rightStart);
-    std::string cut = std::string(static_cast<std::size_t>((rightStart - leftEnd) / kCharWidth) - 3, 'L') + "...";
-    EXPECT_EQ(text(cut).x1, leftEnd);
-    EXPECT_EQ(text(cut).page, 3);
-    // Where there is room the place stays as it was given.
-    EXPECT_EQ(text("<Declarations>").x1, kLeft + (10080 - 14 * kCharWidth) / 2);
+    std::string moved(15, 'M'), tight(16, 'N'), wide(30, 'C');
+    std::string text = "Attribute VB_Name = \"Mod1\"\nDim A\n";
+    for (const std::string& name : {std::string("Short"), moved, tight, wide}) text += "Sub " + name + "()\nEnd Sub\n";
+    print(text);
+    struct Line {
+        std::string centre;
+        float centreAt, rightAt;  // in characters from the left margin
+        std::string right;
+    };
+    std::string right(25, 'R');
+    const Line wanted[] = {
+        {"<Declarations>", 28, 44, right + " "},  // centred, and clear
+        {"Short", 32.5f, 44, right + " "},        // centred for its own width, not where page 1's was
+        {moved, 28, 44, right + " "},             // centred it would start at 27.5: moved to the left text's blank
+        {tight, 28, 45, right},                   // fits only without the right text's trailing blank
+        {std::string(12, 'C') + "...", 28, 44, right + " "},  // 15 characters of room
+    };
+    for (int page = 1; page <= 5; ++page) {
+        std::vector<PrintEvent> line;
+        for (const PrintEvent& e : of(PrintEvent::Text))
+            if (e.page == page && e.y1 == 648) line.push_back(e);
+        ASSERT_EQ(line.size(), 3u) << "page " << page;
+        std::sort(line.begin(), line.end(), [](const PrintEvent& a, const PrintEvent& b) { return a.x1 < b.x1; });
+        const Line& w = wanted[page - 1];
+        EXPECT_EQ(line[0].x1, kLeft) << "page " << page;
+        EXPECT_EQ(line[1].text, w.centre) << "page " << page;
+        EXPECT_EQ(line[1].x1, kLeft + w.centreAt * kCharWidth) << "page " << page;
+        EXPECT_EQ(line[2].text, w.right) << "page " << page;
+        EXPECT_EQ(line[2].x1, kLeft + w.rightAt * kCharWidth) << "page " << page;
+    }
 }
 
 TEST_F(PrintPagesTest, PrintingAFileWritesItsHistoryUnlessAskedNotTo) {
