@@ -370,6 +370,62 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
 }
 
+// The contents cite the page on which a declaration's first line is printed: also when a rule
+// above it still fits at the foot of a page and the declaration does not, and when a declaration
+// wrapped over a page's end goes on at the top of the next.
+TEST_F(PrintPagesTest, ContentsCiteThePageOfTheDeclarationsFirstLine) {
+    HlydSettings& s = hlydSettings();
+    s.TableOfContents = true;
+    s.PageNumberHow = 1;
+    format().Orphan = 1;
+    auto body = [](const std::string& name, int lines) {
+        std::string text = "Sub " + name + "()\n";
+        for (int l = 1; l <= lines; ++l) text += "Y = " + std::to_string(l) + "\n";
+        return text + "End Sub\n";
+    };
+    // The page and the line on which the name of the procedure is printed, and the page it is cited on.
+    struct Seen {
+        std::int32_t page = 0;
+        float y = 0;
+        std::int32_t cited = -1;
+    };
+    auto seen = [this](const std::string& name) {
+        Seen at;
+        std::int32_t printedPage = 0;
+        for (const PrintEvent& e : events) {
+            if (e.kind == PrintEvent::PageStart) printedPage = e.printed;
+            if (e.kind == PrintEvent::Text && e.text == name && e.bold && at.page == 0) at = {printedPage, e.y1};
+        }
+        for (const TocEntry& entry : TOC())
+            if (entry.Text.find(" " + name + "(") != std::string::npos) at.cited = std::stoi(entry.Page);
+        return at;
+    };
+
+    // 43 lines and three rules of 10 twips: the fourth rule at 13782 is above the orphan limit
+    // of 13788, but the declaration under it, at 13792, would end below the bottom at 14076.
+    format().Separator = 1;
+    format().SeparatorBold = 0;
+    print(body("P1", 13) + body("P2", 13) + body("P3", 11) + body("P4", 1));
+    std::vector<PrintEvent> rules = of(PrintEvent::Line);
+    ASSERT_EQ(rules.size(), 4u);
+    EXPECT_EQ(rules[3].page, 1);
+    EXPECT_EQ(rules[3].y1, 13782);
+    Seen p4 = seen("P4");
+    EXPECT_EQ(p4.page, 2);
+    EXPECT_EQ(p4.cited, 2);
+
+    // A declaration of two lines on the last line of a page.
+    format().Separator = 0;
+    std::string parameters;
+    for (int n = 1; n <= 6; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
+    print(body("P1", 41) + "Sub P2(" + parameters + ")\nEnd Sub\n");
+    Seen p2 = seen("P2");
+    EXPECT_EQ(p2.page, 1);
+    EXPECT_EQ(p2.y, kFirstLine + 43 * kLineHeight);
+    EXPECT_EQ(text("A6").page, 2);
+    EXPECT_EQ(p2.cited, 1);
+}
+
 // A word wider than the contents line less its indent (here a default string of a hundred
 // characters on a line of seventy) is cut where the line ends, in the procedure table and in the
 // table of contents alike; before, the table of contents cut it in its indent for ever.

@@ -110,6 +110,9 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     hooks.textDrawn = &text;
     hooks.whiteIsPaper = true;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
+    // A line that does not fit at the foot of a page starts the next one before it is drawn.
+    pos_.FirstLinePage = p.PrintedPageNumber;
+    hooks.beforeFirstToken = [this](std::int32_t) { pos_.FirstLinePage = printState().PrintedPageNumber; };
     if (numbered) hooks.firstLine = [this](float y, float h) { lineNumber(y, h); };
     if (mode_ == kEmitCode)
         hooks.connectors = [this](const AreaRecord& area, float h, std::int32_t wraps, std::int32_t, float x) {
