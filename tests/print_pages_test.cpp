@@ -17,6 +17,7 @@
 #include "printing/print_file.h"
 #include "printing/print_run.h"
 #include "printing/print_state.h"
+#include "printing/printer_fonts.h"
 #include "printing/printer_start.h"
 #include "printing/printer_systems.h"
 #include "printing/recording_printer.h"
@@ -221,6 +222,16 @@ TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
         if (e.x1 == kLeft && e.text.size() == 5 && e.text[0] == '0') numbers.push_back(e.text);
     ASSERT_EQ(numbers.size(), 10u);
     EXPECT_EQ(numbers.back(), "00100");
+}
+
+// A blank line is as high as a line of the project listing's element, not of the comment font
+// that its empty token has: comments at 20 points (480 twips), the listing's element at 10 (240).
+TEST_F(PrintPagesTest, ABlankLineIsAsHighAsTheProjectListingsElement) {
+    displayAttributes().Elements[kElemComments].slot[kPrint].Font.Size = 20;
+    displayAttributes().Elements[kElemProjectFile].slot[kPrint].Font.Size = 10;
+    HlydPAGetFontMetrics();
+    print("Sub P()\n' Note\n\nY = 1\nEnd Sub\n");
+    EXPECT_EQ(text("Y").y1 - text("' Note").y1, 480 + 240);
 }
 
 TEST_F(PrintPagesTest, AProcedureHasARuleAbove) {

@@ -218,7 +218,9 @@ std::int32_t RecordPainter::run() {
     x_ = pos_.Left;
     y_ = pos_.Top;
     procedureLine_ = t_.Statements[r.FirstS].Class == kStmtProcStart || t_.Statements[r.LastS].Class == kStmtProcStart;
+    bool blankLine = governing.Class == kStmtBlank && hooks_.blankLineElement != 0;
     if (procedureLine_) lineHeight_ = static_cast<float>(attributesOf(kElemProcedures, dest_).Height);
+    else if (blankLine) lineHeight_ = static_cast<float>(attributesOf(hooks_.blankLineElement, dest_).Height);
     else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, last);
     if (hooks_.separator) hooks_.separator(governing, r, xWrap_, y_);
     if (!breakIfFull()) return wraps_;

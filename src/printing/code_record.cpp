@@ -109,6 +109,9 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     hooks.toStatementEnd = mode_ != kEmitCode;
     hooks.textDrawn = &text;
     hooks.whiteIsPaper = true;
+    // A blank line's one empty token counts as a comment; on paper the gap is as high as a line of
+    // the project listing's element, so that a large comment font does not spread the code apart.
+    hooks.blankLineElement = kElemProjectFile;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
     // A line that does not fit at the foot of a page starts the next one before it is drawn.
     pos_.FirstLinePage = p.PrintedPageNumber;
