@@ -169,6 +169,39 @@ TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     EXPECT_GE(last.x1, kLeft + 4680 + 720);
 }
 
+// Every run of a wrapped record, its " _" marks too, ends within its column: a comment or a
+// literal split into pieces, a statement wrapped between its words, a line the source continues.
+// The marks' font is larger than the line numbers', in which the room for them was once measured.
+class WrappedRecordsTest : public PrintPagesTest, public ::testing::WithParamInterface<std::int16_t> {};
+
+TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
+    std::int16_t columns = GetParam();
+    useColumns(columns, 720, false);
+    displayAttributes().Elements[kElemKeyWords].slot[kPrint].Font.Size = 14;
+    HlydPAGetFontMetrics();
+    std::string words;
+    for (int n = 1; n <= 30; ++n) words += " word" + std::to_string(n);
+    std::string sum = "X = A1";
+    for (int n = 2; n <= 40; ++n) sum += " + A" + std::to_string(n);
+    std::string filler;  // the wrapped records start at the foot of the first column and go on in the next
+    for (int n = 1; n <= 36; ++n) filler += "Y = " + std::to_string(n) + "\n";
+    print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " + sum +
+          "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
+    float columnWidth = (10080 - 720 * static_cast<float>(columns - 1)) / static_cast<float>(columns);
+    int marks = 0, lastColumn = 0;
+    for (const PrintEvent& e : of(PrintEvent::Text)) {
+        int column = static_cast<int>((e.x1 - kLeft) / (columnWidth + 720));
+        float right = kLeft + static_cast<float>(column) * (columnWidth + 720) + columnWidth;
+        EXPECT_LE(e.x1 + static_cast<float>(e.size) * 12 * static_cast<float>(e.text.size()), right)
+            << e.text << " in column " << column + 1;
+        if (e.text == " _") ++marks, lastColumn = column;
+    }
+    EXPECT_GT(marks, 5);
+    EXPECT_EQ(lastColumn, columns - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(PrintPages, WrappedRecordsTest, ::testing::Values(1, 2));
+
 TEST_F(PrintPagesTest, AForBlockOverAPageBreakKeepsItsConnectorOnBothPages) {
     format().ConnectControls = 1;
     std::string body;
