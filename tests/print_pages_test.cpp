@@ -17,6 +17,7 @@
 #include "printing/print_file.h"
 #include "printing/print_run.h"
 #include "printing/print_state.h"
+#include "printing/printer_fonts.h"
 #include "printing/printer_start.h"
 #include "printing/printer_systems.h"
 #include "printing/recording_printer.h"
@@ -168,6 +169,39 @@ TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     EXPECT_GE(last.x1, kLeft + 4680 + 720);
 }
 
+// Every run of a wrapped record, its " _" marks too, ends within its column: a comment or a
+// literal split into pieces, a statement wrapped between its words, a line the source continues.
+// The marks' font is larger than the line numbers', in which the room for them was once measured.
+class WrappedRecordsTest : public PrintPagesTest, public ::testing::WithParamInterface<std::int16_t> {};
+
+TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
+    std::int16_t columns = GetParam();
+    useColumns(columns, 720, false);
+    displayAttributes().Elements[kElemKeyWords].slot[kPrint].Font.Size = 14;
+    HlydPAGetFontMetrics();
+    std::string words;
+    for (int n = 1; n <= 30; ++n) words += " word" + std::to_string(n);
+    std::string sum = "X = A1";
+    for (int n = 2; n <= 40; ++n) sum += " + A" + std::to_string(n);
+    std::string filler;  // the wrapped records start at the foot of the first column and go on in the next
+    for (int n = 1; n <= 36; ++n) filler += "Y = " + std::to_string(n) + "\n";
+    print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " + sum +
+          "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
+    float columnWidth = (10080 - 720 * static_cast<float>(columns - 1)) / static_cast<float>(columns);
+    int marks = 0, lastColumn = 0;
+    for (const PrintEvent& e : of(PrintEvent::Text)) {
+        int column = static_cast<int>((e.x1 - kLeft) / (columnWidth + 720));
+        float right = kLeft + static_cast<float>(column) * (columnWidth + 720) + columnWidth;
+        EXPECT_LE(e.x1 + static_cast<float>(e.size) * 12 * static_cast<float>(e.text.size()), right)
+            << e.text << " in column " << column + 1;
+        if (e.text == " _") ++marks, lastColumn = column;
+    }
+    EXPECT_GT(marks, 5);
+    EXPECT_EQ(lastColumn, columns - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(PrintPages, WrappedRecordsTest, ::testing::Values(1, 2));
+
 TEST_F(PrintPagesTest, AForBlockOverAPageBreakKeepsItsConnectorOnBothPages) {
     format().ConnectControls = 1;
     std::string body;
@@ -223,6 +257,16 @@ TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
     EXPECT_EQ(numbers.back(), "00100");
 }
 
+// A blank line is as high as a line of the project listing's element, not of the comment font
+// that its empty token has: comments at 20 points (480 twips), the listing's element at 10 (240).
+TEST_F(PrintPagesTest, ABlankLineIsAsHighAsTheProjectListingsElement) {
+    displayAttributes().Elements[kElemComments].slot[kPrint].Font.Size = 20;
+    displayAttributes().Elements[kElemProjectFile].slot[kPrint].Font.Size = 10;
+    HlydPAGetFontMetrics();
+    print("Sub P()\n' Note\n\nY = 1\nEnd Sub\n");
+    EXPECT_EQ(text("Y").y1 - text("' Note").y1, 480 + 240);
+}
+
 TEST_F(PrintPagesTest, AProcedureHasARuleAbove) {
     format().Separator = 1;
     format().SeparatorBold = 1;
@@ -264,26 +308,45 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
 }
 
-// A centre text keeps its place until a longer procedure name would run into the texts beside
-// it: then it moves between them, and is cut with "..." when even that room is too small.
-TEST_F(PrintPagesTest, AGrowingCentreTextKeepsClearOfTheLeftAndRightTexts) {
+// A centre text is centred on each page for its own width. When the left or right text is in its
+// way it moves only as far as it must, a blank clear of both; it takes the room of the right text's
+// trailing blank before it loses a letter; and only a text too wide for the room between is cut.
+TEST_F(PrintPagesTest, ACentreTextIsCentredMovedOrCutOnlyAsFarAsItMust) {
     HlydSettings& s = hlydSettings();
-    s.HeadingLeft = "@filename";
+    s.HeadingLeft = "<" + std::string(27, 'L') + ">";   // 27 letters and a blank
     s.HeadingCenter = "@procname";
-    s.HeadingRight = "<Printed on the twelfth>";
+    s.HeadingRight = "<" + std::string(25, 'R') + ">";  // 25 letters and a blank: from 44 to the margin at 70
     format().ProcSkip = 'P';
-    std::string longName(40, 'L'), middleName(20, 'M');
-    print("Attribute VB_Name = \"Mod1\"\nSub " + middleName + "()\nEnd Sub\nSub " + longName + "()\nEnd Sub\n");
-    float leftEnd = kLeft + 11 * kCharWidth;                     // "module.bas" and a blank
-    float rightStart = kLeft + 10080 - 24 * kCharWidth;          // a blank, and the text with its own
-    PrintEvent middle = text(middleName);
-    EXPECT_GE(middle.x1, leftEnd);
-    EXPECT_LE(middle.x1 + 20 * kCharWidth, rightStart);
-    std::string cut = std::string(static_cast<std::size_t>((rightStart - leftEnd) / kCharWidth) - 3, 'L') + "...";
-    EXPECT_EQ(text(cut).x1, leftEnd);
-    EXPECT_EQ(text(cut).page, 3);
-    // Where there is room the place stays as it was given.
-    EXPECT_EQ(text("<Declarations>").x1, kLeft + (10080 - 14 * kCharWidth) / 2);
+    std::string moved(15, 'M'), tight(16, 'N'), wide(30, 'C');
+    std::string text = "Attribute VB_Name = \"Mod1\"\nDim A\n";
+    for (const std::string& name : {std::string("Short"), moved, tight, wide}) text += "Sub " + name + "()\nEnd Sub\n";
+    print(text);
+    struct Line {
+        std::string centre;
+        float centreAt, rightAt;  // in characters from the left margin
+        std::string right;
+    };
+    std::string right(25, 'R');
+    const Line wanted[] = {
+        {"<Declarations>", 28, 44, right + " "},  // centred, and clear
+        {"Short", 32.5f, 44, right + " "},        // centred for its own width, not where page 1's was
+        {moved, 28, 44, right + " "},             // centred it would start at 27.5: moved to the left text's blank
+        {tight, 28, 45, right},                   // fits only without the right text's trailing blank
+        {std::string(12, 'C') + "...", 28, 44, right + " "},  // 15 characters of room
+    };
+    for (int page = 1; page <= 5; ++page) {
+        std::vector<PrintEvent> line;
+        for (const PrintEvent& e : of(PrintEvent::Text))
+            if (e.page == page && e.y1 == 648) line.push_back(e);
+        ASSERT_EQ(line.size(), 3u) << "page " << page;
+        std::sort(line.begin(), line.end(), [](const PrintEvent& a, const PrintEvent& b) { return a.x1 < b.x1; });
+        const Line& w = wanted[page - 1];
+        EXPECT_EQ(line[0].x1, kLeft) << "page " << page;
+        EXPECT_EQ(line[1].text, w.centre) << "page " << page;
+        EXPECT_EQ(line[1].x1, kLeft + w.centreAt * kCharWidth) << "page " << page;
+        EXPECT_EQ(line[2].text, w.right) << "page " << page;
+        EXPECT_EQ(line[2].x1, kLeft + w.rightAt * kCharWidth) << "page " << page;
+    }
 }
 
 TEST_F(PrintPagesTest, PrintingAFileWritesItsHistoryUnlessAskedNotTo) {
@@ -349,6 +412,62 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     EXPECT_GT(tableLine, 0);
     EXPECT_EQ(pages.back().type, 3);  // the table of contents is a document of its own
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 2u);
+}
+
+// The contents cite the page on which a declaration's first line is printed: also when a rule
+// above it still fits at the foot of a page and the declaration does not, and when a declaration
+// wrapped over a page's end goes on at the top of the next.
+TEST_F(PrintPagesTest, ContentsCiteThePageOfTheDeclarationsFirstLine) {
+    HlydSettings& s = hlydSettings();
+    s.TableOfContents = true;
+    s.PageNumberHow = 1;
+    format().Orphan = 1;
+    auto body = [](const std::string& name, int lines) {
+        std::string text = "Sub " + name + "()\n";
+        for (int l = 1; l <= lines; ++l) text += "Y = " + std::to_string(l) + "\n";
+        return text + "End Sub\n";
+    };
+    // The page and the line on which the name of the procedure is printed, and the page it is cited on.
+    struct Seen {
+        std::int32_t page = 0;
+        float y = 0;
+        std::int32_t cited = -1;
+    };
+    auto seen = [this](const std::string& name) {
+        Seen at;
+        std::int32_t printedPage = 0;
+        for (const PrintEvent& e : events) {
+            if (e.kind == PrintEvent::PageStart) printedPage = e.printed;
+            if (e.kind == PrintEvent::Text && e.text == name && e.bold && at.page == 0) at = {printedPage, e.y1};
+        }
+        for (const TocEntry& entry : TOC())
+            if (entry.Text.find(" " + name + "(") != std::string::npos) at.cited = std::stoi(entry.Page);
+        return at;
+    };
+
+    // 43 lines and three rules of 10 twips: the fourth rule at 13782 is above the orphan limit
+    // of 13788, but the declaration under it, at 13792, would end below the bottom at 14076.
+    format().Separator = 1;
+    format().SeparatorBold = 0;
+    print(body("P1", 13) + body("P2", 13) + body("P3", 11) + body("P4", 1));
+    std::vector<PrintEvent> rules = of(PrintEvent::Line);
+    ASSERT_EQ(rules.size(), 4u);
+    EXPECT_EQ(rules[3].page, 1);
+    EXPECT_EQ(rules[3].y1, 13782);
+    Seen p4 = seen("P4");
+    EXPECT_EQ(p4.page, 2);
+    EXPECT_EQ(p4.cited, 2);
+
+    // A declaration of two lines on the last line of a page.
+    format().Separator = 0;
+    std::string parameters;
+    for (int n = 1; n <= 6; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
+    print(body("P1", 41) + "Sub P2(" + parameters + ")\nEnd Sub\n");
+    Seen p2 = seen("P2");
+    EXPECT_EQ(p2.page, 1);
+    EXPECT_EQ(p2.y, kFirstLine + 43 * kLineHeight);
+    EXPECT_EQ(text("A6").page, 2);
+    EXPECT_EQ(p2.cited, 1);
 }
 
 // A word wider than the contents line less its indent (here a default string of a hundred

@@ -217,23 +217,25 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
     format().ContinueGenerate = 1;
 
     // Alone on its line, it is split there without a mark or a line feed before the first piece.
-    // Pieces: 500 - (85 + 85) + 1 = 331 wide, three characters each, at XWrap + 85.
-    EXPECT_EQ(lay(1, 500), 3);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abc", 85, 0}, {" _", 385, 0}, {"def", 85, 200}, {" _", 385, 200},
-                                           {"ghi", 85, 400}, {" _", 385, 400}, {"jkl", 85, 600}}));
-    EXPECT_EQ(pos.Top, 800);
+    // Pieces at XWrap + 85 leave room for the mark behind them: 500 - 200 - 85 = 215 wide, two
+    // characters each.
+    EXPECT_EQ(lay(1, 500), 5);
+    EXPECT_EQ(printed, (std::vector<Print>{{"ab", 85, 0}, {" _", 285, 0}, {"cd", 85, 200}, {" _", 285, 200},
+                                           {"ef", 85, 400}, {" _", 285, 400}, {"gh", 85, 600}, {" _", 285, 600},
+                                           {"ij", 85, 800}, {" _", 285, 800}, {"kl", 85, 1000}}));
+    EXPECT_EQ(pos.Top, 1200);
 
-    // Behind another token: the first line ends with the mark, the pieces (800 - 170 + 1 = 631
+    // Behind another token: the first line ends with the mark, the pieces (800 - 200 - 85 = 515
     // wide) follow at 85. Moving the token down isn't counted, the split is.
-    EXPECT_EQ(lay(2, 800), 1);
-    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"abcdef", 85, 200},
-                                           {" _", 685, 200}, {"ghijkl", 85, 400}}));
+    EXPECT_EQ(lay(2, 800), 2);
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"abcde", 85, 200},
+                                           {" _", 585, 200}, {"fghij", 85, 400}, {" _", 585, 400}, {"kl", 85, 600}}));
 
     // At level 3 the text would start at 1020, beyond the right edge of 1000: it starts at the
-    // left edge, and its pieces (1000 - 170 + 1 = 831 wide) at 85.
+    // left edge, and its pieces (1000 - 200 - 85 = 715 wide) at 85.
     ASSERT_EQ(theSourceTables().Records[6].Indent, 3);
     EXPECT_EQ(lay(6, 1000), 1);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefgh", 85, 0}, {" _", 885, 0}, {"ijkl", 85, 200}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefg", 85, 0}, {" _", 785, 0}, {"hijkl", 85, 200}}));
 }
 
 TEST_F(TokenLayoutTest, DeepIndentationInANarrowOutputIsCappedNotSplitPerCharacter) {
@@ -243,11 +245,11 @@ TEST_F(TokenLayoutTest, DeepIndentationInANarrowOutputIsCappedNotSplitPerCharact
     format().ContinueGenerate = 1;
     // Level 8 stands at 2720; in a width of 3000 its pieces would be 3000 - 2890 + 1 = 111 wide,
     // one character each. The record starts at 3000 - 170 - 850 = 1980 instead, and its pieces
-    // at 2065 are 851 wide: eight characters.
+    // at 2065, with room for the mark behind them, are 3000 - 200 - 2065 = 735 wide: seven characters.
     ASSERT_EQ(theSourceTables().Records[9].Indent, 8);
     EXPECT_EQ(lay(9, 3000), 2);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefgh", 2065, 0}, {" _", 2865, 0}, {"ijklmnop", 2065, 200},
-                                           {" _", 2865, 200}, {"qrst", 2065, 400}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefg", 2065, 0}, {" _", 2765, 0}, {"hijklmn", 2065, 200},
+                                           {" _", 2765, 200}, {"opqrst", 2065, 400}}));
     // A record that fits is capped all the same: the block's lines stay in one column. With room
     // enough, the indentation stands.
     lay(10, 3000);

@@ -43,6 +43,7 @@ private:
     void firstTokenStart(const Token& token);
     void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
                     std::int32_t last);
+    float splitWidth(const Token& token, float limitX) const;
     void drawPieces(std::int32_t i, const Token& token, AttributeRecord& a, const std::vector<std::string>& pieces);
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
     void continuationMark();
@@ -191,12 +192,23 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeReco
         ++wraps_;
     } else {
         if (x_ > limitX) xWrap_ = x_ = pos_.Left;
-        HlydTKSplitForOutput(token.Text, pieces, limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1, dest_);
+        HlydTKSplitForOutput(token.Text, pieces, splitWidth(token, limitX), dest_);
     }
     if (!first) {
         y_ += lineHeight_;
         breakIfFull();
     }
+}
+
+// The width each piece of a split token may take. Pieces are followed by " _" when marks are
+// shown, and that mark is to end inside the line as the text does: so the pieces leave room for
+// it, even where the token, being the record's last, could otherwise use the line to its end. The
+// first piece stands at X, the others one blank in from XWrap.
+float RecordPainter::splitWidth(const Token& token, float limitX) const {
+    float width = limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1;
+    if (!markAfter(token)) return width;
+    float furthestStart = std::max(x_, xWrap_ + m_.WhiteSpaceSize[dest_]);
+    return std::min(width, pos_.Right - m_.ContinueSize[dest_] - furthestStart);
 }
 
 // Draws the pieces; X is left at the right end of the text drawn last, so a token of blanks
@@ -232,7 +244,9 @@ std::int32_t RecordPainter::run() {
     x_ = pos_.Left;
     y_ = pos_.Top;
     procedureLine_ = t_.Statements[r.FirstS].Class == kStmtProcStart || t_.Statements[r.LastS].Class == kStmtProcStart;
+    bool blankLine = governing.Class == kStmtBlank && hooks_.blankLineElement != 0;
     if (procedureLine_) lineHeight_ = static_cast<float>(attributesOf(kElemProcedures, dest_).Height);
+    else if (blankLine) lineHeight_ = static_cast<float>(attributesOf(hooks_.blankLineElement, dest_).Height);
     else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, last);
     if (hooks_.separator) hooks_.separator(governing, r, xWrap_, y_);
     if (!breakIfFull()) return wraps_;

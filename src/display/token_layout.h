@@ -44,6 +44,8 @@ struct RecordLayoutHooks {
     std::function<void(float y, float lineHeight)> firstLine;
     // White behind a text is the paper itself: no box is drawn for it.
     bool whiteIsPaper = false;
+    // When not 0, a blank line is as high as this element, whatever its empty token's element is.
+    int blankLineElement = 0;
     // When set, receives the text drawn, gaps as blanks.
     std::string* textDrawn = nullptr;
     // Lays the record out without drawing it: how tall it is (the area's Top moves below it) and

@@ -45,7 +45,7 @@ struct ProcEntry {
     std::int32_t LastStatement = 0;
     bool IsPublic = false;
     std::int16_t IsEvent = 0;
-    std::int32_t ProcPage = 0;  // the printed page it ended on, once printed
+    std::int32_t ProcPage = 0;  // the printed page its declaration starts on, once printed
     bool ProcPrinted = false;   // printed in this run: only those stand in a procedure table
     std::int32_t ListIndex = 0;
 };

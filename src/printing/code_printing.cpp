@@ -97,10 +97,11 @@ void CodeListing::separator(std::int32_t record) {
     pos_.TopPos += static_cast<float>((f_.SeparatorBold ? 10 : 5) * m.PrintTwipsPerPixelY);
 }
 
-// The page the entry's declaration ended on is the page the contents show for it.
+// The contents show the page on which the declaration's first line is printed: a reader looks
+// for its start, and a declaration wrapped over a page's end would send them a page too far.
 void CodeListing::notePage(int entry) {
     ProcEntry& e = yProc()[static_cast<std::size_t>(entry)];
-    e.ProcPage = p_.PrintedPageNumber;
+    e.ProcPage = pos_.FirstLinePage;
     e.ProcPrinted = true;
     if (!hlydSettings().TableOfContents) return;
     // The declarations and a form's definition stand under their names, as in a procedure table.

@@ -123,7 +123,13 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     RecordLayoutHooks hooks = mode_ == kEmitCode ? RecordLayoutHooks{} : contentsHooks();
     hooks.textDrawn = &text;
     hooks.whiteIsPaper = true;
+    // A blank line's one empty token counts as a comment; on paper the gap is as high as a line of
+    // the project listing's element, so that a large comment font does not spread the code apart.
+    hooks.blankLineElement = kElemProjectFile;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
+    // A line that does not fit at the foot of a page starts the next one before it is drawn.
+    pos_.FirstLinePage = p.PrintedPageNumber;
+    hooks.beforeFirstToken = [this](std::int32_t) { pos_.FirstLinePage = printState().PrintedPageNumber; };
     if (numbered) hooks.firstLine = [this](float y, float h) { lineNumber(y, h); };
     if (mode_ == kEmitCode)
         hooks.connectors = [this](const AreaRecord& area, float h, std::int32_t wraps, std::int32_t, float x) {

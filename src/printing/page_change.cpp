@@ -254,21 +254,14 @@ std::array<cHeadingPart*, 3> expandedLine(cHeadings& headings, int line) {
 
 // Where each text of the line goes: the centre kept clear of the other two by a blank's width.
 std::array<PlacedText, 3> placedLine(Printer& printer, const std::array<cHeadingPart*, 3>& parts) {
-    std::array<PlacedText, 3> placed;
+    HeadingLine line;
+    PlacedText* placed[3] = {&line.left, &line.centre, &line.right};
     for (std::size_t i = 0; i < 3; ++i)
-        if (parts[i]) placed[i] = {parts[i]->XPos(), parts[i]->HeadingText()};
-    const AreaRecord& area = printState().UsableArea;
-    // The right text is placed on each page from its own width, not once from the first page's:
-    // "Page 10", "Page 100" or "viii" would otherwise run past the margin.
-    float rightWidth = printer.textWidth(placed[2].text);
-    if (parts[2] && parts[2]->bIsDynamic && rightWidth < area.Width) placed[2].x = area.Left + area.Width - rightWidth;
-    float blank = printer.textWidth(" ");
-    // A left text often ends in a blank of its own: the blank between is enough.
-    std::string left = placed[0].text.substr(0, placed[0].text.find_last_not_of(' ') + 1);
-    float leftEnd = left.empty() ? area.Left : placed[0].x + printer.textWidth(left) + blank;
-    float rightStart = placed[2].text.empty() ? area.Left + area.Width : placed[2].x - blank;
-    placed[1] = fitBetween(printer, placed[1], leftEnd, rightStart);
-    return placed;
+        if (parts[i]) *placed[i] = {parts[i]->XPos(), parts[i]->HeadingText()};
+    line.centreMoves = parts[1] && parts[1]->bIsDynamic;
+    line.rightMoves = parts[2] && parts[2]->bIsDynamic;
+    fitHeadingLine(printer, printState().UsableArea, line);
+    return {line.left, line.centre, line.right};
 }
 
 }  // namespace

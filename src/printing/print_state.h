@@ -41,6 +41,7 @@ struct wPos {
     float RightPos = 0;
     float TopPos = 0;
     float SpareWidth = 0;
+    std::int32_t FirstLinePage = 0;  // the printed page on which the last record's first line stands
 };
 
 // Where the current column stands. XColumn is measured in usable-area coordinates; XOffset turns

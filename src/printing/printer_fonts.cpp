@@ -232,6 +232,8 @@ void HlydPAGetFontMetrics() {
     m.ConnectorSize[kPrint] = m.IndentSize[kPrint] = m.WhiteSpaceSize[kPrint];
     m.PrintTwipsPerPixelX = static_cast<std::int16_t>(p.twipsPerPixelX());
     m.PrintTwipsPerPixelY = static_cast<std::int16_t>(p.twipsPerPixelY());
+    // The room kept for " _" at a line's end is measured in the font the mark is drawn in.
+    HlydPASetAttributes(printAttributes(kElemKeyWords));
     m.ContinueSize[kPrint] = measured([&] { return p.textWidth(" _"); });
     HlydPASetAttributes(printAttributes(kElemLineNumbers));
     printState().LineNumberWidth = measured([&] { return p.textWidth("888888"); });
