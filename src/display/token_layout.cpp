@@ -203,11 +203,11 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeReco
 // The width each piece of a split token may take. Pieces are followed by " _" when marks are
 // shown, and that mark is to end inside the line as the text does: so the pieces leave room for
 // it, even where the token, being the record's last, could otherwise use the line to its end. The
-// first piece stands at X, the others one blank in from XWrap.
+// first piece stands at X, the others the wrap indent in from XWrap.
 float RecordPainter::splitWidth(const Token& token, float limitX) const {
     float width = limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1;
     if (!markAfter(token)) return width;
-    float furthestStart = std::max(x_, xWrap_ + m_.WhiteSpaceSize[dest_]);
+    float furthestStart = std::max(x_, xWrap_ + wrapIndent());
     return std::min(width, pos_.Right - m_.ContinueSize[dest_] - furthestStart);
 }
 
