@@ -23,7 +23,7 @@ std::string textString(const std::string& cp1252) {
 void PdfWriter::notePlaces(const PageMarks& marks, std::size_t page, double scale, QSizeF sheet, QPointF origin) {
     for (const PageMarks::Destination& d : marks.destinations) {
         Place place{page, sheet.height() - origin.y() - d.y * scale};
-        places_.emplace(d.name, place);
+        places_.try_emplace(d.name, place);
         if (!d.title.empty()) outline_.push_back({d.title, d.level, place});
     }
 }
