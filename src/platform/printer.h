@@ -46,6 +46,20 @@ public:
     // 3 procedure contents, 4 project contents). A printer may label its pages with it.
     virtual void setPageLabel(std::int32_t printedNumber, int kind) { (void)printedNumber, (void)kind; }
 
+    // Places a reader of the document can go to; a printer that makes no such document (paper, the
+    // recording printer unless asked) ignores them. nameDestination names the place at height `y`
+    // (twips) of the page being drawn; with a title (Windows-1252) the place also gets an entry in
+    // the document's outline, at `level` 0 for a file or 1 for a procedure under the file before it.
+    // The first place of a name is the one links go to.
+    virtual void nameDestination(const std::string& name, float y, const std::string& title, int level) {
+        (void)name, (void)y, (void)title, (void)level;
+    }
+    // Makes a rectangle of the page being drawn (twips) a link to the place of that name, named
+    // before or after; a link to a name never named leads nowhere and is left out.
+    virtual void linkTo(float left, float top, float right, float bottom, const std::string& name) {
+        (void)left, (void)top, (void)right, (void)bottom, (void)name;
+    }
+
     virtual std::int32_t jobProperty(JobProperty which) const = 0;
     // 0 when taken, else the error number of the refusal.
     virtual int setJobProperty(JobProperty which, std::int32_t value) = 0;

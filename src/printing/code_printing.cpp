@@ -13,6 +13,7 @@
 #include "printing/columns.h"
 #include "printing/contents.h"
 #include "printing/job_properties.h"
+#include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -129,6 +130,7 @@ bool CodeListing::printRecord(std::int32_t record) {
     if (p_.PrintStatus == kPrintStopped) return false;
     std::int32_t contentsPages = 0;
     std::string text;
+    awaitDeclaration(declarationOf_[static_cast<std::size_t>(record)]);
     EmitCodeRecord(record, pos_, contentsPages, kEmitCode, text);
     lastRecord_ = record;
     if (p_.PrintStatus == kPrintStopped) return false;

@@ -12,6 +12,7 @@
 #include "printing/columns.h"
 #include "printing/page_change.h"
 #include "printing/printer_fonts.h"
+#include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -136,6 +137,9 @@ std::int32_t RecordOnPaper::run(std::string& text) {
             connectors(area, h, wraps, x);
         };
     AreaRecord area = areaAt(pos_, numberWidth_);
+    // The first line's top, once a break before it has been taken: where a reader is taken to.
+    if (mode_ == kEmitCode)
+        hooks.beforeFirstToken = [&area](std::int32_t) { placeAwaitedDeclaration(*currentPrinter(), area.Top); };
     std::int32_t wraps = layoutRecord(kPrint, record_, area, hooks);
     if (wraps < 0) return 0;
     pos_.TopPos = area.Top;

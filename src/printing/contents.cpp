@@ -15,6 +15,7 @@
 #include "printing/print_status.h"
 #include "printing/printer_fonts.h"
 #include "printing/project_printing.h"
+#include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -73,7 +74,7 @@ public:
     void print(const std::vector<ProcEntry>& procs);
 
 private:
-    void entry(const ProcEntry& entry);
+    void entry(const ProcEntry& entry, const std::string& target);
     void keepWhole(float height);
     float dotsAndPage(const std::string& page);
 
@@ -84,13 +85,18 @@ private:
     AttributeRecord& a_;
     float height_;
     float pageTop_ = -1;  // where the page's first entry went; -1 before one stands on the page
+    float entryTop_ = 0;  // where the entry being printed begins, on page entryPage_
+    std::int32_t entryPage_ = 0;
 };
 
 void ProcedureTable::keepWhole(float height) {
     bool pageHasEntries = pageTop_ >= 0 && pos_.TopPos > pageTop_;
-    if (pos_.TopPos + height < printState().UsableArea.Bottom || !pageHasEntries) return;
-    newContentsPage(pos_, contentsPages_, project_);
-    pageTop_ = pos_.TopPos;
+    if (pos_.TopPos + height >= printState().UsableArea.Bottom && pageHasEntries) {
+        newContentsPage(pos_, contentsPages_, project_);
+        pageTop_ = pos_.TopPos;
+    }
+    entryTop_ = pos_.TopPos;
+    entryPage_ = printState().PageNumber;
 }
 
 // Returns the top of the line the page number went on.
@@ -113,7 +119,7 @@ float ProcedureTable::dotsAndPage(const std::string& page) {
     return y;
 }
 
-void ProcedureTable::entry(const ProcEntry& entry) {
+void ProcedureTable::entry(const ProcEntry& entry, const std::string& target) {
     if (pageTop_ < 0) pageTop_ = pos_.TopPos;
     if (entry.Name == "<Declarations>" || entry.Name == "(Designer Object Definition)") {
         keepWhole(height_);
@@ -132,6 +138,9 @@ void ProcedureTable::entry(const ProcEntry& entry) {
     if (printState().PrintStatus == kPrintStopped) return;
     float top = pos_.TopPos;
     pos_.TopPos = std::max(top, dotsAndPage(pageText(entry.ProcPage)) + height_);
+    // An entry taller than a page links from its last line.
+    bool onePage = printState().PageNumber == entryPage_;
+    linkLines(printer_, onePage ? entryTop_ : pos_.TopPos - height_, pos_.TopPos, target);
 }
 
 void ProcedureTable::print(const std::vector<ProcEntry>& procs) {
@@ -142,7 +151,7 @@ void ProcedureTable::print(const std::vector<ProcEntry>& procs) {
     HlydPASetAttributes(a_);
     pos_.RightPos = rightEdge() - numberColumn(printer_, pageText(widest));
     for (std::size_t e = 0; e < procs.size() && p.PrintStatus != kPrintStopped; ++e)
-        if (procs[e].ProcPrinted) entry(procs[e]);
+        if (procs[e].ProcPrinted) entry(procs[e], procedureDestination(fileTable().wCurrentFile, static_cast<int>(e)));
 }
 
 // The table of contents line by line down its pages: files and projects in bold, procedures
@@ -157,6 +166,7 @@ private:
     void procedure(const TocEntry& entry);
     void heading(const TocEntry& entry, bool more);
     void keepWhole(std::size_t lines);
+    void link(const TocEntry& entry);
     void newPage();
     void endLine(bool more);
     float width(const std::string& text) { return printer_.textWidth(text); }
@@ -167,6 +177,8 @@ private:
     AttributeRecord& a_;
     float height_ = 0, pageTop_ = 0, column_ = 0;
     bool bold_ = false;
+    float entryTop_ = 0;  // where the entry being printed begins, on page entryPage_
+    std::int32_t entryPage_ = 0;
 };
 
 void TocPages::newPage() {
@@ -190,6 +202,15 @@ void TocPages::endLine(bool more) {
 void TocPages::keepWhole(std::size_t lines) {
     float y = printer_.currentY();
     if (y > pageTop_ && y + static_cast<float>(lines) * height_ > printState().UsableArea.Bottom) newPage();
+    entryTop_ = printer_.currentY();
+    entryPage_ = printState().PageNumber;
+}
+
+// The entry's lines, or the last of them when it ran over a page, link to the place it lists.
+void TocPages::link(const TocEntry& entry) {
+    float lineTop = printer_.currentY();
+    bool onePage = printState().PageNumber == entryPage_;
+    linkLines(printer_, onePage ? entryTop_ : lineTop, lineTop + height_, entry.Destination);
 }
 
 // A project or file: its name in bold, a path too wide for the line shortened in its middle; kept
@@ -199,6 +220,7 @@ void TocPages::heading(const TocEntry& entry, bool more) {
     std::string text = shortenPathToWidth(entry.Text, rightEdge() - pos_.LeftPos,
                                           [this](const std::string& t) { return width(t); });
     printer_.print(text);
+    link(entry);
 }
 
 // A procedure's declaration, broken at blanks before the column of page numbers; the page stands
@@ -213,6 +235,7 @@ void TocPages::procedure(const TocEntry& entry) {
         printer_.print(lines[i]);
     }
     leaderAndPage(printer_, printer_.currentX(), entry.Page);
+    link(entry);
 }
 
 void TocPages::print() {
@@ -245,7 +268,9 @@ void TocPages::print() {
 std::vector<TocEntry>& TOC() { return toc; }
 void resetTOC() { toc.assign(1, TocEntry{}); }
 
-void addTocEntry(std::int16_t type, const std::string& text) { toc.push_back({type, text, ""}); }
+void addTocEntry(std::int16_t type, const std::string& text, const std::string& destination) {
+    toc.push_back({type, text, "", destination});
+}
 
 void SetTOC(const std::string& text, std::int32_t page, bool continued) {
     if (!continued || toc.size() < 2) toc.emplace_back();
@@ -253,6 +278,7 @@ void SetTOC(const std::string& text, std::int32_t page, bool continued) {
     last.Text += text;
     last.Type = kTocProcedure;
     last.Page = std::to_string(page) + "  ";
+    last.Destination = lastDeclaration();
 }
 
 void EmitProcContents(wPos& pos, std::int32_t& contentsPages, bool, bool project) {

@@ -19,15 +19,17 @@ struct TocEntry {
     std::int16_t Type = kTocBlank;
     std::string Text;
     std::string Page;  // the printed page number and two blanks
+    std::string Destination;  // the place the entry links to; none for a blank line
 };
 
 // The table of contents of the run, from 1; entry 0 is unused.
 std::vector<TocEntry>& TOC();
 void resetTOC();
 // A line of another kind than a procedure: a blank line, a project or a file.
-void addTocEntry(std::int16_t type, const std::string& text);
+void addTocEntry(std::int16_t type, const std::string& text, const std::string& destination = {});
 
 // Adds a procedure, or with `continued` appends the text to the last one; the page is the last given.
+// It links to the declaration printed last.
 void SetTOC(const std::string& text, std::int32_t page, bool continued);
 void EmitTOC(wPos& pos);
 void EmitProcContents(wPos& pos, std::int32_t& contentsPages, bool mode, bool project);

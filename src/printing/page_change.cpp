@@ -20,6 +20,7 @@
 #include "printing/print_status.h"
 #include "printing/printer_errors.h"
 #include "printing/printer_fonts.h"
+#include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -123,7 +124,8 @@ void printHeadingLines(Printer& printer, float& topPos) {
 void headPage(Printer& printer, float& topPos, const std::string& procText, std::int16_t kind,
               std::int32_t contentsPage) {
     PrintState& p = printState();
-    if (p.PageNumber != 0) {
+    bool documentStarts = p.PageNumber == 0;
+    if (!documentStarts) {
         if (!endPage(printer, kind)) return;
     } else {
         if (stopAskedLandsHere()) return;
@@ -133,6 +135,7 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
     heading->PrintPageNumber = footing->PrintPageNumber = p.PrintedPageNumber;
     printer.setPageLabel(kind == kPageProcContents ? contentsPage : p.PrintedPageNumber, kind);
     printerStep([&] { printer.print(""); });
+    if (documentStarts) markDocumentStart(printer, kind);
     p.FootingPrinted = false;
     HlydPASetAttributes(headingElement());
     checkPageCount(printer);

@@ -10,6 +10,7 @@
 #include "printing/page_change.h"
 #include "printing/print_status.h"
 #include "printing/project_printing.h"
+#include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -19,7 +20,8 @@ namespace {
 void addFileToToc(const cFileDesc& file) {
     if (!hlydSettings().TableOfContents) return;
     if (TOC().size() > 1) addTocEntry(kTocBlank, "");
-    addTocEntry(file.FileType == kFileSource ? kTocFile : kTocProject, file.FileName);
+    addTocEntry(file.FileType == kFileSource ? kTocFile : kTocProject, file.FileName,
+                fileDestination(fileTable().wCurrentFile));
 }
 
 // Contents printed on their own leave the area as the run found it.

@@ -97,6 +97,26 @@ void RecordingPrinter::line(float x1, float y1, float x2, float y2, std::uint32_
     x_ = x2, y_ = y2;
 }
 
+void RecordingPrinter::nameDestination(const std::string& name, float y, const std::string& title, int level) {
+    ensurePage();
+    PrintEvent e;
+    e.kind = PrintEvent::Destination;
+    e.y1 = y;
+    e.text = name;
+    e.title = title;
+    e.level = level;
+    send(std::move(e));
+}
+
+void RecordingPrinter::linkTo(float left, float top, float right, float bottom, const std::string& name) {
+    ensurePage();
+    PrintEvent e;
+    e.kind = PrintEvent::Link;
+    e.x1 = left, e.y1 = top, e.x2 = right, e.y2 = bottom;
+    e.text = name;
+    send(std::move(e));
+}
+
 // A filled box is told as its four edges, so that a reader of the dump sees where it lies.
 void RecordingPrinter::filledBox(float x1, float y1, float x2, float y2, std::uint32_t colour) {
     int width = drawWidth_;

@@ -14,9 +14,9 @@
 
 namespace hlyd {
 
-// One call that reached the paper, or a page or document boundary.
+// One call that reached the paper, a page or document boundary, or a place named or linked to.
 struct PrintEvent {
-    enum Kind { PageStart, Text, Line, EndDoc, KillDoc } kind = Text;
+    enum Kind { PageStart, Text, Line, EndDoc, KillDoc, Destination, Link } kind = Text;
     std::int32_t doc = 0;   // from 1
     std::int32_t page = 0;  // the physical page of the document, from 1
     float x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // the pen before a text; the ends of a line
@@ -25,7 +25,9 @@ struct PrintEvent {
     bool bold = false, italic = false, underline = false;
     std::uint32_t colour = 0;  // as the program holds it: 0x00BBGGRR
     int width = 1;             // a line's draw width
-    std::string text;
+    std::string text;          // of a destination or a link: the place's name
+    std::string title;         // of a destination: its outline entry, at `level`
+    int level = 0;
     std::int32_t printed = 0;  // of a page: its printed number and its kind
     int type = 0;
 };
@@ -84,6 +86,9 @@ public:
     void killDoc() override;
     std::int32_t page() const override { return !docOpen_ ? 1 : pagePending_ ? page_ + 1 : page_; }
     void setPageLabel(std::int32_t printedNumber, int kind) override { printed_ = printedNumber, type_ = kind; }
+    // A destination's height is y1; a link's rectangle is (x1, y1)-(x2, y2).
+    void nameDestination(const std::string& name, float y, const std::string& title, int level) override;
+    void linkTo(float left, float top, float right, float bottom, const std::string& name) override;
     std::int32_t jobProperty(JobProperty which) const override;
     int setJobProperty(JobProperty which, std::int32_t value) override;
 

@@ -4,13 +4,18 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 #include <QFontDatabase>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include "platform/os.h"
 #include "platform/qt/qt_printer.h"
@@ -207,6 +212,76 @@ TEST_F(QtPrinterTest, KillDocDropsThePageNotYetFinishedAndTheJobGoesOn) {
     EXPECT_EQ(pages[0].at(0), "first document");
     EXPECT_EQ(pages[1].at(0), "delivered page");
     EXPECT_EQ(pages[2].at(0), "third document");
+}
+
+// The numbers a viewer shows go on from page to page while they go on in print, start again where
+// they do, and are Roman on contents pages; places and links go with their page, a killed page's
+// too, and a link to a place never named is left out.
+TEST_F(QtPrinterTest, APdfJobKeepsThePagesNumbersPlacesAndLinks) {
+    if (!haveTool("qpdf")) GTEST_SKIP() << "qpdf is not installed: the outline cannot be read back";
+    QtPrinter p;
+    p.beginJob(pdf("marks.pdf"));
+    auto page = [&](std::int32_t number, int kind, const std::string& text) {
+        p.setPageLabel(number, kind);
+        printLines(p, {text});
+    };
+    page(1, 1, "code one");
+    p.nameDestination("a", 0, "A.bas", 0);
+    p.linkTo(360, 0, 2000, 300, "b");
+    p.linkTo(360, 300, 2000, 600, "nowhere");
+    p.newPage();
+    page(2, 1, "code two");
+    p.nameDestination("b", 1440, "Caf\xE9", 1);
+    p.newPage();
+    page(1, 3, "contents one");
+    p.linkTo(360, 0, 2000, 300, "a");
+    p.newPage();
+    page(2, 3, "contents two");
+    p.newPage();
+    page(7, 1, "code seven");
+    p.newPage();
+    page(8, 1, "never on paper");
+    p.nameDestination("killed", 0, "Killed", 0);
+    p.linkTo(360, 0, 2000, 300, "a");
+    p.killDoc();
+    page(0, 3, "contents without a numeral");
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+
+    QJsonObject json = QJsonDocument::fromJson(QByteArray::fromStdString(run("qpdf --json '" + pdf("marks.pdf") + "'"))).object();
+    std::string labels;
+    for (const QJsonValue& range : json["pagelabels"].toArray()) {
+        QJsonObject label = range.toObject()["label"].toObject();
+        labels += std::to_string(range.toObject()["index"].toInt()) + ":" +
+                  (label.contains("/S") ? label["/S"].toString().toStdString() + std::to_string(label["/St"].toInt())
+                                        : std::string("none")) + " ";
+    }
+    EXPECT_EQ(labels, "0:/D1 2:/r1 4:/D7 5:none ");
+
+    QJsonArray outline = json["outlines"].toArray();
+    ASSERT_EQ(outline.size(), 1);
+    QJsonObject file = outline[0].toObject();
+    EXPECT_EQ(file["title"].toString(), "A.bas");
+    EXPECT_EQ(file["destpageposfrom1"].toInt(), 1);
+    ASSERT_EQ(file["kids"].toArray().size(), 1);
+    QJsonObject kid = file["kids"].toArray()[0].toObject();
+    EXPECT_EQ(kid["title"].toString(), QString::fromUtf8("Caf\u00E9"));
+    EXPECT_EQ(kid["destpageposfrom1"].toInt(), 2);
+    EXPECT_DOUBLE_EQ(kid["dest"].toArray()[3].toDouble(), 792 - 18 - 72);  // an inch below the printable top
+
+    // The links by page: to "b" from the first, to "a" from the third, none to "nowhere".
+    QJsonObject objects = json["qpdf"].toArray()[1].toObject();
+    auto value = [&](const QString& ref) { return objects["obj:" + ref].toObject()["value"].toObject(); };
+    std::map<QString, int> pageOf;
+    for (const QJsonValue& pg : json["pages"].toArray())
+        pageOf[pg.toObject()["object"].toString()] = pg.toObject()["pageposfrom1"].toInt();
+    std::vector<std::string> links;
+    for (const auto& [object, number] : pageOf)
+        for (const QJsonValue& ref : value(object)["/Annots"].toArray()) {
+            QString target = value(ref.toString())["/Dest"].toArray()[0].toString();
+            links.push_back(std::to_string(number) + ">" + std::to_string(pageOf[target]));
+        }
+    std::sort(links.begin(), links.end());
+    EXPECT_EQ(links, (std::vector<std::string>{"1>2", "3>1"}));
 }
 
 // A system printer draws through the toolkit's painter; one that prints to a file shows what

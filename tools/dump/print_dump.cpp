@@ -78,6 +78,25 @@ std::string eventJson(const PrintEvent& e) {
                 .add("width", e.width)
                 .add("colour", colour(e.colour))
                 .str();
+        case PrintEvent::Destination:
+            return JsonObject("destination")
+                .add("doc", e.doc)
+                .add("page", e.page)
+                .addRaw("y", number(e.y1))
+                .add("name", e.text)
+                .add("title", e.title)
+                .add("level", e.level)
+                .str();
+        case PrintEvent::Link:
+            return JsonObject("link")
+                .add("doc", e.doc)
+                .add("page", e.page)
+                .addRaw("x1", number(e.x1))
+                .addRaw("y1", number(e.y1))
+                .addRaw("x2", number(e.x2))
+                .addRaw("y2", number(e.y2))
+                .add("name", e.text)
+                .str();
         case PrintEvent::EndDoc: return JsonObject("enddoc").add("doc", e.doc).str();
         case PrintEvent::KillDoc: return JsonObject("killdoc").add("doc", e.doc).str();
     }

@@ -25,11 +25,16 @@ std::string postScriptName(const QRawFont& raw) {
     return name.empty() ? "Font" : name;
 }
 
-// A subset's name begins with six capitals of its own.
-std::string subsetTag(std::size_t index) {
-    std::string tag = "HLYD";
-    tag += static_cast<char>('A' + index / 26 % 26);
-    tag += static_cast<char>('A' + index % 26);
+// A subset's name begins with six capitals of its own. They come from the glyphs it keeps and the
+// font's name, so that the same listing printed again gives the same file, and two different
+// subsets of a font in two files are told apart by a reader that has both open.
+std::string subsetTag(const std::set<std::uint32_t>& glyphs, const std::string& name) {
+    std::uint64_t hash = 14695981039346656037ull;  // FNV-1a
+    auto mix = [&hash](std::uint32_t byte) { hash = (hash ^ (byte & 0xFF)) * 1099511628211ull; };
+    for (unsigned char c : name) mix(c);
+    for (std::uint32_t glyph : glyphs) mix(glyph >> 8), mix(glyph);
+    std::string tag;
+    for (int i = 0; i < 6; ++i, hash /= 26) tag += static_cast<char>('A' + hash % 26);
     return tag + "+";
 }
 
@@ -67,9 +72,9 @@ PdfWriter::Outlines PdfWriter::outlinesOf(const QRawFont& raw) {
     return Outlines::Drawn;
 }
 
-void PdfWriter::writeFont(const Font& font, std::size_t index) {
+void PdfWriter::writeFont(const Font& font) {
     if (font.outlines == Outlines::Drawn) writeDrawnFont(font);
-    else writeCidFont(font, index);
+    else writeCidFont(font);
 }
 
 void PdfWriter::writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings,
@@ -83,7 +88,7 @@ void PdfWriter::writeToUnicode(std::uint32_t number, const std::string& codeSpac
 }
 
 // A TrueType or CFF program under a Type 0 font: the glyph numbers are the codes and the CIDs.
-void PdfWriter::writeCidFont(const Font& font, std::size_t index) {
+void PdfWriter::writeCidFont(const Font& font) {
     const PrintFace& face = *font.face;
     const bool trueType = font.outlines == Outlines::TrueType;
     std::set<std::uint32_t> glyphs;
@@ -99,7 +104,7 @@ void PdfWriter::writeCidFont(const Font& font, std::size_t index) {
     }
     const QRawFont& raw = face.raw;
     // A CFF program goes in whole, so its name carries no subset tag.
-    std::string name = trueType ? subsetTag(index) + postScriptName(raw) : postScriptName(raw);
+    std::string name = trueType ? subsetTag(glyphs, postScriptName(raw)) + postScriptName(raw) : postScriptName(raw);
     std::string file = trueType ? subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, glyphs)
                                 : tableOf(raw, "CFF ");
     std::string head = tableOf(raw, "head");

@@ -117,7 +117,7 @@ void PdfWriter::appendText(std::string& content, const PageRecording& page, cons
 }
 
 void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet,
-                        QPointF origin) {
+                        QPointF origin, const PageMarks& marks) {
     // Device pixels, y downwards from the printable area's corner, as the page was recorded.
     double scale = 72.0 / dotsPerInch;
     std::string content = pdfNumber(scale) + " 0 0 " + pdfNumber(-scale) + " " + pdfNumber(origin.x()) + " " +
@@ -160,27 +160,54 @@ void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int 
     }
     std::uint32_t contents = reserveObject();
     writeStream(contents, content);
-    std::uint32_t pageObject = reserveObject();
-    beginObject(pageObject);
-    write("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + pdfNumber(sheet.width()) + " " + pdfNumber(sheet.height()) +
-          "] /Resources 3 0 R /Contents " + std::to_string(contents) + " 0 R >>\nendobj\n");
-    pageObjects_.push_back(pageObject);
+    std::size_t index = pages_.size();
+    pages_.push_back({reserveObject(), contents, sheet, {}});
+    for (const PageMarks::Link& link : marks.links)
+        pages_.back().links.push_back({origin.x() + link.x1 * scale, sheet.height() - origin.y() - link.y2 * scale,
+                                       origin.x() + link.x2 * scale, sheet.height() - origin.y() - link.y1 * scale,
+                                       link.name});
+    notePlaces(marks, index, scale, sheet, origin);
+    noteLabel(marks, index);
+}
+
+void PdfWriter::writePage(const Page& page) {
+    std::string annotations;
+    for (const PageMarks::Link& link : page.links) {
+        auto place = places_.find(link.name);
+        if (place == places_.end()) continue;
+        std::uint32_t annotation = reserveObject();
+        beginObject(annotation);
+        write("<< /Type /Annot /Subtype /Link /Rect [" + pdfNumber(link.x1) + " " + pdfNumber(link.y1) + " " +
+              pdfNumber(link.x2) + " " + pdfNumber(link.y2) + "] /Border [0 0 0] /Dest " +
+              destinationOf(place->second) + " >>\nendobj\n");
+        annotations += std::to_string(annotation) + " 0 R ";
+    }
+    beginObject(page.object);
+    write("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + pdfNumber(page.sheet.width()) + " " +
+          pdfNumber(page.sheet.height()) + "] /Resources 3 0 R /Contents " + std::to_string(page.contents) + " 0 R" +
+          (annotations.empty() ? std::string() : " /Annots [" + annotations + "]") + " >>\nendobj\n");
 }
 
 void PdfWriter::finish() {
     std::string fontList;
     for (std::size_t i = 0; i < fonts_.size(); ++i) {
-        writeFont(fonts_[i], i);
+        writeFont(fonts_[i]);
         fontList += "/F" + std::to_string(i) + " " + std::to_string(fonts_[i].object) + " 0 R ";
     }
     beginObject(kResources);
     write("<< /Font << " + fontList + ">> /ProcSet [/PDF /Text] >>\nendobj\n");
     std::string kids;
-    for (std::uint32_t page : pageObjects_) kids += std::to_string(page) + " 0 R ";
+    for (const Page& page : pages_) {
+        writePage(page);
+        kids += std::to_string(page.object) + " 0 R ";
+    }
     beginObject(kPageTree);
-    write("<< /Type /Pages /Kids [" + kids + "] /Count " + std::to_string(pageObjects_.size()) + " >>\nendobj\n");
+    write("<< /Type /Pages /Kids [" + kids + "] /Count " + std::to_string(pages_.size()) + " >>\nendobj\n");
+    std::uint32_t outline = writeOutline();
     beginObject(kCatalog);
-    write("<< /Type /Catalog /Pages 2 0 R >>\nendobj\n");
+    write("<< /Type /Catalog /Pages 2 0 R" + pageLabels() +
+          (outline != 0 ? " /Outlines " + std::to_string(outline) + " 0 R /PageMode /UseOutlines" : std::string()) +
+          " >>\nendobj\n");
     beginObject(kInfo);
     write("<< /Producer (Halyard) /Creator (Halyard) >>\nendobj\n");
 

@@ -13,6 +13,7 @@
 #include <bitset>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/qt/page_recording.h"
@@ -20,15 +21,35 @@
 
 namespace hlyd {
 
+// What a page holds for a reader to find their way besides its drawing: the number a viewer shows
+// for it, the places named on it and its links, in device pixels like the drawing.
+struct PageMarks {
+    struct Destination {
+        std::string name, title;  // the title in Windows-1252; empty for a place outside the outline
+        int level;
+        double y;
+    };
+    struct Link {
+        double x1, y1, x2, y2;
+        std::string name;
+    };
+    bool labelled = false;
+    std::int32_t number = 0;
+    bool roman = false;
+    std::vector<Destination> destinations;
+    std::vector<Link> links;
+};
+
 class PdfWriter {
 public:
     explicit PdfWriter(QIODevice& out);
     // One page: the recording in device pixels at `dotsPerInch`, its origin `origin` points from the
     // sheet's top left, on a sheet of `sheet` points.
-    void addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin);
+    void addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
+                 const PageMarks& marks = {});
     // The fonts, the page tree and the cross-reference table: the file is complete after this.
     void finish();
-    int pages() const { return static_cast<int>(pageObjects_.size()); }
+    int pages() const { return static_cast<int>(pages_.size()); }
 
 private:
     // How a font's glyphs reach the file: its TrueType program cut to the glyphs used, its CFF
@@ -49,15 +70,46 @@ private:
     void appendText(std::string& content, const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
     // In pdf_fonts.cpp.
     static Outlines outlinesOf(const QRawFont& raw);
-    void writeFont(const Font& font, std::size_t index);
-    void writeCidFont(const Font& font, std::size_t index);
+    void writeFont(const Font& font);
+    void writeCidFont(const Font& font);
     void writeDrawnFont(const Font& font);
     void writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings, int count);
 
     QIODevice& out_;
     std::uint64_t written_ = 0;
     std::vector<std::uint64_t> offsets_{0};  // by object number
-    std::vector<std::uint32_t> pageObjects_;
+    // A page's object is written at the end, when every place its links lead to is known.
+    struct Page {
+        std::uint32_t object, contents;
+        QSizeF sheet;
+        std::vector<PageMarks::Link> links;  // in points
+    };
+    struct Place {
+        std::size_t page;
+        double y;  // points from the sheet's foot
+    };
+    struct OutlineEntry {
+        std::string title;
+        int level;
+        Place place;
+    };
+    struct LabelRange {
+        std::size_t firstPage;
+        std::int32_t number;
+        bool roman;
+    };
+    void notePlaces(const PageMarks& marks, std::size_t page, double scale, QSizeF sheet, QPointF origin);
+    void noteLabel(const PageMarks& marks, std::size_t page);
+    std::string destinationOf(const Place& place) const;
+    void writePage(const Page& page);
+    // The outline's root object, or 0 when there is none. In pdf_navigation.cpp, as the two below.
+    std::uint32_t writeOutline();
+    std::string pageLabels() const;
+
+    std::vector<Page> pages_;
+    std::unordered_map<std::string, Place> places_;  // the first place of each name
+    std::vector<OutlineEntry> outline_;
+    std::vector<LabelRange> labels_;
     std::vector<Font> fonts_;
     std::vector<int> fontOfFace_;  // by face index; -1 until the face is first drawn
 };

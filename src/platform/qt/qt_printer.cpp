@@ -125,6 +125,27 @@ void QtPrinter::filledBox(float x1, float y1, float x2, float y2, std::uint32_t 
     y_ = y2;
 }
 
+void QtPrinter::setPageLabel(std::int32_t printedNumber, int kind) {
+    if (!isPdf()) return;
+    constexpr int kProcedureContents = 3;  // counted in Roman numerals of their own
+    marks_.labelled = true;
+    marks_.number = printedNumber;
+    marks_.roman = kind == kProcedureContents;
+}
+
+void QtPrinter::nameDestination(const std::string& name, float y, const std::string& title, int level) {
+    if (!isPdf()) return;
+    ensurePage();
+    marks_.destinations.push_back({name, title, level, toPixels(y)});
+}
+
+void QtPrinter::linkTo(float left, float top, float right, float bottom, const std::string& name) {
+    if (!isPdf()) return;
+    ensurePage();
+    marks_.links.push_back({toPixels(std::min(left, right)), toPixels(std::min(top, bottom)),
+                            toPixels(std::max(left, right)), toPixels(std::max(top, bottom)), name});
+}
+
 void QtPrinter::cls() {
     page_.clear();
     x_ = y_ = 0;
@@ -173,7 +194,7 @@ bool QtPrinter::deliverToPdf() {
     constexpr double kPointsPerMillimetre = 72 / 25.4;
     QSizeF sheet = pageLayout_.fullRect(QPageLayout::Millimeter).size() * kPointsPerMillimetre;
     QPointF origin = pageLayout_.paintRect(QPageLayout::Millimeter).topLeft() * kPointsPerMillimetre;
-    pdf_->addPage(page_, faces_, dotsPerInch(), sheet, origin);
+    pdf_->addPage(page_, faces_, dotsPerInch(), sheet, origin, marks_);
     return true;
 }
 
@@ -207,6 +228,7 @@ void QtPrinter::finishPage() {
     if (isPdf() ? deliverToPdf() : deliverToSystem()) ++pagesDelivered_;
     largestPageText_ = std::max(largestPageText_, page_.textBytes());
     page_.clear();
+    marks_ = {};
     pageOpen_ = false;
     ++pagesFinishedInDoc_;
     x_ = y_ = 0;
@@ -229,6 +251,7 @@ void QtPrinter::endDoc() {
 void QtPrinter::killDoc() {
     if (!docOpen_) return;
     page_.clear();
+    marks_ = {};
     pageOpen_ = false;
     if (system_) closeSystemDevice(true);
     docOpen_ = false;

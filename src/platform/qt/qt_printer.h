@@ -83,6 +83,10 @@ public:
     void endDoc() override;
     void killDoc() override;
     std::int32_t page() const override { return docOpen_ ? pagesFinishedInDoc_ + 1 : 1; }
+    // Only the PDF printer keeps these: a page on paper has nowhere to put them.
+    void setPageLabel(std::int32_t printedNumber, int kind) override;
+    void nameDestination(const std::string& name, float y, const std::string& title, int level) override;
+    void linkTo(float left, float top, float right, float bottom, const std::string& name) override;
     std::int32_t jobProperty(JobProperty which) const override;
     int setJobProperty(JobProperty which, std::int32_t value) override;
 
@@ -130,6 +134,7 @@ private:
     int drawWidth_ = 1;
 
     PageRecording page_;
+    PageMarks marks_;  // of the page being drawn
     bool docOpen_ = false, pageOpen_ = false;
     std::int32_t pagesFinishedInDoc_ = 0, pagesDelivered_ = 0;
     std::size_t largestPageText_ = 0;
