@@ -128,18 +128,21 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     // the project listing's element, so that a large comment font does not spread the code apart.
     hooks.blankLineElement = kElemProjectFile;
     hooks.breakAtBottom = [this](AreaRecord& area) { return breakHere(area); };
-    // A line that does not fit at the foot of a page starts the next one before it is drawn.
     pos_.FirstLinePage = p.PrintedPageNumber;
-    hooks.beforeFirstToken = [this](std::int32_t) { pos_.FirstLinePage = printState().PrintedPageNumber; };
     if (numbered) hooks.firstLine = [this](float y, float h) { lineNumber(y, h); };
     if (mode_ == kEmitCode)
         hooks.connectors = [this](const AreaRecord& area, float h, std::int32_t wraps, std::int32_t, float x) {
             connectors(area, h, wraps, x);
         };
     AreaRecord area = areaAt(pos_, numberWidth_);
-    // The first line's top, once a break before it has been taken: where a reader is taken to.
-    if (mode_ == kEmitCode)
-        hooks.beforeFirstToken = [&area](std::int32_t) { placeAwaitedDeclaration(*currentPrinter(), area.Top); };
+    // A line that does not fit at the foot of a page starts the next one before it is drawn: the
+    // page of the first line, and its top, are taken once that break is behind. The top is where a
+    // reader following a link is taken to.
+    bool code = mode_ == kEmitCode;
+    hooks.beforeFirstToken = [this, &area, code](std::int32_t) {
+        pos_.FirstLinePage = printState().PrintedPageNumber;
+        if (code) placeAwaitedDeclaration(*currentPrinter(), area.Top);
+    };
     std::int32_t wraps = layoutRecord(kPrint, record_, area, hooks);
     if (wraps < 0) return 0;
     pos_.TopPos = area.Top;
