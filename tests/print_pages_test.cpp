@@ -229,7 +229,7 @@ TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
     // Declarations begin at the increment; each procedure at the start value.
     EXPECT_EQ(text("00010").y1, text("Dim").y1);
     EXPECT_EQ(text("00010").x1, kLeft);
-    EXPECT_EQ(text("Dim").x1, kLeft + 6 * kCharWidth);
+    EXPECT_EQ(text("Dim").x1, kLeft + 7 * kCharWidth);
     std::vector<std::string> numbers;
     for (const PrintEvent& e : of(PrintEvent::Text))
         if (e.x1 == kLeft && e.text.size() == 5 && e.text[0] == '0') numbers.push_back(e.text);
@@ -265,6 +265,17 @@ TEST_F(PrintPagesTest, ABlankLineIsAsHighAsTheProjectListingsElement) {
     HlydPAGetFontMetrics();
     print("Sub P()\n' Note\n\nY = 1\nEnd Sub\n");
     EXPECT_EQ(text("Y").y1 - text("' Note").y1, 480 + 240);
+}
+
+// The connector lines of the outermost blocks stand a blank clear of the line numbers.
+TEST_F(PrintPagesTest, ConnectorLinesKeepABlankFromTheLineNumbers) {
+    hlydSettings().LineNumbers = true;
+    format().ConnectControls = 1;
+    print("Private Type T\nA As Long\nEnd Type\n");
+    std::vector<PrintEvent> lines = of(PrintEvent::Line);
+    ASSERT_FALSE(lines.empty());
+    float numberEnd = text("00001").x1 + 5 * kCharWidth;
+    for (const PrintEvent& l : lines) EXPECT_GE(std::min(l.x1, l.x2), numberEnd + kCharWidth) << l.x1 << " " << l.x2;
 }
 
 TEST_F(PrintPagesTest, AProcedureHasARuleAbove) {

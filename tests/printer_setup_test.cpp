@@ -156,7 +156,7 @@ TEST_F(PrinterSetupTest, StartOnTheRecordingPrinterMeasuresFontsAndLaysOutThePag
     EXPECT_EQ(m.ContinueSize[kPrint], 240);
     EXPECT_EQ(m.PrintTwipsPerPixelY, 2);
     EXPECT_EQ(m.TwipsPerPixelY, 15);  // the screen's stay
-    EXPECT_EQ(state().LineNumberWidth, 720);
+    EXPECT_EQ(state().LineNumberWidth, 840);
     EXPECT_NE(readLog().find("PrinterFonts=3"), std::string::npos);
 }
 

@@ -236,7 +236,9 @@ void HlydPAGetFontMetrics() {
     HlydPASetAttributes(printAttributes(kElemKeyWords));
     m.ContinueSize[kPrint] = measured([&] { return p.textWidth(" _"); });
     HlydPASetAttributes(printAttributes(kElemLineNumbers));
-    printState().LineNumberWidth = measured([&] { return p.textWidth("888888"); });
+    // Five digits, and two blanks: the connector lines of the outermost blocks stand in the
+    // second, a blank clear of the number.
+    printState().LineNumberWidth = measured([&] { return p.textWidth("88888") + 2 * p.textWidth(" "); });
 }
 
 bool HlydPACheckIfValid() {
