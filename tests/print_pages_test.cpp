@@ -143,11 +143,15 @@ TEST_F(PrintPagesTest, ProceduresStartOnANewPageOrColumnAsTheOptionSays) {
 TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
     format().Orphan = 3;
     // P1 fills 42 lines (Sub, 40 body lines, End Sub); P2 would start on line 43 of 44, with two
-    // lines under it: three are asked for, and it goes to the next page. One is enough.
-    print(procedures(1, 40) + procedures(2, 1).substr(procedures(1, 1).size()));
+    // lines under it: three are asked for, and it goes to the next page.
+    auto secondAfter = [](int firstBody) { return procedures(1, firstBody) + procedures(2, 1).substr(procedures(1, 1).size()); };
+    print(secondAfter(40));
     EXPECT_EQ(text("X2_1").page, 2);
+    // With one orphan line asked for, a declaration still keeps two lines of its body with it.
     format().Orphan = 1;
-    print(procedures(1, 40) + procedures(2, 1).substr(procedures(1, 1).size()));
+    print(secondAfter(40));
+    EXPECT_EQ(text("X2_1").page, 2);
+    print(secondAfter(39));
     EXPECT_EQ(text("X2_1").page, 1);
 }
 
@@ -456,24 +460,26 @@ TEST_F(PrintPagesTest, ContentsCiteThePageOfTheDeclarationsFirstLine) {
         return at;
     };
 
-    // 43 lines and three rules of 10 twips: the fourth rule at 13782 is above the orphan limit
-    // of 13788, but the declaration under it, at 13792, would end below the bottom at 14076.
+    // 43 lines and three rules of 10 twips: the fourth rule would fit at 13782, but the
+    // declaration under it would end below the bottom at 14076; rule, declaration and body go to
+    // the next page together.
     format().Separator = 1;
     format().SeparatorBold = 0;
     print(body("P1", 13) + body("P2", 13) + body("P3", 11) + body("P4", 1));
     std::vector<PrintEvent> rules = of(PrintEvent::Line);
     ASSERT_EQ(rules.size(), 4u);
-    EXPECT_EQ(rules[3].page, 1);
-    EXPECT_EQ(rules[3].y1, 13782);
+    EXPECT_EQ(rules[3].page, 2);
     Seen p4 = seen("P4");
     EXPECT_EQ(p4.page, 2);
     EXPECT_EQ(p4.cited, 2);
 
-    // A declaration of two lines on the last line of a page.
+    // A declaration of two lines on the last line of a page: eleven comment lines tied to it fill
+    // the page down to there, and no more lines are kept together.
     format().Separator = 0;
-    std::string parameters;
+    std::string parameters, comments;
     for (int n = 1; n <= 6; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
-    print(body("P1", 41) + "Sub P2(" + parameters + ")\nEnd Sub\n");
+    for (int n = 1; n <= 11; ++n) comments += "' note " + std::to_string(n) + "\n";
+    print(body("P1", 30) + comments + "Sub P2(" + parameters + ")\nEnd Sub\n");
     Seen p2 = seen("P2");
     EXPECT_EQ(p2.page, 1);
     EXPECT_EQ(p2.y, kFirstLine + 43 * kLineHeight);

@@ -37,6 +37,7 @@ private:
     bool breakBefore(std::int32_t record);
     void separator(std::int32_t record);
     void notePage(int entry);
+    std::int32_t orphanLines(std::int32_t record, int entry, bool procStart) const;
     void closeConnectors();
 
     wPos& pos_;
@@ -116,13 +117,27 @@ void CodeListing::notePage(int entry) {
     SetTOC(declaration, e.ProcPage, false);
 }
 
+// The lines that must fit below a procedure's start for it to begin there. A rule and a
+// declaration alone at a column's foot, their body in the next, read as an empty procedure: so the
+// comment lines tied to it, its declaration and two lines of its body go together, however few
+// orphan lines the settings ask for (up to a limit, beyond which a long comment may be split).
+std::int32_t CodeListing::orphanLines(std::int32_t record, int entry, bool procStart) const {
+    constexpr std::int32_t kBodyLines = 2, kMostKeptTogether = 12;
+    if (!procStart) return f_.Orphan;
+    const Statement& st = t_.Statements[declarationStatement(yProc()[static_cast<std::size_t>(entry)])];
+    std::int32_t head = std::max<std::int32_t>(st.LastRecord, st.FirstRecord) - record + 1;
+    return std::max<std::int32_t>(f_.Orphan, std::min(head + kBodyLines, kMostKeptTogether));
+}
+
 bool CodeListing::printRecord(std::int32_t record) {
     const HlydSettings& s = hlydSettings();
     int entry = entryOf_[static_cast<std::size_t>(record)];
     const std::string name = entry >= 0 ? yProc()[static_cast<std::size_t>(entry)].Name : std::string();
     bool procStart = entry >= 0 && name != kDeclarations && name != kDesignerObject;
     if (!wanted(record)) return true;
-    bool orphan = pos_.TopPos + f_.Orphan * layoutMetrics().MaxFontHeight[kPrint] > p_.UsableArea.Bottom;
+    bool orphan = pos_.TopPos + static_cast<float>(orphanLines(record, entry, procStart)) *
+                                     layoutMetrics().MaxFontHeight[kPrint] >
+                  p_.UsableArea.Bottom;
     bool skip = f_.ProcSkip == 'P' || f_.ProcSkip == 'C' || orphan;
     if (((skip && procStart) || p_.PageNumber == 0) && !breakBefore(record)) return false;
     if (procStart && s.LineNumberHow == 1) p_.CurrentLineNumber = s.LineNumberStart;
