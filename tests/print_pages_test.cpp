@@ -100,17 +100,22 @@ TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
 TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
     useColumns(3, 720, true);
     EXPECT_EQ(printState().Columns.Width, 2880);  // (10080 - 2 x 720) / 3
-    // 44 lines a column: Sub and X1_1 to X1_43, X1_44 to X1_87, X1_88 to X1_131.
-    print(procedures(1, 140));
-    EXPECT_EQ(text("X1_43").x1, kLeft);
-    PrintEvent second = text("X1_44");
+    // 20 characters a column at 12 points: the code is fitted down to the least size, 6 points,
+    // where a line is 144 high. 88 lines a column: Sub and X1_1 to X1_87, X1_88 to X1_175,
+    // X1_176 to X1_263.
+    constexpr float kFittedLine = kLineHeight / 2;
+    print(procedures(1, 270));
+    EXPECT_EQ(text("X1_87").x1, kLeft);
+    EXPECT_EQ(text("X1_87").size, 6);
+    EXPECT_EQ(text("X1_87").y1, kFirstLine + 87 * kFittedLine);
+    PrintEvent second = text("X1_88");
     EXPECT_EQ(second.page, 1);
     EXPECT_EQ(second.x1, kLeft + 2880 + 720);
     EXPECT_EQ(second.y1, kFirstLine);
-    EXPECT_EQ(text("X1_88").x1, kLeft + 2 * (2880 + 720));
-    EXPECT_EQ(text("X1_131").page, 1);
-    EXPECT_EQ(text("X1_132").page, 2);
-    EXPECT_EQ(text("X1_132").x1, kLeft);
+    EXPECT_EQ(text("X1_176").x1, kLeft + 2 * (2880 + 720));
+    EXPECT_EQ(text("X1_263").page, 1);
+    EXPECT_EQ(text("X1_264").page, 2);
+    EXPECT_EQ(text("X1_264").x1, kLeft);
     std::vector<PrintEvent> lines = of(PrintEvent::Line);
     ASSERT_EQ(lines.size(), 2u);  // between the columns of page 1; page 2 has one column in use
     EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 / 2);  // in the middle of the gutter
@@ -153,18 +158,21 @@ TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
 
 TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     useColumns(2, 720, false);
-    // 4680 twips a column: 32 characters at 144, less " _" when the record goes on.
+    // 4680 twips a column: 32 characters at 12 points, too few; fitted to 8 points, 48 characters
+    // of 96 twips on lines 192 high, 66 lines a column.
     std::string body;
-    for (int l = 1; l <= 42; ++l) body += "Y" + std::to_string(l) + " = 1\n";
-    std::string longLine = "Z = A1 + A2 + A3 + A4 + A5 + A6 + A7 + A8 + A9\n";
-    print("Sub P()\n" + body + longLine + "End Sub\n");
+    for (int l = 1; l <= 64; ++l) body += "Y" + std::to_string(l) + " = 1\n";
+    std::string longLine = "Z = A1";
+    for (int n = 2; n <= 13; ++n) longLine += " + A" + std::to_string(n);
+    print("Sub P()\n" + body + longLine + "\nEnd Sub\n");
     // The record begins on the last line of the first column and goes on at the top of the next.
     std::vector<PrintEvent> marks;
     for (const PrintEvent& e : of(PrintEvent::Text))
         if (e.text == " _") marks.push_back(e);
     ASSERT_FALSE(marks.empty());
     EXPECT_EQ(marks[0].x1 < kLeft + 4680, true);
-    PrintEvent last = text("A9");
+    PrintEvent last = text("A13");
+    EXPECT_EQ(last.size, 8);
     EXPECT_EQ(last.y1, kFirstLine);
     EXPECT_GE(last.x1, kLeft + 4680 + 720);
 }
@@ -183,8 +191,10 @@ TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
     for (int n = 1; n <= 30; ++n) words += " word" + std::to_string(n);
     std::string sum = "X = A1";
     for (int n = 2; n <= 40; ++n) sum += " + A" + std::to_string(n);
-    std::string filler;  // the wrapped records start at the foot of the first column and go on in the next
-    for (int n = 1; n <= 36; ++n) filler += "Y = " + std::to_string(n) + "\n";
+    // The wrapped records start at the foot of the first column and go on in the next; two columns
+    // have their fonts fitted, and more lines.
+    std::string filler;
+    for (int n = 1; n <= (columns == 1 ? 36 : 52); ++n) filler += "Y = " + std::to_string(n) + "\n";
     print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " + sum +
           "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
     float columnWidth = (10080 - 720 * static_cast<float>(columns - 1)) / static_cast<float>(columns);
