@@ -238,8 +238,9 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
     EXPECT_EQ(printed, (std::vector<Print>{{"abcdefg", 85, 0}, {" _", 785, 0}, {"hijkl", 85, 200}}));
 }
 
-// Eight levels at 340 take 2720. Where they don't fit beside 40 characters (4000) and the room for
-// the mark (200), they share what is left evenly, and the text of the deepest keeps its 40.
+// Eight levels at 340 take 2720. Where they don't fit beside 40 characters (4000), two blanks (170)
+// and the room for the mark (200), they share what is left evenly, and the text of the deepest
+// keeps its 40.
 struct NarrowCase {
     float width;
     float level1, level8;  // where the text of level 1 and of level 8 starts
@@ -265,10 +266,11 @@ TEST_P(NarrowIndentTest, DeepLevelsAreDrawnCloserTogether) {
 INSTANTIATE_TEST_SUITE_P(
     TokenLayout, NarrowIndentTest,
     ::testing::Values(NarrowCase{12000, 340, 2720},     // room enough: the indentation stands
-                      NarrowCase{6000, 225, 1800},      // 6000 - 4000 - 200 = 1800 shared by 8
+                      NarrowCase{6000, 203.75f, 1630},  // 6000 - 4370 = 1630 shared by 8
                       // Not even 40 characters: a dozen levels keep a third of a blank each (340
                       // for the 12), shared by the 8.
-                      NarrowCase{3000, 42.5f, 340}));
+                      NarrowCase{3000, 42.5f, 340}),
+    [](const auto& info) { return "Width" + std::to_string(static_cast<int>(info.param.width)); });
 
 TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {
     load("If a Then\n' a long comment standing alone\nabcdefghijklmnopqrstuvwxyzabcde\nEnd If\n");

@@ -383,17 +383,23 @@ float levelIndent(std::int32_t level, const AreaRecord& pos, int dest) {
     return std::min(unit * static_cast<float>(std::max(level, 0)), room);
 }
 
-// Room for kLeastCodeChars, and for the mark that ends a wrapped line, is kept right of the
-// furthest start. A narrower output still keeps room for kLeastDistinctLevels levels at the least
+float roomBesideIndent(int dest) {
+    const LayoutMetrics& m = layoutMetrics();
+    return static_cast<float>(kLeastCodeChars) * characterWidth(dest) + 2 * m.WhiteSpaceSize.at(dest) +
+           m.ContinueSize.at(dest);
+}
+
+// Room beside the indentation is kept right of the furthest start. A narrower output still keeps room for kLeastDistinctLevels levels at the least
 // unit, so that nesting stays visible; and at any width a first token split on its wrapped lines
 // (one WhiteSpaceSize in, less one more) gets kLeastRoomChars mean characters a piece.
 float furthestTextStart(const AreaRecord& pos, int dest) {
     const LayoutMetrics& m = layoutMetrics();
     float width = pos.Right - pos.Left;
-    float beside = static_cast<float>(kLeastCodeChars) * characterWidth(dest) + m.ContinueSize.at(dest);
+    float beside = roomBesideIndent(dest);
     float least = static_cast<float>(kLeastDistinctLevels) * leastIndentUnit(dest);
     float most = width - static_cast<float>(kRoomBeforeEdgeChars) * m.WhiteSpaceSize.at(dest);
-    return pos.Left + std::max(0.0f, std::min(std::max(width - beside, least), most));
+    // Whole twips: a start a hair right of the room would cost the line its last character.
+    return pos.Left + std::floor(std::max(0.0f, std::min(std::max(width - beside, least), most)));
 }
 
 const Statement& governingStatement(std::int32_t record) {

@@ -85,6 +85,11 @@ void planIndentation();
 // unit, never below a third of a blank; and no level goes past furthestTextStart.
 float levelIndent(std::int32_t level, const AreaRecord& pos, int displayOrPrint);
 
+// The room kept right of the furthest start of a record's text, where the output has it: for
+// kLeastCodeChars, the mark at a wrapped line's end, and the two blanks that the first piece of a
+// split first token loses (it stands one in, and is measured one narrower).
+float roomBesideIndent(int displayOrPrint);
+
 // The furthest right that a record's text starts in the area: deeper indentation is capped there,
 // so that a narrow output keeps room for the text.
 float furthestTextStart(const AreaRecord& pos, int displayOrPrint);

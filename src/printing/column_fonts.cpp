@@ -30,15 +30,13 @@ double fittedSize(double size, double scale) {
 
 }  // namespace
 
-// Everything that a column's line needs grows with the font: the characters of code, the room for
-// indentation, the connectors left of the text, the line numbers and the wrap mark.
+// Everything that a column's line needs grows with the font: the characters of code and the room
+// beside them, the room for indentation, the connectors left of the text and the line numbers.
 double columnFitScale() {
     const PrintState& p = printState();
     if (p.Columns.Columns < 2 || p.Columns.Width <= 0) return 1;
     const LayoutMetrics& m = layoutMetrics();
-    double character = printAttributes(kElemIdentifiers).XWidth;
-    if (character <= 0) return 1;
-    double need = (kLeastCodeChars + kFittedIndentChars) * character + m.ContinueSize[kPrint];
+    double need = roomBesideIndent(kPrint) + kFittedIndentChars * printAttributes(kElemIdentifiers).XWidth;
     if (displayAttributes().Format[kPrint].ConnectControls) need += 2 * m.ConnectorSize[kPrint];
     if (hlydSettings().LineNumbers) need += p.LineNumberWidth;
     return std::min(1.0, p.Columns.Width / need);
