@@ -372,7 +372,7 @@ void planIndentation() {
 }
 
 // The levels share the room evenly, so that their connector lines stand at even distances; a
-// unit narrowed only for the deepest levels bunched their lines into a few points. One level
+// unit narrowed for the deeper levels alone would bunch their lines a few points apart. One level
 // nested far deeper than the rest does not squeeze the whole file: the sharing stops at
 // kMostSharedLevels, and the levels beyond stand at the furthest start.
 float levelIndent(std::int32_t level, const AreaRecord& pos, int dest) {
@@ -389,9 +389,10 @@ float roomBesideIndent(int dest) {
            m.ContinueSize.at(dest);
 }
 
-// Room beside the indentation is kept right of the furthest start. A narrower output still keeps room for kLeastDistinctLevels levels at the least
-// unit, so that nesting stays visible; and at any width a first token split on its wrapped lines
-// (one WhiteSpaceSize in, less one more) gets kLeastRoomChars mean characters a piece.
+// Room beside the indentation is kept right of the furthest start. A narrower output still keeps
+// room for kLeastDistinctLevels levels at the least unit, so that nesting stays visible; and at
+// any width a first token split on its wrapped lines (one WhiteSpaceSize in, less one more) gets
+// kLeastRoomChars mean characters a piece.
 float furthestTextStart(const AreaRecord& pos, int dest) {
     const LayoutMetrics& m = layoutMetrics();
     float width = pos.Right - pos.Left;
