@@ -1,6 +1,7 @@
 // Connector lines as the screen draws them, coordinates exact: blocks inside the view, crossing
 // its top or bottom or enclosing it, Else, Indent off, and a stack that must grow.
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 
 #include "display/connectors.h"
@@ -151,12 +152,13 @@ TEST_F(ConnectorsTest, DeepLevelsAreDrawnFromTheTopMiddleAndBottomOfTheirBlocks)
                                   fromTopToBottom(10, 400)));
     EXPECT_GE(connectorStack().size(), 12u);
 
-    // In a narrow view deep text is held at 3000 - 12 x 85 = 1980; the levels beyond share the
-    // column in front of it, so that no stub crosses the text, and one line there stands for them
-    // all: levels 0 to 5 have columns of their own, 6 to 39 draw once.
-    expected = {{1895, 0, 1895, 100}, {1895, 100, 1980, 100}};
-    for (int level = 0; level <= 6; ++level) {
-        float x = std::min(column(level), 1895.f);
+    // A view of 30 characters can't hold 40 beside the indentation; its 41 levels share the room
+    // kept for a dozen at a third of a blank (28.33), and the text of the deeper ones is held at
+    // 170 + 12 x 28.33 = 510. Their lines share the column in front of it, so that no stub crosses
+    // the text, and one line there stands for them all: levels 0 to 11 have columns of their own.
+    expected = {{425, 0, 425, 100}, {425, 100, 510, 100}};
+    for (int level = 0; level <= 12; ++level) {
+        float x = std::nearbyint(85 + static_cast<float>(level) * 85 / 3);
         expected.emplace_back(x, 0, x, 200);
     }
     EXPECT_EQ(wide(43, 100, 3000), expected);

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
@@ -100,17 +102,22 @@ TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
 TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
     useColumns(3, 720, true);
     EXPECT_EQ(printState().Columns.Width, 2880);  // (10080 - 2 x 720) / 3
-    // 44 lines a column: Sub and X1_1 to X1_43, X1_44 to X1_87, X1_88 to X1_131.
-    print(procedures(1, 140));
-    EXPECT_EQ(text("X1_43").x1, kLeft);
-    PrintEvent second = text("X1_44");
+    // 20 characters a column at 12 points: the code is fitted down to the least size, 6 points,
+    // where a line is 144 high. 88 lines a column: Sub and X1_1 to X1_87, X1_88 to X1_175,
+    // X1_176 to X1_263.
+    constexpr float kFittedLine = kLineHeight / 2;
+    print(procedures(1, 270));
+    EXPECT_EQ(text("X1_87").x1, kLeft);
+    EXPECT_EQ(text("X1_87").size, 6);
+    EXPECT_EQ(text("X1_87").y1, kFirstLine + 87 * kFittedLine);
+    PrintEvent second = text("X1_88");
     EXPECT_EQ(second.page, 1);
     EXPECT_EQ(second.x1, kLeft + 2880 + 720);
     EXPECT_EQ(second.y1, kFirstLine);
-    EXPECT_EQ(text("X1_88").x1, kLeft + 2 * (2880 + 720));
-    EXPECT_EQ(text("X1_131").page, 1);
-    EXPECT_EQ(text("X1_132").page, 2);
-    EXPECT_EQ(text("X1_132").x1, kLeft);
+    EXPECT_EQ(text("X1_176").x1, kLeft + 2 * (2880 + 720));
+    EXPECT_EQ(text("X1_263").page, 1);
+    EXPECT_EQ(text("X1_264").page, 2);
+    EXPECT_EQ(text("X1_264").x1, kLeft);
     std::vector<PrintEvent> lines = of(PrintEvent::Line);
     ASSERT_EQ(lines.size(), 2u);  // between the columns of page 1; page 2 has one column in use
     EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 / 2);  // in the middle of the gutter
@@ -157,23 +164,26 @@ TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
 
 TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     useColumns(2, 720, false);
-    // 4680 twips a column: 32 characters at 144, less " _" when the record goes on.
+    // 4680 twips a column: 32 characters at 12 points, too few; fitted to 7.5 points, 52 characters
+    // of 90 twips on lines 180 high, 70 lines a column.
     std::string body;
-    for (int l = 1; l <= 42; ++l) body += "Y" + std::to_string(l) + " = 1\n";
-    std::string longLine = "Z = A1 + A2 + A3 + A4 + A5 + A6 + A7 + A8 + A9\n";
-    print("Sub P()\n" + body + longLine + "End Sub\n");
+    for (int l = 1; l <= 68; ++l) body += "Y" + std::to_string(l) + " = 1\n";
+    std::string longLine = "Z = A1";
+    for (int n = 2; n <= 13; ++n) longLine += " + A" + std::to_string(n);
+    print("Sub P()\n" + body + longLine + "\nEnd Sub\n");
     // The record begins on the last line of the first column and goes on at the top of the next.
     std::vector<PrintEvent> marks;
     for (const PrintEvent& e : of(PrintEvent::Text))
         if (e.text == " _") marks.push_back(e);
     ASSERT_FALSE(marks.empty());
     EXPECT_EQ(marks[0].x1 < kLeft + 4680, true);
-    PrintEvent last = text("A9");
+    PrintEvent last = text("A13");
+    EXPECT_EQ(last.size, 7.5);
     EXPECT_EQ(last.y1, kFirstLine);
     EXPECT_GE(last.x1, kLeft + 4680 + 720);
 }
 
-// Every run of a wrapped record, its " _" marks too, ends within its column: a comment or a
+// Every run of a wrapped record, its " _" marks too, ends within its column: a deep or a
 // literal split into pieces, a statement wrapped between its words, a line the source continues.
 // The marks' font is larger than the line numbers', in which the room for them was once measured.
 class WrappedRecordsTest : public PrintPagesTest, public ::testing::WithParamInterface<std::int16_t> {};
@@ -187,8 +197,10 @@ TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
     for (int n = 1; n <= 30; ++n) words += " word" + std::to_string(n);
     std::string sum = "X = A1";
     for (int n = 2; n <= 40; ++n) sum += " + A" + std::to_string(n);
-    std::string filler;  // the wrapped records start at the foot of the first column and go on in the next
-    for (int n = 1; n <= 36; ++n) filler += "Y = " + std::to_string(n) + "\n";
+    // The wrapped records start at the foot of the first column and go on in the next; two columns
+    // have their fonts fitted, and more lines.
+    std::string filler;
+    for (int n = 1; n <= (columns == 1 ? 36 : 52); ++n) filler += "Y = " + std::to_string(n) + "\n";
     print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " + sum +
           "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
     float columnWidth = (10080 - 720 * static_cast<float>(columns - 1)) / static_cast<float>(columns);
@@ -205,6 +217,80 @@ TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
 }
 
 INSTANTIATE_TEST_SUITE_P(PrintPages, WrappedRecordsTest, ::testing::Values(1, 2));
+
+// A line nested 12 deep in a column of a two- or three-column page: the levels share the room
+// left beside 40 characters, and the fonts are fitted to a column too narrow for them.
+struct NarrowColumns {
+    std::int16_t columns;
+    std::int32_t gutter, sideMargin;
+};
+
+class NarrowColumnsTest : public PrintPagesTest, public ::testing::WithParamInterface<NarrowColumns> {};
+
+TEST_P(NarrowColumnsTest, ADeepLineKeepsFortyCharactersAndItsConnectors) {
+    NarrowColumns c = GetParam();
+    format().ConnectControls = 1;
+    pageSettings().Margins.Left = pageSettings().Margins.Right = c.sideMargin;
+    useColumns(c.columns, c.gutter, false);
+    std::string text = "Sub P()\n";
+    for (int level = 0; level < 12; ++level) text += "If a" + std::to_string(level) + " Then\n";
+    text += std::string(200, 'q') + " = 1\n";
+    for (int level = 0; level < 12; ++level) text += "End If\n";
+    print(text + "End Sub\n");
+    const SourceTables& t = theSourceTables();
+    std::int32_t deepest = 0;
+    for (std::int32_t r = 1; r <= t.RecordCount; ++r) deepest = std::max(deepest, t.Records[r].Indent);
+    ASSERT_EQ(deepest, 12);
+    // The long name's first piece fills its first line: at least 40 characters.
+    PrintEvent deep;
+    for (const PrintEvent& e : of(PrintEvent::Text))
+        if (deep.text.empty() && e.text[0] == 'q') deep = e;
+    EXPECT_GE(deep.text.size(), 40u) << deep.text;
+    EXPECT_LT(deep.size, 12);
+    // Every stub runs from its level's vertical to the text of its opener or closer; the levels
+    // stand apart, and every line stands left of the deepest text.
+    std::vector<PrintEvent> lines = of(PrintEvent::Line);
+    std::vector<PrintEvent> texts = of(PrintEvent::Text);
+    std::set<float> columns;
+    for (const PrintEvent& stub : lines) {
+        if (stub.y1 != stub.y2) continue;
+        EXPECT_LT(stub.x1, stub.x2);
+        columns.insert(stub.x1);
+        EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [&](const PrintEvent& e) {
+            return std::abs(e.x1 - stub.x2) < 1 && e.y1 < stub.y1 && stub.y1 < e.y1 + kLineHeight;
+        })) << "the stub at " << stub.x1 << ", " << stub.y1 << " meets no text";
+        EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](const PrintEvent& l) {
+            return l.x1 == l.x2 && l.x1 == stub.x1 && l.y1 <= stub.y1 && l.y2 >= stub.y1;
+        })) << "no vertical at " << stub.x1;
+    }
+    EXPECT_EQ(columns.size(), 12u);
+    for (const PrintEvent& l : lines) EXPECT_LT(std::max(l.x1, l.x2), deep.x1 + 1);
+}
+
+// Three columns need narrow margins and gutters on this portrait page to hold 40 characters at
+// the least fitted size: 3600 twips a column.
+INSTANTIATE_TEST_SUITE_P(PrintPages, NarrowColumnsTest,
+                         ::testing::Values(NarrowColumns{2, 720, 1440}, NarrowColumns{3, 360, 360}),
+                         [](const auto& info) { return std::to_string(info.param.columns) + "Columns"; });
+
+// A one-column print of shallow code keeps the indent unit and the chosen font, also after a
+// print in columns whose fonts were fitted.
+TEST_F(PrintPagesTest, OneColumnOfShallowCodeKeepsItsIndentationAndFont) {
+    format().ConnectControls = 1;
+    std::string text = "Sub P()\nIf a Then\nFor i = 1 To 2\nx = 1\nNext i\nEnd If\nEnd Sub\n";
+    useColumns(3, 720, false);
+    print(text);
+    EXPECT_LT(this->text("x").size, 12);
+    useColumns(1, 720, false);
+    print(text);
+    float left = kLeft + 2 * kWhiteSpace;  // room for the outermost connector
+    EXPECT_EQ(this->text("Sub").x1, left);
+    EXPECT_EQ(this->text("If").x1, left);  // a procedure's body stands at its declaration's level
+    EXPECT_EQ(this->text("For").x1, left + 4 * kWhiteSpace);
+    EXPECT_EQ(this->text("x").x1, left + 8 * kWhiteSpace);
+    EXPECT_EQ(this->text("x").size, 12);
+    EXPECT_EQ(this->text("x").y1, kFirstLine + 3 * kLineHeight);
+}
 
 TEST_F(PrintPagesTest, AForBlockOverAPageBreakKeepsItsConnectorOnBothPages) {
     format().ConnectControls = 1;
@@ -261,8 +347,8 @@ TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
     EXPECT_EQ(numbers.back(), "00100");
 }
 
-// A blank line is as high as a line of the project listing's element, not of the comment font
-// that its empty token has: comments at 20 points (480 twips), the listing's element at 10 (240).
+// A blank line is as high as a line of the project listing's element, not of the deep font
+// that its empty token has: deeps at 20 points (480 twips), the listing's element at 10 (240).
 TEST_F(PrintPagesTest, ABlankLineIsAsHighAsTheProjectListingsElement) {
     displayAttributes().Elements[kElemComments].slot[kPrint].Font.Size = 20;
     displayAttributes().Elements[kElemProjectFile].slot[kPrint].Font.Size = 10;
@@ -404,7 +490,7 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     s.TableOfContents = true;
     s.HeadingRight = "@page";
     format().ProcSkip = 'P';
-    // The third procedure has a comment and a blank line before it, which go with it.
+    // The third procedure has a deep and a blank line before it, which go with it.
     std::string text = procedures(3, 2);
     text.insert(text.find("Sub P3"), "' The last one\n\n");
     print(text);
@@ -418,7 +504,7 @@ TEST_F(PrintPagesTest, ContentsShowThePagesTheProceduresReallyStartOn) {
     std::vector<TocEntry>& toc = TOC();
     ASSERT_EQ(toc.size(), 5u);
     EXPECT_EQ(toc[1].Type, kTocFile);
-    EXPECT_EQ(toc[4].Text, "Sub P3()");  // the declaration, not the comment before it
+    EXPECT_EQ(toc[4].Text, "Sub P3()");  // the declaration, not the deep before it
     EXPECT_EQ(toc[4].Page, "3  ");
     // In the procedure table the declaration stands on the line of its page number.
     float tableLine = 0;

@@ -238,25 +238,39 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
     EXPECT_EQ(printed, (std::vector<Print>{{"abcdefg", 85, 0}, {" _", 785, 0}, {"hijkl", 85, 200}}));
 }
 
-TEST_F(TokenLayoutTest, DeepIndentationInANarrowOutputIsCappedNotSplitPerCharacter) {
+// Eight levels at 340 take 2720. Where they don't fit beside 40 characters (4000), two blanks (170)
+// and the room for the mark (200), they share what is left evenly, and the text of the deepest
+// keeps its 40.
+struct NarrowCase {
+    float width;
+    float level1, level8;  // where the text of level 1 and of level 8 starts
+};
+
+class NarrowIndentTest : public TokenLayoutTest, public ::testing::WithParamInterface<NarrowCase> {};
+
+TEST_P(NarrowIndentTest, DeepLevelsAreDrawnCloserTogether) {
     std::string text;
     for (int level = 0; level < 8; ++level) text += "If a Then\n";
     load(text + "abcdefghijklmnopqrst\nx = 1\n");
-    format().ContinueGenerate = 1;
-    // Level 8 stands at 2720; in a width of 3000 its pieces would be 3000 - 2890 + 1 = 111 wide,
-    // one character each. The record starts at 3000 - 170 - 850 = 1980 instead, and its pieces
-    // at 2065, with room for the mark behind them, are 3000 - 200 - 2065 = 735 wide: seven characters.
-    ASSERT_EQ(theSourceTables().Records[9].Indent, 8);
-    EXPECT_EQ(lay(9, 3000), 2);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefg", 2065, 0}, {" _", 2765, 0}, {"hijklmn", 2065, 200},
-                                           {" _", 2765, 200}, {"opqrst", 2065, 400}}));
-    // A record that fits is capped all the same: the block's lines stay in one column. With room
-    // enough, the indentation stands.
-    lay(10, 3000);
-    EXPECT_EQ(printed[0], Print("x", 1980, 0));
-    lay(10, 12000);
-    EXPECT_EQ(printed[0], Print("x", 2720, 0));
+    planIndentation();
+    NarrowCase c = GetParam();
+    ASSERT_EQ(theSourceTables().Records[10].Indent, 8);
+    lay(10, c.width);
+    EXPECT_FLOAT_EQ(std::get<1>(printed[0]), c.level8);
+    lay(2, c.width);
+    EXPECT_FLOAT_EQ(std::get<1>(printed[0]), c.level1);
+    // The long record at level 8 is never split a character a line.
+    EXPECT_EQ(lay(9, c.width), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    TokenLayout, NarrowIndentTest,
+    ::testing::Values(NarrowCase{12000, 340, 2720},     // room enough: the indentation stands
+                      NarrowCase{6000, 203.75f, 1630},  // 6000 - 4370 = 1630 shared by 8
+                      // Not even 40 characters: a dozen levels keep a third of a blank each (340
+                      // for the 12), shared by the 8.
+                      NarrowCase{3000, 42.5f, 340}),
+    [](const auto& info) { return "Width" + std::to_string(static_cast<int>(info.param.width)); });
 
 TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {
     load("If a Then\n' a long comment standing alone\nabcdefghijklmnopqrstuvwxyzabcde\nEnd If\n");

@@ -18,14 +18,15 @@ std::vector<ConnectorEntry> stack(kInitialLevels);
 
 std::int32_t wholeTwips(double value) { return static_cast<std::int32_t>(std::nearbyint(value)); }
 
-// The column of a level's vertical line. Levels whose text is held back from the right edge of a
-// narrow output share the column of the furthest text, rather than crossing it.
+// The column of a level's vertical line: a connector's width left of where the text of that level
+// starts, measured from the text's left edge as its layout measures it, so that lines and text
+// stay together however narrow the output and however closely its levels are drawn.
 std::int32_t columnOf(int dest, int level, const AreaRecord& pos, float xOffset, bool indentSet, float xToken) {
     const LayoutMetrics& m = layoutMetrics();
     if (!indentSet) return wholeTwips(xToken - m.ConnectorSize.at(dest));
-    double amount = displayAttributes().Format[dest].IndentAmount;
-    double column = level * m.IndentSize.at(dest) * amount + pos.Left - m.ConnectorSize.at(dest);
-    return wholeTwips(std::min<double>(column, furthestTextStart(pos, dest) - m.ConnectorSize.at(dest)) + xOffset);
+    AreaRecord text = pos;
+    text.Left += xOffset;
+    return wholeTwips(double{text.Left} + levelIndent(level, text, dest) - m.ConnectorSize.at(dest));
 }
 
 // Where the stretch being drawn began, as HlydCLContinueBeforeTop saw it. A level that the stack

@@ -194,6 +194,7 @@ void ScreenEmission::EmitCodeRecord(std::int32_t r) {
 
 void ScreenEmission::emitSource() {
     const SourceTables& t = theSourceTables();
+    planIndentation();
     std::int32_t counter = record_ - 1;
     for (;;) {
         if (pos_.Top > pos_.Bottom) break;

@@ -23,6 +23,26 @@ void checkDestination(int dest, const char* source) {
     if (dest != kDisplay && dest != kPrint) raiseRuntime(9, source);
 }
 
+// How deep the file being laid out is nested, as planIndentation found it.
+std::int32_t plannedDepth = 0;
+
+// Levels share the room of a narrow output evenly up to this depth.
+constexpr std::int32_t kMostSharedLevels = 24;
+// Levels kept apart even where the output leaves no room beside kLeastCodeChars.
+constexpr int kLeastDistinctLevels = 12;
+
+// The destination's indent unit: IndentAmount blanks of IndentSize.
+float indentUnit(int dest) { return static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest); }
+
+// Connector lines closer than a third of a blank could not be told apart on paper.
+float leastIndentUnit(int dest) { return layoutMetrics().WhiteSpaceSize.at(dest) / 3; }
+
+// A character of code: the mean width of an identifier's. (WhiteSpaceSize is six sevenths of it.)
+float characterWidth(int dest) {
+    std::int32_t x = attributesOf(kElemIdentifiers, dest).XWidth;
+    return x > 0 ? static_cast<float>(x) : layoutMetrics().WhiteSpaceSize.at(dest);
+}
+
 bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
 
 // One record on one surface: the pen is tracked here so that the surface is told only changes.
@@ -157,10 +177,7 @@ void RecordPainter::continuationMark() {
 void RecordPainter::firstTokenStart(const Token& token) {
     std::int32_t first = t_.Records[record_].FirstT;
     if (f_.Indent) {
-        float indent = 0;
-        std::string text;
-        HlydTKApplyIndent(token, t_.Records[record_].Indent, indent, text, dest_);
-        x_ += indent;
+        x_ += levelIndent(t_.Records[record_].Indent, pos_, dest_);
         if (first > 1 && t_.Tokens[first - 1].Continued == 1) x_ += m_.WhiteSpaceSize[dest_];
     } else {
         x_ += m_.WhiteSpaceSize[dest_] * static_cast<float>(token.LeadingSpace.size());
@@ -288,7 +305,7 @@ std::int32_t RecordPainter::run() {
 
 void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text, int dest) {
     checkDestination(dest, "HlydTKApplyIndent");
-    indent = static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest) * level;
+    indent = indentUnit(dest) * static_cast<float>(level);
     text = token.Text;
 }
 
@@ -346,11 +363,44 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
     }
 }
 
-// A first token split on its wrapped lines (one WhiteSpaceSize in, less one more) still gets
+void planIndentation() {
+    const SourceTables& t = theSourceTables();
+    std::int32_t deepest = 0;
+    for (std::int32_t r = 1; r <= t.RecordCount && r <= t.Records.UBound(); ++r)
+        deepest = std::max(deepest, t.Records[r].Indent);
+    plannedDepth = deepest;
+}
+
+// The levels share the room evenly, so that their connector lines stand at even distances; a
+// unit narrowed for the deeper levels alone would bunch their lines a few points apart. One level
+// nested far deeper than the rest does not squeeze the whole file: the sharing stops at
+// kMostSharedLevels, and the levels beyond stand at the furthest start.
+float levelIndent(std::int32_t level, const AreaRecord& pos, int dest) {
+    float unit = indentUnit(dest);
+    float room = furthestTextStart(pos, dest) - pos.Left;
+    float levels = static_cast<float>(std::clamp(plannedDepth, 1, kMostSharedLevels));
+    if (unit * levels > room) unit = std::max(room / levels, std::min(unit, leastIndentUnit(dest)));
+    return std::min(unit * static_cast<float>(std::max(level, 0)), room);
+}
+
+float roomBesideIndent(int dest) {
+    const LayoutMetrics& m = layoutMetrics();
+    return static_cast<float>(kLeastCodeChars) * characterWidth(dest) + 2 * m.WhiteSpaceSize.at(dest) +
+           m.ContinueSize.at(dest);
+}
+
+// Room beside the indentation is kept right of the furthest start. A narrower output still keeps
+// room for kLeastDistinctLevels levels at the least unit, so that nesting stays visible; and at
+// any width a first token split on its wrapped lines (one WhiteSpaceSize in, less one more) gets
 // kLeastRoomChars mean characters a piece.
 float furthestTextStart(const AreaRecord& pos, int dest) {
-    float room = static_cast<float>(kRoomBeforeEdgeChars) * layoutMetrics().WhiteSpaceSize.at(dest);
-    return std::max(pos.Left, pos.Right - room);
+    const LayoutMetrics& m = layoutMetrics();
+    float width = pos.Right - pos.Left;
+    float beside = roomBesideIndent(dest);
+    float least = static_cast<float>(kLeastDistinctLevels) * leastIndentUnit(dest);
+    float most = width - static_cast<float>(kRoomBeforeEdgeChars) * m.WhiteSpaceSize.at(dest);
+    // Whole twips: a start a hair right of the room would cost the line its last character.
+    return pos.Left + std::floor(std::max(0.0f, std::min(std::max(width - beside, least), most)));
 }
 
 const Statement& governingStatement(std::int32_t record) {

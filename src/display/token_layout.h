@@ -68,10 +68,27 @@ struct RecordLayoutHooks {
 };
 
 // Deep nesting in a narrow output would leave the text a sliver at the right edge, split one
-// character a line. A record starts no further right than room for this many mean characters
-// before the edge, and one more for the blank a wrapped line starts with.
+// character a line. Where an output holds this many mean characters beside a little indentation,
+// every line keeps room for them: its deep levels are drawn closer together instead.
+constexpr int kLeastCodeChars = 40;
+// An output too narrow even for that keeps at least this many, and one more for the blank a
+// wrapped line starts with.
 constexpr int kLeastRoomChars = 10;
 constexpr int kRoomBeforeEdgeChars = kLeastRoomChars + 2;
+
+// Notes how deep the file now in the source tables is nested: an output too narrow for its levels
+// at the full indent unit shares its room among them. An emitter calls it before laying a file out.
+void planIndentation();
+
+// How far right of `pos.Left` the text of an indent level starts. The levels of the file take the
+// destination's indent unit while they fit beside kLeastCodeChars; where they don't, one narrower
+// unit, never below a third of a blank; and no level goes past furthestTextStart.
+float levelIndent(std::int32_t level, const AreaRecord& pos, int displayOrPrint);
+
+// The room kept right of the furthest start of a record's text, where the output has it: for
+// kLeastCodeChars, the mark at a wrapped line's end, and the two blanks that the first piece of a
+// split first token loses (it stands one in, and is measured one narrower).
+float roomBesideIndent(int displayOrPrint);
 
 // The furthest right that a record's text starts in the area: deeper indentation is capped there,
 // so that a narrow output keeps room for the text.

@@ -10,6 +10,7 @@
 #include "files/proc_list.h"
 #include "files/main_window_model.h"
 #include "platform/printer.h"
+#include "printing/column_fonts.h"
 #include "printing/columns.h"
 #include "printing/contents.h"
 #include "printing/job_properties.h"
@@ -55,6 +56,7 @@ CodeListing::CodeListing(wPos& pos)
     SetPrinterProp();
     pos_.LeftPos = p_.UsableArea.Left + (f_.ConnectControls ? 2 * layoutMetrics().ConnectorSize[kPrint] : 0);
     numberSpace_ = hlydSettings().LineNumbers ? p_.LineNumberWidth : 0;
+    planIndentation();
     entryOf_.assign(static_cast<std::size_t>(t_.RecordCount) + 2, -1);
     declarationOf_ = entryOf_;
     std::vector<ProcEntry>& procs = yProc();
@@ -188,11 +190,13 @@ void CodeListing::selectedProcs() {
 
 void EmitCodeFile(wPos& pos) {
     if (!currentPrinter()) return;
+    FontsFittedToColumns fonts;
     CodeListing(pos).wholeFile();
 }
 
 void EmitCodeFileSelectedProcs(wPos& pos) {
     if (!currentPrinter()) return;
+    FontsFittedToColumns fonts;
     CodeListing(pos).selectedProcs();
 }
 
