@@ -7,6 +7,8 @@
 #include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "display/font_metrics.h"
+#include "display/piece_break.h"
+#include "display/visible_text.h"
 #include "files/file_table.h"
 #include "platform/surface.h"
 #include "settings/ini_handler.h"
@@ -25,6 +27,14 @@ void checkDestination(int dest, const char* source) {
 
 bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
 
+// A line that layout wraps is marked where the line after it begins, in the room of the wrap
+// indent under the record's first character: the eye finds the mark where it resumes reading, the
+// marks of a listing stand in one column instead of trailing ragged line ends, and they take no
+// room from the line they follow. The mark is "»", which no VB code can hold there, in a grey: a
+// " _" read as the code's own line continuation, and copied out as one.
+constexpr char kWrapMark[] = "\xBB";
+constexpr std::uint32_t kWrapMarkColour = 0x767676;  // 4.5:1 on white: quiet, yet legible in print
+
 // One record on one surface: the pen is tracked here so that the surface is told only changes.
 class RecordPainter {
 public:
@@ -36,17 +46,23 @@ public:
 
 private:
     int elementOf(std::int32_t token) const;
-    bool markAfter(const Token& token) const {
-        return hooks_.continuationMarks && (f_.ContinueGenerate || (f_.ContinueHonor && (token.Continued & 1)));
+    // Layout's own wraps are marked.
+    bool wrapMarks() const { return hooks_.continuationMarks && f_.ContinueGenerate; }
+    // The source continues this token's line with " _", and it is to be shown.
+    bool sourceContinues(const Token& token) const {
+        return hooks_.continuationMarks && f_.ContinueHonor && (token.Continued & 1);
     }
     float wrapIndent() const { return static_cast<float>(hooks_.wrapIndentBlanks) * m_.WhiteSpaceSize[dest_]; }
+    float continuationIndent();
+    bool drawable() const { return yText_ <= 32766 && !hooks_.measureOnly; }  // the coordinate limit of a surface
     void firstTokenStart(const Token& token);
-    void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
-                    std::int32_t last);
-    float splitWidth(const Token& token, float limitX) const;
-    void drawPieces(std::int32_t i, const Token& token, AttributeRecord& a, const std::vector<std::string>& pieces);
+    void placeToken(std::int32_t i, const Token& token, const std::string& text, AttributeRecord& a,
+                    std::vector<std::string>& pieces);
+    float splitWidth(float limitX);
+    void drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces);
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
-    void continuationMark();
+    void wrapMark();
+    void sourceContinuation();
     void movePen(float x, float y);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
     bool breakIfFull();
@@ -64,6 +80,9 @@ private:
     bool procedureLine_ = false;
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
     float penX_ = -1, penY_ = -1;
+    AttributeRecord markAttributes_;
+    float markRoom_ = -1;  // the mark and a blank, once measured
+    std::size_t lastLength_ = 0;  // characters shown of the token drawn last
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
     bool stopped_ = false;
@@ -91,7 +110,7 @@ bool RecordPainter::breakIfFull() {
 // A tab goes on to the next multiple of the tab width, counted from where the code starts.
 void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
     const std::string& lead = t_.Tokens[next].LeadingSpace;
-    column_ += static_cast<std::int32_t>(t_.Tokens[next - 1].Text.size());
+    column_ += static_cast<std::int32_t>(lastLength_);
     std::int32_t blanks = 0;
     for (char c : lead) blanks += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - (column_ + blanks) % f_.TabWidth : 1;
     float unit = static_cast<float>(left.SpaceWidth);
@@ -135,8 +154,9 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     if (hooks_.textDrawn) hooks_.textDrawn->append(text);
 }
 
-// " _" in the KeyWords attributes, at the pen.
-void RecordPainter::continuationMark() {
+// The source's own " _" at the end of its line, in the KeyWords attributes, at the pen: it is the
+// code's text and prints as such.
+void RecordPainter::sourceContinuation() {
     AttributeRecord& k = attributesOf(kElemKeyWords, dest_);
     setAttributesOn(s_, k);
     float width = s_.textWidth(" _");
@@ -152,6 +172,34 @@ void RecordPainter::continuationMark() {
     movePen(x, y);
     s_.print(" _");
     penX_ = x + width;
+}
+
+// Where a wrapped line's text begins, from XWrap: the wrap indent, or, with marks, room for the
+// mark and a blank when the wrap indent is narrower.
+float RecordPainter::continuationIndent() {
+    if (!wrapMarks()) return wrapIndent();
+    if (markRoom_ < 0) {
+        markAttributes_ = attributesOf(kElemKeyWords, dest_);
+        markAttributes_.ForeColor = kWrapMarkColour;
+        markAttributes_.Font.Bold = markAttributes_.Font.Italic = false;
+        markAttributes_.Font.Underline = markAttributes_.Font.Strikethrough = false;
+        setAttributesOn(s_, markAttributes_);
+        markRoom_ = s_.textWidth(std::string(kWrapMark) + " ");
+    }
+    return std::max(wrapIndent(), markRoom_);
+}
+
+// The mark of a wrap at XWrap on the line that `y_` has just moved to. It is no text of the
+// source: a surface that can (a PDF) leaves it out of what a reader copies.
+void RecordPainter::wrapMark() {
+    if (!wrapMarks() || stopped_) return;
+    continuationIndent();  // sets the mark's attributes up
+    float y = y_ + lineHeight_ - static_cast<float>(markAttributes_.Height);
+    if (hooks_.measureOnly || y > 32766) return;
+    setAttributesOn(s_, markAttributes_);
+    movePen(xWrap_, y);
+    s_.printMark(kWrapMark);
+    penX_ = s_.currentX();
 }
 
 void RecordPainter::firstTokenStart(const Token& token) {
@@ -170,66 +218,60 @@ void RecordPainter::firstTokenStart(const Token& token) {
 }
 
 // Decides where the token stands and into which pieces it falls.
-void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
-                               std::int32_t last) {
+void RecordPainter::placeToken(std::int32_t i, const Token& token, const std::string& text, AttributeRecord& a,
+                               std::vector<std::string>& pieces) {
     const Record& r = t_.Records[record_];
     bool first = i == r.FirstT;
     setAttributesOn(s_, a);
-    float width = s_.textWidth(token.Text);
-    bool reserve = hooks_.continuationMarks &&
-                   ((i != last && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1)));
-    float limitX = reserve ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
-    pieces.assign(1, token.Text);
+    float width = s_.textWidth(text);
+    // Only the source's own " _" is drawn behind a line's text and needs room kept for it there.
+    float limitX = sourceContinues(token) ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
+    pieces.assign(1, text);
     if (x_ + width <= limitX) return;
-    if (!first && markAfter(t_.Tokens[i - 1])) {
-        continuationMark();
-        setAttributesOn(s_, a);
-    }
-    std::size_t lead = token.Text.find_first_not_of(' ');
-    bool comment = first && lead != std::string::npos && token.Text[lead] == '\'';
-    x_ = comment ? xWrap_ : xWrap_ + wrapIndent();
+    std::size_t lead = text.find_first_not_of(' ');
+    bool comment = first && lead != std::string::npos && text[lead] == '\'';
+    // A first token stays on its line; any other goes on to the next one, after the mark.
+    x_ = comment ? xWrap_ : xWrap_ + (first ? wrapIndent() : continuationIndent());
     if (x_ + width <= limitX) {
         ++wraps_;
     } else {
-        if (x_ > limitX) xWrap_ = x_ = pos_.Left;
-        HlydTKSplitForOutput(token.Text, pieces, splitWidth(token, limitX), dest_);
+        if (x_ > limitX) {
+            xWrap_ = pos_.Left;
+            x_ = first ? pos_.Left : pos_.Left + continuationIndent();
+        }
+        HlydTKSplitForOutput(text, pieces, splitWidth(limitX), dest_);
     }
     if (!first) {
         y_ += lineHeight_;
-        breakIfFull();
+        if (breakIfFull()) wrapMark();
     }
 }
 
-// The width each piece of a split token may take. Pieces are followed by " _" when marks are
-// shown, and that mark is to end inside the line as the text does: so the pieces leave room for
-// it, even where the token, being the record's last, could otherwise use the line to its end. The
-// first piece stands at X, the others the wrap indent in from XWrap.
-float RecordPainter::splitWidth(const Token& token, float limitX) const {
+// The width each piece of a split token may take: the first stands at X, the others the
+// continuation indent in from XWrap, and none may pass the limit.
+float RecordPainter::splitWidth(float limitX) {
     float width = limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1;
-    if (!markAfter(token)) return width;
-    float furthestStart = std::max(x_, xWrap_ + wrapIndent());
-    return std::min(width, pos_.Right - m_.ContinueSize[dest_] - furthestStart);
+    float furthestStart = std::max(x_, xWrap_ + continuationIndent());
+    return std::min(width, limitX - furthestStart);
 }
 
 // Draws the pieces; X is left at the right end of the text drawn last, so a token of blanks
 // leaves it where the text before it ended.
-void RecordPainter::drawPieces(std::int32_t /*i*/, const Token& token, AttributeRecord& a,
-                               const std::vector<std::string>& pieces) {
-    if (blanksOnly(token.Text)) {
+void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces) {
+    if (blanksOnly(text)) {
         if (penX_ >= 0) x_ = penX_;
         return;
     }
-    bool drawable = yText_ <= 32766 && !hooks_.measureOnly;  // the coordinate limit of a surface
     for (std::size_t p = 0; p < pieces.size(); ++p) {
-        if (drawable) drawText(pieces[p], a, yText_, yNext_);
+        if (drawable()) drawText(pieces[p], a, yText_, yNext_);
         else x_ += s_.textWidth(pieces[p]), penX_ = x_;
         if (p + 1 == pieces.size()) break;
-        if (drawable && markAfter(token)) continuationMark();
-        x_ = xWrap_ + wrapIndent();
+        x_ = xWrap_ + continuationIndent();
         y_ = yNext_;
         if (!breakIfFull()) return;
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
+        wrapMark();
         ++wraps_;
     }
     x_ = penX_;
@@ -255,8 +297,9 @@ std::int32_t RecordPainter::run() {
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
+        const std::string text = visibleText(token.Text);
         if (i == r.FirstT) firstTokenStart(token);
-        placeToken(i, token, a, pieces, last);
+        placeToken(i, token, text, a, pieces);
         if (stopped_) break;
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
@@ -273,12 +316,13 @@ std::int32_t RecordPainter::run() {
                 penY_ = s_.currentY();
             }
         }
-        drawPieces(i, token, a, pieces);
+        drawPieces(text, a, pieces);
+        lastLength_ = text.size();
         if (i < last) gapBefore(i + 1, a);
     }
     if (!stopped_ && last >= 1 && hooks_.continuationMarks && !hooks_.measureOnly && f_.ContinueHonor &&
         (t_.Tokens[last].Continued & 1))
-        continuationMark();
+        sourceContinuation();
     if (hooks_.endX) *hooks_.endX = x_;
     pos_.Top = yNext_;
     return wraps_;
@@ -306,6 +350,7 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
     if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + numberText(height));
 }
 
+// A piece ends after a blank, an operator or a comma when one is within reach (piece_break.h).
 // Each piece is measured, not the whole rest of the text for every piece: that made a long project
 // line quadratic. The rest's width is kept as the whole width less the pieces cut off, and the rest
 // itself is measured only when that says it may fit, when it is about one piece long.
@@ -335,6 +380,9 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
         if (pieceWidth < 0)
             while (length >= 1 && (pieceWidth = widthOf(length)) > width) --length;
         if (length < 1) length = 1, pieceWidth = widthOf(1);
+        if (auto atBreak = static_cast<long>(pieceLengthAtBreak(text, position, static_cast<std::size_t>(length)));
+            atBreak != length)
+            length = atBreak, pieceWidth = widthOf(length);
         pieces.push_back(text.substr(position, static_cast<std::size_t>(length)));
         position += static_cast<std::size_t>(length);
         restWidth -= pieceWidth;

@@ -80,6 +80,8 @@ void PdfWriter::appendText(std::string& content, const PageRecording& page, cons
     std::size_t font = fontOf(face);
     std::string_view text = page.textOf(op);
     double baseline = op.y1 + face.ascent;
+    // A reader copying or reading the page aloud skips an artifact.
+    if (op.artifact) content += "/Artifact BMC ";
     content += "BT /F";
     content += std::to_string(font);
     content += ' ';
@@ -103,6 +105,7 @@ void PdfWriter::appendText(std::string& content, const PageRecording& page, cons
         }
     }
     content += ">] TJ ET\n";
+    if (op.artifact) content += "EMC\n";
     if (face.key.underline || face.key.strikeOut) {
         double y = face.key.underline ? baseline + face.underlinePosition : baseline - face.ascent * 0.3;
         appendNumber(content, op.x1);
