@@ -30,8 +30,9 @@ bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") 
 // A line that layout wraps is marked where the line after it begins, in the room of the wrap
 // indent under the record's first character: the eye finds the mark where it resumes reading, the
 // marks of a listing stand in one column instead of trailing ragged line ends, and they take no
-// room from the line they follow. The mark is "»", which no VB code can hold there, in a grey: a
-// " _" read as the code's own line continuation, and copied out as one.
+// room from the line they follow. The mark is "»", which no VB code can hold there, in a grey and
+// in the font of the text it stands before. A " _" there read as the code's own line continuation
+// and was copied out as one.
 constexpr char kWrapMark[] = "\xBB";
 constexpr std::uint32_t kWrapMarkColour = 0x767676;  // 4.5:1 on white: quiet, yet legible in print
 
@@ -53,15 +54,16 @@ private:
         return hooks_.continuationMarks && f_.ContinueHonor && (token.Continued & 1);
     }
     float wrapIndent() const { return static_cast<float>(hooks_.wrapIndentBlanks) * m_.WhiteSpaceSize[dest_]; }
-    float continuationIndent();
+    float continuationIndent(AttributeRecord& a);
     bool drawable() const { return yText_ <= 32766 && !hooks_.measureOnly; }  // the coordinate limit of a surface
     void firstTokenStart(const Token& token);
     void placeToken(std::int32_t i, const Token& token, const std::string& text, AttributeRecord& a,
                     std::vector<std::string>& pieces);
-    float splitWidth(float limitX);
+    float splitWidth(float limitX, AttributeRecord& a);
     void drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces);
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
-    void wrapMark();
+    void useMarkAttributes(const AttributeRecord& a);
+    void wrapMark(const AttributeRecord& a);
     void sourceContinuation();
     void movePen(float x, float y);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
@@ -81,7 +83,8 @@ private:
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
     float penX_ = -1, penY_ = -1;
     AttributeRecord markAttributes_;
-    float markRoom_ = -1;  // the mark and a blank, once measured
+    const AttributeRecord* markFor_ = nullptr;  // the attributes the mark's were made from
+    float markRoom_ = 0;                        // the mark and a blank in them
     std::size_t lastLength_ = 0;  // characters shown of the token drawn last
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
@@ -174,29 +177,40 @@ void RecordPainter::sourceContinuation() {
     penX_ = x + width;
 }
 
-// Where a wrapped line's text begins, from XWrap: the wrap indent, or, with marks, room for the
-// mark and a blank when the wrap indent is narrower.
-float RecordPainter::continuationIndent() {
-    if (!wrapMarks()) return wrapIndent();
-    if (markRoom_ < 0) {
-        markAttributes_ = attributesOf(kElemKeyWords, dest_);
+// The mark's attributes: those of the text it stands before, in grey and plain. The surface is
+// left in them.
+void RecordPainter::useMarkAttributes(const AttributeRecord& a) {
+    if (markFor_ != &a) {
+        markAttributes_ = a;
         markAttributes_.ForeColor = kWrapMarkColour;
         markAttributes_.Font.Bold = markAttributes_.Font.Italic = false;
         markAttributes_.Font.Underline = markAttributes_.Font.Strikethrough = false;
         setAttributesOn(s_, markAttributes_);
         markRoom_ = s_.textWidth(std::string(kWrapMark) + " ");
+        markFor_ = &a;
+        return;
+    }
+    setAttributesOn(s_, markAttributes_);
+}
+
+// Where a wrapped line of text in `a` begins, from XWrap: the wrap indent, or, with marks, room
+// for the mark and a blank when the wrap indent is narrower. The surface is left in `a`.
+float RecordPainter::continuationIndent(AttributeRecord& a) {
+    if (!wrapMarks()) return wrapIndent();
+    if (markFor_ != &a) {
+        useMarkAttributes(a);
+        setAttributesOn(s_, a);
     }
     return std::max(wrapIndent(), markRoom_);
 }
 
-// The mark of a wrap at XWrap on the line that `y_` has just moved to. It is no text of the
-// source: a surface that can (a PDF) leaves it out of what a reader copies.
-void RecordPainter::wrapMark() {
-    if (!wrapMarks() || stopped_) return;
-    continuationIndent();  // sets the mark's attributes up
-    float y = y_ + lineHeight_ - static_cast<float>(markAttributes_.Height);
-    if (hooks_.measureOnly || y > 32766) return;
-    setAttributesOn(s_, markAttributes_);
+// The mark of a wrap at XWrap on the line that `y_` has just moved to, before text in `a`. It is no
+// text of the source: a surface that can (a PDF) leaves it out of what a reader copies.
+void RecordPainter::wrapMark(const AttributeRecord& a) {
+    if (!wrapMarks() || stopped_ || hooks_.measureOnly) return;
+    float y = y_ + lineHeight_ - static_cast<float>(a.Height);
+    if (y > 32766) return;
+    useMarkAttributes(a);
     movePen(xWrap_, y);
     s_.printMark(kWrapMark);
     penX_ = s_.currentX();
@@ -231,27 +245,28 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, const std::st
     std::size_t lead = text.find_first_not_of(' ');
     bool comment = first && lead != std::string::npos && text[lead] == '\'';
     // A first token stays on its line; any other goes on to the next one, after the mark.
-    x_ = comment ? xWrap_ : xWrap_ + (first ? wrapIndent() : continuationIndent());
+    x_ = comment ? xWrap_ : xWrap_ + (first ? wrapIndent() : continuationIndent(a));
     if (x_ + width <= limitX) {
         ++wraps_;
     } else {
         if (x_ > limitX) {
             xWrap_ = pos_.Left;
-            x_ = first ? pos_.Left : pos_.Left + continuationIndent();
+            x_ = first ? pos_.Left : pos_.Left + continuationIndent(a);
         }
-        HlydTKSplitForOutput(text, pieces, splitWidth(limitX), dest_);
+        float room = splitWidth(limitX, a);
+        HlydTKSplitForOutput(text, pieces, room, dest_);
     }
     if (!first) {
         y_ += lineHeight_;
-        if (breakIfFull()) wrapMark();
+        if (breakIfFull()) wrapMark(a);
     }
 }
 
 // The width each piece of a split token may take: the first stands at X, the others the
 // continuation indent in from XWrap, and none may pass the limit.
-float RecordPainter::splitWidth(float limitX) {
+float RecordPainter::splitWidth(float limitX, AttributeRecord& a) {
     float width = limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1;
-    float furthestStart = std::max(x_, xWrap_ + continuationIndent());
+    float furthestStart = std::max(x_, xWrap_ + continuationIndent(a));
     return std::min(width, limitX - furthestStart);
 }
 
@@ -266,12 +281,12 @@ void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, cons
         if (drawable()) drawText(pieces[p], a, yText_, yNext_);
         else x_ += s_.textWidth(pieces[p]), penX_ = x_;
         if (p + 1 == pieces.size()) break;
-        x_ = xWrap_ + continuationIndent();
+        x_ = xWrap_ + continuationIndent(a);
         y_ = yNext_;
         if (!breakIfFull()) return;
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
-        wrapMark();
+        wrapMark(a);
         ++wraps_;
     }
     x_ = penX_;
