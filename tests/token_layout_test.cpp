@@ -214,6 +214,21 @@ TEST_F(TokenLayoutTest, WrapsWithAndWithoutTheWrapMark) {
     EXPECT_EQ(pos.Top, 400);
 }
 
+// The mark takes the font of the text it comes before, so that it stands on that line: comments
+// in a font 150 wide and 300 high get a mark and a blank 300 wide, and are cut in their own font.
+TEST_F(TokenLayoutTest, AMarkStandsInTheFontOfTheTextItComesBefore) {
+    surface.metricsByFont["Arial"] = {150, 300};
+    element(kElemComments).FontName = element(kElemComments).Font.Name = "Arial";
+    element(kElemComments).Font.Italic = true;
+    HlydDAValidateFonts();
+    load("x = 1 ' one two three four\n");
+    format().ContinueGenerate = 1;
+    EXPECT_EQ(lay(1, 2000), 1);
+    // The room for the pieces: 2000 - (300 + 92) + 1 = 1609, ten characters of 150.
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 100}, {"=", 200, 100}, {"1", 400, 100}, {kMark, 0, 300},
+                                           {"' one two ", 300, 300}, {kMark, 0, 600}, {"three four", 300, 600}}));
+}
+
 // The source's own " _" is its text: shown behind the line, with room kept for it, and never
 // taken for a wrap's mark, while the wraps that layout makes on that line are marked as such.
 TEST_F(TokenLayoutTest, SourceContinuationIsShownOnlyWhenHonoured) {
