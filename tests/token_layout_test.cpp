@@ -284,15 +284,25 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
 }
 
 // A control character has no glyph: it is shown in caret notation, in its token's attributes,
-// and the text after it moves on by what is shown. The source keeps the byte.
+// and the text after it moves on by what is shown. Each "^A" stands for the source's byte, which
+// the source keeps; a pair cut between two pieces is shown all the same.
 TEST_F(TokenLayoutTest, ControlCharactersAreShownInCaretNotation) {
-    load("s = \"a\x01" "b\x7f\" & t\n");
+    load("s = \"a\x01" "b\x7f\" & t\nabc\x02" "defghijk\n");
     element(kElemLiterals).ForeColor = 0x0000C0;
     lay(1, 12000);
-    EXPECT_EQ(printed, (std::vector<Print>{{"s", 0, 0}, {"=", 200, 0}, {"\"a^Ab^?\"", 400, 0}, {"&", 1300, 0},
-                                           {"t", 1500, 0}}));
-    EXPECT_EQ(surface.callsOf("print")[2].colour, 0x0000C0u);
+    EXPECT_EQ(printed, (std::vector<Print>{{"s", 0, 0}, {"=", 200, 0}, {"\"a", 400, 0}, {"^A", 600, 0}, {"b", 800, 0},
+                                           {"^?", 900, 0}, {"\"", 1100, 0}, {"&", 1300, 0}, {"t", 1500, 0}}));
+    for (int n = 2; n <= 6; ++n) EXPECT_EQ(surface.callsOf("print")[n].colour, 0x0000C0u) << n;
+    auto standins = surface.callsOf("standin");
+    ASSERT_EQ(standins.size(), 2u);
+    EXPECT_EQ(std::tie(standins[0].text, standins[0].x1), std::make_tuple(std::string("\x01"), 600.f));
+    EXPECT_EQ(std::tie(standins[1].text, standins[1].x1), std::make_tuple(std::string("\x7f"), 900.f));
     EXPECT_NE(theSourceTables().Tokens[3].Text.find('\x01'), std::string::npos);
+
+    format().ContinueGenerate = 0;
+    lay(2, 585);  // pieces of four: "abc^", "Bdef", ...
+    ASSERT_GE(printed.size(), 2u);
+    EXPECT_EQ(std::get<0>(printed[0]) + std::get<0>(printed[1]), "abc^Bdef");
     EXPECT_EQ(visibleText(std::string("\t\x1f\x80 x", 5)), std::string("\t^_\x80 x", 6));
 }
 

@@ -62,6 +62,7 @@ private:
     float splitWidth(float limitX, AttributeRecord& a);
     void drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces);
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
+    void printShown(const std::string& text);
     void useMarkAttributes(const AttributeRecord& a);
     void wrapMark(const AttributeRecord& a);
     void sourceContinuation();
@@ -86,6 +87,11 @@ private:
     const AttributeRecord* markFor_ = nullptr;  // the attributes the mark's were made from
     float markRoom_ = 0;                        // the mark and a blank in them
     std::size_t lastLength_ = 0;  // characters shown of the token drawn last
+    // The source text of a token shown with control characters in caret notation, the place in
+    // it that the next piece drawn starts from, and whether a caret pair was cut between pieces.
+    const std::string* source_ = nullptr;
+    std::size_t sourcePos_ = 0;
+    bool halfCaret_ = false;
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
     bool stopped_ = false;
@@ -152,9 +158,36 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     penX_ = x_ + width;
     penY_ = yNext;
     movePen(x_, yText);
-    s_.print(text);
+    printShown(text);
     penX_ = x_ + width;
     if (hooks_.textDrawn) hooks_.textDrawn->append(text);
+}
+
+// Each "^A" that shows a control character is printed as standing for the source's byte, which a
+// surface that can (a PDF) gives back to a reader copying the text.
+void RecordPainter::printShown(const std::string& text) {
+    if (!source_) {
+        s_.print(text);
+        return;
+    }
+    std::size_t i = 0, run = 0;
+    auto flush = [&] {
+        if (i > run) s_.print(text.substr(run, i - run));
+    };
+    if (halfCaret_) halfCaret_ = false, ++sourcePos_, i = 1;  // the letter of a pair the split cut
+    while (i < text.size()) {
+        bool control = sourcePos_ < source_->size() && invisibleControl(static_cast<unsigned char>((*source_)[sourcePos_]));
+        if (!control) {
+            ++i, ++sourcePos_;
+        } else if (i + 1 == text.size()) {
+            halfCaret_ = true, ++i;
+        } else {
+            flush();
+            s_.printStandingFor(text.substr(i, 2), source_->substr(sourcePos_, 1));
+            i += 2, run = i, ++sourcePos_;
+        }
+    }
+    flush();
 }
 
 // The source's own " _" at the end of its line, in the KeyWords attributes, at the pen: it is the
@@ -331,7 +364,11 @@ std::int32_t RecordPainter::run() {
                 penY_ = s_.currentY();
             }
         }
+        source_ = text.size() != token.Text.size() ? &token.Text : nullptr;
+        sourcePos_ = 0;
+        halfCaret_ = false;
         drawPieces(text, a, pieces);
+        source_ = nullptr;
         lastLength_ = text.size();
         if (i < last) gapBefore(i + 1, a);
     }

@@ -44,8 +44,8 @@ void PageRecording::clear() {
 }
 
 void PageRecording::text(double x, double y, std::uint16_t face, QRgb colour, std::string_view bytes, double width,
-                         bool artifact) {
-    if (!ops_.empty()) {
+                         bool artifact, std::string_view actual) {
+    if (!ops_.empty() && actual.empty()) {
         Op& last = ops_.back();
         if (last.kind == Kind::Text && last.face == face && last.colour == colour && last.artifact == artifact &&
             sameSpot(last.y1, y) &&
@@ -57,16 +57,17 @@ void PageRecording::text(double x, double y, std::uint16_t face, QRgb colour, st
         }
     }
     ops_.push_back({Kind::Text, face, 0, colour, x, y, x + width, y, static_cast<std::uint32_t>(text_.size()),
-                    static_cast<std::uint32_t>(bytes.size()), artifact});
+                    static_cast<std::uint32_t>(bytes.size()), artifact, static_cast<std::uint32_t>(actual.size())});
     text_.append(bytes);
+    text_.append(actual);
 }
 
 void PageRecording::line(double x1, double y1, double x2, double y2, QRgb colour, int width) {
-    ops_.push_back({Kind::Line, 0, width, colour, x1, y1, x2, y2, 0, 0, false});
+    ops_.push_back({Kind::Line, 0, width, colour, x1, y1, x2, y2, 0, 0, false, 0});
 }
 
 void PageRecording::box(double x1, double y1, double x2, double y2, QRgb colour) {
-    ops_.push_back({Kind::Box, 0, 0, colour, x1, y1, x2, y2, 0, 0, false});
+    ops_.push_back({Kind::Box, 0, 0, colour, x1, y1, x2, y2, 0, 0, false, 0});
 }
 
 void PageRecording::replay(QPainter& painter, const PrintFaces& faces) const {
