@@ -145,7 +145,8 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
 }
 
 // A mark of the layout (a wrap's "»") is drawn as an artifact, which a reader leaves out of the
-// text it copies; the text around it stays text.
+// text it copies; the text around it stays text, and a control character's "^A" copies out as
+// the byte it stands for.
 TEST_F(QtPrinterTest, AMarkIsAnArtifactOfThePage) {
     if (!haveTool("qpdf")) GTEST_SKIP() << "qpdf is not installed: the page's content cannot be read back";
     QtPrinter p;
@@ -154,8 +155,11 @@ TEST_F(QtPrinterTest, AMarkIsAnArtifactOfThePage) {
     printLinesAt(p, y, {"x = 1 +"});
     p.setCurrentX(360);
     p.printMark("\xBB");
-    p.print(" 2");
+    p.print(" 2 & \"a");
+    p.printStandingFor("^A", "\x01");  // a control character, shown in caret notation
+    p.print("\"");
     ASSERT_TRUE(p.endJob(true)) << p.jobError();
+    EXPECT_NE(run("pdftotext '" + pdf("mark.pdf") + "' -").find("\"a\x01\""), std::string::npos);
     std::string content = run("qpdf --qdf --object-streams=disable '" + pdf("mark.pdf") + "' -");
     std::size_t begin = content.find("/Artifact BMC");
     ASSERT_NE(begin, std::string::npos);
