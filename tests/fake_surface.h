@@ -65,6 +65,10 @@ public:
         calls.push_back({"print", text, x_, y_, 0, 0, fore_});
         x_ += textWidth(text);
     }
+    void printStandingFor(const std::string& shown, const std::string& actual) override {
+        calls.push_back({"standin", actual, x_, y_, 0, 0, fore_});
+        print(shown);
+    }
     void line(float x1, float y1, float x2, float y2, std::uint32_t colour) override {
         calls.push_back({"line", "", x1, y1, x2, y2, colour});
         x_ = x2, y_ = y2;

@@ -34,6 +34,7 @@ namespace {
 // The usable area of the default margins on this printer, and what stands above the first line.
 constexpr float kLeft = 1080;         // margin 1440 less the offset
 constexpr float kCharWidth = 144;
+const std::string kWrapMark = "\xBB";  // "»" in Windows-1252
 constexpr float kLineHeight = 288;
 constexpr float kWhiteSpace = 123;    // six mean widths over seven
 constexpr float kFirstLine = 1368;    // area top 360, one line for the heading, the heading, and the gap
@@ -171,21 +172,26 @@ TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     std::string longLine = "Z = A1";
     for (int n = 2; n <= 13; ++n) longLine += " + A" + std::to_string(n);
     print("Sub P()\n" + body + longLine + "\nEnd Sub\n");
-    // The record begins on the last line of the first column and goes on at the top of the next.
+    // The record begins on the last line of the first column and goes on at the top of the next,
+    // where the mark stands at the record's start, ahead of the text.
     std::vector<PrintEvent> marks;
     for (const PrintEvent& e : of(PrintEvent::Text))
-        if (e.text == " _") marks.push_back(e);
-    ASSERT_FALSE(marks.empty());
-    EXPECT_EQ(marks[0].x1 < kLeft + 4680, true);
+        if (e.text == kWrapMark) marks.push_back(e);
+    ASSERT_EQ(marks.size(), 1u);
+    EXPECT_EQ(marks[0].y1, kFirstLine);
+    EXPECT_GE(marks[0].x1, kLeft + 4680 + 720);
     PrintEvent last = text("A13");
     EXPECT_EQ(last.size, 7.5);
     EXPECT_EQ(last.y1, kFirstLine);
-    EXPECT_GE(last.x1, kLeft + 4680 + 720);
+    EXPECT_GT(last.x1, marks[0].x1);
+    EXPECT_FALSE(printed(" _"));
 }
 
-// Every run of a wrapped record, its " _" marks too, ends within its column: a deep or a
-// literal split into pieces, a statement wrapped between its words, a line the source continues.
-// The marks' font is larger than the line numbers', in which the room for them was once measured.
+// Every run of a wrapped record, its marks too, ends within its column: a comment or a literal
+// split into pieces, a statement wrapped between its words, a line the source continues. Layout's
+// wraps are marked with "»" in grey where the line goes on, the source's own " _" stays its text,
+// and a comment is cut after a word. The marks' font is larger than the line numbers', in which
+// the room for them was once measured.
 class WrappedRecordsTest : public PrintPagesTest, public ::testing::WithParamInterface<std::int16_t> {};
 
 TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
@@ -204,15 +210,24 @@ TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
     print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " + sum +
           "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
     float columnWidth = (10080 - 720 * static_cast<float>(columns - 1)) / static_cast<float>(columns);
-    int marks = 0, lastColumn = 0;
+    int marks = 0, sourceMarks = 0, lastColumn = 0;
     for (const PrintEvent& e : of(PrintEvent::Text)) {
         int column = static_cast<int>((e.x1 - kLeft) / (columnWidth + 720));
         float right = kLeft + static_cast<float>(column) * (columnWidth + 720) + columnWidth;
         EXPECT_LE(e.x1 + static_cast<float>(e.size) * 12 * static_cast<float>(e.text.size()), right)
             << e.text << " in column " << column + 1;
-        if (e.text == " _") ++marks, lastColumn = column;
+        if (e.text == kWrapMark) {
+            ++marks, lastColumn = column;
+            EXPECT_EQ(e.colour, 0x767676u);
+        }
+        sourceMarks += e.text == " _";
+        // A piece of a comment ends behind a whole word.
+        if (e.text.find("word") != std::string::npos && e.text.find("word30") == std::string::npos) {
+            EXPECT_EQ(e.text.back(), ' ') << e.text;
+        }
     }
     EXPECT_GT(marks, 5);
+    EXPECT_EQ(sourceMarks, 1);
     EXPECT_EQ(lastColumn, columns - 1);
 }
 
@@ -699,6 +714,7 @@ TEST_F(ContentsLayoutTest, PageNumbersStandInOneColumnBehindTheirDots) {
     for (std::size_t i = 1; i < texts.size(); ++i) {
         const PrintEvent& e = texts[i];
         EXPECT_EQ(e.text.find(" _"), std::string::npos) << e.text;
+        EXPECT_NE(e.text, kWrapMark);
         bool pageNumber = e.text.size() > 2 && e.text.find_first_not_of("0123456789") == e.text.size() - 2 &&
                           e.text.ends_with("  ");
         if (!pageNumber) continue;

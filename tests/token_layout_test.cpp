@@ -8,12 +8,14 @@
 #include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "display/token_layout.h"
+#include "display/visible_text.h"
 #include "fake_surface.h"
 
 namespace hlyd {
 namespace {
 
 using Print = std::tuple<std::string, float, float>;  // text, x, y
+const std::string kMark = "\xBB";                      // a wrap's mark, in Windows-1252
 
 // With the default settings every element is the fake's 100 x 200 font, so that
 // WhiteSpaceSize = 600 / 7 = 85, IndentSize 85 (one level of 4 columns: 340), ContinueSize 200.
@@ -55,6 +57,29 @@ TEST_F(TokenLayoutTest, SplitFallsWhereTheWidthRunsOut) {
     HlydTKSplitForOutput("", pieces, 300, kDisplay);
     EXPECT_EQ(pieces, (std::vector<std::string>{""}));
 }
+
+// A piece ends after a blank, an operator or a comma in its last third, so that words stay whole;
+// with none there, where the width runs out.
+struct BreakCase {
+    const char* text;
+    float width;
+    std::vector<std::string> pieces;
+};
+class SplitBreakTest : public test::SurfaceTest, public ::testing::WithParamInterface<BreakCase> {};
+
+TEST_P(SplitBreakTest, PiecesEndAtABreakWithinReach) {
+    std::vector<std::string> pieces;
+    HlydTKSplitForOutput(GetParam().text, pieces, GetParam().width, kDisplay);
+    EXPECT_EQ(pieces, GetParam().pieces);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    TokenLayout, SplitBreakTest,
+    ::testing::Values(BreakCase{"one two three four", 900, {"one two ", "three ", "four"}},
+                      BreakCase{"abcdefgh,ijkl", 1000, {"abcdefgh,", "ijkl"}},
+                      BreakCase{"abcdefg&hijk", 1000, {"abcdefg&", "hijk"}},
+                      BreakCase{"a+bcdefghij,klm", 1000, {"a+bcdefghi", "j,klm"}},  // out of reach
+                      BreakCase{"abcdefghij", 400, {"abcd", "efgh", "ij"}}));
 
 // Counts what the split measures; "i" is half as wide as the other characters, so that the
 // width of a piece can't be told from its length.
@@ -168,30 +193,44 @@ TEST_F(TokenLayoutTest, MixedFontsStandOnOneBase) {
     EXPECT_EQ(pos.Top, 200);
 }
 
-TEST_F(TokenLayoutTest, WrapsWithAndWithoutTheContinuationMark) {
+// The mark of a wrap is "»" in grey at XWrap on the line that goes on; it takes no room from the
+// line it follows, and the text of that line starts behind it and a blank: 200 in.
+TEST_F(TokenLayoutTest, WrapsWithAndWithoutTheWrapMark) {
     load("a = bb + cc\n");
     format().ContinueHonor = 0;
 
-    // Marked: all but the last token must leave 200 for " _", so they end by 500. The mark
-    // stands at the pen, right behind the token before the wrap; wrapped lines start at 85.
     format().ContinueGenerate = 1;
-    EXPECT_EQ(lay(1, 700), 2);
-    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"bb", 85, 200},
-                                           {"+", 385, 200}, {" _", 485, 200}, {"cc", 85, 400}}));
-    for (const auto& c : surface.callsOf("print")) {
-        if (c.text == " _") {
-            EXPECT_EQ(c.colour, element(kElemKeyWords).ForeColor);
-        }
-    }
-    EXPECT_EQ(pos.Top, 600);
+    EXPECT_EQ(lay(1, 700), 1);
+    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {kMark, 0, 200},
+                                           {"+", 200, 200}, {"cc", 400, 200}}));
+    for (const auto& c : surface.callsOf("print"))
+        EXPECT_EQ(c.colour == 0x767676u, c.text == kMark) << c.text;
+    EXPECT_EQ(pos.Top, 400);
 
-    // Unmarked: the full width for every token, no mark.
+    // Unmarked: the wrapped line starts one WhiteSpaceSize in.
     format().ContinueGenerate = 0;
     EXPECT_EQ(lay(1, 700), 1);
     EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {"+", 85, 200}, {"cc", 285, 200}}));
     EXPECT_EQ(pos.Top, 400);
 }
 
+// The mark takes the font of the text it comes before, so that it stands on that line: comments
+// in a font 150 wide and 300 high get a mark and a blank 300 wide, and are cut in their own font.
+TEST_F(TokenLayoutTest, AMarkStandsInTheFontOfTheTextItComesBefore) {
+    surface.metricsByFont["Arial"] = {150, 300};
+    element(kElemComments).FontName = element(kElemComments).Font.Name = "Arial";
+    element(kElemComments).Font.Italic = true;
+    HlydDAValidateFonts();
+    load("x = 1 ' one two three four\n");
+    format().ContinueGenerate = 1;
+    EXPECT_EQ(lay(1, 2000), 1);
+    // The room for the pieces: 2000 - (300 + 92) + 1 = 1609, ten characters of 150.
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 100}, {"=", 200, 100}, {"1", 400, 100}, {kMark, 0, 300},
+                                           {"' one two ", 300, 300}, {kMark, 0, 600}, {"three four", 300, 600}}));
+}
+
+// The source's own " _" is its text: shown behind the line, with room kept for it, and never
+// taken for a wrap's mark, while the wraps that layout makes on that line are marked as such.
 TEST_F(TokenLayoutTest, SourceContinuationIsShownOnlyWhenHonoured) {
     load("a = bb + _\n    cc\n");
     format().ContinueGenerate = 0;
@@ -202,6 +241,14 @@ TEST_F(TokenLayoutTest, SourceContinuationIsShownOnlyWhenHonoured) {
     lay(2, 12000, 200);
     EXPECT_EQ(printed, (std::vector<Print>{{"cc", 85, 200}}));
 
+    // "+" would end at 800, into the 200 kept for " _" before 900: it wraps, marked.
+    format().ContinueGenerate = 1;
+    lay(1, 900);
+    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {kMark, 0, 200},
+                                           {"+", 200, 200}, {" _", 300, 200}}));
+    EXPECT_EQ(surface.callsOf("print").back().colour, element(kElemKeyWords).ForeColor);
+
+    format().ContinueGenerate = 0;
     format().ContinueHonor = 0;
     lay(1, 12000);
     EXPECT_EQ(printed.size(), 4u);
@@ -217,25 +264,46 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
     format().ContinueGenerate = 1;
 
     // Alone on its line, it is split there without a mark or a line feed before the first piece.
-    // Pieces at XWrap + 85 leave room for the mark behind them: 500 - 200 - 85 = 215 wide, two
-    // characters each.
-    EXPECT_EQ(lay(1, 500), 5);
-    EXPECT_EQ(printed, (std::vector<Print>{{"ab", 85, 0}, {" _", 285, 0}, {"cd", 85, 200}, {" _", 285, 200},
-                                           {"ef", 85, 400}, {" _", 285, 400}, {"gh", 85, 600}, {" _", 285, 600},
-                                           {"ij", 85, 800}, {" _", 285, 800}, {"kl", 85, 1000}}));
-    EXPECT_EQ(pos.Top, 1200);
+    // The pieces behind marks stand at 200, so each is 500 - 200 = 300 wide: three characters.
+    EXPECT_EQ(lay(1, 500), 3);
+    EXPECT_EQ(printed, (std::vector<Print>{{"abc", 85, 0}, {kMark, 0, 200}, {"def", 200, 200}, {kMark, 0, 400},
+                                           {"ghi", 200, 400}, {kMark, 0, 600}, {"jkl", 200, 600}}));
+    EXPECT_EQ(pos.Top, 800);
 
-    // Behind another token: the first line ends with the mark, the pieces (800 - 200 - 85 = 515
-    // wide) follow at 85. Moving the token down isn't counted, the split is.
+    // Behind another token it goes on to the next line, marked; its pieces are 800 - 285 + 1 wide.
+    // Moving the token down isn't counted, the split is.
     EXPECT_EQ(lay(2, 800), 2);
-    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {" _", 300, 0}, {"abcde", 85, 200},
-                                           {" _", 585, 200}, {"fghij", 85, 400}, {" _", 585, 400}, {"kl", 85, 600}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {kMark, 0, 200}, {"abcde", 200, 200},
+                                           {kMark, 0, 400}, {"fghij", 200, 400}, {kMark, 0, 600}, {"kl", 200, 600}}));
 
     // At level 3 the text would start at 1020, beyond the right edge of 1000: it starts at the
-    // left edge, and its pieces (1000 - 200 - 85 = 715 wide) at 85.
+    // left edge, and its pieces are 1000 - 200 = 800 wide.
     ASSERT_EQ(theSourceTables().Records[6].Indent, 3);
     EXPECT_EQ(lay(6, 1000), 1);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefg", 85, 0}, {" _", 785, 0}, {"hijkl", 85, 200}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"abcdefgh", 85, 0}, {kMark, 0, 200}, {"ijkl", 200, 200}}));
+}
+
+// A control character has no glyph: it is shown in caret notation, in its token's attributes,
+// and the text after it moves on by what is shown. Each "^A" stands for the source's byte, which
+// the source keeps; a pair cut between two pieces is shown all the same.
+TEST_F(TokenLayoutTest, ControlCharactersAreShownInCaretNotation) {
+    load("s = \"a\x01" "b\x7f\" & t\nabc\x02" "defghijk\n");
+    element(kElemLiterals).ForeColor = 0x0000C0;
+    lay(1, 12000);
+    EXPECT_EQ(printed, (std::vector<Print>{{"s", 0, 0}, {"=", 200, 0}, {"\"a", 400, 0}, {"^A", 600, 0}, {"b", 800, 0},
+                                           {"^?", 900, 0}, {"\"", 1100, 0}, {"&", 1300, 0}, {"t", 1500, 0}}));
+    for (int n = 2; n <= 6; ++n) EXPECT_EQ(surface.callsOf("print")[n].colour, 0x0000C0u) << n;
+    auto standins = surface.callsOf("standin");
+    ASSERT_EQ(standins.size(), 2u);
+    EXPECT_EQ(std::tie(standins[0].text, standins[0].x1), std::make_tuple(std::string("\x01"), 600.f));
+    EXPECT_EQ(std::tie(standins[1].text, standins[1].x1), std::make_tuple(std::string("\x7f"), 900.f));
+    EXPECT_NE(theSourceTables().Tokens[3].Text.find('\x01'), std::string::npos);
+
+    format().ContinueGenerate = 0;
+    lay(2, 585);  // pieces of four: "abc^", "Bdef", ...
+    ASSERT_GE(printed.size(), 2u);
+    EXPECT_EQ(std::get<0>(printed[0]) + std::get<0>(printed[1]), "abc^Bdef");
+    EXPECT_EQ(visibleText(std::string("\t\x1f\x80 x", 5)), std::string("\t^_\x80 x", 6));
 }
 
 // Eight levels at 340 take 2720. Where they don't fit beside 40 characters (4000), two blanks (170)
@@ -275,11 +343,12 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {
     load("If a Then\n' a long comment standing alone\nabcdefghijklmnopqrstuvwxyzabcde\nEnd If\n");
     format().ContinueGenerate = 0;
-    // Level 1: text at 340. The comment's pieces are 1500 - 425 + 1 = 1076 wide (10 characters);
-    // the first stays at 340, the following ones start one WhiteSpaceSize in.
+    // Level 1: text at 340. The comment's pieces are up to 1500 - 425 = 1075 wide (10 characters),
+    // and end at a blank within reach; the first stays at 340, the following ones start one
+    // WhiteSpaceSize in.
     EXPECT_EQ(lay(2, 1500), 3);
-    EXPECT_EQ(printed, (std::vector<Print>{{"' a long c", 340, 0}, {"omment sta", 425, 200},
-                                           {"nding alon", 425, 400}, {"e", 425, 600}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"' a long ", 340, 0}, {"comment ", 425, 200},
+                                           {"standing ", 425, 400}, {"alone", 425, 600}}));
     // Any other first token is pushed in at once, and split narrower: 1500 - 510 + 1 = 991.
     lay(3, 1500);
     EXPECT_EQ(printed[0], Print("abcdefghi", 425, 0));

@@ -7,6 +7,8 @@
 #include "base/c_log.h"
 #include "base/hlyd_error.h"
 #include "display/font_metrics.h"
+#include "display/piece_break.h"
+#include "display/visible_text.h"
 #include "files/file_table.h"
 #include "platform/surface.h"
 #include "settings/ini_handler.h"
@@ -45,6 +47,15 @@ float characterWidth(int dest) {
 
 bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
 
+// A line that layout wraps is marked where the line after it begins, in the room of the wrap
+// indent under the record's first character: the eye finds the mark where it resumes reading, the
+// marks of a listing stand in one column instead of trailing ragged line ends, and they take no
+// room from the line they follow. The mark is "»", which no VB code can hold there, in a grey and
+// in the font of the text it stands before. A " _" there read as the code's own line continuation
+// and was copied out as one.
+constexpr char kWrapMark[] = "\xBB";
+constexpr std::uint32_t kWrapMarkColour = 0x767676;  // 4.5:1 on white: quiet, yet legible in print
+
 // One record on one surface: the pen is tracked here so that the surface is told only changes.
 class RecordPainter {
 public:
@@ -56,17 +67,25 @@ public:
 
 private:
     int elementOf(std::int32_t token) const;
-    bool markAfter(const Token& token) const {
-        return hooks_.continuationMarks && (f_.ContinueGenerate || (f_.ContinueHonor && (token.Continued & 1)));
+    // Layout's own wraps are marked.
+    bool wrapMarks() const { return hooks_.continuationMarks && f_.ContinueGenerate; }
+    // The source continues this token's line with " _", and it is to be shown.
+    bool sourceContinues(const Token& token) const {
+        return hooks_.continuationMarks && f_.ContinueHonor && (token.Continued & 1);
     }
     float wrapIndent() const { return static_cast<float>(hooks_.wrapIndentBlanks) * m_.WhiteSpaceSize[dest_]; }
+    float continuationIndent(AttributeRecord& a);
+    bool drawable() const { return yText_ <= 32766 && !hooks_.measureOnly; }  // the coordinate limit of a surface
     void firstTokenStart(const Token& token);
-    void placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
-                    std::int32_t last);
-    float splitWidth(const Token& token, float limitX) const;
-    void drawPieces(std::int32_t i, const Token& token, AttributeRecord& a, const std::vector<std::string>& pieces);
+    void placeToken(std::int32_t i, const Token& token, const std::string& text, AttributeRecord& a,
+                    std::vector<std::string>& pieces);
+    float splitWidth(float limitX, AttributeRecord& a);
+    void drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces);
     void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
-    void continuationMark();
+    void printShown(const std::string& text);
+    void useMarkAttributes(const AttributeRecord& a);
+    void wrapMark(const AttributeRecord& a);
+    void sourceContinuation();
     void movePen(float x, float y);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
     bool breakIfFull();
@@ -84,6 +103,15 @@ private:
     bool procedureLine_ = false;
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
     float penX_ = -1, penY_ = -1;
+    AttributeRecord markAttributes_;
+    const AttributeRecord* markFor_ = nullptr;  // the attributes the mark's were made from
+    float markRoom_ = 0;                        // the mark and a blank in them
+    std::size_t lastLength_ = 0;  // characters shown of the token drawn last
+    // The source text of a token shown with control characters in caret notation, the place in
+    // it that the next piece drawn starts from, and whether a caret pair was cut between pieces.
+    const std::string* source_ = nullptr;
+    std::size_t sourcePos_ = 0;
+    bool halfCaret_ = false;
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
     bool stopped_ = false;
@@ -111,7 +139,7 @@ bool RecordPainter::breakIfFull() {
 // A tab goes on to the next multiple of the tab width, counted from where the code starts.
 void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
     const std::string& lead = t_.Tokens[next].LeadingSpace;
-    column_ += static_cast<std::int32_t>(t_.Tokens[next - 1].Text.size());
+    column_ += static_cast<std::int32_t>(lastLength_);
     std::int32_t blanks = 0;
     for (char c : lead) blanks += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - (column_ + blanks) % f_.TabWidth : 1;
     float unit = static_cast<float>(left.SpaceWidth);
@@ -150,13 +178,41 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     penX_ = x_ + width;
     penY_ = yNext;
     movePen(x_, yText);
-    s_.print(text);
+    printShown(text);
     penX_ = x_ + width;
     if (hooks_.textDrawn) hooks_.textDrawn->append(text);
 }
 
-// " _" in the KeyWords attributes, at the pen.
-void RecordPainter::continuationMark() {
+// Each "^A" that shows a control character is printed as standing for the source's byte, which a
+// surface that can (a PDF) gives back to a reader copying the text.
+void RecordPainter::printShown(const std::string& text) {
+    if (!source_) {
+        s_.print(text);
+        return;
+    }
+    std::size_t i = 0, run = 0;
+    auto flush = [&] {
+        if (i > run) s_.print(text.substr(run, i - run));
+    };
+    if (halfCaret_) halfCaret_ = false, ++sourcePos_, i = 1;  // the letter of a pair the split cut
+    while (i < text.size()) {
+        bool control = sourcePos_ < source_->size() && invisibleControl(static_cast<unsigned char>((*source_)[sourcePos_]));
+        if (!control) {
+            ++i, ++sourcePos_;
+        } else if (i + 1 == text.size()) {
+            halfCaret_ = true, ++i;
+        } else {
+            flush();
+            s_.printStandingFor(text.substr(i, 2), source_->substr(sourcePos_, 1));
+            i += 2, run = i, ++sourcePos_;
+        }
+    }
+    flush();
+}
+
+// The source's own " _" at the end of its line, in the KeyWords attributes, at the pen: it is the
+// code's text and prints as such.
+void RecordPainter::sourceContinuation() {
     AttributeRecord& k = attributesOf(kElemKeyWords, dest_);
     setAttributesOn(s_, k);
     float width = s_.textWidth(" _");
@@ -174,6 +230,45 @@ void RecordPainter::continuationMark() {
     penX_ = x + width;
 }
 
+// The mark's attributes: those of the text it stands before, in grey and plain. The surface is
+// left in them.
+void RecordPainter::useMarkAttributes(const AttributeRecord& a) {
+    if (markFor_ != &a) {
+        markAttributes_ = a;
+        markAttributes_.ForeColor = kWrapMarkColour;
+        markAttributes_.Font.Bold = markAttributes_.Font.Italic = false;
+        markAttributes_.Font.Underline = markAttributes_.Font.Strikethrough = false;
+        setAttributesOn(s_, markAttributes_);
+        markRoom_ = s_.textWidth(std::string(kWrapMark) + " ");
+        markFor_ = &a;
+        return;
+    }
+    setAttributesOn(s_, markAttributes_);
+}
+
+// Where a wrapped line of text in `a` begins, from XWrap: the wrap indent, or, with marks, room
+// for the mark and a blank when the wrap indent is narrower. The surface is left in `a`.
+float RecordPainter::continuationIndent(AttributeRecord& a) {
+    if (!wrapMarks()) return wrapIndent();
+    if (markFor_ != &a) {
+        useMarkAttributes(a);
+        setAttributesOn(s_, a);
+    }
+    return std::max(wrapIndent(), markRoom_);
+}
+
+// The mark of a wrap at XWrap on the line that `y_` has just moved to, before text in `a`. It is no
+// text of the source: a surface that can (a PDF) leaves it out of what a reader copies.
+void RecordPainter::wrapMark(const AttributeRecord& a) {
+    if (!wrapMarks() || stopped_ || hooks_.measureOnly) return;
+    float y = y_ + lineHeight_ - static_cast<float>(a.Height);
+    if (y > 32766) return;
+    useMarkAttributes(a);
+    movePen(xWrap_, y);
+    s_.printMark(kWrapMark);
+    penX_ = s_.currentX();
+}
+
 void RecordPainter::firstTokenStart(const Token& token) {
     std::int32_t first = t_.Records[record_].FirstT;
     if (f_.Indent) {
@@ -187,66 +282,61 @@ void RecordPainter::firstTokenStart(const Token& token) {
 }
 
 // Decides where the token stands and into which pieces it falls.
-void RecordPainter::placeToken(std::int32_t i, const Token& token, AttributeRecord& a, std::vector<std::string>& pieces,
-                               std::int32_t last) {
+void RecordPainter::placeToken(std::int32_t i, const Token& token, const std::string& text, AttributeRecord& a,
+                               std::vector<std::string>& pieces) {
     const Record& r = t_.Records[record_];
     bool first = i == r.FirstT;
     setAttributesOn(s_, a);
-    float width = s_.textWidth(token.Text);
-    bool reserve = hooks_.continuationMarks &&
-                   ((i != last && f_.ContinueGenerate) || (f_.ContinueHonor && (token.Continued & 1)));
-    float limitX = reserve ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
-    pieces.assign(1, token.Text);
+    float width = s_.textWidth(text);
+    // Only the source's own " _" is drawn behind a line's text and needs room kept for it there.
+    float limitX = sourceContinues(token) ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
+    pieces.assign(1, text);
     if (x_ + width <= limitX) return;
-    if (!first && markAfter(t_.Tokens[i - 1])) {
-        continuationMark();
-        setAttributesOn(s_, a);
-    }
-    std::size_t lead = token.Text.find_first_not_of(' ');
-    bool comment = first && lead != std::string::npos && token.Text[lead] == '\'';
-    x_ = comment ? xWrap_ : xWrap_ + wrapIndent();
+    std::size_t lead = text.find_first_not_of(' ');
+    bool comment = first && lead != std::string::npos && text[lead] == '\'';
+    // A first token stays on its line; any other goes on to the next one, after the mark.
+    x_ = comment ? xWrap_ : xWrap_ + (first ? wrapIndent() : continuationIndent(a));
     if (x_ + width <= limitX) {
         ++wraps_;
     } else {
-        if (x_ > limitX) xWrap_ = x_ = pos_.Left;
-        HlydTKSplitForOutput(token.Text, pieces, splitWidth(token, limitX), dest_);
+        if (x_ > limitX) {
+            xWrap_ = pos_.Left;
+            x_ = first ? pos_.Left : pos_.Left + continuationIndent(a);
+        }
+        float room = splitWidth(limitX, a);
+        HlydTKSplitForOutput(text, pieces, room, dest_);
     }
     if (!first) {
         y_ += lineHeight_;
-        breakIfFull();
+        if (breakIfFull()) wrapMark(a);
     }
 }
 
-// The width each piece of a split token may take. Pieces are followed by " _" when marks are
-// shown, and that mark is to end inside the line as the text does: so the pieces leave room for
-// it, even where the token, being the record's last, could otherwise use the line to its end. The
-// first piece stands at X, the others the wrap indent in from XWrap.
-float RecordPainter::splitWidth(const Token& token, float limitX) const {
+// The width each piece of a split token may take: the first stands at X, the others the
+// continuation indent in from XWrap, and none may pass the limit.
+float RecordPainter::splitWidth(float limitX, AttributeRecord& a) {
     float width = limitX - (x_ + m_.WhiteSpaceSize[dest_]) + 1;
-    if (!markAfter(token)) return width;
-    float furthestStart = std::max(x_, xWrap_ + wrapIndent());
-    return std::min(width, pos_.Right - m_.ContinueSize[dest_] - furthestStart);
+    float furthestStart = std::max(x_, xWrap_ + continuationIndent(a));
+    return std::min(width, limitX - furthestStart);
 }
 
 // Draws the pieces; X is left at the right end of the text drawn last, so a token of blanks
 // leaves it where the text before it ended.
-void RecordPainter::drawPieces(std::int32_t /*i*/, const Token& token, AttributeRecord& a,
-                               const std::vector<std::string>& pieces) {
-    if (blanksOnly(token.Text)) {
+void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces) {
+    if (blanksOnly(text)) {
         if (penX_ >= 0) x_ = penX_;
         return;
     }
-    bool drawable = yText_ <= 32766 && !hooks_.measureOnly;  // the coordinate limit of a surface
     for (std::size_t p = 0; p < pieces.size(); ++p) {
-        if (drawable) drawText(pieces[p], a, yText_, yNext_);
+        if (drawable()) drawText(pieces[p], a, yText_, yNext_);
         else x_ += s_.textWidth(pieces[p]), penX_ = x_;
         if (p + 1 == pieces.size()) break;
-        if (drawable && markAfter(token)) continuationMark();
-        x_ = xWrap_ + wrapIndent();
+        x_ = xWrap_ + continuationIndent(a);
         y_ = yNext_;
         if (!breakIfFull()) return;
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
+        wrapMark(a);
         ++wraps_;
     }
     x_ = penX_;
@@ -272,8 +362,9 @@ std::int32_t RecordPainter::run() {
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
+        const std::string text = visibleText(token.Text);
         if (i == r.FirstT) firstTokenStart(token);
-        placeToken(i, token, a, pieces, last);
+        placeToken(i, token, text, a, pieces);
         if (stopped_) break;
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
@@ -290,12 +381,17 @@ std::int32_t RecordPainter::run() {
                 penY_ = s_.currentY();
             }
         }
-        drawPieces(i, token, a, pieces);
+        source_ = text.size() != token.Text.size() ? &token.Text : nullptr;
+        sourcePos_ = 0;
+        halfCaret_ = false;
+        drawPieces(text, a, pieces);
+        source_ = nullptr;
+        lastLength_ = text.size();
         if (i < last) gapBefore(i + 1, a);
     }
     if (!stopped_ && last >= 1 && hooks_.continuationMarks && !hooks_.measureOnly && f_.ContinueHonor &&
         (t_.Tokens[last].Continued & 1))
-        continuationMark();
+        sourceContinuation();
     if (hooks_.endX) *hooks_.endX = x_;
     pos_.Top = yNext_;
     return wraps_;
@@ -323,6 +419,7 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
     if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + numberText(height));
 }
 
+// A piece ends after a blank, an operator or a comma when one is within reach (piece_break.h).
 // Each piece is measured, not the whole rest of the text for every piece: that made a long project
 // line quadratic. The rest's width is kept as the whole width less the pieces cut off, and the rest
 // itself is measured only when that says it may fit, when it is about one piece long.
@@ -352,6 +449,9 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
         if (pieceWidth < 0)
             while (length >= 1 && (pieceWidth = widthOf(length)) > width) --length;
         if (length < 1) length = 1, pieceWidth = widthOf(1);
+        if (auto atBreak = static_cast<long>(pieceLengthAtBreak(text, position, static_cast<std::size_t>(length)));
+            atBreak != length)
+            length = atBreak, pieceWidth = widthOf(length);
         pieces.push_back(text.substr(position, static_cast<std::size_t>(length)));
         position += static_cast<std::size_t>(length);
         restWidth -= pieceWidth;

@@ -1,6 +1,6 @@
 #pragma once
 // Laying a record's tokens on lines of a given width: analysed indentation, one line height for
-// mixed fonts, wraps and the continuation mark. The rule serves the screen and the printer.
+// mixed fonts, wraps and their marks. The rule serves the screen and the printer.
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -53,8 +53,8 @@ struct RecordLayoutHooks {
     bool measureOnly = false;
     // When set, receives the X at which the record's text ends.
     float* endX = nullptr;
-    // The " _" that ends a wrapped line says that code goes on; a listing of declarations is no
-    // code to copy, and there the mark only took room and read as part of the text.
+    // Wraps carry their mark and a source line its own " _"; a listing of declarations is no code
+    // to copy, and there the marks only took room and read as part of the text.
     bool continuationMarks = true;
     // How many blanks further in than the record's start a wrapped line begins.
     int wrapIndentBlanks = 1;

@@ -40,6 +40,15 @@ public:
 
     // Draws the text with its top left at the pen, transparently; the pen moves right by its width.
     virtual void print(const std::string& text) = 0;
+    // Prints a mark of the layout that is not part of the text (a wrap's mark): a surface whose
+    // text can be copied out (a PDF) keeps it out of what a reader copies.
+    virtual void printMark(const std::string& text) { print(text); }
+    // Prints `shown` in the place of `actual`, bytes without a glyph (a control character): a
+    // surface whose text can be copied out (a PDF) gives a reader `actual`.
+    virtual void printStandingFor(const std::string& shown, const std::string& actual) {
+        (void)actual;
+        print(shown);
+    }
     // A line in the colour and the current draw width; the pen ends at (x2, y2).
     virtual void line(float x1, float y1, float x2, float y2, std::uint32_t colour) = 0;
     // A filled box; the pen ends at (x2, y2).

@@ -144,6 +144,32 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
     EXPECT_LT(fs::file_size(pdf("listing.pdf")), 100u * 1024);
 }
 
+// A mark of the layout (a wrap's "»") is drawn as an artifact, which a reader leaves out of the
+// text it copies; the text around it stays text, and a control character's "^A" copies out as
+// the byte it stands for.
+TEST_F(QtPrinterTest, AMarkIsAnArtifactOfThePage) {
+    if (!haveTool("qpdf")) GTEST_SKIP() << "qpdf is not installed: the page's content cannot be read back";
+    QtPrinter p;
+    p.beginJob(pdf("mark.pdf"));
+    float y = 0;
+    printLinesAt(p, y, {"x = 1 +"});
+    p.setCurrentX(360);
+    p.printMark("\xBB");
+    p.print(" 2 & \"a");
+    p.printStandingFor("^A", "\x01");  // a control character, shown in caret notation
+    p.print("\"");
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+    EXPECT_NE(run("pdftotext '" + pdf("mark.pdf") + "' -").find("\"a\x01\""), std::string::npos);
+    std::string content = run("qpdf --qdf --object-streams=disable '" + pdf("mark.pdf") + "' -");
+    std::size_t begin = content.find("/Artifact BMC");
+    ASSERT_NE(begin, std::string::npos);
+    std::size_t end = content.find("EMC", begin);
+    ASSERT_NE(end, std::string::npos);
+    std::string marked = content.substr(begin, end - begin);
+    EXPECT_EQ(std::count(marked.begin(), marked.end(), '<'), 1) << marked;  // one glyph run: the mark's
+    EXPECT_EQ(content.find("/Artifact BMC", end), std::string::npos);
+}
+
 // The pixels darker than mid-grey in a grey PGM image.
 int darkPixels(const std::string& pgm) {
     std::istringstream in(pgm);

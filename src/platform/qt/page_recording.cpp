@@ -43,10 +43,12 @@ void PageRecording::clear() {
     text_.clear();
 }
 
-void PageRecording::text(double x, double y, std::uint16_t face, QRgb colour, std::string_view bytes, double width) {
-    if (!ops_.empty()) {
+void PageRecording::text(double x, double y, std::uint16_t face, QRgb colour, std::string_view bytes, double width,
+                         bool artifact, std::string_view actual) {
+    if (!ops_.empty() && actual.empty()) {
         Op& last = ops_.back();
-        if (last.kind == Kind::Text && last.face == face && last.colour == colour && sameSpot(last.y1, y) &&
+        if (last.kind == Kind::Text && last.face == face && last.colour == colour && last.artifact == artifact &&
+            sameSpot(last.y1, y) &&
             sameSpot(last.x2, x) && last.start + last.length == text_.size()) {
             text_.append(bytes);
             last.length += static_cast<std::uint32_t>(bytes.size());
@@ -55,16 +57,17 @@ void PageRecording::text(double x, double y, std::uint16_t face, QRgb colour, st
         }
     }
     ops_.push_back({Kind::Text, face, 0, colour, x, y, x + width, y, static_cast<std::uint32_t>(text_.size()),
-                    static_cast<std::uint32_t>(bytes.size())});
+                    static_cast<std::uint32_t>(bytes.size()), artifact, static_cast<std::uint32_t>(actual.size())});
     text_.append(bytes);
+    text_.append(actual);
 }
 
 void PageRecording::line(double x1, double y1, double x2, double y2, QRgb colour, int width) {
-    ops_.push_back({Kind::Line, 0, width, colour, x1, y1, x2, y2, 0, 0});
+    ops_.push_back({Kind::Line, 0, width, colour, x1, y1, x2, y2, 0, 0, false, 0});
 }
 
 void PageRecording::box(double x1, double y1, double x2, double y2, QRgb colour) {
-    ops_.push_back({Kind::Box, 0, 0, colour, x1, y1, x2, y2, 0, 0});
+    ops_.push_back({Kind::Box, 0, 0, colour, x1, y1, x2, y2, 0, 0, false, 0});
 }
 
 void PageRecording::replay(QPainter& painter, const PrintFaces& faces) const {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/qt/pdf_syntax.h"
+#include "platform/text_encoding.h"
 
 namespace hlyd {
 
@@ -80,6 +81,15 @@ void PdfWriter::appendText(std::string& content, const PageRecording& page, cons
     std::size_t font = fontOf(face);
     std::string_view text = page.textOf(op);
     double baseline = op.y1 + face.ascent;
+    // A reader copying or reading the page aloud skips an artifact.
+    if (op.artifact) content += "/Artifact BMC ";
+    // Text that stands for bytes without a glyph gives those bytes back, as UTF-16BE.
+    std::string_view actual = page.actualOf(op);
+    if (!actual.empty()) {
+        content += "/Span <</ActualText <FEFF";
+        for (unsigned char c : actual) appendHex16(content, cp1252CodePoint(c));
+        content += ">>> BDC ";
+    }
     content += "BT /F";
     content += std::to_string(font);
     content += ' ';
@@ -103,6 +113,7 @@ void PdfWriter::appendText(std::string& content, const PageRecording& page, cons
         }
     }
     content += ">] TJ ET\n";
+    if (op.artifact || !actual.empty()) content += "EMC\n";
     if (face.key.underline || face.key.strikeOut) {
         double y = face.key.underline ? baseline + face.underlinePosition : baseline - face.ascent * 0.3;
         appendNumber(content, op.x1);

@@ -103,11 +103,20 @@ std::vector<std::string> QtPrinter::fonts() const {
 
 // ---- drawing ----
 
-void QtPrinter::print(const std::string& text) {
+void QtPrinter::print(const std::string& text) { printText(text, false); }
+
+void QtPrinter::printMark(const std::string& text) { printText(text, true); }
+
+void QtPrinter::printStandingFor(const std::string& shown, const std::string& actual) {
+    printText(shown, false, actual);
+}
+
+void QtPrinter::printText(const std::string& text, bool artifact, std::string_view actual) {
     ensurePage();
     const PrintFace& f = face();
     double width = f.width(text);
-    if (!text.empty()) page_.text(toPixels(x_), toPixels(y_), f.index, rgbOf(foreColor_), text, width);
+    if (!text.empty())
+        page_.text(toPixels(x_), toPixels(y_), f.index, rgbOf(foreColor_), text, width, artifact, actual);
     x_ += static_cast<float>(width * 1440.0 / dotsPerInch());
 }
 

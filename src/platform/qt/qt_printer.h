@@ -61,6 +61,8 @@ public:
     void setCurrentX(float x) override { x_ = x; }
     void setCurrentY(float y) override { y_ = y; }
     void print(const std::string& text) override;
+    void printMark(const std::string& text) override;
+    void printStandingFor(const std::string& shown, const std::string& actual) override;
     void line(float x1, float y1, float x2, float y2, std::uint32_t colour) override;
     void filledBox(float x1, float y1, float x2, float y2, std::uint32_t colour) override;
     int drawWidth() const override { return drawWidth_; }
@@ -99,6 +101,7 @@ public:
     std::size_t largestPageText() const { return largestPageText_; }
 
 private:
+    void printText(const std::string& text, bool artifact, std::string_view actual = {});
     bool isPdf() const { return !system_; }
     int dotsPerInch() const { return faces_.dotsPerInch(); }
     double toPixels(float twips) const { return twips * dotsPerInch() / 1440.0; }
