@@ -47,14 +47,11 @@ class PrintPagesTest : public test::RecorderTest {
 protected:
     void SetUp() override {
         RecorderTest::SetUp();
+        bareHeadings();
         HlydSettings& s = hlydSettings();
-        s.HeadingLeft = s.HeadingCenter = s.HeadingRight = "";
-        s.FootingLeft = s.FootingCenter = s.FootingRight = "";
-        s.SaveHYInfo = false;
         s.LineNumbers = false;
         s.TableOfContents = false;
         s.ProcContentsPrint = false;
-        s.PrintContinuous = false;
         format().ConnectControls = 0;
         format().Separator = 0;
         format().ProcSkip = 'N';

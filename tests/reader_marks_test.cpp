@@ -25,13 +25,10 @@ class ReaderMarksTest : public test::RecorderTest {
 protected:
     void SetUp() override {
         RecorderTest::SetUp();
+        bareHeadings();
         HlydSettings& s = hlydSettings();
-        s.HeadingLeft = s.HeadingCenter = s.HeadingRight = "";
-        s.FootingLeft = s.FootingCenter = s.FootingRight = "";
-        s.SaveHYInfo = false;
         s.TableOfContents = true;
         s.ProcContentsPrint = true;
-        s.PrintContinuous = false;
     }
 
     // The type of the page each event stands on.

@@ -109,6 +109,14 @@ void RecorderTest::SetUp() {
     InitPrinter();
 }
 
+void RecorderTest::bareHeadings() {
+    HlydSettings& s = hlydSettings();
+    s.HeadingLeft = s.HeadingCenter = s.HeadingRight = "";
+    s.FootingLeft = s.FootingCenter = s.FootingRight = "";
+    s.SaveHYInfo = false;
+    s.PrintContinuous = false;
+}
+
 void RecorderTest::TearDown() {
     setPrinterSystem(nullptr);
     ProgramTest::TearDown();

@@ -135,6 +135,9 @@ class RecorderTest : public ProgramTest {
 protected:
     void SetUp() override;
     void TearDown() override;
+    // Pages with no heading or footing, no history written and no continuous numbering: what a
+    // test of the page's own text starts from.
+    static void bareHeadings();
 
     std::vector<PrintEvent> events;
     RecordingPrinterSystem recorders{"Recorder", [this](const PrintEvent& e) { events.push_back(e); }};
