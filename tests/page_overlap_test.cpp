@@ -111,10 +111,14 @@ protected:
         double line = displayAttributes().Elements[kElemHeadersFooters].slot[kPrint].Height;
         double headLines = pageHeading().TotalLines + (p.OptionalLine.find_first_not_of(' ') != std::string::npos);
         PageText& page = pages.back();
+        // The footing stands half a line below the code's area, the band covers that gap too.
+        double footLines = pageFooting().TotalLines, gap = footLines > 0 ? std::nearbyint(line / 2) : 0;
+        double footTop = p.UsableArea.Bottom + gap;
         page.bands = {{p.UsableArea.Top, p.UsableArea.Top + line * headLines},
-                      {p.UsableArea.Bottom, p.UsableArea.Bottom + line * pageFooting().TotalLines}};
+                      {p.UsableArea.Bottom, footTop + line * footLines}};
         bool frame = false;
-        for (auto [top, bottom] : page.bands)
+        using Lines = std::pair<double, double>;
+        for (auto [top, bottom] : {Lines{p.UsableArea.Top, page.bands[0].second}, Lines{footTop, page.bands[1].second}})
             for (double y = top; y < bottom; y += line) frame = frame || std::fabs(e.y1 - y) < 0.5;
         std::size_t first = std::min(e.text.find_first_not_of(' '), e.text.size());
         std::string inked = e.text.substr(first, e.text.find_last_not_of(' ') + 1 - first);

@@ -37,11 +37,11 @@ constexpr float kCharWidth = 144;
 const std::string kWrapMark = "\xBB";  // "»" in Windows-1252
 constexpr float kLineHeight = 288;
 constexpr float kWhiteSpace = 123;    // six mean widths over seven
-constexpr float kFirstLine = 1368;    // area top 360, one line for the heading, the heading, and the gap
-constexpr float kLastLineLimit = 14076;  // the bottom limit less the footing's line and one more
-// With a bottom margin of 11000: 4372 less the footing's line and one more. A line that begins
+constexpr float kFirstLine = 792;     // area top 360, the heading's line, and half a line
+constexpr float kLastLineLimit = 14220;  // the bottom limit less the footing's line and half a line
+// With a bottom margin of 11000: 4372 less the footing's line and half a line. A line that begins
 // below this less its height runs into the footing.
-constexpr float kShortPageBottom = 3796;
+constexpr float kShortPageBottom = 3940;
 
 class PrintPagesTest : public test::RecorderTest {
 protected:
@@ -81,16 +81,16 @@ protected:
 using test::procedures;
 
 TEST_F(PrintPagesTest, OneColumnRunsDownThePageAndOnToTheNext) {
-    // A line may begin while it ends above the bottom limit: 44 lines from 1368 to 14076.
+    // A line may begin while it ends above the bottom limit: 46 lines from 792 to 14220.
     print(procedures(1, 60));
     PrintEvent first = text("Sub");
     EXPECT_EQ(first.x1, kLeft);
     EXPECT_EQ(first.y1, kFirstLine);
     EXPECT_EQ(first.page, 1);
-    PrintEvent last = text("X1_43");
+    PrintEvent last = text("X1_45");
     EXPECT_EQ(last.page, 1);
-    EXPECT_EQ(last.y1, kFirstLine + 43 * kLineHeight);
-    PrintEvent next = text("X1_44");
+    EXPECT_EQ(last.y1, kFirstLine + 45 * kLineHeight);
+    PrintEvent next = text("X1_46");
     EXPECT_EQ(next.page, 2);
     EXPECT_EQ(next.y1, kFirstLine);
     ASSERT_EQ(of(PrintEvent::EndDoc).size(), 1u);
@@ -101,21 +101,21 @@ TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
     useColumns(3, 720, true);
     EXPECT_EQ(printState().Columns.Width, 2880);  // (10080 - 2 x 720) / 3
     // 20 characters a column at 12 points: the code is fitted down to the least size, 6 points,
-    // where a line is 144 high. 88 lines a column: Sub and X1_1 to X1_87, X1_88 to X1_175,
-    // X1_176 to X1_263.
+    // where a line is 144 high. 93 lines a column: Sub and X1_1 to X1_92, X1_93 to X1_185,
+    // X1_186 to X1_278.
     constexpr float kFittedLine = kLineHeight / 2;
-    print(procedures(1, 270));
-    EXPECT_EQ(text("X1_87").x1, kLeft);
-    EXPECT_EQ(text("X1_87").size, 6);
-    EXPECT_EQ(text("X1_87").y1, kFirstLine + 87 * kFittedLine);
-    PrintEvent second = text("X1_88");
+    print(procedures(1, 285));
+    EXPECT_EQ(text("X1_92").x1, kLeft);
+    EXPECT_EQ(text("X1_92").size, 6);
+    EXPECT_EQ(text("X1_92").y1, kFirstLine + 92 * kFittedLine);
+    PrintEvent second = text("X1_93");
     EXPECT_EQ(second.page, 1);
     EXPECT_EQ(second.x1, kLeft + 2880 + 720);
     EXPECT_EQ(second.y1, kFirstLine);
-    EXPECT_EQ(text("X1_176").x1, kLeft + 2 * (2880 + 720));
-    EXPECT_EQ(text("X1_263").page, 1);
-    EXPECT_EQ(text("X1_264").page, 2);
-    EXPECT_EQ(text("X1_264").x1, kLeft);
+    EXPECT_EQ(text("X1_186").x1, kLeft + 2 * (2880 + 720));
+    EXPECT_EQ(text("X1_278").page, 1);
+    EXPECT_EQ(text("X1_279").page, 2);
+    EXPECT_EQ(text("X1_279").x1, kLeft);
     std::vector<PrintEvent> lines = of(PrintEvent::Line);
     ASSERT_EQ(lines.size(), 2u);  // between the columns of page 1; page 2 has one column in use
     EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 / 2);  // in the middle of the gutter
@@ -147,25 +147,25 @@ TEST_F(PrintPagesTest, ProceduresStartOnANewPageOrColumnAsTheOptionSays) {
 
 TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
     format().Orphan = 3;
-    // P1 fills 42 lines (Sub, 40 body lines, End Sub); P2 would start on line 43 of 44, with two
+    // P1 fills 44 lines (Sub, 42 body lines, End Sub); P2 would start on line 45 of 46, with two
     // lines under it: three are asked for, and it goes to the next page.
     auto secondAfter = [](int firstBody) { return procedures(1, firstBody) + procedures(2, 1).substr(procedures(1, 1).size()); };
-    print(secondAfter(40));
+    print(secondAfter(42));
     EXPECT_EQ(text("X2_1").page, 2);
     // With one orphan line asked for, a declaration still keeps two lines of its body with it.
     format().Orphan = 1;
-    print(secondAfter(40));
+    print(secondAfter(42));
     EXPECT_EQ(text("X2_1").page, 2);
-    print(secondAfter(39));
+    print(secondAfter(41));
     EXPECT_EQ(text("X2_1").page, 1);
 }
 
 TEST_F(PrintPagesTest, ARecordWrappedOverAColumnBreakCarriesItsMark) {
     useColumns(2, 720, false);
     // 4680 twips a column: 32 characters at 12 points, too few; fitted to 7.5 points, 52 characters
-    // of 90 twips on lines 180 high, 70 lines a column.
+    // of 90 twips on lines 180 high, 74 lines a column.
     std::string body;
-    for (int l = 1; l <= 68; ++l) body += "Y" + std::to_string(l) + " = 1\n";
+    for (int l = 1; l <= 72; ++l) body += "Y" + std::to_string(l) + " = 1\n";
     std::string longLine = "Z = A1";
     for (int n = 2; n <= 13; ++n) longLine += " + A" + std::to_string(n);
     print("Sub P()\n" + body + longLine + "\nEnd Sub\n");
@@ -359,6 +359,21 @@ TEST_F(PrintPagesTest, LinesAreNumberedByProcedureByModuleOrOnAndOn) {
     EXPECT_EQ(numbers.back(), "00100");
 }
 
+// A blank line that would stand first on a page separates nothing there and is left out, before a
+// procedure and inside one; counted by a line number it stays.
+TEST_F(PrintPagesTest, APageDoesNotBeginWithABlankLine) {
+    std::string fullPage = procedures(1, 44);  // Sub, 44 lines, End Sub: the 46 lines of a page
+    print(fullPage + "\n' Second\nSub Q()\nY = 1\nEnd Sub\n");
+    EXPECT_EQ(text("' Second").page, 2);
+    EXPECT_EQ(text("' Second").y1, kFirstLine);
+    print("Sub P()\n" + fullPage.substr(9, fullPage.size() - 9 - 8) + "X = 0\n\nZ = 1\nEnd Sub\n");
+    EXPECT_EQ(text("Z").page, 2);
+    EXPECT_EQ(text("Z").y1, kFirstLine);
+    hlydSettings().LineNumbers = true;
+    print(fullPage + "\n' Second\nSub Q()\nY = 1\nEnd Sub\n");
+    EXPECT_EQ(text("' Second").y1, kFirstLine + kLineHeight);
+}
+
 // A blank line is as high as a line of the project listing's element, not of the deep font
 // that its empty token has: deeps at 20 points (480 twips), the listing's element at 10 (240).
 TEST_F(PrintPagesTest, ABlankLineIsAsHighAsTheProjectListingsElement) {
@@ -403,12 +418,12 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     PrintRunRequest request;
     request.optionalLine = "Release 2  ";
     print("Attribute VB_Name = \"Mod1\"\n" + procedures(1, 60), request);
-    EXPECT_EQ(text("Release 2").y1, 648);  // the optional line comes first, at the area's top
+    EXPECT_EQ(text("Release 2").y1, 360);  // the optional line comes first, at the area's top
     EXPECT_EQ(text("Release 2").x1, kLeft);
     // A file name is given without a blank after it; a page number with one.
     EXPECT_TRUE(printed("module.basPage 1 "));
     EXPECT_TRUE(printed("module.basPage 2 "));
-    EXPECT_EQ(text("module.basPage 1 ").y1, 648 + kLineHeight);
+    EXPECT_EQ(text("module.basPage 1 ").y1, 360 + kLineHeight);
     EXPECT_TRUE(printed("Listed "));
     // The procedure of the page's first record: the declarations, then P1 on the second page.
     EXPECT_EQ(text("<Declarations>").page, 1);
@@ -416,7 +431,7 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
     EXPECT_EQ(text("<Declarations>").x1, kLeft + 10080 - 14 * kCharWidth);
     bool headed = false;
     for (const PrintEvent& e : of(PrintEvent::Text))
-        headed = headed || (e.page == 2 && e.text == "P1" && e.x1 == kLeft + 10080 - 2 * kCharWidth && e.y1 == 936);
+        headed = headed || (e.page == 2 && e.text == "P1" && e.x1 == kLeft + 10080 - 2 * kCharWidth && e.y1 == 648);
     EXPECT_TRUE(headed);
     EXPECT_EQ(of(PrintEvent::PageStart).size(), 2u);
 }
@@ -450,7 +465,7 @@ TEST_F(PrintPagesTest, ACentreTextIsCentredMovedOrCutOnlyAsFarAsItMust) {
     for (int page = 1; page <= 5; ++page) {
         std::vector<PrintEvent> line;
         for (const PrintEvent& e : of(PrintEvent::Text))
-            if (e.page == page && e.y1 == 648) line.push_back(e);
+            if (e.page == page && e.y1 == 360) line.push_back(e);
         ASSERT_EQ(line.size(), 3u) << "page " << page;
         std::sort(line.begin(), line.end(), [](const PrintEvent& a, const PrintEvent& b) { return a.x1 < b.x1; });
         const Line& w = wanted[page - 1];
@@ -558,12 +573,12 @@ TEST_F(PrintPagesTest, ContentsCiteThePageOfTheDeclarationsFirstLine) {
         return at;
     };
 
-    // 43 lines and three rules of 10 twips: the fourth rule would fit at 13782, but the
-    // declaration under it would end below the bottom at 14076; rule, declaration and body go to
+    // 46 lines and three rules of 10 twips: the fourth rule would fit at 14070, but the
+    // declaration under it would end below the bottom at 14220; rule, declaration and body go to
     // the next page together.
     format().Separator = 1;
     format().SeparatorBold = 0;
-    print(body("P1", 13) + body("P2", 13) + body("P3", 11) + body("P4", 1));
+    print(body("P1", 13) + body("P2", 13) + body("P3", 14) + body("P4", 1));
     std::vector<PrintEvent> rules = of(PrintEvent::Line);
     ASSERT_EQ(rules.size(), 4u);
     EXPECT_EQ(rules[3].page, 2);
@@ -577,10 +592,10 @@ TEST_F(PrintPagesTest, ContentsCiteThePageOfTheDeclarationsFirstLine) {
     std::string parameters, comments;
     for (int n = 1; n <= 6; ++n) parameters += (n > 1 ? ", ByVal A" : "ByVal A") + std::to_string(n) + " As Long";
     for (int n = 1; n <= 11; ++n) comments += "' note " + std::to_string(n) + "\n";
-    print(body("P1", 30) + comments + "Sub P2(" + parameters + ")\nEnd Sub\n");
+    print(body("P1", 32) + comments + "Sub P2(" + parameters + ")\nEnd Sub\n");
     Seen p2 = seen("P2");
     EXPECT_EQ(p2.page, 1);
-    EXPECT_EQ(p2.y, kFirstLine + 43 * kLineHeight);
+    EXPECT_EQ(p2.y, kFirstLine + 45 * kLineHeight);
     EXPECT_EQ(text("A6").page, 2);
     EXPECT_EQ(p2.cited, 1);
 }
@@ -781,7 +796,7 @@ TEST_F(PrintPagesTest, ContentsOfOverAHundredPagesAreNumberedToTheirEnd) {
     s.TableOfContents = true;
     s.HeadingRight = "@page";
     s.PageNumberHow = 1;
-    pageSettings().Margins.Bottom = 13000;
+    pageSettings().Margins.Bottom = 13300;
     InitPrinter();
     PrintRunResult result = print(procedures(210, 1));
     EXPECT_EQ(result.printStatus, kPrintOk);

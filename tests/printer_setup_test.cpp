@@ -129,25 +129,26 @@ TEST_F(PrinterSetupTest, StartOnTheRecordingPrinterMeasuresFontsAndLaysOutThePag
     EXPECT_EQ(d.Right, 11520);
     EXPECT_EQ(d.Bottom, 15120);
 
-    // Margins 720 1440 720 720 less the strips of 360; the last line begins one line above the
+    // Margins 360 720 720 360 less the strips of 360; the last line begins one line above the
     // bottom margin.
     const AreaRecord& u = state().UsableArea;
-    EXPECT_EQ(u.Top, 360);
-    EXPECT_EQ(u.Bottom, 15300 - 360 - 240);
-    EXPECT_EQ(u.Left, 1080);
+    EXPECT_EQ(u.Top, 0);
+    EXPECT_EQ(u.Bottom, 15300 - 0 - 240);
+    EXPECT_EQ(u.Left, 360);
     EXPECT_EQ(u.Right, 11340);
-    EXPECT_EQ(u.Width, 10080);
-    EXPECT_EQ(u.Height, 14400);
-    EXPECT_EQ(state().SavedTop, 360);
+    EXPECT_EQ(u.Width, 10800);
+    EXPECT_EQ(u.Height, 15120);
+    EXPECT_EQ(state().SavedTop, 0);
     EXPECT_EQ(state().SavedBottom, u.Bottom);
-    EXPECT_EQ(state().Columns.Width, 10080);
+    EXPECT_EQ(state().Columns.Width, 10800);
 
-    // 10-point Courier New: every character 120 twips, a line 240.
+    // 10-point Courier New: every character 120 twips, a line 240; the heading's 8 points.
     const LayoutMetrics& m = layoutMetrics();
     for (int e = 1; e <= kElementCount; ++e) {
-        EXPECT_EQ(printFont(e).Height, 240) << e;
-        EXPECT_EQ(printFont(e).XWidth, 120) << e;
-        EXPECT_EQ(printFont(e).SpaceWidth, 120) << e;
+        std::int32_t size = e == kElemHeadersFooters ? 8 : 10;
+        EXPECT_EQ(printFont(e).Height, 24 * size) << e;
+        EXPECT_EQ(printFont(e).XWidth, 12 * size) << e;
+        EXPECT_EQ(printFont(e).SpaceWidth, 12 * size) << e;
     }
     EXPECT_EQ(m.MaxFontHeight[kPrint], 240);
     EXPECT_EQ(m.WhiteSpaceSize[kPrint], 102);  // 6 x 120 / 7
@@ -163,7 +164,8 @@ TEST_F(PrinterSetupTest, StartOnTheRecordingPrinterMeasuresFontsAndLaysOutThePag
 TEST_F(PrinterSetupTest, MarginsOutsideThePageAndColumns) {
     InitPrinter();
     ColumnSpec columns;
-    MarginRecord negativeTop;
+    const MarginRecord bound{720, 1440, 720, 720};
+    MarginRecord negativeTop = bound;
     negativeTop.Top = -100;
     layOut(negativeTop, columns);
     EXPECT_EQ(state().UsableArea.Top, 360);  // the first line at the strip, not above the page
@@ -171,14 +173,14 @@ TEST_F(PrinterSetupTest, MarginsOutsideThePageAndColumns) {
 
     // 3 columns of 10080 with gutters of 720; halves go to the even twip.
     columns.Columns = 3;
-    layOut(MarginRecord{}, columns);
+    layOut(bound, columns);
     EXPECT_EQ(columns.Width, 2880);
     columns.Columns = 2;
     columns.Gutter = 721;
-    layOut(MarginRecord{}, columns);
+    layOut(bound, columns);
     EXPECT_EQ(columns.Width, 4680);  // 4679.5
     columns.Gutter = 723;
-    layOut(MarginRecord{}, columns);
+    layOut(bound, columns);
     EXPECT_EQ(columns.Width, 4678);  // 4678.5
 
     columns.Columns = 1;
@@ -350,7 +352,7 @@ TEST_F(PrinterSetupTest, ThePrinterDialogSetsTheJobAndARefusedOrientationFollows
     // A new setup is a new chance.
     EXPECT_TRUE(state().PrinterPresent);
     EXPECT_TRUE(state().PrinterValid);
-    EXPECT_EQ(state().UsableArea.Left, 1080);
+    EXPECT_EQ(state().UsableArea.Left, 360);
 
     // A cancelled dialog changes nothing, and the job's refusals are no news at each print.
     ui.shown.clear();

@@ -353,7 +353,7 @@ TEST_F(SettingsStoreTest, JunkFileLoadsWithDefaultsAndIsKept) {
     EXPECT_EQ(s.HeadingLeft, kHeadingLeftDefault);
     EXPECT_EQ(s.Copies, 1);
     EXPECT_EQ(s.BasicExt, "BAS|CLS");
-    EXPECT_EQ(pageSettings().Margins.Left, 1440);
+    EXPECT_EQ(pageSettings().Margins.Left, 720);
     EXPECT_EQ(displayAttributes().Format[kDisplay].IndentAmount, 4);
     EXPECT_TRUE(ui.shown.empty());
     std::string after = iniText();

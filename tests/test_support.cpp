@@ -20,6 +20,7 @@
 #include "files/navigation.h"
 #include "files/project_file.h"
 #include "printing/printer_start.h"
+#include "settings/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "shell/module_reset.h"
@@ -106,6 +107,8 @@ void RecorderTest::SetUp() {
     setPrinterSystem(&recorders);
     // The print tests count in the twips of 12-point text: 144 a character, 288 a line.
     for (int e = 1; e <= kElementCount; ++e) displayAttributes().Elements[e].slot[kPrint].Font.Size = 12;
+    // and from the margins of a bound listing: an inch at the left, half inches elsewhere.
+    pageSettings().Margins = {720, 1440, 720, 720};
     InitPrinter();
 }
 

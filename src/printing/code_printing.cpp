@@ -39,6 +39,8 @@ private:
     void separator(std::int32_t record);
     void notePage(int entry);
     std::int32_t orphanLines(std::int32_t record, int entry, bool procStart) const;
+    bool blankAt(std::int32_t record) const;
+    bool atColumnTop() const { return p_.PageNumber > 0 && pos_.TopPos <= p_.Column.TopMostY; }
     void closeConnectors();
 
     wPos& pos_;
@@ -131,20 +133,31 @@ std::int32_t CodeListing::orphanLines(std::int32_t record, int entry, bool procS
     return std::max<std::int32_t>(f_.Orphan, std::min(head + kBodyLines, kMostKeptTogether));
 }
 
+// A blank line that would stand first in a column, or find no room at its foot, separates nothing
+// there: it is left out, as long as no line number counts it.
+bool CodeListing::blankAt(std::int32_t record) const {
+    if (hlydSettings().LineNumbers || p_.PageNumber == 0) return false;
+    if (t_.Statements[t_.Records[record].FirstS].Class != kStmtBlank) return false;
+    float height = static_cast<float>(displayAttributes().Elements[kElemProjectFile].slot[kPrint].Height);
+    return atColumnTop() || pos_.TopPos + height > p_.UsableArea.Bottom;
+}
+
 bool CodeListing::printRecord(std::int32_t record) {
     const HlydSettings& s = hlydSettings();
     int entry = entryOf_[static_cast<std::size_t>(record)];
     const std::string name = entry >= 0 ? yProc()[static_cast<std::size_t>(entry)].Name : std::string();
     bool procStart = entry >= 0 && name != kDeclarations && name != kDesignerObject;
-    if (!wanted(record)) return true;
+    if (!wanted(record) || (!procStart && blankAt(record))) return true;
     bool orphan = pos_.TopPos + static_cast<float>(orphanLines(record, entry, procStart)) *
                                      layoutMetrics().MaxFontHeight[kPrint] >
                   p_.UsableArea.Bottom;
     bool skip = f_.ProcSkip == 'P' || f_.ProcSkip == 'C' || orphan;
     if (((skip && procStart) || p_.PageNumber == 0) && !breakBefore(record)) return false;
     if (procStart && s.LineNumberHow == 1) p_.CurrentLineNumber = s.LineNumberStart;
+    bool leadingBlank = procStart && blankAt(record) && atColumnTop();
     if (f_.Separator && procStart) separator(record);
     if (p_.PrintStatus == kPrintStopped) return false;
+    if (leadingBlank) return true;
     std::int32_t contentsPages = 0;
     std::string text;
     awaitDeclaration(declarationOf_[static_cast<std::size_t>(record)]);

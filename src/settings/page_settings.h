@@ -4,11 +4,12 @@
 
 namespace hlyd {
 
+// The settings' default margins for paper (see the settings' loading).
 struct MarginRecord {
-    std::int32_t Bottom = 720;
-    std::int32_t Left = 1440;
+    std::int32_t Bottom = 360;
+    std::int32_t Left = 720;
     std::int32_t Right = 720;
-    std::int32_t Top = 720;
+    std::int32_t Top = 360;
     std::int32_t MinX = 0;
     std::int32_t MinY = 0;
 };

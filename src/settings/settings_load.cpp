@@ -38,6 +38,15 @@ constexpr double kPrintFontSize = 10;
 // Pure green on white is hard to read (1.4:1) and pale grey on a mono printer; this green has
 // more than 4.5:1.
 constexpr double kPaperGreen = 0x008000;
+// The heading and footing are read once a page, the code all the time: in smaller type their four
+// lines take less of the page from the code.
+constexpr double kPaperHeadingSize = 8;
+// A quarter inch above the heading and below the footing, half an inch at the sides (clear of the
+// band a reader's thumb or a punch takes). The inch at the left and the half inches above and
+// below that a listing once kept for binding left a page a fifth fewer lines than a plain text
+// print of the same file; a printer that cannot print so close to the edge refuses them, and its
+// own area is used.
+const char* const kPaperMargins = "360 720 720 360";
 
 constexpr const char* kLoadSource = "sbINIGetInfo";
 
@@ -282,7 +291,9 @@ void readElements(int dest, const std::string& section, const std::string& defau
         if (a.ForeColor == a.BackColor || a.ForeColor == storedBack) a.ForeColor = colourOf(foreground);
         if (a.ForeColor == a.BackColor) a.BackColor = colourOf(background);
         a.FontName = i.ReadString("FontName." + name, defaultFont);
-        std::string defaults = std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(defaultSize);
+        double elementSize = dest == kPrint && e == kElemHeadersFooters ? kPaperHeadingSize : defaultSize;
+        std::string defaults =
+            std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(elementSize);
         std::vector<std::string> words = i.ReadWords("FontAttr." + name, defaults, section);
         std::vector<std::string> fallback = splitOn(defaults, ' ');
         auto word = [&](int k) { return k < static_cast<int>(words.size()) ? words[k] : fallback[k]; };
@@ -291,16 +302,19 @@ void readElements(int dest, const std::string& section, const std::string& defau
         a.Font.Italic = fontAttrFlag(word(1));
         a.Font.Underline = fontAttrFlag(word(2));
         a.Font.Strikethrough = fontAttrFlag(word(3));
-        a.Font.Size = fontSizeOf("FontAttr." + name, word(4), defaultSize);
+        a.Font.Size = fontSizeOf("FontAttr." + name, word(4), elementSize);
     }
 }
 
 void readMargins() {
+    // The sizes a slip is judged against stay those of a bound listing, so that wide margins a user
+    // chose are kept.
     static const std::int32_t kReference[4] = {720, 1440, 720, 720};
-    std::vector<std::string> words = iniHandler().ReadWords("Margins", "720 1440 720 720", printerSection());
+    const std::vector<std::string> defaults = splitOn(kPaperMargins, ' ');
+    std::vector<std::string> words = iniHandler().ReadWords("Margins", kPaperMargins, printerSection());
     std::int32_t value[4];
-    for (int k = 0; k < 4; ++k) {
-        std::string text = k < static_cast<int>(words.size()) ? words[k] : std::to_string(kReference[k]);
+    for (std::size_t k = 0; k < 4; ++k) {
+        const std::string& text = k < words.size() ? words[k] : defaults[k];
         value[k] = sane("Margins", text, GetNumberFromString(text), kReference[k]);
     }
     MarginRecord& m = pageSettings().Margins;
