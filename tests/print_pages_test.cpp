@@ -678,6 +678,11 @@ TEST_F(PrintPagesTest, AlignedSourceKeepsItsColumnsWithBlanksAndTabs) {
     EXPECT_EQ(equals[0], equals[1]);
     EXPECT_EQ(equals[2], equals[3]);
     EXPECT_EQ(equals[4] - equals[3], 4 * kCharWidth);  // "CCCC" fills a stop: the tab goes to the next
+    // Inside a literal or a comment a tab goes to its stop as well, and the text after it with it:
+    // the literal starts in column 4, its tab in column 6 takes two blanks.
+    print("X = \"a\tb\" ' c\td\n");
+    EXPECT_TRUE(printed("\"a  b\""));
+    EXPECT_TRUE(printed("' c  d"));  // from column 14 to 16
 }
 
 // Functions whose declarations take three lines of the contents, one to a page from page 98 on,

@@ -303,7 +303,8 @@ TEST_F(TokenLayoutTest, ControlCharactersAreShownInCaretNotation) {
     lay(2, 585);  // pieces of four: "abc^", "Bdef", ...
     ASSERT_GE(printed.size(), 2u);
     EXPECT_EQ(std::get<0>(printed[0]) + std::get<0>(printed[1]), "abc^Bdef");
-    EXPECT_EQ(visibleText(std::string("\t\x1f\x80 x", 5)), std::string("\t^_\x80 x", 6));
+    EXPECT_EQ(visibleText(std::string("\t\x1f\x80 x", 5)), std::string(" ^_\x80 x", 6));
+    EXPECT_EQ(visibleText(std::string("a\t\x01\tb", 5), 1, 4), std::string("a  ^A  b", 8));
 }
 
 // Eight levels at 340 take 2720. Where they don't fit beside 40 characters (4000), two blanks (170)

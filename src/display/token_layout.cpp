@@ -111,7 +111,8 @@ private:
     // it that the next piece drawn starts from, and whether a caret pair was cut between pieces.
     const std::string* source_ = nullptr;
     std::size_t sourcePos_ = 0;
-    bool halfCaret_ = false;
+    std::size_t tokenColumn_ = 0, shownPos_ = 0;  // where the token's shown text starts, and how much of it is out
+    std::size_t pendingShown_ = 0;               // characters of a byte's showing that a split sent to the next piece
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
     bool stopped_ = false;
@@ -184,30 +185,35 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
 }
 
 // Each "^A" that shows a control character is printed as standing for the source's byte, which a
-// surface that can (a PDF) gives back to a reader copying the text.
+// surface that can (a PDF) gives back to a reader copying the text. A piece may end inside a
+// byte's showing (a caret pair, a tab's blanks): the rest opens the next piece as plain text.
 void RecordPainter::printShown(const std::string& text) {
     if (!source_) {
         s_.print(text);
         return;
     }
-    std::size_t i = 0, run = 0;
+    std::size_t i = std::min(pendingShown_, text.size()), run = 0;
+    pendingShown_ -= i;
     auto flush = [&] {
         if (i > run) s_.print(text.substr(run, i - run));
     };
-    if (halfCaret_) halfCaret_ = false, ++sourcePos_, i = 1;  // the letter of a pair the split cut
-    while (i < text.size()) {
-        bool control = sourcePos_ < source_->size() && invisibleControl(static_cast<unsigned char>((*source_)[sourcePos_]));
-        if (!control) {
-            ++i, ++sourcePos_;
-        } else if (i + 1 == text.size()) {
-            halfCaret_ = true, ++i;
-        } else {
+    while (i < text.size() && sourcePos_ < source_->size()) {
+        auto c = static_cast<unsigned char>((*source_)[sourcePos_++]);
+        std::size_t n = shownLength(c, tokenColumn_ + shownPos_ + i, f_.TabWidth);
+        if (i + n > text.size()) {
+            pendingShown_ = i + n - text.size();
+            i = text.size();
+        } else if (invisibleControl(c)) {
             flush();
-            s_.printStandingFor(text.substr(i, 2), source_->substr(sourcePos_, 1));
-            i += 2, run = i, ++sourcePos_;
+            s_.printStandingFor(text.substr(i, n), std::string(1, static_cast<char>(c)));
+            i += n, run = i;
+        } else {
+            i += n;
         }
     }
+    i = text.size();
     flush();
+    shownPos_ += text.size();
 }
 
 // The source's own " _" at the end of its line, in the KeyWords attributes, at the pen: it is the
@@ -362,7 +368,7 @@ std::int32_t RecordPainter::run() {
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
-        const std::string text = visibleText(token.Text);
+        const std::string text = visibleText(token.Text, static_cast<std::size_t>(column_), f_.TabWidth);
         if (i == r.FirstT) firstTokenStart(token);
         placeToken(i, token, text, a, pieces);
         if (stopped_) break;
@@ -383,7 +389,7 @@ std::int32_t RecordPainter::run() {
         }
         source_ = text.size() != token.Text.size() ? &token.Text : nullptr;
         sourcePos_ = 0;
-        halfCaret_ = false;
+        tokenColumn_ = static_cast<std::size_t>(column_), shownPos_ = 0, pendingShown_ = 0;
         drawPieces(text, a, pieces);
         source_ = nullptr;
         lastLength_ = text.size();

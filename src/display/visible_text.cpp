@@ -6,18 +6,26 @@ namespace hlyd {
 
 bool invisibleControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
 
-std::string visibleText(const std::string& text) {
-    auto control = [](char c) { return invisibleControl(static_cast<unsigned char>(c)); };
-    if (std::none_of(text.begin(), text.end(), control)) return text;
+std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWidth) {
+    if (c == '\t') return tabWidth > 0 ? static_cast<std::size_t>(tabWidth) - column % static_cast<std::size_t>(tabWidth) : 1;
+    return invisibleControl(c) ? 2 : 1;
+}
+
+std::string visibleText(const std::string& text, std::size_t column, std::int32_t tabWidth) {
+    auto shownApart = [](char c) { return c == '\t' || invisibleControl(static_cast<unsigned char>(c)); };
+    if (std::none_of(text.begin(), text.end(), shownApart)) return text;
     std::string shown;
     shown.reserve(text.size() + 8);
     for (char c : text) {
-        if (!control(c)) {
+        auto byte = static_cast<unsigned char>(c);
+        if (byte == '\t') {
+            shown.append(shownLength(byte, column + shown.size(), tabWidth), ' ');
+        } else if (invisibleControl(byte)) {
+            shown += '^';
+            shown += static_cast<char>(byte ^ 0x40);  // 0x01 -> 'A', 0x7F -> '?'
+        } else {
             shown += c;
-            continue;
         }
-        shown += '^';
-        shown += static_cast<char>(static_cast<unsigned char>(c) ^ 0x40);  // 0x01 -> 'A', 0x7F -> '?'
     }
     return shown;
 }
