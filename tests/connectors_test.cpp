@@ -80,11 +80,11 @@ TEST_F(ConnectorsTest, BlocksCrossingTheEdgesOfTheView) {
 TEST_F(ConnectorsTest, IndentOffFollowsTheFirstTokenOfEachEnd) {
     load("If a Then\n  x = 1\n    End If\n");
     format().Indent = 0;
-    // The closer's text stands four blanks in: 170 + 4 x 85 = 510, its column 425. Opened in
-    // the view, the vertical stays on the opener's column.
-    EXPECT_EQ(show(1), (std::vector<Line>{{85, 100, 170, 100}, {85, 100, 85, 500}, {85, 500, 510, 500}}));
+    // The closer's text stands four blanks of the font in: 170 + 4 x 100 = 570, its column 485.
+    // Opened in the view, the vertical stays on the opener's column.
+    EXPECT_EQ(show(1), (std::vector<Line>{{85, 100, 170, 100}, {85, 100, 85, 500}, {85, 500, 570, 500}}));
     // Opened above the view, it is on the closer's.
-    EXPECT_EQ(show(2), (std::vector<Line>{{425, 0, 425, 300}, {425, 300, 510, 300}}));
+    EXPECT_EQ(show(2), (std::vector<Line>{{485, 0, 485, 300}, {485, 300, 570, 300}}));
 }
 
 TEST_F(ConnectorsTest, StatementBehindAnotherOnItsRecordDrawsNothing) {

@@ -683,6 +683,10 @@ TEST_F(PrintPagesTest, AlignedSourceKeepsItsColumnsWithBlanksAndTabs) {
     print("X = \"a\tb\" ' c\td\n");
     EXPECT_TRUE(printed("\"a  b\""));
     EXPECT_TRUE(printed("' c  d"));  // from column 14 to 16
+    // Without computed indentation the source's own leading blanks and tabs keep their columns.
+    format().Indent = 0;
+    print("    A = 1\n\tB = 2\n  \tC = 3\n");
+    for (const char* name : {"A", "B", "C"}) EXPECT_EQ(text(name).x1, kLeft + 4 * kCharWidth) << name;
 }
 
 // Functions whose declarations take three lines of the contents, one to a page from page 98 on,

@@ -359,9 +359,9 @@ TEST_F(TokenLayoutTest, IndentOffKeepsTheSourceBlanks) {
     load("Attribute VB_Name = \"M\"\nIf a Then\n      y = 1\n\tEnd If\n");
     format().Indent = 0;
     lay(3, 12000);
-    EXPECT_EQ(printed[0], Print("y", 510, 0));  // six blanks of 85
+    EXPECT_EQ(printed[0], Print("y", 600, 0));  // six blanks of the font's 100
     lay(4, 12000);
-    EXPECT_EQ(printed[0], Print("End", 85, 0));  // a tab counts as one
+    EXPECT_EQ(printed[0], Print("End", 400, 0));  // a tab goes to the stop at four
 
     format().SkipAttributes = 1;
     EXPECT_EQ(lay(1, 12000, 400), -1);

@@ -281,7 +281,12 @@ void RecordPainter::firstTokenStart(const Token& token) {
         x_ += levelIndent(t_.Records[record_].Indent, pos_, dest_);
         if (first > 1 && t_.Tokens[first - 1].Continued == 1) x_ += m_.WhiteSpaceSize[dest_];
     } else {
-        x_ += m_.WhiteSpaceSize[dest_] * static_cast<float>(token.LeadingSpace.size());
+        // The source's own indentation, blank by blank in the first token's font and tabs to
+        // their stops, counted from the line's start, as the editor it was typed in showed it.
+        std::int32_t columns = 0;
+        for (char c : token.LeadingSpace) columns += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - columns % f_.TabWidth : 1;
+        x_ += static_cast<float>(columns) * static_cast<float>(attributesOf(elementOf(first), dest_).SpaceWidth);
+        column_ = columns;
     }
     x_ = std::min(x_, furthestTextStart(pos_, dest_));
     xWrap_ = x_;
@@ -368,8 +373,8 @@ std::int32_t RecordPainter::run() {
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
-        const std::string text = visibleText(token.Text, static_cast<std::size_t>(column_), f_.TabWidth);
         if (i == r.FirstT) firstTokenStart(token);
+        const std::string text = visibleText(token.Text, static_cast<std::size_t>(column_), f_.TabWidth);
         placeToken(i, token, text, a, pieces);
         if (stopped_) break;
         yNext_ = y_ + lineHeight_;
