@@ -24,8 +24,8 @@ QLabel* label(const QString& text, const char* name) {
 }  // namespace
 
 const char* aboutSentence() {
-    return "Halyard shows, prints and exports as HTML the source of Visual Basic 3 to 6 files, projects and "
-           "groups, indented and with structure lines, without ever changing them.";
+    return "Halyard lays out the source of Visual Basic 3 to 6 files, projects and groups, indented and "
+           "with structure lines, on screen, on paper and as HTML, and never changes it.";
 }
 
 AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
