@@ -2,6 +2,7 @@
 // date, the older keys and the sanity rules on reading, and save routines that each write
 // exactly their own keys.
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -93,6 +94,19 @@ TEST_F(SettingsStoreTest, LaterRunKeepsClearedHeadingsAndFile) {
     EXPECT_EQ(s.FootingCenter, "");
     EXPECT_EQ(s.WindowState, 0);
     EXPECT_EQ(iniText(), text);
+}
+
+// Only the name of the paper's locale is read, so the locale need not be installed.
+TEST_F(SettingsStoreTest, PaperFollowsTheLocaleUnlessTheSettingsNameOne) {
+    std::string lcAll = std::getenv("LC_ALL") ? std::getenv("LC_ALL") : "";
+    ::unsetenv("LC_ALL");
+    ::setenv("LC_PAPER", "de_DE.UTF-8", 1);
+    loadFrom("[General]\nOrientation=1\n");
+    EXPECT_EQ(hlydSettings().PaperSize, 9);
+    loadFrom("[General]\nPaperSize=1\n");
+    EXPECT_EQ(hlydSettings().PaperSize, 1);
+    ::unsetenv("LC_PAPER");
+    if (!lcAll.empty()) ::setenv("LC_ALL", lcAll.c_str(), 1);
 }
 
 TEST_F(SettingsStoreTest, OtherVersionIsBroughtUpToDate) {

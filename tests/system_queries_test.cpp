@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "files/status_progress.h"
+#include "settings/locale_paper.h"
 #include "settings/system_queries.h"
 #include "test_support.h"
 
@@ -49,6 +51,38 @@ TEST_F(SystemQueriesTest, NumberFromFreeText) {
     localeTexts().GroupSeparator = ".";
     EXPECT_DOUBLE_EQ(GetNumberFromString("1.234,5"), 1234.5);
 }
+
+// Counts on screen group their digits as the locale does, and not at all where it does not (the C
+// locale): the amount separator's "." fallback must not reach them.
+TEST_F(SystemQueriesTest, CountsGroupTheirDigitsAsTheLocaleDoes) {
+    struct Case {
+        const char* reported;
+        const char* shown;
+    };
+    for (const Case& c : {Case{"", "1234567"}, Case{",", "1,234,567"}, Case{".", "1.234.567"},
+                          Case{"\xE2\x80\xAF", "1 234 567"}, Case{"\xC2\xA0", "1 234 567"},
+                          Case{"\xE2\x80\x99", "1'234'567"}}) {
+        localeTexts().DigitGroup = plainDigitGroup(c.reported);
+        EXPECT_EQ(groupedNumber(1234567), c.shown) << c.reported;
+        EXPECT_EQ(groupedNumber(-999), "-999");
+    }
+}
+
+class LocalePaperTest : public ::testing::TestWithParam<std::pair<const char*, std::int16_t>> {};
+
+TEST_P(LocalePaperTest, LetterInTheUsAndCanadaAndUnderTheCLocale) {
+    EXPECT_EQ(paperForLocale(GetParam().first), GetParam().second) << GetParam().first;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Locales, LocalePaperTest,
+    ::testing::Values(std::pair{"", kPaperLetter}, std::pair{"C", kPaperLetter}, std::pair{"C.UTF-8", kPaperLetter},
+                      std::pair{"POSIX", kPaperLetter}, std::pair{"en_US.UTF-8", kPaperLetter},
+                      std::pair{"en_CA", kPaperLetter}, std::pair{"fr_CA.UTF-8", kPaperLetter},
+                      std::pair{"es_US", kPaperLetter}, std::pair{"en-US", kPaperLetter},
+                      std::pair{"en_GB.UTF-8", kPaperA4}, std::pair{"de_DE@euro", kPaperA4},
+                      std::pair{"fr_FR", kPaperA4}, std::pair{"de-CH", kPaperA4},
+                      std::pair{"ja_JP.eucJP", kPaperA4}));
 
 TEST_F(SystemQueriesTest, FileExistsOnlyForReadableFiles) {
     fs::path file = fs::path(dir) / "present.txt";

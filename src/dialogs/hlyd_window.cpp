@@ -6,12 +6,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QToolBar>
 
 #include "base/app_info.h"
+#include "dialogs/about_box.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
 #include "dialogs/display_options_dialog.h"
@@ -181,10 +181,8 @@ void HlydWindow::closeEvent(QCloseEvent* event) {
 }
 
 void HlydWindow::showAbout() {
-    const cAppInfo& app = theAppInfo();
-    QMessageBox::about(this, "About " + fromUtf8(app.Title),
-                       fromUtf8(app.Title + " " + app.Version + "\n" + app.VersionDate + "\n\n" + app.UserName + "\n" +
-                                app.UserCompany));
+    AboutBox about(this);
+    about.exec();
 }
 
 }  // namespace hlyd

@@ -15,8 +15,9 @@
 namespace hlyd {
 
 namespace {
-// Tight: fifteen buttons in one row must fit a dialog on a screen 1280 pixels wide.
 constexpr int kPadding = 3;
+// Three rows at the narrowest: the dialog then fits a small screen.
+constexpr int kFewestPerRow = 5;
 }
 
 MacroStrip::MacroStrip(std::function<void(int)> clicked, QWidget* parent)
@@ -24,7 +25,9 @@ MacroStrip::MacroStrip(std::function<void(int)> clicked, QWidget* parent)
     setObjectName("picMacros");
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
 }
 
 // Every button as wide as the widest caption, so that the strip reads as one row of equals.
@@ -35,13 +38,27 @@ int MacroStrip::buttonWidth() const {
     return widest + 2 * kPadding;
 }
 
-QSize MacroStrip::sizeHint() const {
-    return {buttonWidth() * kMacroButtons, fontMetrics().height() + 4 * kPadding};
+int MacroStrip::rowHeight() const { return fontMetrics().height() + 4 * kPadding; }
+
+QSize MacroStrip::sizeHint() const { return {buttonWidth() * kMacroButtons, rowHeight()}; }
+
+QSize MacroStrip::minimumSizeHint() const { return {buttonWidth() * kFewestPerRow, rowHeight()}; }
+
+int MacroStrip::perRow(int width) const {
+    int fit = std::clamp(width / std::max(buttonWidth(), 1), 1, kMacroButtons);
+    int rows = (kMacroButtons + fit - 1) / fit;
+    return (kMacroButtons + rows - 1) / rows;
+}
+
+int MacroStrip::heightForWidth(int width) const {
+    int across = perRow(width);
+    return (kMacroButtons + across - 1) / across * rowHeight();
 }
 
 QRect MacroStrip::buttonRect(int button) const {
-    int w = std::max(width() / kMacroButtons, 1);
-    return {button * w, 0, w, height()};
+    int across = perRow(width());
+    int w = std::max(width() / across, 1);
+    return {button % across * w, button / across * rowHeight(), w, rowHeight()};
 }
 
 int MacroStrip::buttonAt(const QPoint& point) const {

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -97,7 +98,7 @@ private:
             selected_[i]->setAutoExclusive(false);
             connect(selected_[i], &QRadioButton::clicked, this, [this, i] { act([this, i] { optSelectedProcedures_Click(m_, i); }); });
             box->addWidget(selected_[i], 3 + i, 0);
-            auto* select = named("cmdSelect" + index, new QPushButton("..."));
+            auto* select = selects_[i] = named("cmdSelect" + index, new QPushButton("..."));
             connect(select, &QPushButton::clicked, this, [this, i] {
                 act([this, i] { HlydHLYDPrintSelectProc(m_, i == kSelectFiles); });
             });
@@ -187,9 +188,7 @@ private:
         checks_["chkCurrent"]->setChecked(m_.chkCurrent);
         for (int i = 0; i < 2; ++i) {
             checks_["chkAll" + std::to_string(i)]->setChecked(m_.chkAll[i]);
-            checks_["chkAll" + std::to_string(i)]->setEnabled(!m_.currentOnly);
             selected_[i]->setChecked(m_.optSelectedProcedures[i]);
-            selected_[i]->setEnabled(!m_.currentOnly);
             fields_["txtPageRange" + std::to_string(i)]->setText(fromCp1252(m_.txtPageRange[i]));
             fields_["txtPageRange" + std::to_string(i)]->setEnabled(m_.txtPageRangeEnabled);
         }
@@ -201,11 +200,15 @@ private:
         txtHeading_->setText(fromCp1252(m_.txtHeading));
         lblPrinter_->setText(fromUtf8(m_.lblPrinter));
         lblProcs_->setText(fromUtf8(m_.lblProcs));
+        // A project listing has no procedures to pick from.
+        selected_[kSelectProcedures]->setEnabled(!m_.projectShown);
+        selects_[kSelectProcedures]->setEnabled(!m_.projectShown);
     }
 
     PrintDialogModel& m_;
     QRadioButton* views_[4] = {};
     QRadioButton* selected_[2] = {};
+    QPushButton* selects_[2] = {};
     QCheckBox* pages_ = nullptr;
     QLineEdit* txtHeading_ = nullptr;
     QLabel* lblPrinter_ = nullptr;
@@ -261,7 +264,8 @@ public:
         auto* box = new QVBoxLayout(this);
         page_ = new QLabel;
         page_->setObjectName("lblPage");
-        page_->setMinimumWidth(320);
+        // A fixed width: a long path would otherwise stretch the dialog past the screen's edge.
+        page_->setFixedWidth(page_->fontMetrics().averageCharWidth() * kStatusColumns);
         box->addWidget(page_);
         cancel_ = new QPushButton(fromUtf8(printStatusDialog().cmdCancel));
         cancel_->setObjectName("cmdCancel");
@@ -285,7 +289,7 @@ public:
         box->addLayout(buttons);
     }
     void showModel() {
-        page_->setText(fromCp1252(printStatusDialog().lblPage));
+        page_->setText(elidedLines(fromCp1252(printStatusDialog().lblPage)));
         cancel_->setText(fromUtf8(printStatusDialog().cmdCancel));
     }
 
@@ -305,6 +309,16 @@ protected:
     }
 
 private:
+    static constexpr int kStatusColumns = 60;
+
+    // A path too long for the label loses its middle, so that both its start and the file's own
+    // name stay in sight.
+    QString elidedLines(const QString& text) const {
+        QStringList lines = QString(text).replace("\r\n", "\n").split('\n');
+        for (QString& line : lines) line = page_->fontMetrics().elidedText(line, Qt::ElideMiddle, page_->maximumWidth());
+        return lines.join('\n');
+    }
+
     QLabel* page_ = nullptr;
     QPushButton* cancel_ = nullptr;
 };

@@ -18,6 +18,7 @@
 #include <functional>
 #include <map>
 
+#include "dialogs/dialog_place.h"
 #include "dialogs/form_parts.h"
 #include "dialogs/macro_strip.h"
 #include "dialogs/print_fonts_tab.h"
@@ -315,6 +316,7 @@ void installPrintOptionsDialog(QWidget* parent) {
     QPointer<QWidget> owner(parent);
     setPrintOptionsView([owner](PrintOptionsModel& m) {
         PrintOptionsForm form(owner, m);
+        fitAndCentre(form, owner);
         return form.exec() == QDialog::Accepted;
     });
 }

@@ -8,7 +8,8 @@ namespace hlyd {
 
 void StatusBarUpdate(bool parsing, std::int32_t lines);
 
-// "##,##0": thousands grouped by the separator that the locale gave at start-up.
+// "##,##0": thousands grouped as the locale groups digits (read at start-up); no grouping when
+// the locale has none, as the C locale.
 std::string groupedNumber(std::int64_t value);
 
 }  // namespace hlyd

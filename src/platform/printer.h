@@ -73,6 +73,8 @@ public:
     virtual bool endJob(bool keep) { (void)keep; return true; }
     // Why the job could not begin, or why the last endJob failed, for the message the user gets.
     virtual std::string jobError() const { return {}; }
+    // Pages that reached the device or file so far: the count the user is told after a run.
+    virtual std::int32_t pagesDelivered() const { return 0; }
 };
 
 // The built-in printer that writes a job to a PDF file; every machine has it.

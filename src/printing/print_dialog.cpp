@@ -83,6 +83,15 @@ bool showDialog(PrintDialogModel& m) {
     return cmdOK_Click(m);
 }
 
+// A project or group on screen prints with all its members, as the dialog's first choice would.
+void takeAllMembersOfShownProject(PrintDialogRequest& r) {
+    FileTableModule& f = fileTable();
+    if (f.wCurrentFile < 1 || f.wCurrentFile > f.oFile.Count()) return;
+    if (f.oFile.Item(f.wCurrentFile).FileType == kFileSource) return;
+    r.AllFiles = kPrintAllFiles;
+    for (int i = 1; i <= f.oFile.Count(); ++i) f.oFile.Item(i).IsSelected = true;
+}
+
 }  // namespace
 
 PrintDialogRequest requestFromSettings() {
@@ -95,6 +104,7 @@ PrintDialogRequest requestFromSettings() {
     r.Code = s.ViewCode[kPrint];
     r.FormDef = s.ViewFormDef[kPrint];
     r.OptionalLine = s.OptionalHeading;
+    takeAllMembersOfShownProject(r);
     return r;
 }
 

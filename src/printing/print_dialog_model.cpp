@@ -34,7 +34,6 @@ int viewOf(bool code, bool formDef) {
 }
 
 std::string selectionLine() {
-    if (currentIsProject()) return "Project-file selected.";
     const PrintState& p = printState();
     auto count = std::count_if(p.SelectedProcs.begin(), p.SelectedProcs.end(), [](std::int16_t s) { return s != 0; });
     if (!p.ProcsSelected || count == 0) return "Entire file selected.";
@@ -148,7 +147,8 @@ void fillPrintDialog(PrintDialogModel& m) {
     const PrintState& p = printState();
     const HlydSettings& s = hlydSettings();
     m.lblPrinter = "Printer: " + (p.PrinterName.empty() ? std::string("None selected") : p.PrinterName);
-    m.lblProcs = selectionLine();
+    m.projectShown = currentIsProject();
+    m.lblProcs = m.projectShown ? "All files selected" : selectionLine();
     clearSelections();
     m.chkSkipAttributes = displayAttributes().Format[kPrint].SkipAttributes != 0;
     m.chkTOC = s.TableOfContents;
@@ -156,9 +156,12 @@ void fillPrintDialog(PrintDialogModel& m) {
     m.chkPrintContinuous = s.PrintContinuous;
     m.optView = viewOf(s.ViewCode[kPrint], s.ViewFormDef[kPrint]);
     m.txtHeading = s.OptionalHeading;
-    m.currentOnly = currentIsProject();
     clearChoices(m);
-    m.chkCurrent = true;
+    // Whoever prints a project or group wants its members on paper, not only the few lines of
+    // the project file: All Files is the choice that OK takes at once. Current File still prints
+    // the listing alone.
+    if (m.projectShown) m.chkAll[0] = true;
+    else m.chkCurrent = true;
 }
 
 void chkCurrent_Click(PrintDialogModel& m) {

@@ -37,7 +37,7 @@ struct PrintDialogModel {
     bool chkPrintContinuous = false;
     bool chkDontUpdate = false;
     bool chkDontShow = false;
-    bool currentOnly = false;  // a project is shown: the current file is the only choice
+    bool projectShown = false;  // a project or group is shown: it has no procedures to choose
     std::string focus;         // the field that OK refused, to be focused with its text selected
 };
 

@@ -6,6 +6,7 @@
 #include "files/main_window_model.h"
 #include "files/output_guard.h"
 #include "files/run_inputs.h"
+#include "files/status_progress.h"
 #include "printing/print_dialog.h"
 #include "printing/print_file.h"
 #include "printing/print_output.h"
@@ -150,6 +151,21 @@ void tellStoppedJob(const PrintRunResult& result, const std::string& outputPath)
                                             : "Printing stopped: nothing was printed.";
 }
 
+void tellCancelled() { mainWindow().lblStatus = "Cancelled"; }
+
+// What a finished job left and where: the PDF's file or the printer's name.
+void tellFinishedJob(const PrintRunResult& result, const std::string& outputPath) {
+    const PrintState& p = printState();
+    // The status dialog's Cancel drops the job; a printer that failed has said so in a box.
+    if (result.printStatus == kPrintStopped && p.Stop == StopKind::DropsJob && p.PrinterValid) return tellCancelled();
+    // A stop the user asked for has its own line, from tellStoppedJob.
+    if (!result.written || (result.printStatus == kPrintStopped && p.Stop == StopKind::UserStop)) return;
+    Printer* printer = currentPrinter();
+    std::string where = !outputPath.empty() ? outputPath : printer ? printer->deviceName() : std::string();
+    mainWindow().lblStatus = "Printed " + groupedNumber(result.pages) + (result.pages == 1 ? " page" : " pages") +
+                             " to " + where;
+}
+
 void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
     PrintRunResult result;
     if (!printerReadyForRun(result) || !outputsAllowed(r, outputPath)) return;
@@ -164,6 +180,7 @@ void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
     }
     tellFailedJob(result, outputPath);
     tellStoppedJob(result, outputPath);
+    tellFinishedJob(result, outputPath);
 }
 
 }  // namespace
@@ -172,9 +189,9 @@ void HlydPRProcessPrintRequest() {
     if (oFile().Count() == 0) return;
     KeptForRun kept;
     PrintDialogRequest request = requestFromSettings();
-    if (!hlydSettings().DoNotShowPrintDialog && !HlydHLYDPrintProcessDialog(request)) return;
+    if (!hlydSettings().DoNotShowPrintDialog && !HlydHLYDPrintProcessDialog(request)) return tellCancelled();
     std::string outputPath;
-    if (!askPrintOutputPath(outputPath)) return;
+    if (!askPrintOutputPath(outputPath)) return tellCancelled();
     saveLastingChoices(request);
     runRequest(request, outputPath);
 }
@@ -192,6 +209,7 @@ void printThisProcedure() {
     request.ProcsSelected = true;
     std::string outputPath;
     if (askPrintOutputPath(outputPath)) runRequest(request, outputPath);
+    else tellCancelled();
 }
 
 void stopPrinting() {

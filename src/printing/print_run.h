@@ -26,6 +26,8 @@ struct PrintRunResult {
     bool written = true;        // the printer kept the job (a file printer wrote its file)
     std::string error;          // why not
     std::vector<std::string> skipped;  // files that could not be read
+    std::int32_t pagesAtStart = 0;     // the printer's count of delivered pages when the run began
+    std::int32_t pages = 0;            // pages the run delivered
 };
 
 // Prints with the settings in force on the current printer; the current file comes back after.

@@ -63,6 +63,7 @@ bool beginRun(const std::string& outputPath, PrintRunResult& result) {
         result.error = printer->jobError();
         return false;
     }
+    result.pagesAtStart = printer->pagesDelivered();
     HlydPRInit();
     return true;
 }
@@ -102,6 +103,7 @@ void endRun(PrintRunResult& result) {
     // The pages of a range are the document; a stop the user asked for keeps what was done.
     result.written = printer->endJob(p.PrintStatus != kPrintStopped || p.Stop != StopKind::DropsJob);
     if (!result.written) result.error = printer->jobError();
+    result.pages = printer->pagesDelivered() - result.pagesAtStart;
 }
 
 void showFileAgain(std::int16_t shown) {

@@ -39,7 +39,7 @@ public:
     RecordingPrinter(std::string name, Sink sink);
 
     // Pages delivered (begun and not killed) and documents begun, for the end of a run.
-    std::int32_t pagesDelivered() const { return delivered_; }
+    std::int32_t pagesDelivered() const override { return delivered_; }
     std::int32_t documents() const { return doc_; }
 
     std::string fontName() const override { return font_; }

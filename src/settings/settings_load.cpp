@@ -12,7 +12,9 @@
 #include "base/text_format.h"
 #include "base/vb_convert.h"
 #include "platform/char_case.h"
+#include "platform/os.h"
 #include "settings/attributes.h"
+#include "settings/locale_paper.h"
 #include "settings/page_settings.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -339,7 +341,8 @@ void readContentsViewAndPrintState(HlydSettings& s) {
     s.Orientation = readClamped("Orientation", 1, 1, 2);
     s.Duplex = readClamped("Duplex", 1, 1, 3);
     s.Copies = readClamped("Copies", 1, 1, 10);
-    s.PaperSize = readClamped("PaperSize", 1, 1, 265);
+    // Letter for everyone would give most of the world pages that do not fit their paper.
+    s.PaperSize = readClamped("PaperSize", paperForLocale(os::userLocale().paperLocale), 1, 265);
     // The printer's qualities run from -4 (high) to -1 (draft); a positive one is dots per inch.
     s.PrintQuality = readClamped("PrintQuality", -4, -4, 32767);
     s.VBLevel = i.ReadString("VBLevel", "", "Special");

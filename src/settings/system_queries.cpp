@@ -20,11 +20,20 @@ std::string separatorOrFallback(const std::string& reply, const std::string& fal
     return reply.size() < 2 ? fallback : reply.substr(0, reply.find('\0'));
 }
 
+std::string plainDigitGroup(const std::string& separator) {
+    if (separator.empty()) return {};
+    auto first = static_cast<unsigned char>(separator[0]);
+    if (first < 0x80) return separator.substr(0, 1);
+    bool apostrophe = separator == "\xE2\x80\x99" || separator == "\x92";
+    return apostrophe ? "'" : " ";
+}
+
 void queryLocaleSeparators() {
     // The replies carry their terminator, as the classic locale query counts it.
     os::LocaleFacts facts = os::userLocale();
     locale.DecimalSeparator = separatorOrFallback(facts.decimalSeparator + '\0', ".");
     locale.GroupSeparator = separatorOrFallback(facts.groupSeparator + '\0', ".");
+    locale.DigitGroup = plainDigitGroup(facts.digitGroup);
 }
 
 bool fbIsMetric() { return os::userLocale().metric; }

@@ -8,6 +8,7 @@ namespace hlyd {
 struct LocaleTexts {
     std::string DecimalSeparator = ".";
     std::string GroupSeparator = ".";
+    std::string DigitGroup;  // what groups the digits of counts on screen; empty: no grouping
 };
 
 LocaleTexts& localeTexts();
@@ -16,6 +17,10 @@ LocaleTexts& localeTexts();
 void queryLocaleSeparators();
 // The rule for one reply: fewer than 2 characters (only a terminator) gives the fallback.
 std::string separatorOrFallback(const std::string& replyWithTerminator, const std::string& fallback);
+// The locale's digit group separator made plain ASCII, since the texts it goes into reach the
+// screen through more than one encoding: a narrow or no-break space becomes a space, a typographic
+// apostrophe an apostrophe.
+std::string plainDigitGroup(const std::string& separator);
 
 bool fbIsMetric();
 bool fbDragShow();

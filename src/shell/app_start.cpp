@@ -23,6 +23,7 @@
 #include "settings/system_queries.h"
 #include "shell/command_line.h"
 #include "shell/command_line_job.h"
+#include "shell/command_status.h"
 #include "shell/debug_menu.h"
 #include "shell/error_report.h"
 #include "shell/help_commands.h"
@@ -150,6 +151,9 @@ int finishWindowedStart() {
     const std::vector<std::string>& named = commandLineJob().options.openFiles;
     if (!named.empty()) openNamedFiles(named);
     else if (hlydSettings().ShowOpenDialog) mnuFilOpen_Click();
+    // The first files are loaded outside any command: their progress would stay on the status bar.
+    settleStatusAfterCommand();
+    theUi().processEvents();
     return 0;
 }
 

@@ -86,6 +86,8 @@ LocaleFacts userLocale() {
     std::string measurement = langInfo(LC_MEASUREMENT_MASK, "LC_MEASUREMENT", _NL_MEASUREMENT_MEASUREMENT);
     facts.metric = !measurement.empty() && measurement[0] == 1;
     addTimeFacts(facts);
+    facts.digitGroup = langInfo(LC_NUMERIC_MASK, "LC_NUMERIC", THOUSEP);
+    facts.paperLocale = localeName("LC_PAPER");
     return facts;
 }
 

@@ -23,6 +23,12 @@ std::optional<QPageSize::PageSizeId> classicPaper(std::int32_t code) {
     return std::nullopt;
 }
 
+std::vector<std::int32_t> classicPaperCodes() {
+    std::vector<std::int32_t> codes;
+    for (const PaperCode& p : kPapers) codes.push_back(p.code);
+    return codes;
+}
+
 std::int32_t classicPaperCode(QPageSize::PageSizeId id) {
     for (const PaperCode& p : kPapers)
         if (p.id == id) return p.code;

@@ -5,11 +5,14 @@
 #include <QPrinter>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace hlyd {
 
 // The page size of a classic paper code; a code we do not know gives nothing.
 std::optional<QPageSize::PageSizeId> classicPaper(std::int32_t code);
+// Every paper code we know a size for, in the order a list shows them.
+std::vector<std::int32_t> classicPaperCodes();
 // The classic code of a page size; Letter's for a size with none.
 std::int32_t classicPaperCode(QPageSize::PageSizeId id);
 

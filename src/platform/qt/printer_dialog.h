@@ -1,6 +1,7 @@
 #pragma once
 // The printer dialog of the desktop: the printers of the machine (the system's and the built-in
-// "PDF"), the orientation and the number of copies.
+// "PDF"), the orientation, the paper and duplex where the printer has them, and the number of
+// copies.
 #include <QWidget>
 
 #include "platform/ui.h"

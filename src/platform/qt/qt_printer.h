@@ -97,7 +97,7 @@ public:
     std::string jobError() const override { return jobError_; }
 
     // Pages that reached the device in this job, and the most text one page held in memory.
-    std::int32_t pagesDelivered() const { return pagesDelivered_; }
+    std::int32_t pagesDelivered() const override { return pagesDelivered_; }
     std::size_t largestPageText() const { return largestPageText_; }
 
 private:

@@ -66,6 +66,8 @@ LocaleFacts userLocale() {
     for (int month = 0; month < 12; ++month)
         facts.monthAbbreviations[month] = localeText(static_cast<LCTYPE>(LOCALE_SABBREVMONTHNAME1 + month));
     facts.timeSeparator = localeText(LOCALE_STIME);
+    facts.digitGroup = localeText(LOCALE_STHOUSAND);
+    facts.paperLocale = localeText(LOCALE_SNAME);
     return facts;
 }
 
