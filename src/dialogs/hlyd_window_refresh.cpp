@@ -98,7 +98,10 @@ void HlydWindow::refreshScrollBar() {
     vsbDisplay_->setRange(bar.Min, std::max(bar.Min, bar.Max));
     vsbDisplay_->setPageStep(std::max(1, bar.LargeChange));
     vsbDisplay_->setSingleStep(std::max(1, bar.SmallChange));
-    vsbDisplay_->setValue(bar.Value);
+    // A thumb under the mouse stays where the user holds it: the view may start on another record
+    // than the one asked for (a hidden form description), and moving the thumb under the mouse
+    // would make the drag jump.
+    if (!vsbDisplay_->isSliderDown()) vsbDisplay_->setValue(bar.Value);
     syncing_ = false;
 }
 

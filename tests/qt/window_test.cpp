@@ -219,6 +219,46 @@ TEST_F(WindowTest, TheProcedureListJumpsToTheProcedure) {
     EXPECT_EQ(window->cboProc()->currentIndex(), index);
 }
 
+// Dragging the thumb moves the view with it, before the thumb is let go; once let go the bar
+// shows the view's first record.
+TEST_F(WindowTest, DraggingTheThumbScrollsLive) {
+    window->resize(900, 320);
+    QApplication::processEvents();
+    open(kSampleModule);
+    QScrollBar* bar = window->vsbDisplay();
+    std::int32_t start = first();
+    bar->setSliderDown(true);
+    bar->setSliderPosition(start + 20);
+    EXPECT_EQ(first(), start + 20);
+    bar->setSliderPosition(start + 10);
+    EXPECT_EQ(first(), start + 10);
+    EXPECT_EQ(bar->sliderPosition(), start + 10);
+    bar->setSliderDown(false);
+    emit bar->sliderReleased();
+    EXPECT_EQ(bar->value(), mainWindow().vsbDisplay.Value);
+}
+
+// Every procedure chosen from the list is drawn, from the first of the file to the last, in the
+// list's order and back.
+TEST_F(WindowTest, EveryProcedureChosenFromTheListIsDrawn) {
+    std::string text = "VERSION 5.00\nBegin VB.UserControl Tree\n   ClientHeight = 1800\nEnd\n"
+                       "Attribute VB_Name = \"Tree\"\nOption Explicit\n";
+    for (int p = 1; p <= 60; ++p)
+        text += "Public Property Get P" + std::to_string(p) + "() As Long\n    P" + std::to_string(p) +
+                " = " + std::to_string(p) + "\nEnd Property\n";
+    open(test::writeTempFile("Tree.ctl", text));
+    QComboBox* list = window->cboProc();
+    ASSERT_GT(list->count(), 60);
+    for (int pass = 0; pass < 2; ++pass)
+        for (int k = 0; k < list->count(); ++k) {
+            int i = pass == 0 ? k : list->count() - 1 - k;
+            list->setCurrentIndex(i);
+            emit list->activated(i);
+            QApplication::processEvents();
+            EXPECT_TRUE(hasDrawing(window->picShow()->picture())) << list->itemText(i).toStdString();
+        }
+}
+
 TEST_F(WindowTest, AResizeDrawsTheViewAgain) {
     open(kSampleModule);
     std::int32_t lastBefore = emitterState().LastRecord;
