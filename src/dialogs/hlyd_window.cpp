@@ -52,6 +52,7 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     setObjectName("HLYD");
     setWindowTitle(fromUtf8(theAppInfo().Title));
     blocker_ = new InputBlocker(this);
+    setAcceptDrops(true);
     buildView();
     buildStatusBar();
     buildMenus();

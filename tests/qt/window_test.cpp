@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMimeData>
+#include <QUrl>
+#include <QDropEvent>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
@@ -257,6 +260,46 @@ TEST_F(WindowTest, EveryProcedureChosenFromTheListIsDrawn) {
             QApplication::processEvents();
             EXPECT_TRUE(hasDrawing(window->picShow()->picture())) << list->itemText(i).toStdString();
         }
+}
+
+// Files dropped from a file manager: a source file opens as Open opens it, a project too (its
+// members as the Project File dialog offers them); a file of another kind is named in the status
+// and nothing else changes.
+TEST_F(WindowTest, DroppedSourceAndProjectFilesOpen) {
+    auto drop = [&](const QStringList& paths) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths) urls.push_back(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QPoint at(20, 20);
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &dropped);
+        QApplication::processEvents();
+        return dropped.isAccepted();
+    };
+    const QString notes = QString::fromStdString(test::writeTempFile("notes.txt", "not Basic\n"));
+    EXPECT_TRUE(drop({notes}));
+    EXPECT_EQ(window->windowTitle(), "Halyard");
+    EXPECT_EQ(window->lblStatus()->text(),
+              "Not opened: notes.txt (only Visual Basic source, project and group files open)");
+    EXPECT_TRUE(ui.dialogs.empty());  // no Open dialog came up
+
+    const QString upper = QString::fromStdString(test::writeTempFile("MODULE2.BAS", "Sub A()\nEnd Sub\n"));
+    EXPECT_TRUE(drop({QString::fromStdString(kSampleModule), notes, upper}));
+    EXPECT_EQ(oFile().Count(), 2);
+    EXPECT_EQ(window->windowTitle(), "Halyard - MODULE2.BAS");  // the last opened is shown, as after Open
+    EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
+    EXPECT_TRUE(window->lblStatus()->text().startsWith("Not opened: notes.txt"));
+
+    window->action("mnuFilCloseAll")->trigger();
+    EXPECT_TRUE(drop({QString::fromStdString(kSampleProject)}));
+    EXPECT_EQ(window->windowTitle(), "Halyard - Sample.vbp");
+    EXPECT_GT(oFile().Count(), 1);
+    EXPECT_EQ(window->lblStatus()->text(), "Ready");
+    EXPECT_TRUE(ui.dialogs.empty());
 }
 
 TEST_F(WindowTest, AResizeDrawsTheViewAgain) {
