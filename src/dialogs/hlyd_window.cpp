@@ -12,6 +12,7 @@
 #include <QToolBar>
 
 #include "base/app_info.h"
+#include "dialogs/help_key.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
 #include "dialogs/display_options_dialog.h"
@@ -53,6 +54,8 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     setWindowTitle(fromUtf8(theAppInfo().Title));
     blocker_ = new InputBlocker(this);
     setAcceptDrops(true);
+    setHelpPage(this, "window.html");
+    new HelpKey(this);
     buildView();
     buildStatusBar();
     buildMenus();
