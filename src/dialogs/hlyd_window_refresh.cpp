@@ -175,8 +175,10 @@ void HlydWindow::restoreFromSettings() {
 
 void HlydWindow::storeIntoSettings() {
     HlydSettings& s = hlydSettings();
-    s.WindowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    if (s.WindowState != 0) return;  // a minimised or maximised window keeps its normal place
+    // A maximised window comes back maximised. One closed while minimised comes back as a window:
+    // a program that starts as an icon looks as if it had not started.
+    s.WindowState = isMaximized() ? 2 : 0;
+    if (isMaximized() || isMinimized()) return;  // the normal place is kept for when it is restored
     int tppX = picDisplay_->twipsPerPixelX();
     int tppY = picDisplay_->twipsPerPixelY();
     QRect place = geometry();

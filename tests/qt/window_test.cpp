@@ -436,9 +436,13 @@ public:
     void processEvents() override { QApplication::processEvents(); }
 };
 
-// A standalone start waits on its splash while the clock stands still: a key ends the wait, and
-// the window is there with its commands. Meanwhile the commands waited. Gives the start's time.
-qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
+// How the user dismisses the splash.
+enum class Dismissal { KeyOnSplash, KeyOnWindow, ClickOnWindow };
+
+// A standalone start waits on its splash while the clock stands still: a key or a click ends the
+// wait, and the window is there with its commands. Meanwhile the commands waited. Gives the
+// start's time.
+qint64 startAndDismiss(Dismissal how, bool& commandsWaited, Ui& restored) {
     EventsUi events;
     setUi(&events);
     QTimer press;
@@ -446,7 +450,8 @@ qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
         for (QWidget* top : QApplication::topLevelWidgets())
             if (top->objectName() == "frmSplash" && top->isVisible() && windowedMainWindow()) {
                 commandsWaited = !mainWindow().controlsEnabled;
-                QTest::keyClick(onSplash ? top : windowedMainWindow()->picShow(), Qt::Key_Space);
+                if (how == Dismissal::ClickOnWindow) QTest::mouseClick(windowedMainWindow()->picShow(), Qt::LeftButton);
+                else QTest::keyClick(how == Dismissal::KeyOnSplash ? top : windowedMainWindow()->picShow(), Qt::Key_Space);
                 press.stop();
             }
     });
@@ -461,11 +466,12 @@ qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
     return started.elapsed();
 }
 
-// The key on the splash, or on the window behind it that the user may have clicked into.
-TEST_F(WindowedStartTest, AKeyEndsTheSplashWait) {
-    for (bool onSplash : {true, false}) {
+// The key on the splash, or on the window behind it that the user may have clicked into; a click
+// on that window.
+TEST_F(WindowedStartTest, AKeyOrAClickEndsTheSplashWait) {
+    for (Dismissal how : {Dismissal::KeyOnSplash, Dismissal::KeyOnWindow, Dismissal::ClickOnWindow}) {
         bool commandsWaited = false;
-        EXPECT_LT(startAndPressSpace(onSplash, commandsWaited, ui), 4000) << onSplash;
+        EXPECT_LT(startAndDismiss(how, commandsWaited, ui), 4000) << static_cast<int>(how);
         EXPECT_TRUE(commandsWaited);
         ASSERT_NE(windowedMainWindow(), nullptr);
         EXPECT_TRUE(windowedMainWindow()->isVisible());
@@ -474,6 +480,41 @@ TEST_F(WindowedStartTest, AKeyEndsTheSplashWait) {
         useConfigDir(dir + "/again");
         installWindowedRun();
     }
+}
+
+// A window closed maximised comes back maximised in the next run, over its normal place.
+TEST_F(WindowedStartTest, AMaximisedWindowComesBackMaximised) {
+    ASSERT_EQ(Main("/idemode"), 0);
+    HlydWindow* window = windowedMainWindow();
+    window->setGeometry(40, 60, 700, 500);
+    window->showMaximized();
+    QApplication::processEvents();
+    ASSERT_TRUE(window->isMaximized());
+    window->close();
+    EXPECT_NE(test::settingsFileText().find("WindowState=2"), std::string::npos);
+    uninstallWindowedRun();
+    useConfigDir(dir);
+    installWindowedRun();
+    ASSERT_EQ(Main("/idemode"), 0);
+    EXPECT_TRUE(windowedMainWindow()->isMaximized());
+    windowedMainWindow()->showNormal();
+    windowedMainWindow()->close();
+    EXPECT_NE(test::settingsFileText().find("WindowState=0"), std::string::npos);
+}
+
+// The splash greets for a second at most: with nothing pressed the start goes on once the clock
+// has passed a second.
+TEST_F(WindowedStartTest, TheSplashStandsForASecondAtMost) {
+    EventsUi events;
+    setUi(&events);
+    QObject guard;
+    QTimer::singleShot(50, &guard, [this] { clock.ticks += 1000; });
+    QTimer::singleShot(5000, &guard, [] { endSplashWait(); });  // the test fails rather than hang
+    QElapsedTimer started;
+    started.start();
+    EXPECT_EQ(Main(""), 0);
+    EXPECT_LT(started.elapsed(), 4000);
+    setUi(&ui);
 }
 
 TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {
