@@ -1,5 +1,6 @@
 // Choosing files to open: the Open dialog's filter and answers, the kinds of names, the rules on
 // projects mixed with source files, names open already, and the recent-files list they feed.
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -83,12 +84,15 @@ TEST_F(FileSelectionTest, DialogIsAskedWithTheSettingsAndCancelGivesStatus8) {
 }
 
 // The Open dialog starts in the folder of the last files opened, in this run and the next; a
-// DefaultFileLoc that the user set still wins, and a Cancel moves nothing.
+// DefaultFileLoc that the user set still wins, and a Cancel moves nothing. With no folder, or
+// one that is gone, it starts in the home folder, never on the machine's top.
 TEST_F(FileSelectionTest, DialogStartsWhereFilesWereLastOpened) {
+    const char* home = std::getenv("HOME");
+    ASSERT_NE(home, nullptr);
     std::string a = write("a.bas");
     ui.openAnswers.push_back(std::vector<std::string>{a});
     GetFilesToProcess(0);
-    EXPECT_EQ(ui.dialogs.back().directory, "");
+    EXPECT_EQ(ui.dialogs.back().directory, home);
     EXPECT_EQ(hlydSettings().LastFileLoc, src_.string());
     EXPECT_EQ(iniHandler().ReadString("LastFileLoc", "", "General"), src_.string());
 
@@ -99,6 +103,13 @@ TEST_F(FileSelectionTest, DialogStartsWhereFilesWereLastOpened) {
     hlydSettings().DefaultFileLoc = dir;
     GetFilesToProcess(0);
     EXPECT_EQ(ui.dialogs.back().directory, dir);
+
+    hlydSettings().DefaultFileLoc = dir + "/gone";
+    GetFilesToProcess(0);
+    EXPECT_EQ(ui.dialogs.back().directory, src_.string());
+    hlydSettings().LastFileLoc = dir + "/gone too";
+    GetFilesToProcess(0);
+    EXPECT_EQ(ui.dialogs.back().directory, home);
 }
 
 TEST_F(FileSelectionTest, DialogAnswersInEitherFormGiveFullNames) {

@@ -1,6 +1,9 @@
 // The screen emitter on a surface of fixed metrics: what it draws from a requested record, what
 // it says when there is nothing to draw, and how it sets the scroll bar and the labels.
 #include "display/screen_emitter.h"
+
+#include <map>
+
 #include "fake_surface.h"
 #include "files/file_loading.h"
 #include "files/file_table.h"
@@ -209,6 +212,27 @@ TEST_F(ScreenEmitterTest, ScrollRangeStopsAtTheLimitOfAScrollBar) {
     load("Huge.bas", text);
     show(1);
     EXPECT_EQ(bar().Max, 32767);
+}
+
+// A tab goes on to the next stop of TabWidth columns counted from where the code starts, past
+// the indentation the view computes, as on paper; the screen's tab width is 4 unless set.
+TEST_F(ScreenEmitterTest, TabsGoToTheNextStopFromTheCodesStart) {
+    EXPECT_EQ(format().TabWidth, 4);
+    format().Separator = 0;
+    load("Module1.bas", "Sub Foo()\n\tC\t= 3\n\tCCCC\t= 5\n\tX = 1:\tY = 2\nEnd Sub\n");
+    show(1);
+    std::map<std::string, std::vector<float>> x;
+    for (const auto& p : prints()) x[p.text].push_back(p.x1);
+    ASSERT_EQ(x["="].size(), 4u);
+    const float column = 100;  // a character of the fixed surface
+    EXPECT_EQ(x["="][0] - x["C"][0], 4 * column);
+    EXPECT_EQ(x["="][1] - x["CCCC"][0], 8 * column);  // four characters fill a stop: on to the next
+    EXPECT_EQ(x["Y"][0] - x["X"][0], 8 * column);     // "X = 1:" ends in column 6
+    format().TabWidth = 8;
+    show(1);
+    x.clear();
+    for (const auto& p : prints()) x[p.text].push_back(p.x1);
+    EXPECT_EQ(x["="][0] - x["C"][0], 8 * column);
 }
 
 }  // namespace

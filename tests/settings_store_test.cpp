@@ -330,7 +330,7 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
               (Keys{"General/Orientation", "General/CurrentPrinter", "General/Duplex", "General/PaperSize",
                     "General/Copies", "General/PrintQuality"}));
     EXPECT_EQ(keysAfter(saveWindowState),
-              (Keys{"General/Screen", "General/ToolBar", "General/ToolTips", "General/StatusBar", "General/FileList"}));
+              (Keys{"General/WindowState", "General/Screen", "General/ToolBar", "General/ToolTips", "General/StatusBar", "General/FileList"}));
     EXPECT_EQ(keysAfter([] { saveElementAttributes(kPrint, kElemKeyWords); }),
               (Keys{"PDF.Print/Color.Background.KeyWords", "PDF.Print/Color.Foreground.KeyWords",
                     "PDF.Print/FontName.KeyWords", "PDF.Print/FontAttr.KeyWords"}));

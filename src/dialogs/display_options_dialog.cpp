@@ -25,6 +25,7 @@
 #include <array>
 #include <map>
 
+#include "dialogs/help_key.h"
 #include "dialogs/element_sample.h"
 #include "dialogs/form_parts.h"
 #include "platform/qt/classic_colour.h"
@@ -64,6 +65,7 @@ class DisplayOptionsForm : public QDialog {
 public:
     DisplayOptionsForm(QWidget* parent, DisplayOptionsModel& m) : QDialog(parent), m_(m) {
         setObjectName("frmDisplayOptions");
+        setHelpPage(this, "display-options.html");
         setWindowTitle(caption("frmDisplayOptions"));
         auto* box = new QVBoxLayout(this);
         tabs_ = named("tabOptions", new QTabWidget);

@@ -2,11 +2,13 @@
 
 #include <QPushButton>
 
+#include "dialogs/help_key.h"
 #include "shell/help_commands.h"
 
 namespace hlyd {
 
 QHBoxLayout* okCancelHelpRow(QDialog* form, const std::function<void()>& ok, const std::string& helpPage) {
+    setHelpPage(form, helpPage);
     auto* row = new QHBoxLayout;
     auto* okButton = named("cmdOK", new QPushButton("OK"));
     okButton->setDefault(true);

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "base/app_info.h"
+#include "dialogs/help_key.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -55,6 +56,7 @@ QPushButton* addButton(QDialogButtonBox* buttons, const char* name, const QStrin
 
 FrmErrorInfo::FrmErrorInfo(const std::string& report, QWidget* parent) : QDialog(parent), model_(report) {
     setObjectName("frmErrorInfo");
+    setHelpPage(this, "error-report.html");
     setWindowTitle(fromUtf8(theAppInfo().Title));
     if (parent) setWindowIcon(parent->windowIcon());
     txtError_ = reportBox(model_, this);

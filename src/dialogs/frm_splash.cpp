@@ -84,7 +84,8 @@ bool FrmSplash::eventFilter(QObject* watched, QEvent* event) {
             if (!QApplication::activeModalWidget()) endSplashWait();
             break;
         case QEvent::MouseButtonPress:
-            if (widget && widget->window() == this) endSplashWait();
+            // A click on the splash, or on the window behind it that the user wants to use.
+            if (widget && !QApplication::activeModalWidget()) endSplashWait();
             break;
         case QEvent::Show:
         case QEvent::WindowActivate:

@@ -12,6 +12,7 @@
 
 #include "base/app_info.h"
 #include "dialogs/about_box.h"
+#include "dialogs/help_key.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
 #include "dialogs/display_options_dialog.h"
@@ -52,6 +53,9 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     setObjectName("HLYD");
     setWindowTitle(fromUtf8(theAppInfo().Title));
     blocker_ = new InputBlocker(this);
+    setAcceptDrops(true);
+    setHelpPage(this, "window.html");
+    new HelpKey(this);
     buildView();
     buildStatusBar();
     buildMenus();
@@ -81,8 +85,9 @@ void HlydWindow::buildView() {
     picShow_ = new PicShow(central);
     vsbDisplay_ = new QScrollBar(Qt::Vertical, central);
     vsbDisplay_->setObjectName("vsbDisplay");
-    // The view follows the bar when it is let go, not while the thumb is dragged.
-    vsbDisplay_->setTracking(false);
+    // The view follows the thumb while it is dragged; the bar is set from the model again when
+    // the thumb is let go (see refreshScrollBar).
+    vsbDisplay_->setTracking(true);
     layout->addWidget(picShow_, 1);
     layout->addWidget(vsbDisplay_);
     setCentralWidget(central);
@@ -90,6 +95,7 @@ void HlydWindow::buildView() {
     connect(picShow_, &PicShow::keyDown, this, &HlydWindow::onKeyDown);
     connect(picShow_, &PicShow::wheelTurned, this, &HlydWindow::onWheel);
     connect(vsbDisplay_, &QScrollBar::valueChanged, this, &HlydWindow::onScrollValue);
+    connect(vsbDisplay_, &QScrollBar::sliderReleased, this, &HlydWindow::refreshScrollBar);
     connect(picShow_, &PicShow::contextMenuAsked, this, [this](QPoint at) { popupMenu_->popup(at); });
 }
 

@@ -48,6 +48,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     // Tips of the toolbar stay hidden while the ToolTips setting is off.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // Files dropped on the window open as File/Open opens them.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void buildView();

@@ -78,6 +78,11 @@ void HlydWindow::buildFileMenu() {
     }
     mruEnd_ = fileMenu_->addSeparator();
     addCommand(fileMenu_, "mnuFilExit", "E&xit", [this] { close(); });
+    // The keys every desktop program answers to; Ctrl+F is the find bar's.
+    action("mnuFilOpen")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    action("mnuFilClose")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
+    action("mnuFilPrint")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    action("mnuFilExit")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 }
 
 void HlydWindow::buildViewMenu() {

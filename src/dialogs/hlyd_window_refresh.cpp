@@ -98,7 +98,10 @@ void HlydWindow::refreshScrollBar() {
     vsbDisplay_->setRange(bar.Min, std::max(bar.Min, bar.Max));
     vsbDisplay_->setPageStep(std::max(1, bar.LargeChange));
     vsbDisplay_->setSingleStep(std::max(1, bar.SmallChange));
-    vsbDisplay_->setValue(bar.Value);
+    // A thumb under the mouse stays where the user holds it: the view may start on another record
+    // than the one asked for (a hidden form description), and moving the thumb under the mouse
+    // would make the drag jump.
+    if (!vsbDisplay_->isSliderDown()) vsbDisplay_->setValue(bar.Value);
     syncing_ = false;
 }
 
@@ -172,8 +175,10 @@ void HlydWindow::restoreFromSettings() {
 
 void HlydWindow::storeIntoSettings() {
     HlydSettings& s = hlydSettings();
-    s.WindowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    if (s.WindowState != 0) return;  // a minimised or maximised window keeps its normal place
+    // A maximised window comes back maximised. One closed while minimised comes back as a window:
+    // a program that starts as an icon looks as if it had not started.
+    s.WindowState = isMaximized() ? 2 : 0;
+    if (isMaximized() || isMinimized()) return;  // the normal place is kept for when it is restored
     int tppX = picDisplay_->twipsPerPixelX();
     int tppY = picDisplay_->twipsPerPixelY();
     QRect place = geometry();

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 #include <map>
 
+#include "dialogs/help_key.h"
 #include "dialogs/form_parts.h"
 #include "platform/qt/qt_text.h"
 #include "printing/print_dialog.h"
@@ -242,6 +243,7 @@ bool showSelectForm(QWidget* parent, SelectProcModel& m) {
     box->addLayout(row);
     buttons["cmdHelp"]->setEnabled(helpAvailable());
     QObject::connect(buttons["cmdHelp"], &QPushButton::clicked, [] { showHelpPage("printing.html"); });
+    setHelpPage(&form, "printing.html");
     QObject::connect(buttons["cmdAll"], &QPushButton::clicked, list, &QListWidget::selectAll);
     QObject::connect(buttons["cmdNone"], &QPushButton::clicked, list, &QListWidget::clearSelection);
     QObject::connect(buttons["cmdOK"], &QPushButton::clicked, &form, &QDialog::accept);
@@ -260,6 +262,7 @@ class StatusForm : public QDialog {
 public:
     explicit StatusForm(QWidget* parent) : QDialog(parent) {
         setObjectName("HLYDPrintStatus");
+        setHelpPage(this, "printing.html");
         setWindowTitle(fromUtf8(printStatusDialog().Caption));
         auto* box = new QVBoxLayout(this);
         page_ = new QLabel;

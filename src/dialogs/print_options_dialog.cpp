@@ -128,7 +128,7 @@ private:
 
         auto* history = new QGroupBox("Print History");
         auto* historyBox = new QGridLayout(history);
-        historyBox->addWidget(check("chkSaveHYInfo", "Keep a print &history", &PrintOptionsValues::chkSaveHYInfo), 0, 0, 1, 2);
+        historyBox->addWidget(check("chkSaveHYInfo", "Keep a print histo&ry", &PrintOptionsValues::chkSaveHYInfo), 0, 0, 1, 2);
         txtSaveHYFile_ = named("txtSaveHYFile", new QLineEdit);
         historyBox->addWidget(txtSaveHYFile_, 1, 0);
         auto* browse = named("cmdHistoryFile", new QPushButton("&Browse..."));
@@ -175,7 +175,7 @@ private:
         auto* headingGrid = new QGridLayout(headings);
         const char* sides[] = {"Left", "Center", "Right"};
         for (int i = 0; i < 3; ++i) headingGrid->addWidget(new QLabel(sides[i]), 0, 1 + i, Qt::AlignHCenter);
-        auto* header = new QLabel("&Header:");
+        auto* header = new QLabel("Hea&der:");
         auto* footer = new QLabel("&Footer:");
         headingGrid->addWidget(header, 1, 0);
         headingGrid->addWidget(footer, 2, 0);

@@ -20,6 +20,7 @@
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"
+#include "dialogs/help_key.h"
 #include "shell/help_commands.h"
 #include "shell/start_mode.h"
 
@@ -128,6 +129,7 @@ private:
         cmdHelp_ = button("cmdHelp", "&Help");
         cmdHelp_->setEnabled(helpAvailable());
         connect(cmdHelp_, &QPushButton::clicked, this, [] { showHelpPage("project-file.html"); });
+        setHelpPage(this, "project-file.html");
         connect(cmdOK_, &QPushButton::clicked, this, [this] {
             if (cmdOK_Click(m_)) accept();
         });

@@ -142,6 +142,8 @@ bool removeFile(const std::string& path);
 std::string tempFileName(const std::string& prefix);
 std::string tempDirectory();
 std::string currentDirectory();
+// The user's own folder ($HOME, %USERPROFILE%); the current directory when none is set.
+std::string homeDirectory();
 // The name made absolute against the current directory, with "." and ".." folded.
 std::string absolutePath(const std::string& path);
 

@@ -1,5 +1,6 @@
 #include "settings/last_folders.h"
 
+#include "platform/os.h"
 #include "settings/settings_keys.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -25,9 +26,14 @@ std::string folderOf(const std::string& file) {
     return directory;
 }
 
+// A folder named in the settings that is gone (a removed project, a drive not attached) gives way
+// to the home folder, as does no folder at all: a dialog given no folder shows the machine's
+// top, where no source lives.
 std::string openDialogFolder() {
     const HlydSettings& s = hlydSettings();
-    return s.DefaultFileLoc.empty() ? s.LastFileLoc : s.DefaultFileLoc;
+    for (const std::string& folder : {s.DefaultFileLoc, s.LastFileLoc})
+        if (!folder.empty() && os::fileInfo(folder).kind == os::FileKind::Directory) return folder;
+    return os::homeDirectory();
 }
 
 void rememberOpenFolder(const std::string& chosenFile) { remember(hlydSettings().LastFileLoc, chosenFile); }

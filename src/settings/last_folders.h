@@ -5,7 +5,8 @@
 
 namespace hlyd {
 
-// The Open dialog's folder: DefaultFileLoc when the user set one, else the folder used last.
+// The Open dialog's folder: DefaultFileLoc when the user set one, else the folder used last,
+// else the home folder; a folder that is no longer there is passed over.
 std::string openDialogFolder();
 // The folder of a chosen file becomes the folder of the next dialog of its kind, also in later runs.
 void rememberOpenFolder(const std::string& chosenFile);

@@ -61,7 +61,8 @@ std::string fourWords(const std::array<std::int32_t, 4>& v) {
 void generalKeys(KeyList& k, HlydSettings& s) {
     const std::string g = "General";
     k.boolean(g, "DebugMenu", s.DebugMenu, kSaveNever);
-    k.number(g, "WindowState", s.WindowState, kSaveNever);
+    // Kept with the window's place: a maximised window comes back maximised.
+    k.number(g, "WindowState", s.WindowState, kSaveWindow);
     k.number(g, "CDLGFileIndex", s.CDLGFileIndex, kSaveFullOnly);
     k.boolean(g, "DoNotShowPrintDialog", s.DoNotShowPrintDialog, kSaveDisplay);
     k.boolean(g, "ShowOpenDialog", s.ShowOpenDialog, kSaveDisplay);

@@ -37,8 +37,9 @@ namespace {
 HlydMainState mainState;
 WindowedRun windowHooks;
 
-constexpr long kSplashSeconds = 8;
-constexpr long kSecondsPerDay = 86400;
+// The splash is a greeting, not a wait: eight seconds of it kept users from a window that was
+// ready, so it stands for a second at most.
+constexpr std::int64_t kSplashMilliseconds = 1000;
 
 long secondsSinceMidnight(std::time_t t) {
     std::tm tm = localTime(t);
@@ -118,13 +119,10 @@ void loadMainWindowHidden() {
 }
 
 // The splash stays up this long in a standalone start, unless the user dismisses it: a key or a
-// click says the splash has been seen, and eight seconds of nothing to do only cost the user.
+// click says the splash has been seen.
 void waitForSplash() {
-    auto elapsed = [] {
-        long seconds = secondsSinceMidnight(theClock().now()) - mainState.StartTime;
-        return seconds < 0 ? seconds + kSecondsPerDay : seconds;
-    };
-    while (!mainState.SplashWaitEnded && elapsed() < kSplashSeconds) {
+    auto elapsed = [] { return theClock().ticksMs() - mainState.StartTicks; };
+    while (!mainState.SplashWaitEnded && elapsed() < kSplashMilliseconds) {
         theUi().processEvents();
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
@@ -247,6 +245,7 @@ int Main(const std::string& commandLine, std::int32_t platformMode) {
     theLog();
     theDebug();
     mainState.StartTime = secondsSinceMidnight(theClock().now());
+    mainState.StartTicks = theClock().ticksMs();
     if (mainState.StartMode == kStartInit) return 0;
     if (windowHooks.active()) theUi().setBusy(true);
     if (windowHooks.showSplash && mainState.StartMode != kStartCommandLineFile) {

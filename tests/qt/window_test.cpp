@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMimeData>
+#include <QUrl>
+#include <QDropEvent>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
@@ -219,6 +222,86 @@ TEST_F(WindowTest, TheProcedureListJumpsToTheProcedure) {
     EXPECT_EQ(window->cboProc()->currentIndex(), index);
 }
 
+// Dragging the thumb moves the view with it, before the thumb is let go; once let go the bar
+// shows the view's first record.
+TEST_F(WindowTest, DraggingTheThumbScrollsLive) {
+    window->resize(900, 320);
+    QApplication::processEvents();
+    open(kSampleModule);
+    QScrollBar* bar = window->vsbDisplay();
+    std::int32_t start = first();
+    bar->setSliderDown(true);
+    bar->setSliderPosition(start + 20);
+    EXPECT_EQ(first(), start + 20);
+    bar->setSliderPosition(start + 10);
+    EXPECT_EQ(first(), start + 10);
+    EXPECT_EQ(bar->sliderPosition(), start + 10);
+    bar->setSliderDown(false);
+    emit bar->sliderReleased();
+    EXPECT_EQ(bar->value(), mainWindow().vsbDisplay.Value);
+}
+
+// Every procedure chosen from the list is drawn, from the first of the file to the last, in the
+// list's order and back.
+TEST_F(WindowTest, EveryProcedureChosenFromTheListIsDrawn) {
+    std::string text = "VERSION 5.00\nBegin VB.UserControl Tree\n   ClientHeight = 1800\nEnd\n"
+                       "Attribute VB_Name = \"Tree\"\nOption Explicit\n";
+    for (int p = 1; p <= 60; ++p)
+        text += "Public Property Get P" + std::to_string(p) + "() As Long\n    P" + std::to_string(p) +
+                " = " + std::to_string(p) + "\nEnd Property\n";
+    open(test::writeTempFile("Tree.ctl", text));
+    QComboBox* list = window->cboProc();
+    ASSERT_GT(list->count(), 60);
+    for (int pass = 0; pass < 2; ++pass)
+        for (int k = 0; k < list->count(); ++k) {
+            int i = pass == 0 ? k : list->count() - 1 - k;
+            list->setCurrentIndex(i);
+            emit list->activated(i);
+            QApplication::processEvents();
+            EXPECT_TRUE(hasDrawing(window->picShow()->picture())) << list->itemText(i).toStdString();
+        }
+}
+
+// Files dropped from a file manager: a source file opens as Open opens it, a project too (its
+// members as the Project File dialog offers them); a file of another kind is named in the status
+// and nothing else changes.
+TEST_F(WindowTest, DroppedSourceAndProjectFilesOpen) {
+    auto drop = [&](const QStringList& paths) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths) urls.push_back(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QPoint at(20, 20);
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &dropped);
+        QApplication::processEvents();
+        return dropped.isAccepted();
+    };
+    const QString notes = QString::fromStdString(test::writeTempFile("notes.txt", "not Basic\n"));
+    EXPECT_TRUE(drop({notes}));
+    EXPECT_EQ(window->windowTitle(), "Halyard");
+    EXPECT_EQ(window->lblStatus()->text(),
+              "Not opened: notes.txt (only Visual Basic source, project and group files open)");
+    EXPECT_TRUE(ui.dialogs.empty());  // no Open dialog came up
+
+    const QString upper = QString::fromStdString(test::writeTempFile("MODULE2.BAS", "Sub A()\nEnd Sub\n"));
+    EXPECT_TRUE(drop({QString::fromStdString(kSampleModule), notes, upper}));
+    EXPECT_EQ(oFile().Count(), 2);
+    EXPECT_EQ(window->windowTitle(), "Halyard - MODULE2.BAS");  // the last opened is shown, as after Open
+    EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
+    EXPECT_TRUE(window->lblStatus()->text().startsWith("Not opened: notes.txt"));
+
+    window->action("mnuFilCloseAll")->trigger();
+    EXPECT_TRUE(drop({QString::fromStdString(kSampleProject)}));
+    EXPECT_EQ(window->windowTitle(), "Halyard - Sample.vbp");
+    EXPECT_GT(oFile().Count(), 1);
+    EXPECT_EQ(window->lblStatus()->text(), "Ready");
+    EXPECT_TRUE(ui.dialogs.empty());
+}
+
 TEST_F(WindowTest, AResizeDrawsTheViewAgain) {
     open(kSampleModule);
     std::int32_t lastBefore = emitterState().LastRecord;
@@ -353,9 +436,13 @@ public:
     void processEvents() override { QApplication::processEvents(); }
 };
 
-// A standalone start waits on its splash while the clock stands still: a key ends the wait, and
-// the window is there with its commands. Meanwhile the commands waited. Gives the start's time.
-qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
+// How the user dismisses the splash.
+enum class Dismissal { KeyOnSplash, KeyOnWindow, ClickOnWindow };
+
+// A standalone start waits on its splash while the clock stands still: a key or a click ends the
+// wait, and the window is there with its commands. Meanwhile the commands waited. Gives the
+// start's time.
+qint64 startAndDismiss(Dismissal how, bool& commandsWaited, Ui& restored) {
     EventsUi events;
     setUi(&events);
     QTimer press;
@@ -363,7 +450,8 @@ qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
         for (QWidget* top : QApplication::topLevelWidgets())
             if (top->objectName() == "frmSplash" && top->isVisible() && windowedMainWindow()) {
                 commandsWaited = !mainWindow().controlsEnabled;
-                QTest::keyClick(onSplash ? top : windowedMainWindow()->picShow(), Qt::Key_Space);
+                if (how == Dismissal::ClickOnWindow) QTest::mouseClick(windowedMainWindow()->picShow(), Qt::LeftButton);
+                else QTest::keyClick(how == Dismissal::KeyOnSplash ? top : windowedMainWindow()->picShow(), Qt::Key_Space);
                 press.stop();
             }
     });
@@ -378,11 +466,12 @@ qint64 startAndPressSpace(bool onSplash, bool& commandsWaited, Ui& restored) {
     return started.elapsed();
 }
 
-// The key on the splash, or on the window behind it that the user may have clicked into.
-TEST_F(WindowedStartTest, AKeyEndsTheSplashWait) {
-    for (bool onSplash : {true, false}) {
+// The key on the splash, or on the window behind it that the user may have clicked into; a click
+// on that window.
+TEST_F(WindowedStartTest, AKeyOrAClickEndsTheSplashWait) {
+    for (Dismissal how : {Dismissal::KeyOnSplash, Dismissal::KeyOnWindow, Dismissal::ClickOnWindow}) {
         bool commandsWaited = false;
-        EXPECT_LT(startAndPressSpace(onSplash, commandsWaited, ui), 4000) << onSplash;
+        EXPECT_LT(startAndDismiss(how, commandsWaited, ui), 4000) << static_cast<int>(how);
         EXPECT_TRUE(commandsWaited);
         ASSERT_NE(windowedMainWindow(), nullptr);
         EXPECT_TRUE(windowedMainWindow()->isVisible());
@@ -391,6 +480,41 @@ TEST_F(WindowedStartTest, AKeyEndsTheSplashWait) {
         useConfigDir(dir + "/again");
         installWindowedRun();
     }
+}
+
+// A window closed maximised comes back maximised in the next run, over its normal place.
+TEST_F(WindowedStartTest, AMaximisedWindowComesBackMaximised) {
+    ASSERT_EQ(Main("/idemode"), 0);
+    HlydWindow* window = windowedMainWindow();
+    window->setGeometry(40, 60, 700, 500);
+    window->showMaximized();
+    QApplication::processEvents();
+    ASSERT_TRUE(window->isMaximized());
+    window->close();
+    EXPECT_NE(test::settingsFileText().find("WindowState=2"), std::string::npos);
+    uninstallWindowedRun();
+    useConfigDir(dir);
+    installWindowedRun();
+    ASSERT_EQ(Main("/idemode"), 0);
+    EXPECT_TRUE(windowedMainWindow()->isMaximized());
+    windowedMainWindow()->showNormal();
+    windowedMainWindow()->close();
+    EXPECT_NE(test::settingsFileText().find("WindowState=0"), std::string::npos);
+}
+
+// The splash greets for a second at most: with nothing pressed the start goes on once the clock
+// has passed a second.
+TEST_F(WindowedStartTest, TheSplashStandsForASecondAtMost) {
+    EventsUi events;
+    setUi(&events);
+    QObject guard;
+    QTimer::singleShot(50, &guard, [this] { clock.ticks += 1000; });
+    QTimer::singleShot(5000, &guard, [] { endSplashWait(); });  // the test fails rather than hang
+    QElapsedTimer started;
+    started.start();
+    EXPECT_EQ(Main(""), 0);
+    EXPECT_LT(started.elapsed(), 4000);
+    setUi(&ui);
 }
 
 TEST_F(WindowedStartTest, NoOpenDialogWhenTheSettingSaysNo) {

@@ -43,6 +43,11 @@ std::string currentDirectory() {
     return std::filesystem::current_path(ec).string();
 }
 
+std::string homeDirectory() {
+    const char* home = std::getenv("HOME");
+    return home && *home ? std::string(home) : currentDirectory();
+}
+
 std::string absolutePath(const std::string& path) {
     std::error_code ec;
     return std::filesystem::absolute(path, ec).lexically_normal().string();

@@ -1,5 +1,8 @@
 #include "platform/qt/image_surface.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/classic_fonts.h"
 #include "platform/qt/qt_text.h"
@@ -110,8 +113,20 @@ float ImageSurface::textWidth(const std::string& text) {
     return static_cast<float>(metrics().horizontalAdvance(fromCp1252(text)) * tppX_);
 }
 
+// A line is whole pixels: the font's ascent and descent each rounded up, and its leading. The
+// glyphs are drawn on a baseline a whole pixel down from the line's top, where the rasteriser
+// puts them anyway; a fractional line let a line's background cover the pixel row of the
+// underscores and descenders of the line above.
+int ImageSurface::ascentPixels() { return static_cast<int>(std::ceil(metrics().ascent())); }
+
+int ImageSurface::linePixels() {
+    const QFontMetricsF& m = metrics();
+    double leading = std::max(0.0, m.leading());
+    return ascentPixels() + static_cast<int>(std::ceil(m.descent())) + static_cast<int>(std::lround(leading));
+}
+
 float ImageSurface::textHeight(const std::string& text) {
-    return static_cast<float>(measuredLines(text) * metrics().lineSpacing() * tppY_);
+    return static_cast<float>(measuredLines(text) * linePixels() * tppY_);
 }
 
 void ImageSurface::print(const std::string& text) {
@@ -123,7 +138,7 @@ void ImageSurface::print(const std::string& text) {
     }
     p.setPen(colourOf(foreColor_));
     QPointF topLeft = toPixels(x_, y_);
-    p.drawText(QPointF(topLeft.x(), topLeft.y() + metrics().ascent()), shown);
+    p.drawText(QPointF(topLeft.x(), std::round(topLeft.y()) + ascentPixels()), shown);
     x_ += static_cast<float>(metrics().horizontalAdvance(shown) * tppX_);
 }
 

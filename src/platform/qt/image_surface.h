@@ -70,6 +70,8 @@ public:
 private:
     QPainter& painter();
     const QFontMetricsF& metrics();
+    int ascentPixels();
+    int linePixels();
     void fontChanged() { metrics_.reset(); painterFontStale_ = true; }
     const QColor& colourOf(std::uint32_t colour);
     QPointF toPixels(float x, float y) const { return {x / tppX_, y / tppY_}; }

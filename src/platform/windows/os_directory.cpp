@@ -1,5 +1,8 @@
 // Directories and places on Windows: listings, the temporary and current directories.
 #include "platform/os.h"
+
+#include <cstdlib>
+
 #include "platform/os_shared.h"
 #include "platform/windows/win_support.h"
 
@@ -46,6 +49,11 @@ std::string currentDirectory() {
     char buffer[MAX_PATH + 1];
     DWORD length = GetCurrentDirectoryA(sizeof buffer, buffer);
     return length == 0 || length > MAX_PATH ? std::string(".") : std::string(buffer, length);
+}
+
+std::string homeDirectory() {
+    const char* home = std::getenv("USERPROFILE");
+    return home && *home ? std::string(home) : currentDirectory();
 }
 
 std::string absolutePath(const std::string& path) {
