@@ -23,6 +23,8 @@ pids+=($!)
 for _ in $(seq 50); do [[ -s $work/display ]] && break; sleep 0.1; done
 [[ -s $work/display ]] || fail "Xvfb did not start"
 export DISPLAY=:$(cat "$work/display")
+# On that display, whatever platform the other tests were told to use.
+export QT_QPA_PLATFORM=xcb
 openbox >/dev/null 2>&1 &
 pids+=($!)
 sleep 1
