@@ -55,6 +55,8 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     buildView();
     buildStatusBar();
     buildMenus();
+    buildEditMenu();
+    buildFindBar();
     buildToolBar();
     buildPopupMenu();
     presentingWindow = this;
@@ -126,6 +128,7 @@ void HlydWindow::bindModelHooks() {
 
 void HlydWindow::presentView() {
     picShow_->setPicture(picDisplay_->image());
+    refreshHighlights();
     if (picShow_->isVisible() && isActiveWindow() && !isMinimized()) picShow_->setFocus();
 }
 

@@ -87,6 +87,8 @@ private:
     void wrapMark(const AttributeRecord& a);
     void sourceContinuation();
     void movePen(float x, float y);
+    void tellPiece(std::size_t shownLength, float x);
+    void tellGap(std::int32_t next, std::size_t blanks, float xFrom);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
     bool breakIfFull();
     void gapBefore(std::int32_t next, const AttributeRecord& left);
@@ -114,6 +116,11 @@ private:
     bool halfCaret_ = false;
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
+    // For the stretches told to the view: where each token starts in the line, the token being
+    // drawn, and how many of its shown characters the pieces before took.
+    std::vector<std::int32_t> lineColumns_;
+    std::int32_t token_ = 0;
+    std::size_t shownPos_ = 0;
     bool stopped_ = false;
 };
 
@@ -148,8 +155,36 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
         unit = m_.WhiteSpaceSize[dest_];
     }
     column_ += blanks;
+    float xFrom = x_;
     x_ += static_cast<float>(blanks) * unit;
     if (hooks_.textDrawn) hooks_.textDrawn->append(static_cast<std::size_t>(blanks), ' ');
+    tellGap(next, lead.size(), xFrom);
+}
+
+void RecordPainter::tellPiece(std::size_t shownLength, float x) {
+    if (!hooks_.stretchDrawn) return;
+    const std::string& text = t_.Tokens[token_].Text;
+    std::size_t from = sourceBytesOfShown(text, shownPos_);
+    shownPos_ += shownLength;
+    std::size_t to = sourceBytesOfShown(text, shownPos_);
+    std::size_t index = static_cast<std::size_t>(token_ - t_.Records[record_].FirstT);
+    if (!drawable() || to == from || index >= lineColumns_.size()) return;
+    DrawnStretch stretch{record_, lineColumns_.at(index) + static_cast<std::int32_t>(from),
+                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_,
+                         measureEdges(s_, text, from, to - from, x)};
+    hooks_.stretchDrawn(std::move(stretch));
+}
+
+// The blanks between two tokens take their share of the gap each, tabs as much as blanks: a
+// pointer in a gap finds the nearer token's side.
+void RecordPainter::tellGap(std::int32_t next, std::size_t blanks, float xFrom) {
+    std::size_t index = static_cast<std::size_t>(next - t_.Records[record_].FirstT);
+    if (!hooks_.stretchDrawn || !drawable() || blanks == 0 || index >= lineColumns_.size()) return;
+    DrawnStretch stretch{record_, std::max(0, lineColumns_.at(index) - static_cast<std::int32_t>(blanks)),
+                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, {}};
+    for (std::size_t k = 0; k <= blanks; ++k)
+        stretch.edges.push_back(xFrom + (x_ - xFrom) * static_cast<float>(k) / static_cast<float>(blanks));
+    hooks_.stretchDrawn(std::move(stretch));
 }
 
 std::int32_t RecordPainter::lastToken(const Record& r) const {
@@ -181,6 +216,7 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     printShown(text);
     penX_ = x_ + width;
     if (hooks_.textDrawn) hooks_.textDrawn->append(text);
+    tellPiece(text.size(), x_);
 }
 
 // Each "^A" that shows a control character is printed as standing for the source's byte, which a
@@ -329,7 +365,7 @@ void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, cons
     }
     for (std::size_t p = 0; p < pieces.size(); ++p) {
         if (drawable()) drawText(pieces[p], a, yText_, yNext_);
-        else x_ += s_.textWidth(pieces[p]), penX_ = x_;
+        else x_ += s_.textWidth(pieces[p]), penX_ = x_, tellPiece(pieces[p].size(), x_);
         if (p + 1 == pieces.size()) break;
         x_ = xWrap_ + continuationIndent(a);
         y_ = yNext_;
@@ -359,8 +395,11 @@ std::int32_t RecordPainter::run() {
     if (!breakIfFull()) return wraps_;
     yNext_ = y_ + lineHeight_;
     std::vector<std::string> pieces;
+    if (hooks_.stretchDrawn) lineColumns_ = tokenColumns(t_, record_);
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
+        token_ = i;
+        shownPos_ = 0;
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
         const std::string text = visibleText(token.Text);
         if (i == r.FirstT) firstTokenStart(token);

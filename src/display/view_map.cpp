@@ -1,0 +1,72 @@
+#include "display/view_map.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace hlyd {
+
+namespace {
+
+ViewMap map;
+
+float distanceToLine(const DrawnStretch& s, float y) {
+    if (y < s.top) return s.top - y;
+    if (y >= s.bottom) return y - s.bottom + 1;
+    return 0;
+}
+
+// The nearest edge of the stretch to x, as a place in the line.
+TextPlace nearestEdge(const DrawnStretch& s, float x) {
+    auto after = std::lower_bound(s.edges.begin(), s.edges.end(), x);
+    std::size_t k = static_cast<std::size_t>(after - s.edges.begin());
+    if (k == s.edges.size()) k = s.edges.size() - 1;
+    else if (k > 0 && x - s.edges[k - 1] < s.edges[k] - x) --k;
+    return {s.record, s.column + static_cast<std::int32_t>(k)};
+}
+
+}  // namespace
+
+ViewMap& viewMap() { return map; }
+void resetViewMap() { map = ViewMap{}; }
+
+bool before(TextPlace a, TextPlace b) { return a.record != b.record ? a.record < b.record : a.column < b.column; }
+
+std::optional<TextPlace> placeAt(const ViewMap& m, float x, float y) {
+    float nearest = std::numeric_limits<float>::max();
+    for (const DrawnStretch& s : m.stretches) nearest = std::min(nearest, distanceToLine(s, y));
+    const DrawnStretch* left = nullptr;
+    const DrawnStretch* right = nullptr;
+    for (const DrawnStretch& s : m.stretches) {
+        if (distanceToLine(s, y) != nearest || s.edges.empty()) continue;
+        if (x >= s.edges.front() && x <= s.edges.back()) return nearestEdge(s, x);
+        if (s.edges.back() < x && (!left || s.edges.back() > left->edges.back())) left = &s;
+        if (s.edges.front() > x && (!right || s.edges.front() < right->edges.front())) right = &s;
+    }
+    if (left) return TextPlace{left->record, left->column + left->length};
+    if (right) return TextPlace{right->record, right->column};
+    return std::nullopt;
+}
+
+std::vector<TwipBox> boxesOf(const ViewMap& m, TextPlace from, TextPlace to) {
+    std::vector<TwipBox> boxes;
+    if (!before(from, to)) return boxes;
+    for (const DrawnStretch& s : m.stretches) {
+        if (s.record < from.record || s.record > to.record) continue;
+        std::int32_t begin = s.record == from.record ? std::max(s.column, from.column) : s.column;
+        std::int32_t end = s.record == to.record ? std::min(s.column + s.length, to.column) : s.column + s.length;
+        if (begin >= end) continue;
+        boxes.push_back({s.edges[static_cast<std::size_t>(begin - s.column)], s.top,
+                         s.edges[static_cast<std::size_t>(end - s.column)], s.bottom});
+    }
+    return boxes;
+}
+
+bool placeShown(const ViewMap& m, TextPlace place, float bottom) {
+    return std::any_of(m.stretches.begin(), m.stretches.end(), [&](const DrawnStretch& s) {
+        return s.record == place.record && place.column >= s.column && place.column <= s.column + s.length &&
+               s.bottom <= bottom;
+    });
+}
+
+}  // namespace hlyd
