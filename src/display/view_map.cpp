@@ -25,6 +25,14 @@ TextPlace nearestEdge(const DrawnStretch& s, float x) {
     return {s.record, s.column + static_cast<std::int32_t>(k)};
 }
 
+// Left of a record's first screen line is the start of its line, indentation and all, so that a
+// drag from the margin takes whole lines as the file has them; left of a wrapped line's
+// continuation is where that continuation starts.
+bool firstScreenLine(const ViewMap& m, const DrawnStretch& s) {
+    return std::none_of(m.stretches.begin(), m.stretches.end(),
+                        [&](const DrawnStretch& other) { return other.record == s.record && other.top < s.top; });
+}
+
 }  // namespace
 
 ViewMap& viewMap() { return map; }
@@ -44,7 +52,7 @@ std::optional<TextPlace> placeAt(const ViewMap& m, float x, float y) {
         if (s.edges.front() > x && (!right || s.edges.front() < right->edges.front())) right = &s;
     }
     if (left) return TextPlace{left->record, left->column + left->length};
-    if (right) return TextPlace{right->record, right->column};
+    if (right) return TextPlace{right->record, firstScreenLine(m, *right) ? 0 : right->column};
     return std::nullopt;
 }
 
@@ -56,8 +64,14 @@ std::vector<TwipBox> boxesOf(const ViewMap& m, TextPlace from, TextPlace to) {
         std::int32_t begin = s.record == from.record ? std::max(s.column, from.column) : s.column;
         std::int32_t end = s.record == to.record ? std::min(s.column + s.length, to.column) : s.column + s.length;
         if (begin >= end) continue;
-        boxes.push_back({s.edges[static_cast<std::size_t>(begin - s.column)], s.top,
-                         s.edges[static_cast<std::size_t>(end - s.column)], s.bottom});
+        TwipBox box{s.edges[static_cast<std::size_t>(begin - s.column)], s.top,
+                    s.edges[static_cast<std::size_t>(end - s.column)], s.bottom};
+        // A word and the blanks after it light as one box, not as pieces side by side.
+        if (!boxes.empty() && boxes.back().top == box.top && boxes.back().bottom == box.bottom &&
+            std::abs(boxes.back().right - box.left) < 1)
+            boxes.back().right = box.right;
+        else
+            boxes.push_back(box);
     }
     return boxes;
 }

@@ -33,15 +33,26 @@ mkdir -p "$HLYD_CONFIG_DIR"
 printf '[General]\nScreen=300 300 13500 9000\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
 printf 'Attribute VB_Name = "modOrders"\r\nOption Explicit\r\n\r\n'"' Adds up the order.\r\n"'Public Function OrderTotal(ByVal count As Long) As Currency\r\n    Dim total As Currency, i As Long\r\n    For i = 1 To count\r\n\tIf Price(i) > 0 Then total = total + Price(i) * Quantity(i) + ShippingCost(i) + HandlingFee(i)\r\n    Next i\r\n    OrderTotal = total\r\nEnd Function\r\n' >"$work/Orders.bas"
 
+# A window by its title; the search is asked again while windows come and go (the splash).
+wait_window() {
+    local found=""
+    for _ in $(seq 100); do
+        found=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 || true)
+        [ -n "$found" ] && break
+        sleep 0.2
+    done
+    echo "$found"
+}
+
 "$halyard" >"$work/out" 2>&1 &
 pids+=($!)
-dialog=$(xdotool search --sync --onlyvisible --name "File\(s\) to Process" | head -1)
+dialog=$(wait_window "File\(s\) to Process")
 [ -n "$dialog" ] || fail "the Open dialog did not come up"
 xdotool windowactivate --sync "$dialog"
 sleep 0.3
 xdotool type --delay 5 "$work/Orders.bas"
 xdotool key Return
-main=$(xdotool search --sync --onlyvisible --name "Halyard - Orders.bas" | head -1)
+main=$(wait_window "Halyard - Orders.bas")
 [ -n "$main" ] || fail "the file is not shown"
 xdotool windowactivate --sync "$main"
 sleep 0.5
@@ -69,17 +80,19 @@ sleep 0.3
 copied=$(clipboard)
 line_of_file "$copied" || fail "the copied line is not the file's: '$copied'"
 
-# A drag along a line of the view, from left of its text to past its end: the whole line, its
-# tab and blanks as in the file.
+# A drag down the view, from left of a line's text to past the end of a line below it: whole lines
+# (the For block, with its tab-indented line, where the default fonts put it), indentation and
+# blanks as in the file, no wrap marks.
 eval "$(xdotool getwindowgeometry --shell "$main")"
-view_y=$((Y + HEIGHT / 2))
-xdotool mousemove $((X + 3)) "$view_y" mousedown 1 mousemove $((X + WIDTH / 2)) "$view_y" \
-    mousemove $((X + WIDTH - 40)) "$view_y" mouseup 1
+xdotool mousemove $((X + 3)) $((Y + 158)) mousedown 1 mousemove $((X + WIDTH / 2)) $((Y + 173)) \
+    mousemove $((X + WIDTH - 40)) $((Y + 188)) mouseup 1
 sleep 0.3
 [ -n "${SHOTS:-}" ] && import -window "$main" "$SHOTS/selection.png"
 xdotool key ctrl+c
 sleep 0.3
 copied=$(clipboard)
 [ -n "$copied" ] || fail "the drag copied nothing"
-line_of_file "$copied" || fail "the dragged line is not the file's: '$copied'"
+while IFS= read -r line; do
+    line_of_file "$line" || fail "a dragged line is not the file's: '$line' in '$copied'"
+done <<<"$copied"
 echo "PASS: copied '$copied'"
