@@ -91,8 +91,8 @@ TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
     EXPECT_EQ(first.column, 3);  // "total", after the line's own three blanks
     float middle = (first.top + first.bottom) / 2;
     auto at = [&](float x) { return placeAt(viewMap(), x, middle).value_or(TextPlace{}); };
-    EXPECT_EQ(at(first.edges[2] + 10).column, 5);  // nearer the left edge of the third byte
-    EXPECT_EQ(at(first.edges[2] + 60).column, 6);
+    EXPECT_EQ(at(stretchEdges(first)[2] + 10).column, 5);  // nearer the left edge of the third byte
+    EXPECT_EQ(at(stretchEdges(first)[2] + 60).column, 6);
     EXPECT_EQ(at(0).column, 0);              // left of the text: the line's start, blanks and all
     EXPECT_EQ(at(11999).column, 22);         // right of it: the line's end
     EXPECT_EQ(at(11999).record, 4);
@@ -100,8 +100,8 @@ TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
 
     std::vector<TwipBox> boxes = boxesOf(viewMap(), {4, 3}, {4, 8});
     ASSERT_EQ(boxes.size(), 1u);
-    EXPECT_EQ(boxes[0].left, first.edges[0]);
-    EXPECT_EQ(boxes[0].right, first.edges[5]);
+    EXPECT_EQ(boxes[0].left, stretchEdges(first)[0]);
+    EXPECT_EQ(boxes[0].right, stretchEdges(first)[5]);
     // A selection over the wrapped line lights each of its screen lines, one box a line.
     std::vector<const DrawnStretch*> wrapped = stretchesOf(6);
     std::vector<TwipBox> lit = boxesOf(viewMap(), {6, 0}, {7, 0});

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/font_metrics.h"
 #include "display/visible_text.h"
 #include "platform/surface.h"
 
@@ -44,6 +45,22 @@ std::vector<float> measureEdges(Surface& surface, const std::string& source, std
     edges.push_back(x);
     for (std::size_t k = 1; k <= length; ++k) edges.push_back(x + surface.textWidth(visibleText(source.substr(from, k))));
     return edges;
+}
+
+const std::vector<float>& stretchEdges(const DrawnStretch& s) {
+    if (!s.edges.empty()) return s.edges;
+    Surface* surface = displaySurface();
+    auto length = static_cast<std::size_t>(std::max(0, s.length));
+    if (s.attributes && surface) {
+        setAttributesOn(*surface, const_cast<AttributeRecord&>(*s.attributes));
+        std::string line(theSourceTables().Texts->line(s.record));
+        s.edges = measureEdges(*surface, line, std::min(line.size(), static_cast<std::size_t>(s.column)), length, s.left);
+        s.edges.resize(length + 1, s.right);
+    } else {
+        for (std::size_t k = 0; k <= length; ++k)
+            s.edges.push_back(s.left + (s.right - s.left) * static_cast<float>(k) / static_cast<float>(std::max<std::size_t>(1, length)));
+    }
+    return s.edges;
 }
 
 }  // namespace hlyd

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/source_model.h"
+#include "settings/attributes.h"
 
 namespace hlyd {
 
@@ -17,9 +18,17 @@ struct DrawnStretch {
     std::int32_t column = 0;   // the first byte's offset in the line
     std::int32_t length = 0;   // bytes of the line
     float top = 0, bottom = 0;  // the screen line it stands on, in twips
-    // The left edge of each byte, and the stretch's right end: length + 1 values.
-    std::vector<float> edges;
+    float left = 0, right = 0;
+    // The font it was drawn in; none for the blanks between tokens, which share their room evenly.
+    const AttributeRecord* attributes = nullptr;
+    // The left edge of each byte, and the stretch's right end (length + 1 values): measured only
+    // when a pointer or a selection needs them, as a redraw would otherwise measure every prefix
+    // of every piece on the screen.
+    mutable std::vector<float> edges;
 };
+
+// The stretch's edges, measured on the display surface in its font the first time they are asked.
+const std::vector<float>& stretchEdges(const DrawnStretch& stretch);
 
 // The offset in the record's line at which each of its tokens starts, from the record's first
 // token on. Blanks before a token are its LeadingSpace; a token whose text the reader changed (a

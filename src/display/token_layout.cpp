@@ -87,7 +87,7 @@ private:
     void wrapMark(const AttributeRecord& a);
     void sourceContinuation();
     void movePen(float x, float y);
-    void tellPiece(std::size_t shownLength, float x);
+    void tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a);
     void tellGap(std::int32_t next, std::size_t blanks, float xFrom);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
     bool breakIfFull();
@@ -161,7 +161,7 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
     tellGap(next, lead.size(), xFrom);
 }
 
-void RecordPainter::tellPiece(std::size_t shownLength, float x) {
+void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a) {
     if (!hooks_.stretchDrawn) return;
     const std::string& text = t_.Tokens[token_].Text;
     std::size_t from = sourceBytesOfShown(text, shownPos_);
@@ -170,20 +170,17 @@ void RecordPainter::tellPiece(std::size_t shownLength, float x) {
     std::size_t index = static_cast<std::size_t>(token_ - t_.Records[record_].FirstT);
     if (!drawable() || to == from || index >= lineColumns_.size()) return;
     DrawnStretch stretch{record_, lineColumns_.at(index) + static_cast<std::int32_t>(from),
-                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_,
-                         measureEdges(s_, text, from, to - from, x)};
+                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_, x, x + width, a, {}};
     hooks_.stretchDrawn(std::move(stretch));
 }
 
-// The blanks between two tokens take their share of the gap each, tabs as much as blanks: a
-// pointer in a gap finds the nearer token's side.
+// The blanks between two tokens take an even share of the gap each (stretchEdges), tabs as much
+// as blanks: a pointer in a gap finds the nearer token's side.
 void RecordPainter::tellGap(std::int32_t next, std::size_t blanks, float xFrom) {
     std::size_t index = static_cast<std::size_t>(next - t_.Records[record_].FirstT);
     if (!hooks_.stretchDrawn || !drawable() || blanks == 0 || index >= lineColumns_.size()) return;
     DrawnStretch stretch{record_, std::max(0, lineColumns_.at(index) - static_cast<std::int32_t>(blanks)),
-                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, {}};
-    for (std::size_t k = 0; k <= blanks; ++k)
-        stretch.edges.push_back(xFrom + (x_ - xFrom) * static_cast<float>(k) / static_cast<float>(blanks));
+                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, xFrom, x_, nullptr, {}};
     hooks_.stretchDrawn(std::move(stretch));
 }
 
@@ -216,7 +213,7 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     printShown(text);
     penX_ = x_ + width;
     if (hooks_.textDrawn) hooks_.textDrawn->append(text);
-    tellPiece(text.size(), x_);
+    tellPiece(text.size(), x_, width, &a);
 }
 
 // Each "^A" that shows a control character is printed as standing for the source's byte, which a
@@ -365,7 +362,7 @@ void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, cons
     }
     for (std::size_t p = 0; p < pieces.size(); ++p) {
         if (drawable()) drawText(pieces[p], a, yText_, yNext_);
-        else x_ += s_.textWidth(pieces[p]), penX_ = x_, tellPiece(pieces[p].size(), x_);
+        else x_ += s_.textWidth(pieces[p]), penX_ = x_, tellPiece(pieces[p].size(), x_, 0, nullptr);
         if (p + 1 == pieces.size()) break;
         x_ = xWrap_ + continuationIndent(a);
         y_ = yNext_;

@@ -18,10 +18,11 @@ float distanceToLine(const DrawnStretch& s, float y) {
 
 // The nearest edge of the stretch to x, as a place in the line.
 TextPlace nearestEdge(const DrawnStretch& s, float x) {
-    auto after = std::lower_bound(s.edges.begin(), s.edges.end(), x);
-    std::size_t k = static_cast<std::size_t>(after - s.edges.begin());
-    if (k == s.edges.size()) k = s.edges.size() - 1;
-    else if (k > 0 && x - s.edges[k - 1] < s.edges[k] - x) --k;
+    const std::vector<float>& edges = stretchEdges(s);
+    auto after = std::lower_bound(edges.begin(), edges.end(), x);
+    std::size_t k = static_cast<std::size_t>(after - edges.begin());
+    if (k == edges.size()) k = edges.size() - 1;
+    else if (k > 0 && x - edges[k - 1] < edges[k] - x) --k;
     return {s.record, s.column + static_cast<std::int32_t>(k)};
 }
 
@@ -46,10 +47,10 @@ std::optional<TextPlace> placeAt(const ViewMap& m, float x, float y) {
     const DrawnStretch* left = nullptr;
     const DrawnStretch* right = nullptr;
     for (const DrawnStretch& s : m.stretches) {
-        if (distanceToLine(s, y) != nearest || s.edges.empty()) continue;
-        if (x >= s.edges.front() && x <= s.edges.back()) return nearestEdge(s, x);
-        if (s.edges.back() < x && (!left || s.edges.back() > left->edges.back())) left = &s;
-        if (s.edges.front() > x && (!right || s.edges.front() < right->edges.front())) right = &s;
+        if (distanceToLine(s, y) != nearest || s.length <= 0) continue;
+        if (x >= s.left && x <= s.right) return nearestEdge(s, x);
+        if (s.right < x && (!left || s.right > left->right)) left = &s;
+        if (s.left > x && (!right || s.left < right->left)) right = &s;
     }
     if (left) return TextPlace{left->record, left->column + left->length};
     if (right) return TextPlace{right->record, firstScreenLine(m, *right) ? 0 : right->column};
@@ -64,8 +65,12 @@ std::vector<TwipBox> boxesOf(const ViewMap& m, TextPlace from, TextPlace to) {
         std::int32_t begin = s.record == from.record ? std::max(s.column, from.column) : s.column;
         std::int32_t end = s.record == to.record ? std::min(s.column + s.length, to.column) : s.column + s.length;
         if (begin >= end) continue;
-        TwipBox box{s.edges[static_cast<std::size_t>(begin - s.column)], s.top,
-                    s.edges[static_cast<std::size_t>(end - s.column)], s.bottom};
+        auto edgeAt = [&s](std::int32_t column) {
+            if (column == s.column) return s.left;
+            if (column == s.column + s.length) return s.right;
+            return stretchEdges(s)[static_cast<std::size_t>(column - s.column)];
+        };
+        TwipBox box{edgeAt(begin), s.top, edgeAt(end), s.bottom};
         // A word and the blanks after it light as one box, not as pieces side by side.
         if (!boxes.empty() && boxes.back().top == box.top && boxes.back().bottom == box.bottom &&
             std::abs(boxes.back().right - box.left) < 1)

@@ -78,7 +78,7 @@ protected:
             if (s.record == record && column >= s.column && column <= s.column + s.length && (!at || lastLine)) at = &s;
         EXPECT_NE(at, nullptr) << record << ":" << column;
         if (!at) return {};
-        float x = at->edges[static_cast<std::size_t>(column - at->column)];
+        float x = stretchEdges(*at)[static_cast<std::size_t>(column - at->column)];
         float y = (at->top + at->bottom) / 2;
         return {qRound(x / window->picDisplay().twipsPerPixelX()), qRound(y / window->picDisplay().twipsPerPixelY())};
     }
