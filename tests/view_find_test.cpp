@@ -117,6 +117,26 @@ TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
     }());
 }
 
+// A control character shows as two (caret notation) but is one byte of the line: places and the
+// copy count bytes.
+TEST_F(ViewFindTest, AControlCharacterIsOneByteOfTheLine) {
+    openLines({"Sub A()", "    s = \"a\x01" "b\" & t", "End Sub"});
+    const DrawnStretch* literal = nullptr;
+    for (const DrawnStretch* s : stretchesOf(2))
+        if (s->column == 8) literal = s;
+    ASSERT_NE(literal, nullptr);
+    EXPECT_EQ(literal->length, 5);
+    const std::vector<float>& edges = stretchEdges(*literal);
+    ASSERT_EQ(edges.size(), 6u);
+    EXPECT_EQ(edges[3] - edges[2], 2 * (edges[2] - edges[1]));  // "^A" is two characters wide
+    float middle = (literal->top + literal->bottom) / 2;
+    EXPECT_EQ(placeAt(viewMap(), edges[4] + 1, middle)->column, 12);
+    EXPECT_EQ(placeAt(viewMap(), literal->right + 120, middle)->column, 14);  // past the blank, before "&"
+    selectFrom({2, 8}, false);
+    selectTo(*placeAt(viewMap(), literal->right, middle));
+    EXPECT_EQ(selectedText("\n"), "\"a\x01" "b\"");
+}
+
 TEST_F(ViewFindTest, FindGoesOnWrapsAndSaysSo) {
     openLines(kLines);
     ASSERT_TRUE(findInView("total", {false, true}, true));

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "dialogs/find_bar.h"
@@ -73,6 +74,11 @@ void HlydWindow::buildFindBar() {
     connect(findBar_, &FindBar::findAsked, this, [this](bool forward) { runCommand([&] { findFromBar(forward); }); });
     connect(findBar_, &FindBar::findAllAsked, this, [this] { runCommand([&] { findInAllFiles(); }); });
     connect(findBar_, &FindBar::closed, this, [this] { picShow_->setFocus(); });
+    // Escape closes the bar from the view too, where the reader went on after a find.
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), picShow_, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(escape, &QShortcut::activated, this, [this] {
+        if (findBar_->isVisible()) findBar_->hide();
+    });
     findHits_ = new FindHits(this);
     findHits_->hide();
     addDockWidget(Qt::BottomDockWidgetArea, findHits_);

@@ -141,6 +141,13 @@ TEST_F(FindSelectTest, FindBarFindsNextAndPreviousWrapsAndCloses) {
 
     key(bar()->field(), Qt::Key_Escape);
     EXPECT_FALSE(bar()->isVisible());
+    EXPECT_TRUE(view()->hasFocus());
+    key(view(), Qt::Key_F, Qt::ControlModifier);
+    // The selection (the place found last) becomes the text, ready to be typed over.
+    EXPECT_EQ(bar()->field()->selectedText(), "total");
+    view()->setFocus();
+    key(view(), Qt::Key_Escape);
+    EXPECT_FALSE(bar()->isVisible());
 }
 
 TEST_F(FindSelectTest, ADragCopiesTheLinesAsTheyStandWithoutLayoutOrWrapMarks) {
