@@ -119,8 +119,8 @@ private:
     // For the stretches told to the view: where each token starts in the line, the token being
     // drawn, and how many of its shown characters the pieces before took.
     std::vector<std::int32_t> lineColumns_;
-    std::int32_t token_ = 0;
-    std::size_t shownPos_ = 0;
+    std::int32_t stretchToken_ = 0;
+    std::size_t stretchShown_ = 0;
     bool stopped_ = false;
 };
 
@@ -163,11 +163,11 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
 
 void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a) {
     if (!hooks_.stretchDrawn) return;
-    const std::string& text = t_.Tokens[token_].Text;
-    std::size_t from = sourceBytesOfShown(text, shownPos_);
-    shownPos_ += shownLength;
-    std::size_t to = sourceBytesOfShown(text, shownPos_);
-    std::size_t index = static_cast<std::size_t>(token_ - t_.Records[record_].FirstT);
+    const std::string& text = t_.Tokens[stretchToken_].Text;
+    std::size_t from = sourceBytesOfShown(text, stretchShown_);
+    stretchShown_ += shownLength;
+    std::size_t to = sourceBytesOfShown(text, stretchShown_);
+    std::size_t index = static_cast<std::size_t>(stretchToken_ - t_.Records[record_].FirstT);
     if (!drawable() || to == from || index >= lineColumns_.size()) return;
     DrawnStretch stretch{record_, lineColumns_.at(index) + static_cast<std::int32_t>(from),
                          static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_, x, x + width, a, {}};
@@ -395,8 +395,8 @@ std::int32_t RecordPainter::run() {
     if (hooks_.stretchDrawn) lineColumns_ = tokenColumns(t_, record_);
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
-        token_ = i;
-        shownPos_ = 0;
+        stretchToken_ = i;
+        stretchShown_ = 0;
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
         const std::string text = visibleText(token.Text);
         if (i == r.FirstT) firstTokenStart(token);
