@@ -137,24 +137,6 @@ TEST_F(ViewFindTest, AControlCharacterIsOneByteOfTheLine) {
     EXPECT_EQ(selectedText("\n"), "\"a\x01" "b\"");
 }
 
-TEST_F(ViewFindTest, FindGoesOnWrapsAndSaysSo) {
-    openLines(kLines);
-    ASSERT_TRUE(findInView("total", {false, true}, true));
-    EXPECT_EQ(viewSelection().anchor.record, 3);
-    EXPECT_EQ(selectedText("\n"), "total");
-    EXPECT_EQ(mainWindow().lblStatus, "Found on line 3");
-    int hits = 1;
-    while (findInView("total", {false, true}, true) && mainWindow().lblStatus.rfind("Passed", 0) != 0) ++hits;
-    EXPECT_EQ(hits, 4);  // 3, 4, 6 twice, then the wrap
-    EXPECT_EQ(mainWindow().lblStatus, "Passed the end of the file; continued from the top");
-    EXPECT_EQ(currentHit()->record, 3);
-    ASSERT_TRUE(findInView("total", {false, true}, false));
-    EXPECT_EQ(mainWindow().lblStatus, "Passed the top of the file; continued from the end");
-    EXPECT_EQ(currentHit()->record, 6);
-    EXPECT_FALSE(findInView("TOTAL", {true, false}, true));
-    EXPECT_EQ(mainWindow().lblStatus, "Not found: TOTAL");
-}
-
 TEST_F(ViewFindTest, AHitBelowTheViewIsScrolledIntoItWithTheProcedureList) {
     std::vector<std::string> lines;
     for (int p = 1; p <= 3; ++p) {
