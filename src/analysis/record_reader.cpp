@@ -34,6 +34,7 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
         token.Text.pop_back();
     }
     m.RecordIndex = ++t.RecordCount;
+    t.Texts->set(m.RecordIndex, line);
     Record record;
     record.FirstT = record.LastT = t.TokenCount;
     t.Records[m.RecordIndex] = record;
@@ -70,6 +71,7 @@ void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
     record.LastT = t.TokenCount + count;
     t.TokenCount += count;
     t.Records[m.RecordIndex] = record;
+    t.Texts->set(m.RecordIndex, line);
 }
 
 std::string failureMessage(int status) {

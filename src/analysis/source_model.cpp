@@ -64,6 +64,7 @@ void BabInitFile(SourceTables& t, const std::string& dialect) {
     m.TokensUBound = kTokensStep;
     t.Tokens.reuse(m.TokensUBound, t.TokenCount);
     t.TokenCount = 0;
+    t.Texts = std::make_shared<RecordTexts>();
     m.InClassHeader = m.InEnum = m.InFormHeader = m.InProc = m.InType = false;
 }
 

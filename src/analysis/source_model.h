@@ -2,8 +2,10 @@
 // What a source file becomes once read: Records (physical lines), Statements and Tokens, three
 // parallel tables indexed from 1 (element 0 is never used; index 0 means "none").
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "analysis/record_texts.h"
 #include "analysis/vb_array.h"
 
 namespace hlyd {
@@ -102,6 +104,9 @@ struct SourceTables {
     std::int32_t StatementCount = 0;
     VbArray<Token> Tokens;
     std::int32_t TokenCount = 0;
+    // The lines as read; shared with the list of open files' texts, which keeps them when the
+    // next file is loaded.
+    std::shared_ptr<RecordTexts> Texts = std::make_shared<RecordTexts>();
 };
 
 // The tables of the selected file, shared by every consumer.

@@ -59,6 +59,8 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     buildView();
     buildStatusBar();
     buildMenus();
+    buildEditMenu();
+    buildFindBar();
     buildToolBar();
     buildPopupMenu();
     presentingWindow = this;
@@ -132,6 +134,7 @@ void HlydWindow::bindModelHooks() {
 
 void HlydWindow::presentView() {
     picShow_->setPicture(picDisplay_->image());
+    refreshHighlights();
     if (picShow_->isVisible() && isActiveWindow() && !isMinimized()) picShow_->setFocus();
 }
 

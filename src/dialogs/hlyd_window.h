@@ -9,6 +9,7 @@
 #include <string>
 
 class QComboBox;
+class QDockWidget;
 class QLabel;
 class QMenu;
 class QScrollBar;
@@ -16,6 +17,8 @@ class QToolBar;
 
 namespace hlyd {
 
+class FindBar;
+class FindHits;
 class ImageSurface;
 class InputBlocker;
 class PicShow;
@@ -39,6 +42,8 @@ public:
     QLabel* lblRecord() const { return lblRecord_; }
     QLabel* lblStatus() const { return lblStatus_; }
     QAction* action(const std::string& name) const;
+    FindBar* findBar() const { return findBar_; }
+    FindHits* findHits() const { return findHits_; }
 
     // The finished hidden picture becomes the visible one.
     void presentView();
@@ -64,6 +69,8 @@ private:
     QToolBar* addButtonBar(const QString& title, const char* name);
     void placeToolBars();
     void buildPopupMenu();
+    void buildEditMenu();
+    void buildFindBar();
     QAction* addCommand(QMenu* menu, const std::string& name, const QString& caption, std::function<void()> run);
     QAction* addButton(const std::string& name, const QString& caption, std::function<void()> run);
     void bindModelHooks();
@@ -85,6 +92,16 @@ private:
     void onProcChosen(int index);
     void showAbout();
 
+    // Find, select and copy in the view.
+    void openFindBar();
+    void findFromBar(bool forward);
+    void findInAllFiles();
+    void copySelection();
+    void onPressedAt(QPoint at, bool extend);
+    void onDraggedTo(QPoint at);
+    void onSelectionKey(int keyCode);
+    void refreshHighlights();
+
     std::unique_ptr<ImageSurface> picDisplay_;
     PicShow* picShow_ = nullptr;
     QScrollBar* vsbDisplay_ = nullptr;
@@ -98,6 +115,9 @@ private:
     QMenu* windowMenu_ = nullptr;
     QMenu* debugMenu_ = nullptr;
     QMenu* popupMenu_ = nullptr;
+    QMenu* editMenu_ = nullptr;
+    FindBar* findBar_ = nullptr;
+    FindHits* findHits_ = nullptr;
     QAction* mruEnd_ = nullptr;
     QAction* viewListEnd_ = nullptr;
     std::vector<QAction*> mruItems_;

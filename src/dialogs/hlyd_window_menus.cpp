@@ -174,6 +174,8 @@ void HlydWindow::buildPopupMenu() {
         connect(popupItem, &QAction::triggered, source, &QAction::trigger);
         popupItems_.emplace_back(popupItem, follows);
     };
+    item("Copy", "mnuEditCopy");
+    popupMenu_->addSeparator();
     item("Open", "mnuFilOpen");
     item("Close ", "mnuFilClose");
     popupMenu_->addSeparator();

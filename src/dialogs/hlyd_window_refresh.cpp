@@ -50,6 +50,7 @@ void HlydWindow::refreshFromModel() {
     refreshScrollBar();
     refreshDynamicMenus();
     refreshBars();
+    refreshHighlights();
 }
 
 void HlydWindow::refreshCommands() {

@@ -2,6 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -41,15 +42,51 @@ void PicShow::setPicture(const QImage& image) {
     update();
 }
 
+// Lit boxes are laid over the text, translucent, so that the element colours stay readable under
+// them: the selection in the system's highlight colour, the place found in amber.
 void PicShow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().base());
     if (!picture_.isNull()) painter.drawImage(QPoint(0, 0), picture_);
+    QColor selected = palette().highlight().color();
+    selected.setAlpha(90);
+    for (const QRect& box : selection_) painter.fillRect(box, selected);
+    for (const QRect& box : found_) {
+        painter.fillRect(box, QColor(255, 170, 0, 110));
+        painter.setPen(QColor(230, 120, 0));
+        painter.drawRect(box.adjusted(0, 0, -1, -1));
+    }
+}
+
+void PicShow::setHighlights(const QVector<QRect>& selection, const QVector<QRect>& found) {
+    if (selection == selection_ && found == found_) return;
+    selection_ = selection;
+    found_ = found;
+    update();
+}
+
+void PicShow::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
+    setFocus(Qt::MouseFocusReason);
+    emit pressedAt(event->position().toPoint(), event->modifiers() & Qt::ShiftModifier);
+    event->accept();
+}
+
+void PicShow::mouseMoveEvent(QMouseEvent* event) {
+    if (!(event->buttons() & Qt::LeftButton)) return QWidget::mouseMoveEvent(event);
+    emit draggedTo(event->position().toPoint());
+    event->accept();
 }
 
 void PicShow::keyPressEvent(QKeyEvent* event) {
     int code = classicKeyCode(event->key());
     if (code == 0) return QWidget::keyPressEvent(event);
+    bool arrow = code >= 37 && code <= 40;
+    if (arrow && event->modifiers() == Qt::ShiftModifier) {
+        emit selectionKey(code);
+        event->accept();
+        return;
+    }
     emit keyDown(code, classicShift(event->modifiers()));
     event->accept();
 }

@@ -3,6 +3,8 @@
 // picture, holds the focus and passes the keys on as the classic key codes, and wheel turns as
 // they come.
 #include <QImage>
+#include <QRect>
+#include <QVector>
 #include <QWidget>
 
 namespace hlyd {
@@ -14,6 +16,10 @@ public:
     // The finished image becomes the picture in one step.
     void setPicture(const QImage& image);
     const QImage& picture() const { return picture_; }
+    // The reader's selection and the place found, lit over the picture in pixels.
+    void setHighlights(const QVector<QRect>& selection, const QVector<QRect>& found);
+    const QVector<QRect>& selectionBoxes() const { return selection_; }
+    const QVector<QRect>& foundBoxes() const { return found_; }
 
 signals:
     void keyDown(int keyCode, int shift);
@@ -21,6 +27,11 @@ signals:
     void wheelTurned(int angleEighths, int pixels, bool ctrl);
     void resized(QSize pixels);
     void contextMenuAsked(QPoint globalPos);
+    // The left button went down (with Shift: the selection is extended) or was dragged.
+    void pressedAt(QPoint at, bool extend);
+    void draggedTo(QPoint at);
+    // Shift with an arrow key: the classic code of the arrow.
+    void selectionKey(int keyCode);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -28,9 +39,13 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     QImage picture_;
+    QVector<QRect> selection_;
+    QVector<QRect> found_;
 };
 
 // The classic code of a key (33 Page Up ... 40 Down), 0 for keys the view does not take.

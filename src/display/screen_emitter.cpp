@@ -6,6 +6,7 @@
 #include "display/connectors.h"
 #include "display/font_metrics.h"
 #include "display/token_layout.h"
+#include "display/view_map.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/navigation.h"
@@ -189,6 +190,7 @@ void ScreenEmission::EmitCodeRecord(std::int32_t r) {
         HlydCLBeginOrEnd(kDisplay, pos, theSourceTables().Records[rec].Indent, next, wraps,
                          rec, xToken, f_, xOffset);
     };
+    hooks.stretchDrawn = [](DrawnStretch stretch) { viewMap().stretches.push_back(std::move(stretch)); };
     layoutRecord(kDisplay, r, pos_, hooks);
 }
 
@@ -325,6 +327,7 @@ void ScreenEmission::run() {
     if (toEnd_) requestForEnd();
     if (record_ < 1) record_ = 1;
     s_.cls();
+    viewMap().stretches.clear();
     if (project_) emitProject(project);
     else emitSource();
     if (firstEmitted_ == 0 && lastEmitted_ == 0) {
@@ -338,6 +341,15 @@ void ScreenEmission::run() {
 }  // namespace
 
 EmitterState& emitterState() { return state; }
+
+bool recordOnScreen(std::int32_t record) {
+    const SourceTables& t = theSourceTables();
+    if (record < 1 || record > t.RecordCount || t.Records[record].FirstT == 0) return false;
+    const HlydSettings& settings = hlydSettings();
+    bool formDefinition = t.Statements[t.Records[record].FirstS].Flags & kFlagFormDescription;
+    if (!(formDefinition ? settings.ViewFormDef[kDisplay] : settings.ViewCode[kDisplay])) return false;
+    return !(governingStatement(record).Class == kStmtHeader && displayAttributes().Format[kDisplay].SkipAttributes);
+}
 void resetEmitterState() { state = EmitterState{}; }
 void setPresentView(void (*present)()) { presentView = present; }
 

@@ -26,6 +26,10 @@ void resetEmitterState();
 // record shown.
 void HlydDSEmitRequestedData(std::int32_t& record);
 
+// Whether the view draws the record at all (form definitions and attribute lines may be hidden):
+// a search and a copy pass over those it does not.
+bool recordOnScreen(std::int32_t record);
+
 // The window layer: the finished hidden picture becomes the visible one.
 void setPresentView(void (*present)());
 

@@ -87,6 +87,8 @@ private:
     void wrapMark(const AttributeRecord& a);
     void sourceContinuation();
     void movePen(float x, float y);
+    void tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a);
+    void tellGap(std::int32_t next, std::size_t blanks, float xFrom);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
     bool breakIfFull();
     void gapBefore(std::int32_t next, const AttributeRecord& left);
@@ -115,6 +117,11 @@ private:
     std::size_t pendingShown_ = 0;               // characters of a byte's showing that a split sent to the next piece
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
+    // For the stretches told to the view: where each token starts in the line, the token being
+    // drawn, and how many of its shown characters the pieces before took.
+    std::vector<std::int32_t> lineColumns_;
+    std::int32_t stretchToken_ = 0;
+    std::size_t stretchShown_ = 0;
     bool stopped_ = false;
 };
 
@@ -149,8 +156,33 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
         unit = m_.WhiteSpaceSize[dest_];
     }
     column_ += blanks;
+    float xFrom = x_;
     x_ += static_cast<float>(blanks) * unit;
     if (hooks_.textDrawn) hooks_.textDrawn->append(static_cast<std::size_t>(blanks), ' ');
+    tellGap(next, lead.size(), xFrom);
+}
+
+void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a) {
+    if (!hooks_.stretchDrawn) return;
+    const std::string& text = t_.Tokens[stretchToken_].Text;
+    std::size_t from = sourceBytesOfShown(text, stretchShown_);
+    stretchShown_ += shownLength;
+    std::size_t to = sourceBytesOfShown(text, stretchShown_);
+    std::size_t index = static_cast<std::size_t>(stretchToken_ - t_.Records[record_].FirstT);
+    if (!drawable() || to == from || index >= lineColumns_.size()) return;
+    DrawnStretch stretch{record_, lineColumns_.at(index) + static_cast<std::int32_t>(from),
+                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_, x, x + width, a, {}};
+    hooks_.stretchDrawn(std::move(stretch));
+}
+
+// The blanks between two tokens take an even share of the gap each (stretchEdges), tabs as much
+// as blanks: a pointer in a gap finds the nearer token's side.
+void RecordPainter::tellGap(std::int32_t next, std::size_t blanks, float xFrom) {
+    std::size_t index = static_cast<std::size_t>(next - t_.Records[record_].FirstT);
+    if (!hooks_.stretchDrawn || !drawable() || blanks == 0 || index >= lineColumns_.size()) return;
+    DrawnStretch stretch{record_, std::max(0, lineColumns_.at(index) - static_cast<std::int32_t>(blanks)),
+                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, xFrom, x_, nullptr, {}};
+    hooks_.stretchDrawn(std::move(stretch));
 }
 
 std::int32_t RecordPainter::lastToken(const Record& r) const {
@@ -182,6 +214,7 @@ void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float 
     printShown(text);
     penX_ = x_ + width;
     if (hooks_.textDrawn) hooks_.textDrawn->append(text);
+    tellPiece(text.size(), x_, width, &a);
 }
 
 // Each "^A" that shows a control character is printed as standing for the source's byte, which a
@@ -340,7 +373,7 @@ void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, cons
     }
     for (std::size_t p = 0; p < pieces.size(); ++p) {
         if (drawable()) drawText(pieces[p], a, yText_, yNext_);
-        else x_ += s_.textWidth(pieces[p]), penX_ = x_;
+        else x_ += s_.textWidth(pieces[p]), penX_ = x_, tellPiece(pieces[p].size(), x_, 0, nullptr);
         if (p + 1 == pieces.size()) break;
         x_ = xWrap_ + continuationIndent(a);
         y_ = yNext_;
@@ -370,8 +403,11 @@ std::int32_t RecordPainter::run() {
     if (!breakIfFull()) return wraps_;
     yNext_ = y_ + lineHeight_;
     std::vector<std::string> pieces;
+    if (hooks_.stretchDrawn) lineColumns_ = tokenColumns(t_, record_);
     for (std::int32_t i = r.FirstT; i >= 1 && i <= last && !stopped_; ++i) {
         const Token& token = t_.Tokens[i];
+        stretchToken_ = i;
+        stretchShown_ = 0;
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
         if (i == r.FirstT) firstTokenStart(token);
         const std::string text = visibleText(token.Text, static_cast<std::size_t>(column_), f_.TabWidth);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/source_model.h"
+#include "display/drawn_stretch.h"
 #include "settings/attributes.h"
 
 namespace hlyd {
@@ -65,6 +66,9 @@ struct RecordLayoutHooks {
     // The connector call for the record's first token (already tested to qualify).
     std::function<void(const AreaRecord& pos, float lineHeight, std::int32_t wraps, std::int32_t record, float xToken)>
         connectors;
+    // When set, told where each piece of the line's text and each gap between tokens was drawn, so
+    // that the view can map a pointer to the line and a part of the line to the view.
+    std::function<void(DrawnStretch stretch)> stretchDrawn;
 };
 
 // Deep nesting in a narrow output would leave the text a sliver at the right edge, split one

@@ -7,6 +7,7 @@
 #include "base/message_box.h"
 #include "files/cut_reports.h"
 #include "files/file_table.h"
+#include "files/open_file_texts.h"
 #include "files/proc_list.h"
 #include "files/status_progress.h"
 
@@ -159,6 +160,7 @@ void ProcessSelectedFile(std::int16_t wWhich) {
         d.setStatus(kStatusReadingStopped, detail);
     }
     completeProcedureRanges();
+    keepOpenFileTexts(entry.FileName, t.Texts);
 }
 
 }  // namespace hlyd

@@ -4,11 +4,15 @@
 #include "display/connectors.h"
 #include "display/font_metrics.h"
 #include "display/screen_emitter.h"
+#include "display/view_find.h"
+#include "display/view_map.h"
+#include "display/view_selection.h"
 #include "display/viewing.h"
 #include "files/cut_reports.h"
 #include "files/file_selection.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
+#include "files/open_file_texts.h"
 #include "files/project_choice.h"
 #include "files/project_file.h"
 #include "printing/contents.h"
@@ -54,6 +58,7 @@ void resetFilesAndAnalysis() {
     resetFileSelection();
     resetNavigation();
     resetCutReports();
+    resetOpenFileTexts();
 }
 
 void resetDisplay() {
@@ -62,6 +67,9 @@ void resetDisplay() {
     resetConnectorStack();
     resetLayoutMetrics();
     resetViewingState();
+    resetViewMap();
+    resetViewSelection();
+    resetFindState();
 }
 
 }  // namespace

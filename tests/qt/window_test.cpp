@@ -340,7 +340,7 @@ TEST_F(WindowTest, TheHelpButtonAndMenuOpenTheProgramsPagesAndThePopupHasEveryIt
     QStringList items;
     for (QAction* item : window->findChild<QMenu*>("mnuPopupMenu")->actions())
         items << (item->isSeparator() ? "-" : item->text());
-    EXPECT_EQ(items.join("|"), "Open|Close |-|Print|Display Options|-|Next Procedure|Prior Procedure|Next File|"
+    EXPECT_EQ(items.join("|"), "Copy|-|Open|Close |-|Print|Display Options|-|Next Procedure|Prior Procedure|Next File|"
                                "Prior File|-|Project Window|-|Close Halyard");
 }
 

@@ -12,6 +12,7 @@
 #include "analysis/basiclan.h"
 #include "base/app_info.h"
 #include "base/c_debug.h"
+#include "display/text_search.h"
 #include "bench_sources.h"
 #include "files/file_loading.h"
 #include "files/file_table.h"
@@ -211,6 +212,34 @@ void BM_PrintRecording5MB(benchmark::State& state) {
     state.counters["calls"] = static_cast<double>(events) / static_cast<double>(state.iterations());
 }
 BENCHMARK(BM_PrintRecording5MB)->Unit(benchmark::kMillisecond);
+
+// One search of the lines of a loaded 5 MB module, as F3 runs it: a word that stands only near the
+// end (the whole file is passed), in any case, as a whole word; and each place of a common word for
+// the list of all files. Each must take well under 50 ms.
+void runSearch(benchmark::State& state, const std::string& query, bool all) {
+    static const std::string text = [] {
+        std::string module = hlyd::bench::commentedModule(5u * 1024 * 1024);
+        return module + "' needle at the end\r\n";
+    }();
+    static const bool loaded = (analyzeText(text), true);
+    (void)loaded;
+    const hlyd::RecordTexts& texts = *hlyd::theSourceTables().Texts;
+    hlyd::SearchOptions options{false, true};
+    std::size_t hits = 0;
+    for (auto _ : state) {
+        if (all) hits = hlyd::findAll(texts, query, options).size();
+        else hits = hlyd::findFrom(texts, query, options, {1, 0}, true).found ? 1 : 0;
+        benchmark::DoNotOptimize(hits);
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(texts.buffer().size()));
+    state.counters["hits"] = static_cast<double>(hits);
+}
+
+void BM_FindNext5MB(benchmark::State& state) { runSearch(state, "NEEDLE", false); }
+BENCHMARK(BM_FindNext5MB)->Unit(benchmark::kMillisecond);
+
+void BM_FindAll5MB(benchmark::State& state) { runSearch(state, "remainingReceiptAmount", true); }
+BENCHMARK(BM_FindAll5MB)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

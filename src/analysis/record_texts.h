@@ -1,0 +1,35 @@
+#pragma once
+// The lines of a file as they stand in it, one for each record: what a reader copies out of the
+// view and what a search looks through. The tokens alone cannot give them back byte for byte (a
+// line continuation's "_" is dropped, an unfinished string gains its quote), and a search of the
+// token texts would miss words that span their blanks. The lines share one buffer, each ended by
+// a LF, which no line holds (a line ends at CR LF, LF or CR), so that one pass searches them all.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace hlyd {
+
+class RecordTexts {
+public:
+    // The text of `record`; records come in order, one skipped (a reader's marker) stays empty, and
+    // one given again replaces it and those after it.
+    void set(std::int32_t record, std::string_view line);
+    void clear();
+
+    std::int32_t count() const { return static_cast<std::int32_t>(starts_.size()) - 1; }
+    // Empty for a record that has none.
+    std::string_view line(std::int32_t record) const;
+    // Every line followed by a LF, record 1 first.
+    const std::string& buffer() const { return buffer_; }
+    std::size_t start(std::int32_t record) const { return starts_.at(static_cast<std::size_t>(record)); }
+    // The record whose line (or the LF after it) holds `offset` of the buffer.
+    std::int32_t recordAt(std::size_t offset) const;
+
+private:
+    std::string buffer_;
+    std::vector<std::size_t> starts_{0};  // starts_[r]: where record r begins; element 0 unused
+};
+
+}  // namespace hlyd

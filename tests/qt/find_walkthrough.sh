@@ -1,0 +1,98 @@
+#!/usr/bin/env bash
+# The window under a real X server with a window manager, driven as a reader drives it: the Open
+# dialog takes a file, Ctrl+F finds a word and Enter goes to it, Escape closes the bar, Ctrl+C
+# copies the line found; then a drag across a line from the view's left edge to its right one, and
+# Ctrl+C again. The clipboard, read back with xclip, holds the lines as they stand in the file.
+# Usage: find_walkthrough.sh HALYARD. Exit 77: skipped (no Xvfb, window manager, xdotool or xclip).
+# With SHOTS set to a folder, pictures of the find bar and of a selection are kept there.
+set -euo pipefail
+halyard=$1
+for tool in Xvfb openbox xdotool xclip; do
+    command -v "$tool" >/dev/null || { echo "SKIP: $tool is missing"; exit 77; }
+done
+work=$(mktemp -d)
+pids=()
+cleanup() {
+    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+    rm -rf "$work"
+}
+trap cleanup EXIT
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+display=:$((90 + RANDOM % 400))
+Xvfb "$display" -screen 0 1024x700x24 -nolisten tcp >/dev/null 2>&1 &
+pids+=($!)
+export DISPLAY=$display
+for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
+openbox >/dev/null 2>&1 &
+pids+=($!)
+sleep 0.5
+
+export HLYD_CONFIG_DIR=$work/config QT_QPA_PLATFORM=xcb
+mkdir -p "$HLYD_CONFIG_DIR"
+printf '[General]\nScreen=300 300 13500 9000\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
+printf 'Attribute VB_Name = "modOrders"\r\nOption Explicit\r\n\r\n'"' Adds up the order.\r\n"'Public Function OrderTotal(ByVal count As Long) As Currency\r\n    Dim total As Currency, i As Long\r\n    For i = 1 To count\r\n\tIf Price(i) > 0 Then total = total + Price(i) * Quantity(i) + ShippingCost(i) + HandlingFee(i)\r\n    Next i\r\n    OrderTotal = total\r\nEnd Function\r\n' >"$work/Orders.bas"
+
+# A window by its title; the search is asked again while windows come and go (the splash).
+wait_window() {
+    local found=""
+    for _ in $(seq 100); do
+        found=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 || true)
+        [ -n "$found" ] && break
+        sleep 0.2
+    done
+    echo "$found"
+}
+
+"$halyard" >"$work/out" 2>&1 &
+pids+=($!)
+dialog=$(wait_window "File\(s\) to Process")
+[ -n "$dialog" ] || fail "the Open dialog did not come up"
+xdotool windowactivate --sync "$dialog"
+sleep 0.3
+xdotool type --delay 5 "$work/Orders.bas"
+xdotool key Return
+main=$(wait_window "Halyard - Orders.bas")
+[ -n "$main" ] || fail "the file is not shown"
+xdotool windowactivate --sync "$main"
+sleep 0.5
+
+clipboard() { xclip -selection clipboard -o 2>/dev/null || true; }
+line_of_file() {  # whether the text is one whole line of the file, as it stands there
+    tr -d '\r' <"$work/Orders.bas" | grep -qxF -- "$1"
+}
+
+# Find a word that only the line to copy holds, and copy what the find selected: then the line
+# itself, found again as a whole.
+xdotool key ctrl+f
+sleep 0.3
+xdotool type --delay 5 "ByVal count"
+xdotool key Return
+sleep 0.5
+[ -n "${SHOTS:-}" ] && import -window "$main" "$SHOTS/find-bar.png"
+xdotool key Escape ctrl+c
+sleep 0.3
+[ "$(clipboard)" = "ByVal count" ] || fail "the found word was not copied: '$(clipboard)'"
+xdotool key ctrl+f ctrl+a
+xdotool type --delay 5 "Public Function OrderTotal(ByVal count As Long) As Currency"
+xdotool key Return Escape ctrl+c
+sleep 0.3
+copied=$(clipboard)
+line_of_file "$copied" || fail "the copied line is not the file's: '$copied'"
+
+# A drag down the view, from left of a line's text to past the end of a line below it: whole lines
+# (the For block, with its tab-indented line, where the default fonts put it), indentation and
+# blanks as in the file, no wrap marks.
+eval "$(xdotool getwindowgeometry --shell "$main")"
+xdotool mousemove $((X + 3)) $((Y + 158)) mousedown 1 mousemove $((X + WIDTH / 2)) $((Y + 173)) \
+    mousemove $((X + WIDTH - 40)) $((Y + 188)) mouseup 1
+sleep 0.3
+[ -n "${SHOTS:-}" ] && import -window "$main" "$SHOTS/selection.png"
+xdotool key ctrl+c
+sleep 0.3
+copied=$(clipboard)
+[ -n "$copied" ] || fail "the drag copied nothing"
+while IFS= read -r line; do
+    line_of_file "$line" || fail "a dragged line is not the file's: '$line' in '$copied'"
+done <<<"$copied"
+echo "PASS: copied '$copied'"

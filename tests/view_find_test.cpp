@@ -1,0 +1,177 @@
+// Find, select and copy on the view as the emitter lays it out on a surface of fixed metrics: the
+// places map to the lines as they stand in the file, whatever indentation and wraps the view drew.
+#include "display/screen_emitter.h"
+#include "display/view_find.h"
+#include "display/view_map.h"
+#include "display/view_selection.h"
+#include "display/viewing.h"
+#include "fake_surface.h"
+#include "files/file_show.h"
+#include "files/file_table.h"
+#include "files/main_window_model.h"
+
+namespace hlyd {
+namespace {
+
+// A block indented with a tab and odd blanks, which the view indents its own way, and a line far
+// wider than the view (120 characters), which it wraps.
+const std::string kLong = "    total = total + alpha * beta + gamma * delta + epsilon * zeta + eta * theta + iota * kappa "
+                          "+ lambda * mu + nu * xi + omicron * pi ' long";
+const std::vector<std::string> kLines = {
+    "Option Explicit",
+    "Sub Compute()",
+    "\tIf total > 0 Then",
+    "   total = 0   ' reset",
+    "\tEnd If",
+    kLong,
+    "End Sub",
+};
+
+class ViewFindTest : public test::SurfaceTest {
+protected:
+    void SetUp() override {
+        test::SurfaceTest::SetUp();
+        emitterState().ViewHeight = 8000;
+        mainWindow().emitRequestedData = [] {
+            std::int32_t first = 1;
+            HlydDSEmitRequestedData(first);
+        };
+    }
+    void openLines(const std::vector<std::string>& lines) {
+        std::string text;
+        for (const std::string& line : lines) text += line + "\r\n";
+        showSource("Find.bas", text);
+    }
+    std::vector<const DrawnStretch*> stretchesOf(std::int32_t record) const {
+        std::vector<const DrawnStretch*> found;
+        for (const DrawnStretch& s : viewMap().stretches)
+            if (s.record == record) found.push_back(&s);
+        return found;
+    }
+};
+
+TEST_F(ViewFindTest, ACopyGivesTheLinesAsTheyStandInTheFile) {
+    openLines(kLines);
+    // The long line is drawn on more than one screen line, with a mark the file does not hold.
+    std::vector<const DrawnStretch*> longLine = stretchesOf(6);
+    ASSERT_FALSE(longLine.empty());
+    EXPECT_GT(longLine.back()->top, longLine.front()->top);
+
+    selectFrom({3, 1}, false);  // from "If" on the tab-indented line
+    selectTo({6, 20});
+    EXPECT_EQ(selectedText("\r\n"), "If total > 0 Then\r\n   total = 0   ' reset\r\n\tEnd If\r\n" + kLong.substr(0, 20));
+    selectTo({5, 0});  // to the start of a line: the line end before it is taken, nothing of the line
+    EXPECT_EQ(selectedText("\n"), "If total > 0 Then\n   total = 0   ' reset\n");
+    selectFrom({6, 0}, false);
+    selectTo({7, 0});
+    EXPECT_EQ(selectedText("\n"), kLong + "\n");
+
+    selectAll();
+    std::string all;
+    for (const std::string& line : kLines) all += (all.empty() ? "" : "\n") + line;
+    EXPECT_EQ(selectedText("\n"), all);
+
+    // Shift with the arrows moves the caret a byte, or a line keeping the column.
+    selectFrom({4, 3}, false);
+    extendSelection(CaretMove::Right);
+    extendSelection(CaretMove::Right);
+    EXPECT_EQ(selectedText("\n"), "to");
+    extendSelection(CaretMove::Down);
+    EXPECT_EQ(selectedText("\n"), "total = 0   ' reset\n\tEnd ");
+    selectFrom({4, 0}, false);
+    extendSelection(CaretMove::Left);
+    EXPECT_EQ(selectedText("\n"), "\n");
+}
+
+TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
+    openLines(kLines);
+    std::vector<const DrawnStretch*> line4 = stretchesOf(4);
+    ASSERT_FALSE(line4.empty());
+    const DrawnStretch& first = *line4.front();
+    EXPECT_EQ(first.column, 3);  // "total", after the line's own three blanks
+    float middle = (first.top + first.bottom) / 2;
+    auto at = [&](float x) { return placeAt(viewMap(), x, middle).value_or(TextPlace{}); };
+    EXPECT_EQ(at(stretchEdges(first)[2] + 10).column, 5);  // nearer the left edge of the third byte
+    EXPECT_EQ(at(stretchEdges(first)[2] + 60).column, 6);
+    EXPECT_EQ(at(0).column, 0);              // left of the text: the line's start, blanks and all
+    EXPECT_EQ(at(11999).column, 22);         // right of it: the line's end
+    EXPECT_EQ(at(11999).record, 4);
+    EXPECT_EQ(placeAt(viewMap(), 10, 7999)->record, 7);  // below the last line: the last line
+
+    std::vector<TwipBox> boxes = boxesOf(viewMap(), {4, 3}, {4, 8});
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].left, stretchEdges(first)[0]);
+    EXPECT_EQ(boxes[0].right, stretchEdges(first)[5]);
+    // A selection over the wrapped line lights each of its screen lines, one box a line.
+    std::vector<const DrawnStretch*> wrapped = stretchesOf(6);
+    std::vector<TwipBox> lit = boxesOf(viewMap(), {6, 0}, {7, 0});
+    EXPECT_GE(lit.size(), 2u);
+    EXPECT_LT(lit.size(), wrapped.size());
+    // Left of a wrapped line's continuation is where the continuation starts.
+    const DrawnStretch& last = *wrapped.back();
+    EXPECT_EQ(placeAt(viewMap(), 0, (last.top + last.bottom) / 2)->column, [&] {
+        std::int32_t start = last.column;
+        for (const DrawnStretch* s : wrapped)
+            if (s->top == last.top) start = std::min(start, s->column);
+        return start;
+    }());
+}
+
+// A control character shows as two (caret notation) but is one byte of the line: places and the
+// copy count bytes.
+TEST_F(ViewFindTest, AControlCharacterIsOneByteOfTheLine) {
+    openLines({"Sub A()", "    s = \"a\x01" "b\" & t", "End Sub"});
+    const DrawnStretch* literal = nullptr;
+    for (const DrawnStretch* s : stretchesOf(2))
+        if (s->column == 8) literal = s;
+    ASSERT_NE(literal, nullptr);
+    EXPECT_EQ(literal->length, 5);
+    const std::vector<float>& edges = stretchEdges(*literal);
+    ASSERT_EQ(edges.size(), 6u);
+    EXPECT_EQ(edges[3] - edges[2], 2 * (edges[2] - edges[1]));  // "^A" is two characters wide
+    float middle = (literal->top + literal->bottom) / 2;
+    EXPECT_EQ(placeAt(viewMap(), edges[4] + 1, middle)->column, 12);
+    EXPECT_EQ(placeAt(viewMap(), literal->right + 120, middle)->column, 14);  // past the blank, before "&"
+    selectFrom({2, 8}, false);
+    selectTo(*placeAt(viewMap(), literal->right, middle));
+    EXPECT_EQ(selectedText("\n"), "\"a\x01" "b\"");
+}
+
+TEST_F(ViewFindTest, AHitBelowTheViewIsScrolledIntoItWithTheProcedureList) {
+    std::vector<std::string> lines;
+    for (int p = 1; p <= 3; ++p) {
+        lines.push_back("Sub P" + std::to_string(p) + "()");
+        for (int n = 1; n <= 40; ++n) lines.push_back("    v" + std::to_string(p * 100 + n) + " = " + std::to_string(n));
+        lines.push_back("End Sub");
+    }
+    openLines(lines);
+    ASSERT_EQ(emitterState().FirstRecord, 1);
+    ASSERT_TRUE(findInView("v320", {false, true}, true));
+    EXPECT_GT(emitterState().FirstRecord, 60);
+    EXPECT_TRUE(placeShown(viewMap(), {currentHit()->record, currentHit()->column}, 8000));
+    EXPECT_EQ(mainWindow().cboProc.List(mainWindow().cboProc.ListIndex), "P3");
+    ASSERT_TRUE(findInView("v101", {false, true}, false));  // above the view: brought back
+    EXPECT_TRUE(placeShown(viewMap(), {currentHit()->record, currentHit()->column}, 8000));
+    EXPECT_EQ(mainWindow().cboProc.List(mainWindow().cboProc.ListIndex), "P1");
+}
+
+TEST_F(ViewFindTest, FindInAllOpenFilesListsEachAndShowsTheOneChosen) {
+    showSource("One.bas", "Sub A()\r\n    Beep\r\nEnd Sub\r\n");
+    // A file never shown is read once for the search; afterwards it is searched in memory.
+    oFile().Add({test::writeTempFile("Two.bas", "' Beep twice\r\nSub B()\r\n  Beep: Beep\r\nEnd Sub\r\n"), kFileSource,
+                 false, 0, 0});
+    std::vector<FileHit> hits = findInOpenFiles("beep", {false, true});
+    ASSERT_EQ(hits.size(), 4u);
+    EXPECT_TRUE(hits[0].fileName.ends_with("One.bas"));
+    EXPECT_EQ(hits[0].hit.record, 2);
+    EXPECT_EQ(hits[0].line, "    Beep");
+    EXPECT_TRUE(hits[3].fileName.ends_with("Two.bas"));
+    EXPECT_EQ(hits[3].hit.column, 8);
+    showFileHit(hits[3]);
+    EXPECT_EQ(fileTable().wCurrentFile, 2);
+    EXPECT_EQ(selectedText("\n"), "Beep");
+    EXPECT_EQ(selectionStart().column, 8);
+}
+
+}  // namespace
+}  // namespace hlyd
