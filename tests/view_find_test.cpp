@@ -137,6 +137,26 @@ TEST_F(ViewFindTest, AControlCharacterIsOneByteOfTheLine) {
     EXPECT_EQ(selectedText("\n"), "\"a\x01" "b\"");
 }
 
+// A tab inside a literal shows as the blanks to its stop (the literal starts in column 4, its tab
+// in column 6 goes to 8) and is one byte of the line as well.
+TEST_F(ViewFindTest, ATabInALiteralIsOneByteAsWideAsItsBlanks) {
+    displayAttributes().Format[kDisplay].TabWidth = 4;
+    openLines({"Sub A()", "s = \"a\tb\" & t", "End Sub"});
+    const DrawnStretch* literal = nullptr;
+    for (const DrawnStretch* s : stretchesOf(2))
+        if (s->column == 4) literal = s;
+    ASSERT_NE(literal, nullptr);
+    EXPECT_EQ(literal->length, 5);
+    const std::vector<float>& edges = stretchEdges(*literal);
+    ASSERT_EQ(edges.size(), 6u);
+    EXPECT_EQ(edges[3] - edges[2], 2 * (edges[2] - edges[1]));
+    float middle = (literal->top + literal->bottom) / 2;
+    EXPECT_EQ(placeAt(viewMap(), edges[3] + 1, middle)->column, 7);  // on "b", after the blanks
+    selectFrom({2, 4}, false);
+    selectTo(*placeAt(viewMap(), literal->right, middle));
+    EXPECT_EQ(selectedText("\n"), "\"a\tb\"");
+}
+
 TEST_F(ViewFindTest, AHitBelowTheViewIsScrolledIntoItWithTheProcedureList) {
     std::vector<std::string> lines;
     for (int p = 1; p <= 3; ++p) {

@@ -29,21 +29,21 @@ std::vector<std::int32_t> tokenColumns(const SourceTables& t, std::int32_t recor
     return columns;
 }
 
-std::size_t sourceBytesOfShown(const std::string& source, std::size_t shown) {
+std::size_t sourceBytesOfShown(const std::string& source, std::size_t shown, std::size_t column, std::int32_t tabWidth) {
     std::size_t bytes = 0, characters = 0;
     while (bytes < source.size() && characters < shown) {
-        characters += invisibleControl(static_cast<unsigned char>(source[bytes])) ? 2 : 1;
+        characters += shownLength(static_cast<unsigned char>(source[bytes]), column + characters, tabWidth);
         ++bytes;
     }
     return bytes;
 }
 
 std::vector<float> measureEdges(Surface& surface, const std::string& source, std::size_t from, std::size_t length,
-                                float x) {
+                                float x, std::size_t column, std::int32_t tabWidth) {
     std::vector<float> edges;
     edges.reserve(length + 1);
     edges.push_back(x);
-    for (std::size_t k = 1; k <= length; ++k) edges.push_back(x + surface.textWidth(visibleText(source.substr(from, k))));
+    for (std::size_t k = 1; k <= length; ++k) edges.push_back(x + surface.textWidth(visibleText(source.substr(from, k), column, tabWidth)));
     return edges;
 }
 
@@ -54,7 +54,8 @@ const std::vector<float>& stretchEdges(const DrawnStretch& s) {
     if (s.attributes && surface) {
         setAttributesOn(*surface, const_cast<AttributeRecord&>(*s.attributes));
         std::string line(theSourceTables().Texts->line(s.record));
-        s.edges = measureEdges(*surface, line, std::min(line.size(), static_cast<std::size_t>(s.column)), length, s.left);
+        s.edges = measureEdges(*surface, line, std::min(line.size(), static_cast<std::size_t>(s.column)), length, s.left,
+                               s.shownColumn, s.tabWidth);
         s.edges.resize(length + 1, s.right);
     } else {
         for (std::size_t k = 0; k <= length; ++k)

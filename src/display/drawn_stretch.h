@@ -21,6 +21,10 @@ struct DrawnStretch {
     float left = 0, right = 0;
     // The font it was drawn in; none for the blanks between tokens, which share their room evenly.
     const AttributeRecord* attributes = nullptr;
+    // Where its first byte is shown, in characters from the code's start, and the tab width it
+    // was drawn with: a tab inside a token shows as the blanks up to its stop.
+    std::size_t shownColumn = 0;
+    std::int32_t tabWidth = 0;
     // The left edge of each byte, and the stretch's right end (length + 1 values): measured only
     // when a pointer or a selection needs them, as a redraw would otherwise measure every prefix
     // of every piece on the screen.
@@ -36,11 +40,14 @@ const std::vector<float>& stretchEdges(const DrawnStretch& stretch);
 std::vector<std::int32_t> tokenColumns(const SourceTables& tables, std::int32_t record);
 
 // How many bytes of `source` a shown text of `shown` characters stands for, where a control
-// character shows as two (caret notation).
-std::size_t sourceBytesOfShown(const std::string& source, std::size_t shown);
+// character shows as two (caret notation) and a tab as the blanks to its stop, the source shown
+// from `column`.
+std::size_t sourceBytesOfShown(const std::string& source, std::size_t shown, std::size_t column = 0,
+                               std::int32_t tabWidth = 0);
 
-// The edges of `length` bytes of `source` from `from`, drawn at `x` in the surface's font now.
+// The edges of `length` bytes of `source` from `from`, drawn at `x` in the surface's font now,
+// the first of them shown at `column`.
 std::vector<float> measureEdges(Surface& surface, const std::string& source, std::size_t from, std::size_t length,
-                                float x);
+                                float x, std::size_t column = 0, std::int32_t tabWidth = 0);
 
 }  // namespace hlyd

@@ -165,13 +165,15 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
 void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a) {
     if (!hooks_.stretchDrawn) return;
     const std::string& text = t_.Tokens[stretchToken_].Text;
-    std::size_t from = sourceBytesOfShown(text, stretchShown_);
+    std::size_t from = sourceBytesOfShown(text, stretchShown_, tokenColumn_, f_.TabWidth);
+    std::size_t shownColumn = tokenColumn_ + stretchShown_;
     stretchShown_ += shownLength;
-    std::size_t to = sourceBytesOfShown(text, stretchShown_);
+    std::size_t to = sourceBytesOfShown(text, stretchShown_, tokenColumn_, f_.TabWidth);
     std::size_t index = static_cast<std::size_t>(stretchToken_ - t_.Records[record_].FirstT);
     if (!drawable() || to == from || index >= lineColumns_.size()) return;
     DrawnStretch stretch{record_, lineColumns_.at(index) + static_cast<std::int32_t>(from),
-                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_, x, x + width, a, {}};
+                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_, x, x + width, a,
+                         shownColumn, f_.TabWidth, {}};
     hooks_.stretchDrawn(std::move(stretch));
 }
 
@@ -181,7 +183,8 @@ void RecordPainter::tellGap(std::int32_t next, std::size_t blanks, float xFrom) 
     std::size_t index = static_cast<std::size_t>(next - t_.Records[record_].FirstT);
     if (!hooks_.stretchDrawn || !drawable() || blanks == 0 || index >= lineColumns_.size()) return;
     DrawnStretch stretch{record_, std::max(0, lineColumns_.at(index) - static_cast<std::int32_t>(blanks)),
-                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, xFrom, x_, nullptr, {}};
+                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, xFrom, x_, nullptr,
+                         0, 0, {}};
     hooks_.stretchDrawn(std::move(stretch));
 }
 
