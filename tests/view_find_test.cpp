@@ -83,6 +83,41 @@ TEST_F(ViewFindTest, ACopyGivesTheLinesAsTheyStandInTheFile) {
     EXPECT_EQ(selectedText("\n"), "\n");
 }
 
+// A double click takes the word it is in or touches; elsewhere the byte after it.
+TEST_F(ViewFindTest, ADoubleClickSelectsTheWordAtThePlace) {
+    openLines(kLines);
+    const std::vector<std::pair<TextPlace, std::string>> cases = {
+        {{4, 5}, "total"},      // inside
+        {{4, 3}, "total"},      // at its first byte
+        {{4, 8}, "total"},      // just after its last byte
+        {{4, 9}, "="},          // on a byte of no word: that byte
+        {{4, 10}, " "},
+        {{2, 3}, "Sub"},        // "Sub Compute()": on the blank after a word
+        {{7, 99}, "Sub"},       // past the line's end: the last word
+    };
+    for (const auto& [place, word] : cases) {
+        selectWordAt(place);
+        EXPECT_EQ(selectedText("\n"), word) << place.record << ':' << place.column;
+    }
+}
+
+// A drag held below the view scrolls it a line at a time until the file's end.
+TEST_F(ViewFindTest, ADragHeldBelowTheViewScrollsOn) {
+    std::vector<std::string> lines;
+    for (int n = 1; n <= 300; ++n) lines.push_back("    v" + std::to_string(n) + " = " + std::to_string(n));
+    openLines(lines);
+    ASSERT_EQ(emitterState().FirstRecord, 1);
+    EXPECT_TRUE(scrollForDrag(true));
+    EXPECT_EQ(emitterState().FirstRecord, 2);
+    EXPECT_TRUE(scrollForDrag(false));
+    EXPECT_EQ(emitterState().FirstRecord, 1);
+    EXPECT_FALSE(scrollForDrag(false));
+    int steps = 0;
+    while (scrollForDrag(true) && steps < 1000) ++steps;
+    EXPECT_LT(steps, 1000);
+    EXPECT_GT(emitterState().LastRecord, 295);
+}
+
 TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
     openLines(kLines);
     std::vector<const DrawnStretch*> line4 = stretchesOf(4);
@@ -173,6 +208,16 @@ TEST_F(ViewFindTest, AHitBelowTheViewIsScrolledIntoItWithTheProcedureList) {
     ASSERT_TRUE(findInView("v101", {false, true}, false));  // above the view: brought back
     EXPECT_TRUE(placeShown(viewMap(), {currentHit()->record, currentHit()->column}, 8000));
     EXPECT_EQ(mainWindow().cboProc.List(mainWindow().cboProc.ListIndex), "P1");
+}
+
+// A project's listing is not searched, and the reader is told where to search instead.
+TEST_F(ViewFindTest, FindOnAProjectListingSaysWhereToSearch) {
+    showSource("One.bas", "Sub A()\r\n    Beep\r\nEnd Sub\r\n");
+    oFile().Add({"App.vbp", kFileProject, false, 0, 0});
+    fileTable().wCurrentFile = oFile().Count();
+    mainWindow().lblStatus = "";
+    EXPECT_FALSE(findInView("Beep", {}, true));
+    EXPECT_NE(mainWindow().lblStatus.find("Find in All Open Files"), std::string::npos);
 }
 
 TEST_F(ViewFindTest, FindInAllOpenFilesListsEachAndShowsTheOneChosen) {

@@ -6,7 +6,10 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+
+#include "display/text_search.h"
 
 class QComboBox;
 class QDockWidget;
@@ -99,6 +102,8 @@ private:
     void copySelection();
     void onPressedAt(QPoint at, bool extend);
     void onDraggedTo(QPoint at);
+    void onDoubleClickedAt(QPoint at);
+    std::optional<TextPlace> viewPlaceAt(QPoint at) const;
     void onSelectionKey(int keyCode);
     void refreshHighlights();
 

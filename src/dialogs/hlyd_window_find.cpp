@@ -88,6 +88,7 @@ void HlydWindow::buildFindBar() {
     });
     connect(picShow_, &PicShow::pressedAt, this, &HlydWindow::onPressedAt);
     connect(picShow_, &PicShow::draggedTo, this, &HlydWindow::onDraggedTo);
+    connect(picShow_, &PicShow::doubleClickedAt, this, &HlydWindow::onDoubleClickedAt);
     connect(picShow_, &PicShow::selectionKey, this, &HlydWindow::onSelectionKey);
 }
 
@@ -119,9 +120,13 @@ void HlydWindow::copySelection() {
     QApplication::clipboard()->setText(fromCp1252(selectedText(kClipboardLineEnd)));
 }
 
+std::optional<TextPlace> HlydWindow::viewPlaceAt(QPoint at) const {
+    return placeAt(viewMap(), static_cast<float>(at.x() * picDisplay_->twipsPerPixelX()),
+                   static_cast<float>(at.y() * picDisplay_->twipsPerPixelY()));
+}
+
 void HlydWindow::onPressedAt(QPoint at, bool extend) {
-    auto place = placeAt(viewMap(), static_cast<float>(at.x() * picDisplay_->twipsPerPixelX()),
-                         static_cast<float>(at.y() * picDisplay_->twipsPerPixelY()));
+    auto place = viewPlaceAt(at);
     if (!place) return;
     // A place clicked is where the next search starts, rather than the place found last.
     if (!extend) resetFindState();
@@ -129,11 +134,25 @@ void HlydWindow::onPressedAt(QPoint at, bool extend) {
     refreshHighlights();
 }
 
+// Past the view's top or foot the view scrolls a line that way and the selection runs to the
+// line now at that edge.
 void HlydWindow::onDraggedTo(QPoint at) {
-    auto place = placeAt(viewMap(), static_cast<float>(at.x() * picDisplay_->twipsPerPixelX()),
-                         static_cast<float>(at.y() * picDisplay_->twipsPerPixelY()));
+    const int height = picShow_->height();
+    if (at.y() < 0 || at.y() >= height) {
+        runCommand([&] { scrollForDrag(at.y() >= height); });
+        at.setY(at.y() < 0 ? 0 : height - 1);
+    }
+    auto place = viewPlaceAt(at);
     if (!place) return;
     selectTo(*place);
+    refreshHighlights();
+}
+
+void HlydWindow::onDoubleClickedAt(QPoint at) {
+    auto place = viewPlaceAt(at);
+    if (!place) return;
+    resetFindState();
+    selectWordAt(*place);
     refreshHighlights();
 }
 

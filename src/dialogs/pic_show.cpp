@@ -35,6 +35,15 @@ PicShow::PicShow(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
     // The picture covers every pixel, so nothing needs erasing first.
     setAttribute(Qt::WA_OpaquePaintEvent);
+    dragRepeat_ = new QTimer(this);
+    dragRepeat_->setInterval(60);
+    connect(dragRepeat_, &QTimer::timeout, this, &PicShow::followHeldDrag);
+}
+
+void PicShow::followHeldDrag() {
+    bool outside = dragAt_.y() < 0 || dragAt_.y() >= height();
+    if (!outside || !held_) return dragRepeat_->stop();
+    emit draggedTo(dragAt_);
 }
 
 void PicShow::setPicture(const QImage& image) {
@@ -68,13 +77,28 @@ void PicShow::setHighlights(const QVector<QRect>& selection, const QVector<QRect
 void PicShow::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
     setFocus(Qt::MouseFocusReason);
+    held_ = true;
     emit pressedAt(event->position().toPoint(), event->modifiers() & Qt::ShiftModifier);
     event->accept();
 }
 
 void PicShow::mouseMoveEvent(QMouseEvent* event) {
     if (!(event->buttons() & Qt::LeftButton)) return QWidget::mouseMoveEvent(event);
-    emit draggedTo(event->position().toPoint());
+    dragAt_ = event->position().toPoint();
+    emit draggedTo(dragAt_);
+    if (dragAt_.y() < 0 || dragAt_.y() >= height()) dragRepeat_->start();
+    event->accept();
+}
+
+void PicShow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) held_ = false;
+    dragRepeat_->stop();
+    QWidget::mouseReleaseEvent(event);
+}
+
+void PicShow::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return QWidget::mouseDoubleClickEvent(event);
+    emit doubleClickedAt(event->position().toPoint());
     event->accept();
 }
 

@@ -4,6 +4,7 @@
 // they come.
 #include <QImage>
 #include <QRect>
+#include <QTimer>
 #include <QVector>
 #include <QWidget>
 
@@ -30,6 +31,7 @@ signals:
     // The left button went down (with Shift: the selection is extended) or was dragged.
     void pressedAt(QPoint at, bool extend);
     void draggedTo(QPoint at);
+    void doubleClickedAt(QPoint at);
     // Shift with an arrow key: the classic code of the arrow.
     void selectionKey(int keyCode);
 
@@ -41,8 +43,16 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    // A drag held above or below the picture goes on as if the pointer moved, so that the view
+    // scrolls on under it until the pointer comes back or the button is let go.
+    void followHeldDrag();
+    QTimer* dragRepeat_ = nullptr;
+    QPoint dragAt_;
+    bool held_ = false;  // the left button went down here and is not yet let go
     QImage picture_;
     QVector<QRect> selection_;
     QVector<QRect> found_;

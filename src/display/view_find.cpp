@@ -48,7 +48,12 @@ void resetFindState() { state = FindState{}; }
 
 bool findInView(const std::string& query, const SearchOptions& options, bool forward) {
     MainWindowModel& w = mainWindow();
-    if (query.empty() || !sourceShown()) return false;
+    if (query.empty()) return false;
+    if (!sourceShown()) {
+        // A project's listing is made of its members' names, not of lines a reader typed.
+        w.lblStatus = "Find searches the source files: choose a member, or Find in All Open Files";
+        return false;
+    }
     TextPlace from = searchStart(query, options, forward);
     FindOutcome outcome = findFrom(shownTexts(), query, options, from, forward, recordOnScreen);
     if (!outcome.found) {

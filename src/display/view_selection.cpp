@@ -90,6 +90,27 @@ void selectHit(const TextHit& hit) {
     selection = ViewSelection{{hit.record, hit.column}, {hit.record, hit.column + hit.length}, &texts()};
 }
 
+void selectWordAt(TextPlace place) {
+    if (place.record < 1 || place.record > texts().count()) return;
+    std::string_view line = texts().line(place.record);
+    auto isWord = [&](std::size_t i) { return i < line.size() && wordByte(static_cast<unsigned char>(line[i])); };
+    std::size_t at = std::min(line.size(), static_cast<std::size_t>(std::max(0, place.column)));
+    if (!isWord(at) && at > 0 && isWord(at - 1)) --at;
+    std::size_t begin = at, end = std::min(line.size(), at + 1);
+    if (isWord(at)) {
+        while (begin > 0 && isWord(begin - 1)) --begin;
+        while (isWord(end)) ++end;
+    }
+    selection = ViewSelection{{place.record, static_cast<std::int32_t>(begin)}, {place.record, static_cast<std::int32_t>(end)}, &texts()};
+}
+
+bool scrollForDrag(bool down) {
+    const EmitterState& view = emitterState();
+    std::int32_t before = view.FirstRecord;
+    picShow_KeyDown(down ? kKeyDown : kKeyUp, 0);
+    return view.FirstRecord != before;
+}
+
 void extendSelection(CaretMove move) {
     if (!current()) {
         std::int32_t top = shownRecord(std::max(1, emitterState().FirstRecord), 1);

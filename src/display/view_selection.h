@@ -28,6 +28,11 @@ void selectTo(TextPlace place);
 // From the first record the view shows to the end of the last.
 void selectAll();
 void selectHit(const TextHit& hit);
+// A double click: the word (letters, digits, "_") the place is in or touches; a place between two
+// other bytes selects the one after it, as editors do.
+void selectWordAt(TextPlace place);
+// A drag held above or below the view: one line scrolled that way (`down` or up); false at an end.
+bool scrollForDrag(bool down);
 
 enum class CaretMove { Left, Right, Up, Down };
 // Shift with an arrow key: the caret moves a byte along the line (and on to the next line shown)

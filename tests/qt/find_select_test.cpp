@@ -18,6 +18,7 @@
 #include "dialogs/find_hits.h"
 #include "dialogs/hlyd_window.h"
 #include "dialogs/pic_show.h"
+#include "display/screen_emitter.h"
 #include "display/view_find.h"
 #include "display/view_map.h"
 #include "files/file_table.h"
@@ -197,6 +198,29 @@ TEST_F(FindSelectTest, ThePopupCopiesAndFollowsTheSelection) {
     QApplication::clipboard()->clear();
     copyItem->trigger();
     EXPECT_EQ(clipboard(), "End");
+}
+
+TEST_F(FindSelectTest, ADoubleClickTakesAWordAndADragPastTheFootScrollsOn) {
+    mouse(QEvent::MouseButtonPress, pixelOf(6, 22));
+    mouse(QEvent::MouseButtonRelease, pixelOf(6, 22));
+    mouse(QEvent::MouseButtonDblClick, pixelOf(6, 22));
+    copy();
+    EXPECT_EQ(clipboard(), "alpha");
+
+    std::string text;
+    for (int n = 1; n <= 400; ++n) text += "    v" + std::to_string(n) + " = " + std::to_string(n) + "\r\n";
+    open(test::writeTempFile("Long.bas", text));
+    ASSERT_EQ(emitterState().FirstRecord, 1);
+    mouse(QEvent::MouseButtonPress, pixelOf(2, 4));
+    mouse(QEvent::MouseMove, QPoint(20, view()->height() + 30));
+    mouse(QEvent::MouseMove, QPoint(20, view()->height() + 40));
+    EXPECT_EQ(emitterState().FirstRecord, 3);
+    // Held there without moving, the view goes on scrolling.
+    QTest::qWait(400);
+    mouse(QEvent::MouseButtonRelease, QPoint(20, view()->height() + 40));
+    EXPECT_GT(emitterState().FirstRecord, 3);
+    copy();
+    EXPECT_LE(clipboard().find("v2 = 2\n    v3 = 3\n"), 4u) << clipboard().substr(0, 40);
 }
 
 TEST_F(FindSelectTest, FindInAllOpenFilesListsHitsAndJumpsToOne) {
