@@ -1,59 +1,42 @@
 #!/usr/bin/env bash
-# The window under a real X server with a window manager, driven as a reader drives it: the Open
-# dialog takes a file, Ctrl+F finds a word and Enter goes to it, Escape closes the bar, Ctrl+C
-# copies the line found; then a drag across a line from the view's left edge to its right one, and
-# Ctrl+C again. The clipboard, read back with xclip, holds the lines as they stand in the file.
-# Usage: find_walkthrough.sh HALYARD. Exit 77: skipped (no Xvfb, window manager, xdotool or xclip).
+# The window under a real X server with a window manager, driven as a reader drives it: a file
+# dragged from another window and dropped on it opens; Ctrl+F finds a word and Enter goes to it,
+# Escape closes the bar, Ctrl+C copies the line found; then a drag across a line from the view's
+# left edge to its right one, and Ctrl+C again. The clipboard, read back with xclip, holds the
+# lines as they stand in the file.
+# Usage: find_walkthrough.sh HALYARD DRAG-SOURCE. Exit 77: skipped (no Xvfb, window manager,
+# xdotool or xclip).
 # With SHOTS set to a folder, pictures of the find bar and of a selection are kept there.
 set -euo pipefail
 halyard=$1
-for tool in Xvfb openbox xdotool xclip; do
-    command -v "$tool" >/dev/null || { echo "SKIP: $tool is missing"; exit 77; }
-done
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-fail() { echo "FAIL: $*" >&2; exit 1; }
+drag_source=$2
+tools="xclip"
+source "$(dirname "$0")/x_session.sh"
 
-display=:$((90 + RANDOM % 400))
-Xvfb "$display" -screen 0 1024x700x24 -nolisten tcp >/dev/null 2>&1 &
-pids+=($!)
-export DISPLAY=$display
-for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
-openbox >/dev/null 2>&1 &
-pids+=($!)
-sleep 0.5
-
-export HLYD_CONFIG_DIR=$work/config QT_QPA_PLATFORM=xcb
-mkdir -p "$HLYD_CONFIG_DIR"
-printf '[General]\nScreen=300 300 13500 9000\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
+printf '[General]\nShowOpenDialog=No\nScreen=300 300 13500 9000\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
 printf 'Attribute VB_Name = "modOrders"\r\nOption Explicit\r\n\r\n'"' Adds up the order.\r\n"'Public Function OrderTotal(ByVal count As Long) As Currency\r\n    Dim total As Currency, i As Long\r\n    For i = 1 To count\r\n\tIf Price(i) > 0 Then total = total + Price(i) * Quantity(i) + ShippingCost(i) + HandlingFee(i)\r\n    Next i\r\n    OrderTotal = total\r\nEnd Function\r\n' >"$work/Orders.bas"
-
-# A window by its title; the search is asked again while windows come and go (the splash).
-wait_window() {
-    local found=""
-    for _ in $(seq 100); do
-        found=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 || true)
-        [ -n "$found" ] && break
-        sleep 0.2
-    done
-    echo "$found"
-}
 
 "$halyard" >"$work/out" 2>&1 &
 pids+=($!)
-dialog=$(wait_window "File\(s\) to Process")
-[ -n "$dialog" ] || fail "the Open dialog did not come up"
-xdotool windowactivate --sync "$dialog"
+main=$(window_titled "^Halyard") || fail "the window did not come up: $(cat "$work/out")"
+
+# The file dragged from a window beside it and let go over the view, in steps as a hand moves.
+"$drag_source" "$work/Orders.bas" >"$work/drag" 2>&1 &
+pids+=($!)
+source_window=$(window_titled "Drag source") || fail "the drag source did not come up"
+xdotool windowmove --sync "$source_window" 700 500
+xdotool windowmove --sync "$main" 20 20
 sleep 0.3
-xdotool type --delay 5 "$work/Orders.bas"
-xdotool key Return
-main=$(wait_window "Halyard - Orders.bas")
-[ -n "$main" ] || fail "the file is not shown"
+eval "$(xdotool getwindowgeometry --shell "$main")"
+xdotool mousemove 800 560 mousedown 1
+for step in $(seq 1 10); do
+    xdotool mousemove $((800 - (800 - X - WIDTH / 2) * step / 10)) $((560 - (560 - Y - HEIGHT / 2) * step / 10))
+    sleep 0.05
+done
+sleep 0.3
+xdotool mouseup 1
+main=$(window_titled "Halyard - Orders.bas") || fail "the dropped file is not shown: $(cat "$work/drag" "$work/out")"
+grep -q taken "$work/drag" || fail "the drop was not taken: $(cat "$work/drag")"
 xdotool windowactivate --sync "$main"
 sleep 0.5
 

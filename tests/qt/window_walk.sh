@@ -5,44 +5,12 @@
 # or xwininfo).
 set -euo pipefail
 halyard=$1
-for tool in Xvfb openbox xdotool xprop xwininfo; do
-    command -v "$tool" >/dev/null || { echo "SKIP: $tool is missing"; exit 77; }
-done
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-fail() { echo "FAIL: $*" >&2; exit 1; }
+tools="xprop xwininfo"
+source "$(dirname "$0")/x_session.sh"
 
-# A display of its own: the server names the first free one.
-Xvfb -displayfd 3 -screen 0 1024x768x24 3>"$work/display" >/dev/null 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do [[ -s $work/display ]] && break; sleep 0.1; done
-[[ -s $work/display ]] || fail "Xvfb did not start"
-export DISPLAY=:$(cat "$work/display")
-# On that display, whatever platform the other tests were told to use.
-export QT_QPA_PLATFORM=xcb
-openbox >/dev/null 2>&1 &
-pids+=($!)
-sleep 1
-
-export HLYD_CONFIG_DIR=$work/config
-mkdir -p "$HLYD_CONFIG_DIR"
 printf '[General]\nShowOpenDialog=No\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
 printf 'Attribute VB_Name = "modWalk"\r\nPublic Sub Walk()\r\n    Debug.Print "walk"\r\nEnd Sub\r\n' >"$work/Walk.bas"
 
-# Waits for the main window with the title; prints its id.
-window_titled() {
-    for _ in $(seq 100); do
-        id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 || true)
-        [[ -n $id ]] && { echo "$id"; return 0; }
-        sleep 0.1
-    done
-    return 1
-}
 maximised() { xprop -id "$1" _NET_WM_STATE | grep -q _NET_WM_STATE_MAXIMIZED_VERT; }
 start() {
     "$halyard" --open "$work/Walk.bas" >"$work/out" 2>&1 &
