@@ -32,6 +32,9 @@ protected:
         data->setUrls(files_);
         auto* drag = new QDrag(this);
         drag->setMimeData(data);
+        // Told, so that whoever drives the pointer moves on only once the drag is under way.
+        std::printf("dragging\n");
+        std::fflush(stdout);
         Qt::DropAction done = drag->exec(Qt::CopyAction);
         std::printf("%s\n", done == Qt::IgnoreAction ? "refused" : "taken");
         std::fflush(stdout);

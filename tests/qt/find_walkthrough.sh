@@ -13,7 +13,7 @@ drag_source=$2
 tools="xclip"
 source "$(dirname "$0")/x_session.sh"
 
-printf '[General]\nShowOpenDialog=No\nScreen=300 300 13500 9000\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
+printf '[General]\nShowOpenDialog=No\nScreen=300 300 12000 7500\n' >"$HLYD_CONFIG_DIR/HLYD.INI"
 printf 'Attribute VB_Name = "modOrders"\r\nOption Explicit\r\n\r\n'"' Adds up the order.\r\n"'Public Function OrderTotal(ByVal count As Long) As Currency\r\n    Dim total As Currency, i As Long\r\n    For i = 1 To count\r\n\tIf Price(i) > 0 Then total = total + Price(i) * Quantity(i) + ShippingCost(i) + HandlingFee(i)\r\n    Next i\r\n    OrderTotal = total\r\nEnd Function\r\n' >"$work/Orders.bas"
 
 "$halyard" >"$work/out" 2>&1 &
@@ -24,17 +24,24 @@ main=$(window_titled "^Halyard") || fail "the window did not come up: $(cat "$wo
 "$drag_source" "$work/Orders.bas" >"$work/drag" 2>&1 &
 pids+=($!)
 source_window=$(window_titled "Drag source") || fail "the drag source did not come up"
-xdotool windowmove --sync "$source_window" 700 500
+# Side by side, neither over the other: the main window 800 x 500 at the top, the source below.
 xdotool windowmove --sync "$main" 20 20
+xdotool windowmove --sync "$source_window" 100 620
+xdotool windowactivate --sync "$source_window"
 sleep 0.3
 eval "$(xdotool getwindowgeometry --shell "$main")"
-xdotool mousemove 800 560 mousedown 1
+# A loaded machine may be slow to begin the drag: the pointer goes on only when it has begun, and
+# each step waits for the window under it to answer.
+xdotool mousemove 200 690 mousedown 1 sleep 0.2 mousemove 210 685 sleep 0.2 mousemove 220 680
+for _ in $(seq 50); do grep -q dragging "$work/drag" && break; sleep 0.1; done
+grep -q dragging "$work/drag" || fail "the drag did not begin: $(cat "$work/drag")"
 for step in $(seq 1 10); do
-    xdotool mousemove $((800 - (800 - X - WIDTH / 2) * step / 10)) $((560 - (560 - Y - HEIGHT / 2) * step / 10))
-    sleep 0.05
+    xdotool mousemove $((220 + (X + WIDTH / 2 - 220) * step / 10)) $((680 - (680 - Y - HEIGHT / 2) * step / 10))
+    sleep 0.1
 done
-sleep 0.3
+sleep 0.5
 xdotool mouseup 1
+for _ in $(seq 50); do grep -qE "taken|refused" "$work/drag" && break; sleep 0.1; done
 main=$(window_titled "Halyard - Orders.bas") || fail "the dropped file is not shown: $(cat "$work/drag" "$work/out")"
 grep -q taken "$work/drag" || fail "the drop was not taken: $(cat "$work/drag")"
 xdotool windowactivate --sync "$main"
