@@ -25,6 +25,12 @@ std::string pdfNumber(double value) {
     return s;
 }
 
+void appendInteger(std::string& out, std::int64_t value) {
+    char buffer[24];
+    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
+    out.append(buffer, end);
+}
+
 void appendHex8(std::string& out, std::uint32_t v) {
     out += kHex[v >> 4 & 0xF];
     out += kHex[v & 0xF];
@@ -33,6 +39,18 @@ void appendHex8(std::string& out, std::uint32_t v) {
 void appendHex16(std::string& out, std::uint32_t v) {
     appendHex8(out, v >> 8);
     appendHex8(out, v);
+}
+
+void appendLiteralBytes(std::string& out, std::string_view bytes) {
+    for (char c : bytes) {
+        switch (c) {
+            case '(': out += "\\("; break;
+            case ')': out += "\\)"; break;
+            case '\\': out += "\\\\"; break;
+            case '\r': out += "\\r"; break;  // a bare CR would be read as a line end, that is as LF
+            default: out += c;
+        }
+    }
 }
 
 }  // namespace hlyd

@@ -1,0 +1,211 @@
+#include "platform/qt/pdf_page_content.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "platform/qt/pdf_syntax.h"
+#include "platform/text_encoding.h"
+
+namespace hlyd {
+
+namespace {
+
+std::int64_t whole(double units) { return std::llround(units); }
+
+// One byte of a literal string; see appendLiteralBytes.
+void appendStringByte(std::string& out, unsigned char c) {
+    if (c == '(' || c == ')' || c == '\\') out += '\\';
+    if (c == '\r') out += "\\r";
+    else out += static_cast<char>(c);
+}
+
+void appendColour(std::string& out, QRgb rgb, const char* op) {
+    appendNumber(out, qRed(rgb) / 255.0);
+    out += ' ';
+    appendNumber(out, qGreen(rgb) / 255.0);
+    out += ' ';
+    appendNumber(out, qBlue(rgb) / 255.0);
+    out += ' ';
+    out += op;
+    out += '\n';
+}
+
+}  // namespace
+
+void PdfPageContent::write(std::string& out, const PageRecording& page, const PrintFaces& faces,
+                           double pointsPerPixel, QPointF corner) {
+    out_ = &out;
+    inText_ = placed_ = fillSet_ = strokeSet_ = false;
+    font_ = -1;
+    lineWidth_ = 0;
+    // Units, y downwards from the printable area's corner, as the page was recorded.
+    char matrix[96];
+    double scale = pointsPerPixel / kUnitsPerPixel;
+    std::snprintf(matrix, sizeof matrix, "%.9g 0 0 %.9g ", scale, -scale);
+    out += matrix;
+    appendNumber(out, corner.x());
+    out += ' ';
+    appendNumber(out, corner.y());
+    out += " cm 2 J\n";
+    for (const PageRecording::Op& op : page.ops()) {
+        switch (op.kind) {
+            case PageRecording::Kind::Text: text(page, op, faces.byIndex(op.face)); break;
+            case PageRecording::Kind::Line: line(op); break;
+            case PageRecording::Kind::Box: box(op); break;
+        }
+    }
+    endText();
+}
+
+void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face) {
+    FontUse font = fontOf_(face);
+    setColour(op.colour, false);
+    if (!inText_) {
+        *out_ += "BT\n";
+        inText_ = true;
+        placed_ = false;
+    }
+    setFont(face, font);
+    double baseline = op.y1 + face.ascent;
+    moveTo(op.x1 * kUnitsPerPixel, whole(baseline * kUnitsPerPixel));
+    // A reader copying or reading the page aloud skips an artifact.
+    if (op.artifact) *out_ += "/Artifact BMC ";
+    // Text that stands for bytes without a glyph gives those bytes back, as UTF-16BE.
+    std::string_view actual = page.actualOf(op);
+    if (!actual.empty()) {
+        *out_ += "/Span <</ActualText <FEFF";
+        for (unsigned char c : actual) appendHex16(*out_, cp1252CodePoint(c));
+        *out_ += ">>> BDC ";
+    }
+    glyphs(page.textOf(op), face, font);
+    if (op.artifact || !actual.empty()) *out_ += "EMC\n";
+    if (face.key.underline || face.key.strikeOut) {
+        endText();
+        double y = face.key.underline ? baseline + face.underlinePosition : baseline - face.ascent * 0.3;
+        std::int64_t left = whole(op.x1 * kUnitsPerPixel), top = whole(y * kUnitsPerPixel);
+        appendInteger(*out_, left);
+        *out_ += ' ';
+        appendInteger(*out_, top);
+        *out_ += ' ';
+        appendInteger(*out_, whole(op.x2 * kUnitsPerPixel) - left);
+        *out_ += ' ';
+        appendInteger(*out_, whole((y + face.lineThickness) * kUnitsPerPixel) - top);
+        *out_ += " re f\n";
+    }
+}
+
+// The codes of the glyphs in a literal string; a character without a glyph that still takes room,
+// as it was measured, moves the pen by its advance.
+void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const FontUse& font) {
+    std::string& out = *out_;
+    std::size_t open = out.size();
+    bool adjusted = false;
+    out += '(';
+    for (unsigned char c : text) {
+        if (std::uint32_t glyph = face.glyph[c]; glyph != 0) {
+            font.used->set(c);
+            if (font.oneByte) {
+                appendStringByte(out, c);
+            } else {
+                appendStringByte(out, static_cast<unsigned char>(glyph >> 8));
+                appendStringByte(out, static_cast<unsigned char>(glyph));
+            }
+        } else if (face.advance[c] != 0) {
+            if (!adjusted) out.insert(open, 1, '[');
+            adjusted = true;
+            out += ") ";
+            appendNumber(out, -face.advance[c] / face.pixelSize * 1000);
+            out += " (";
+        }
+    }
+    out += adjusted ? ")] TJ\n" : ") Tj\n";
+    penX_ += face.width(text) * kUnitsPerPixel;
+}
+
+// The first text of a text object is placed where it stands; every one after it by its distance
+// from the last place, unless it goes on where the glyphs before it ended.
+void PdfPageContent::moveTo(double x, std::int64_t baseline) {
+    if (placed_ && baseline == lineY_ && std::fabs(x - penX_) < 0.5) return;
+    std::int64_t left = whole(x);
+    if (!placed_) {
+        *out_ += "1 0 0 -1 ";
+        appendInteger(*out_, left);
+        *out_ += ' ';
+        appendInteger(*out_, baseline);
+        *out_ += " Tm\n";
+    } else {
+        // Text space has y upwards; the page's units have it downwards.
+        appendInteger(*out_, left - lineX_);
+        *out_ += ' ';
+        appendInteger(*out_, lineY_ - baseline);
+        *out_ += " Td\n";
+    }
+    placed_ = true;
+    lineX_ = left;
+    lineY_ = baseline;
+    penX_ = static_cast<double>(left);
+}
+
+void PdfPageContent::setFont(const PrintFace& face, const FontUse& font) {
+    if (font_ == static_cast<int>(font.number) && fontSize_ == face.pixelSize) return;
+    font_ = static_cast<int>(font.number);
+    fontSize_ = face.pixelSize;
+    *out_ += "/F";
+    appendInteger(*out_, font_);
+    *out_ += ' ';
+    appendNumber(*out_, face.pixelSize * kUnitsPerPixel);
+    *out_ += " Tf\n";
+}
+
+void PdfPageContent::setColour(QRgb rgb, bool stroking) {
+    QRgb& current = stroking ? stroke_ : fill_;
+    bool& set = stroking ? strokeSet_ : fillSet_;
+    if (set && current == rgb) return;
+    appendColour(*out_, rgb, stroking ? "RG" : "rg");
+    current = rgb;
+    set = true;
+}
+
+void PdfPageContent::endText() {
+    if (!inText_) return;
+    *out_ += "ET\n";
+    inText_ = placed_ = false;
+}
+
+void PdfPageContent::point(double x, double y) {
+    appendInteger(*out_, whole(x * kUnitsPerPixel));
+    *out_ += ' ';
+    appendInteger(*out_, whole(y * kUnitsPerPixel));
+}
+
+void PdfPageContent::line(const PageRecording::Op& op) {
+    endText();
+    setColour(op.colour, true);
+    if (op.width != lineWidth_) {
+        lineWidth_ = op.width;
+        appendInteger(*out_, static_cast<std::int64_t>(op.width) * kUnitsPerPixel);
+        *out_ += " w\n";
+    }
+    point(op.x1, op.y1);
+    *out_ += " m ";
+    point(op.x2, op.y2);
+    *out_ += " l S\n";
+}
+
+void PdfPageContent::box(const PageRecording::Op& op) {
+    endText();
+    setColour(op.colour, false);
+    std::int64_t left = whole(std::min(op.x1, op.x2) * kUnitsPerPixel);
+    std::int64_t top = whole(std::min(op.y1, op.y2) * kUnitsPerPixel);
+    appendInteger(*out_, left);
+    *out_ += ' ';
+    appendInteger(*out_, top);
+    *out_ += ' ';
+    appendInteger(*out_, whole(std::max(op.x1, op.x2) * kUnitsPerPixel) - left);
+    *out_ += ' ';
+    appendInteger(*out_, whole(std::max(op.y1, op.y2) * kUnitsPerPixel) - top);
+    *out_ += " re f\n";
+}
+
+}  // namespace hlyd

@@ -1,0 +1,64 @@
+#pragma once
+// A recorded page as the content stream of a PDF page. A listing is nearly all text, a few tokens
+// to a line: the text of a page goes in one text object, the pen moved from token to token by
+// whole numbers, the font and colour set only when they change, and each glyph written as the
+// bytes of its code. That keeps the stream near the size of the source it shows, so that it is
+// both quick to compress and small.
+#include <QPointF>
+#include <bitset>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "platform/qt/page_recording.h"
+#include "platform/qt/print_faces.h"
+
+namespace hlyd {
+
+class PdfPageContent {
+public:
+    // The font of the file a face draws with: its resource number, whether its codes are one byte
+    // (a font drawn by the file) rather than two (glyph numbers), and the characters drawn in it,
+    // for the font to keep.
+    struct FontUse {
+        std::size_t number;
+        bool oneByte;
+        std::bitset<256>* used;
+    };
+    using FontOf = std::function<FontUse(const PrintFace&)>;
+
+    explicit PdfPageContent(FontOf fontOf) : fontOf_(std::move(fontOf)) {}
+    // Appends the page's drawing to `out`: its device pixels are `pointsPerPixel` points, y
+    // downwards from `corner`, the printable area's top left in points from the sheet's foot.
+    void write(std::string& out, const PageRecording& page, const PrintFaces& faces, double pointsPerPixel,
+               QPointF corner);
+
+    // Positions are whole numbers of a tenth of a device pixel: at 720 dots per inch no eye or
+    // printer tells a place rounded to it from the exact one.
+    static constexpr int kUnitsPerPixel = 100;
+
+private:
+    void text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
+    void glyphs(std::string_view text, const PrintFace& face, const FontUse& font);
+    void moveTo(double x, std::int64_t baseline);
+    void setFont(const PrintFace& face, const FontUse& font);
+    void setColour(QRgb rgb, bool stroking);
+    void endText();
+    void line(const PageRecording::Op& op);
+    void box(const PageRecording::Op& op);
+    void point(double x, double y);
+
+    FontOf fontOf_;
+    std::string* out_ = nullptr;
+    // What the stream has set so far on this page.
+    bool inText_ = false, placed_ = false;
+    std::int64_t lineX_ = 0, lineY_ = 0;  // where the last move put the line's start, in units
+    double penX_ = 0;                     // where the last glyphs ended, in units
+    int font_ = -1;
+    double fontSize_ = 0;
+    bool fillSet_ = false, strokeSet_ = false;
+    QRgb fill_ = 0, stroke_ = 0;
+    int lineWidth_ = 0;
+};
+
+}  // namespace hlyd
