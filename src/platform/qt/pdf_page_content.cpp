@@ -13,22 +13,30 @@ namespace {
 
 std::int64_t whole(double units) { return std::llround(units); }
 
-// One byte of a literal string; see appendLiteralBytes.
-void appendStringByte(std::string& out, unsigned char c) {
-    if (c == '(' || c == ')' || c == '\\') out += '\\';
-    if (c == '\r') out += "\\r";
-    else out += static_cast<char>(c);
+// One byte of a literal string, at `p`, which has room for two; see appendLiteralBytes.
+char* putStringByte(char* p, unsigned char c) {
+    if (c == '(' || c == ')' || c == '\\') *p++ = '\\';
+    if (c == '\r') {
+        *p++ = '\\';
+        c = 'r';
+    }
+    *p++ = static_cast<char>(c);
+    return p;
 }
 
-void appendColour(std::string& out, QRgb rgb, const char* op) {
+// A grey (black above all) as one figure: fewer bytes for the colour a listing changes to most.
+std::string colourText(QRgb rgb, bool stroking) {
+    std::string out;
+    bool grey = qRed(rgb) == qGreen(rgb) && qGreen(rgb) == qBlue(rgb);
     appendNumber(out, qRed(rgb) / 255.0);
-    out += ' ';
-    appendNumber(out, qGreen(rgb) / 255.0);
-    out += ' ';
-    appendNumber(out, qBlue(rgb) / 255.0);
-    out += ' ';
-    out += op;
-    out += '\n';
+    if (!grey) {
+        out += ' ';
+        appendNumber(out, qGreen(rgb) / 255.0);
+        out += ' ';
+        appendNumber(out, qBlue(rgb) / 255.0);
+    }
+    out += grey ? (stroking ? " G\n" : " g\n") : (stroking ? " RG\n" : " rg\n");
+    return out;
 }
 
 }  // namespace
@@ -102,24 +110,34 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
     std::size_t open = out.size();
     bool adjusted = false;
     out += '(';
-    for (unsigned char c : text) {
-        if (std::uint32_t glyph = face.glyph[c]; glyph != 0) {
+    for (std::size_t i = 0; i < text.size();) {
+        std::size_t at = out.size();
+        out.resize(at + (text.size() - i) * 4);  // two bytes a code, each perhaps escaped
+        char* p = out.data() + at;
+        for (; i < text.size(); ++i) {
+            auto c = static_cast<unsigned char>(text[i]);
+            std::uint32_t glyph = face.glyph[c];
+            if (glyph == 0) {
+                if (face.advance[c] != 0) break;
+                continue;
+            }
             font.used->set(c);
             if (font.oneByte) {
-                appendStringByte(out, c);
+                p = putStringByte(p, c);
             } else {
-                appendStringByte(out, static_cast<unsigned char>(glyph >> 8));
-                appendStringByte(out, static_cast<unsigned char>(glyph));
+                p = putStringByte(p, static_cast<unsigned char>(glyph >> 8));
+                p = putStringByte(p, static_cast<unsigned char>(glyph));
             }
-        } else if (face.advance[c] != 0) {
-            if (!adjusted) out.insert(open, 1, '[');
-            adjusted = true;
-            out += ") ";
-            appendNumber(out, -face.advance[c] / face.pixelSize * 1000);
-            out += " (";
         }
+        out.resize(static_cast<std::size_t>(p - out.data()));
+        if (i == text.size()) break;
+        if (!adjusted) out.insert(open, 1, '[');
+        adjusted = true;
+        out += ") ";
+        appendNumber(out, -face.advance[static_cast<unsigned char>(text[i++])] / face.pixelSize * 1000);
+        out += " (";
     }
-    out += adjusted ? ")] TJ\n" : ") Tj\n";
+    out += adjusted ? ")]TJ\n" : ")Tj\n";
     penX_ += face.width(text) * kUnitsPerPixel;
 }
 
@@ -162,7 +180,11 @@ void PdfPageContent::setColour(QRgb rgb, bool stroking) {
     QRgb& current = stroking ? stroke_ : fill_;
     bool& set = stroking ? strokeSet_ : fillSet_;
     if (set && current == rgb) return;
-    appendColour(*out_, rgb, stroking ? "RG" : "rg");
+    auto known = std::find_if(colours_.begin(), colours_.end(), [&](const auto& c) {
+        return c.rgb == rgb && c.stroking == stroking;
+    });
+    if (known == colours_.end()) known = colours_.insert(colours_.end(), {rgb, stroking, colourText(rgb, stroking)});
+    *out_ += known->text;
     current = rgb;
     set = true;
 }

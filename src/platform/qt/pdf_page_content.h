@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/qt/page_recording.h"
 #include "platform/qt/print_faces.h"
@@ -33,8 +34,9 @@ public:
     void write(std::string& out, const PageRecording& page, const PrintFaces& faces, double pointsPerPixel,
                QPointF corner);
 
-    // Positions are whole numbers of a tenth of a device pixel: at 720 dots per inch no eye or
-    // printer tells a place rounded to it from the exact one.
+    // Positions are whole numbers of a hundredth of a device pixel: finer than any eye or printer
+    // tells apart, and as exact as the recording places the text, which matters to a reader that
+    // lays a page's text out again in columns.
     static constexpr int kUnitsPerPixel = 100;
 
 private:
@@ -59,6 +61,13 @@ private:
     bool fillSet_ = false, strokeSet_ = false;
     QRgb fill_ = 0, stroke_ = 0;
     int lineWidth_ = 0;
+    // The operators of the colours met so far: a listing changes colour nearly every token.
+    struct ColourText {
+        QRgb rgb;
+        bool stroking;
+        std::string text;
+    };
+    std::vector<ColourText> colours_;
 };
 
 }  // namespace hlyd
