@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/qt/pdf_syntax.h"
 #include "platform/text_encoding.h"
@@ -103,12 +104,32 @@ void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op
     }
 }
 
+// Each character's code in the face's font as it stands in a literal string, worked out once.
+const PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const FontUse& font) {
+    if (codes_.size() <= face.index) codes_.resize(face.index + 1u);
+    std::unique_ptr<Codes>& known = codes_[face.index];
+    if (known) return *known;
+    known = std::make_unique<Codes>();
+    for (int c = 0; c < 256; ++c) {
+        std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
+        if (glyph == 0) continue;
+        char* start = known->bytes[static_cast<std::size_t>(c)].data();
+        char* p = start;
+        if (!font.oneByte) p = putStringByte(p, static_cast<unsigned char>(glyph >> 8));
+        p = putStringByte(p, static_cast<unsigned char>(font.oneByte ? static_cast<std::uint32_t>(c) : glyph));
+        known->length[static_cast<std::size_t>(c)] = static_cast<std::uint8_t>(p - start);
+    }
+    return *known;
+}
+
 // The codes of the glyphs in a literal string; a character without a glyph that still takes room,
 // as it was measured, moves the pen by its advance.
 void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const FontUse& font) {
+    const Codes& codes = codesOf(face, font);
     std::string& out = *out_;
     std::size_t open = out.size();
     bool adjusted = false;
+    std::bitset<256> used;
     out += '(';
     for (std::size_t i = 0; i < text.size();) {
         std::size_t at = out.size();
@@ -116,18 +137,14 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
         char* p = out.data() + at;
         for (; i < text.size(); ++i) {
             auto c = static_cast<unsigned char>(text[i]);
-            std::uint32_t glyph = face.glyph[c];
-            if (glyph == 0) {
+            std::size_t length = codes.length[c];
+            if (length == 0) {
                 if (face.advance[c] != 0) break;
                 continue;
             }
-            font.used->set(c);
-            if (font.oneByte) {
-                p = putStringByte(p, c);
-            } else {
-                p = putStringByte(p, static_cast<unsigned char>(glyph >> 8));
-                p = putStringByte(p, static_cast<unsigned char>(glyph));
-            }
+            used.set(c);
+            std::memcpy(p, codes.bytes[c].data(), 4);
+            p += length;
         }
         out.resize(static_cast<std::size_t>(p - out.data()));
         if (i == text.size()) break;
@@ -138,6 +155,7 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
         out += " (";
     }
     out += adjusted ? ")]TJ\n" : ")Tj\n";
+    *font.used |= used;
     penX_ += face.width(text) * kUnitsPerPixel;
 }
 

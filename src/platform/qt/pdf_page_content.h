@@ -5,9 +5,11 @@
 // bytes of its code. That keeps the stream near the size of the source it shows, so that it is
 // both quick to compress and small.
 #include <QPointF>
+#include <array>
 #include <bitset>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -42,6 +44,11 @@ public:
 private:
     void text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
     void glyphs(std::string_view text, const PrintFace& face, const FontUse& font);
+    struct Codes {
+        std::array<std::array<char, 4>, 256> bytes{};
+        std::array<std::uint8_t, 256> length{};  // 0 for a character without a glyph
+    };
+    const Codes& codesOf(const PrintFace& face, const FontUse& font);
     void moveTo(double x, std::int64_t baseline);
     void setFont(const PrintFace& face, const FontUse& font);
     void setColour(QRgb rgb, bool stroking);
@@ -68,6 +75,7 @@ private:
         std::string text;
     };
     std::vector<ColourText> colours_;
+    std::vector<std::unique_ptr<Codes>> codes_;  // by face index
 };
 
 }  // namespace hlyd
