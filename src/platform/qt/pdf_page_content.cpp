@@ -104,12 +104,14 @@ void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op
     }
 }
 
-// Each character's code in the face's font as it stands in a literal string, worked out once.
+// The operator that selects the face's font, and each character's code in that font as it stands
+// in a literal string, worked out once.
 const PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const FontUse& font) {
     if (codes_.size() <= face.index) codes_.resize(face.index + 1u);
     std::unique_ptr<Codes>& known = codes_[face.index];
     if (known) return *known;
     known = std::make_unique<Codes>();
+    known->selectFont = "/F" + std::to_string(font.number) + " " + pdfNumber(face.pixelSize * kUnitsPerPixel) + " Tf\n";
     for (int c = 0; c < 256; ++c) {
         std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
         if (glyph == 0) continue;
@@ -187,11 +189,7 @@ void PdfPageContent::setFont(const PrintFace& face, const FontUse& font) {
     if (font_ == static_cast<int>(font.number) && fontSize_ == face.pixelSize) return;
     font_ = static_cast<int>(font.number);
     fontSize_ = face.pixelSize;
-    *out_ += "/F";
-    appendInteger(*out_, font_);
-    *out_ += ' ';
-    appendNumber(*out_, face.pixelSize * kUnitsPerPixel);
-    *out_ += " Tf\n";
+    *out_ += codesOf(face, font).selectFont;
 }
 
 void PdfPageContent::setColour(QRgb rgb, bool stroking) {

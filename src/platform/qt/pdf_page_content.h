@@ -47,6 +47,7 @@ private:
     struct Codes {
         std::array<std::array<char, 4>, 256> bytes{};
         std::array<std::uint8_t, 256> length{};  // 0 for a character without a glyph
+        std::string selectFont;
     };
     const Codes& codesOf(const PrintFace& face, const FontUse& font);
     void moveTo(double x, std::int64_t baseline);
