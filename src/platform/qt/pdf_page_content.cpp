@@ -65,6 +65,18 @@ void PdfPageContent::write(std::string& out, const PageRecording& page, const Pr
         }
     }
     endText();
+    noteDrawn();
+}
+
+// The characters drawn on the page go to their fonts, for the fonts to keep their glyphs.
+void PdfPageContent::noteDrawn() {
+    for (const std::unique_ptr<Codes>& codes : codes_) {
+        if (!codes || !codes->anyDrawn) continue;
+        std::bitset<256>& used = *fontOf_(*codes->face).used;
+        for (std::size_t c = 0; c < 256; ++c)
+            if (codes->drawn[c]) used.set(c);
+        codes->anyDrawn = false;
+    }
 }
 
 void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face) {
@@ -106,11 +118,12 @@ void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op
 
 // The operator that selects the face's font, and each character's code in that font as it stands
 // in a literal string, worked out once.
-const PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const FontUse& font) {
+PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const FontUse& font) {
     if (codes_.size() <= face.index) codes_.resize(face.index + 1u);
     std::unique_ptr<Codes>& known = codes_[face.index];
     if (known) return *known;
     known = std::make_unique<Codes>();
+    known->face = &face;
     known->selectFont = "/F" + std::to_string(font.number) + " " + pdfNumber(face.pixelSize * kUnitsPerPixel) + " Tf\n";
     for (int c = 0; c < 256; ++c) {
         std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
@@ -127,11 +140,11 @@ const PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, cons
 // The codes of the glyphs in a literal string; a character without a glyph that still takes room,
 // as it was measured, moves the pen by its advance.
 void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const FontUse& font) {
-    const Codes& codes = codesOf(face, font);
+    Codes& codes = codesOf(face, font);
+    codes.anyDrawn = true;
     std::string& out = *out_;
     std::size_t open = out.size();
     bool adjusted = false;
-    std::bitset<256> used;
     out += '(';
     for (std::size_t i = 0; i < text.size();) {
         std::size_t at = out.size();
@@ -144,7 +157,7 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
                 if (face.advance[c] != 0) break;
                 continue;
             }
-            used.set(c);
+            codes.drawn[c] = 1;  // no bit set: a byte a character keeps the loop free of a chain
             std::memcpy(p, codes.bytes[c].data(), 4);
             p += length;
         }
@@ -157,7 +170,6 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
         out += " (";
     }
     out += adjusted ? ")]TJ\n" : ")Tj\n";
-    *font.used |= used;
     penX_ += face.width(text) * kUnitsPerPixel;
 }
 

@@ -48,12 +48,16 @@ private:
         std::array<std::array<char, 4>, 256> bytes{};
         std::array<std::uint8_t, 256> length{};  // 0 for a character without a glyph
         std::string selectFont;
+        const PrintFace* face = nullptr;
+        std::array<std::uint8_t, 256> drawn{};  // so far in the document
+        bool anyDrawn = false;                  // on the page being written
     };
-    const Codes& codesOf(const PrintFace& face, const FontUse& font);
+    Codes& codesOf(const PrintFace& face, const FontUse& font);
     void moveTo(double x, std::int64_t baseline);
     void setFont(const PrintFace& face, const FontUse& font);
     void setColour(QRgb rgb, bool stroking);
     void endText();
+    void noteDrawn();
     void line(const PageRecording::Op& op);
     void box(const PageRecording::Op& op);
     void point(double x, double y);
