@@ -14,7 +14,8 @@ namespace {
 
 std::int64_t whole(double units) { return std::llround(units); }
 
-// One byte of a literal string, at `p`, which has room for two; see appendLiteralBytes.
+// One byte of a literal string, at `p`, which has room for two. Only what a reader would take for
+// the string's end, an escape, or a line end to normalise (CR) is escaped.
 char* putStringByte(char* p, unsigned char c) {
     if (c == '(' || c == ')' || c == '\\') *p++ = '\\';
     if (c == '\r') {

@@ -41,16 +41,4 @@ void appendHex16(std::string& out, std::uint32_t v) {
     appendHex8(out, v);
 }
 
-void appendLiteralBytes(std::string& out, std::string_view bytes) {
-    for (char c : bytes) {
-        switch (c) {
-            case '(': out += "\\("; break;
-            case ')': out += "\\)"; break;
-            case '\\': out += "\\\\"; break;
-            case '\r': out += "\\r"; break;  // a bare CR would be read as a line end, that is as LF
-            default: out += c;
-        }
-    }
-}
-
 }  // namespace hlyd

@@ -2,7 +2,6 @@
 // Numbers and strings as a PDF file writes them.
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace hlyd {
 
@@ -12,8 +11,5 @@ std::string pdfNumber(double value);
 void appendInteger(std::string& out, std::int64_t value);
 void appendHex8(std::string& out, std::uint32_t v);
 void appendHex16(std::string& out, std::uint32_t v);
-// The bytes as they stand inside a literal string's parentheses: only what a reader would take
-// for the string's end, an escape, or a line end to normalise is escaped.
-void appendLiteralBytes(std::string& out, std::string_view bytes);
 
 }  // namespace hlyd
