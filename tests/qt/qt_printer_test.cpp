@@ -170,6 +170,112 @@ TEST_F(QtPrinterTest, AMarkIsAnArtifactOfThePage) {
     EXPECT_EQ(content.find("/Artifact BMC", end), std::string::npos);
 }
 
+// The words of the first page as `pdftotext -bbox` gives them, in points from the sheet's top left.
+struct Word {
+    std::string text;
+    double x0, y0, x1;
+};
+std::vector<Word> wordsOf(const std::string& path) {
+    std::vector<Word> words;
+    std::istringstream lines(run("pdftotext -f 1 -l 1 -bbox '" + path + "' -"));
+    for (std::string line; std::getline(lines, line);) {
+        double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+        char text[256] = {};
+        if (std::sscanf(line.c_str(), " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\">%255[^<]", &x0, &y0,
+                        &x1, &y1, text) == 5)
+            words.push_back({text, x0, y0, x1});
+    }
+    return words;
+}
+
+// The page's text goes out as one run, each token placed by its distance from the one before:
+// every word still stands where it was printed, to a hundredth of a point, across changes of font,
+// colour and line, a drawing between them, and a token that goes on where the last one ended. The
+// glyph codes are bytes in literal strings, so every printable character must read back as itself,
+// those whose codes are a parenthesis, a backslash or a carriage return among them.
+TEST_F(QtPrinterTest, EveryWordStandsWhereItWasPrintedAndReadsBack) {
+    NEED_POPPLER();
+    QtPrinter p;
+    p.beginJob(pdf("places.pdf"));
+    struct Token {
+        const char* font;
+        bool bold;
+        std::uint32_t colour;
+        float x;  // twips from the printable area's left; below zero: where the last token ended
+        const char* text;
+    };
+    const std::vector<std::vector<Token>> lines = {
+        {{"Courier New", true, 0x800000, 360, "Dim"}, {"Courier New", false, 0, 1003.5f, "total"},
+         {"Courier New", true, 0x800000, 1877, "As"}, {"Courier New", true, 0x800000, 2317, "Long"}},
+        {{"Courier New", false, 0, 727, "Call"}, {"Arial", false, 0x008000, 1500.25f, "Foo"},
+         {"Courier New", true, 0x800000, -1, "("}, {"Courier New", false, 0, 3333, "x"}},
+        {{"Arial", false, 0, 5, "End"}, {"Courier New", false, 0x008000, 9000, "Sub"}},
+    };
+    struct Placed {
+        std::string text;
+        double x0, x1, top;  // points from the sheet's edge
+    };
+    std::vector<Placed> placed;
+    float y = 0;
+    const float lineHeight = p.textHeight("X");
+    auto points = [](float twips) { return 18 + twips / 20.0; };
+    for (const auto& tokens : lines) {
+        for (const Token& t : tokens) {
+            p.setFontName(t.font);
+            p.setFontBold(t.bold);
+            p.setForeColor(t.colour);
+            p.setCurrentY(y);
+            if (t.x >= 0) p.setCurrentX(t.x);
+            float x0 = p.currentX();
+            p.print(t.text);
+            placed.push_back({t.text, points(x0), points(p.currentX()), points(y)});
+        }
+        p.line(0, y + lineHeight, 3000, y + lineHeight, 0xFF);
+        y += 2 * lineHeight;
+    }
+    std::string printable;
+    for (int c = 0x21; c < 0x7F; ++c) printable += static_cast<char>(c);
+    for (const char* font : {"Courier New", "Arial"}) {
+        p.setFontName(font);
+        p.setCurrentX(360);
+        p.setCurrentY(y += lineHeight);
+        p.print(printable);
+    }
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+
+    // pdftotext may join a token to the one it goes on from: then the word ends where it should.
+    std::vector<Word> words = wordsOf(pdf("places.pdf"));
+    for (const Placed& token : placed) {
+        auto word = std::find_if(words.begin(), words.end(), [&](const Word& w) { return w.text == token.text; });
+        if (word != words.end()) {
+            EXPECT_NEAR(word->x0, token.x0, 0.01) << token.text;
+        } else {
+            word = std::find_if(words.begin(), words.end(), [&](const Word& w) {
+                return w.text.size() > token.text.size() && w.text.ends_with(token.text);
+            });
+            ASSERT_NE(word, words.end()) << token.text;
+        }
+        EXPECT_NEAR(word->x1, token.x1, 0.01) << token.text;
+        EXPECT_GE(word->y0, token.top - 1) << token.text;
+        EXPECT_LE(word->y0, token.top + lineHeight / 20.0) << token.text;
+    }
+    // A text object from drawing to drawing, and a font set only when it changes (ten times).
+    if (haveTool("qpdf")) {
+        std::string content = run("qpdf --qdf --object-streams=disable '" + pdf("places.pdf") + "' -");
+        auto count = [&](const std::string& what) {
+            std::size_t n = 0;
+            for (std::size_t at = content.find(what); at != std::string::npos; at = content.find(what, at + 1)) ++n;
+            return n;
+        };
+        EXPECT_EQ(count("\nBT\n"), 4u);
+        EXPECT_EQ(count(" Tf\n"), 10u);
+    }
+    std::string text = run("pdftotext '" + pdf("places.pdf") + "' -");
+    std::size_t first = text.find(printable);
+    ASSERT_NE(first, std::string::npos) << text;
+    EXPECT_NE(text.find(printable, first + 1), std::string::npos) << text;
+}
+
 // The pixels darker than mid-grey in a grey PGM image.
 int darkPixels(const std::string& pgm) {
     std::istringstream in(pgm);

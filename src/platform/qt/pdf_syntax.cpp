@@ -25,6 +25,12 @@ std::string pdfNumber(double value) {
     return s;
 }
 
+void appendInteger(std::string& out, std::int64_t value) {
+    char buffer[24];
+    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
+    out.append(buffer, end);
+}
+
 void appendHex8(std::string& out, std::uint32_t v) {
     out += kHex[v >> 4 & 0xF];
     out += kHex[v & 0xF];

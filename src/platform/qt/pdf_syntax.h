@@ -1,5 +1,5 @@
 #pragma once
-// Numbers and hex strings as a PDF file writes them.
+// Numbers and strings as a PDF file writes them.
 #include <cstdint>
 #include <string>
 
@@ -8,6 +8,7 @@ namespace hlyd {
 // At most two decimals, no trailing zeros: "12.5", "-3", "0".
 void appendNumber(std::string& out, double value);
 std::string pdfNumber(double value);
+void appendInteger(std::string& out, std::int64_t value);
 void appendHex8(std::string& out, std::uint32_t v);
 void appendHex16(std::string& out, std::uint32_t v);
 

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/qt/page_recording.h"
+#include "platform/qt/pdf_page_content.h"
 #include "platform/qt/print_faces.h"
 
 namespace hlyd {
@@ -67,7 +68,7 @@ private:
     void write(std::string_view data);
     void writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary = {});
     std::size_t fontOf(const PrintFace& face);
-    void appendText(std::string& content, const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
+    void compress(const std::string& data);  // into packed_
     // In pdf_fonts.cpp.
     static Outlines outlinesOf(const QRawFont& raw);
     void writeFont(const Font& font);
@@ -112,6 +113,8 @@ private:
     std::vector<LabelRange> labels_;
     std::vector<Font> fonts_;
     std::vector<int> fontOfFace_;  // by face index; -1 until the face is first drawn
+    PdfPageContent pageContent_;
+    std::string content_, packed_;  // of the page being written, kept to spare a page its allocations
 };
 
 }  // namespace hlyd

@@ -33,6 +33,9 @@ void fillCharacters(PrintFace& face, QRawFont design) {
         face.glyph[static_cast<std::size_t>(c)] = glyphs[0];
         face.advance[static_cast<std::size_t>(c)] = advances.value(0).x() * scale;
     }
+    bool alike = std::all_of(face.advance.begin() + 0x20, face.advance.end(),
+                             [&](double a) { return a == face.advance[0x20]; });
+    face.fixedAdvance = alike ? face.advance[0x20] : 0;
 }
 
 }  // namespace

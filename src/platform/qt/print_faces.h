@@ -33,8 +33,17 @@ struct PrintFace {
     double underlinePosition = 0, lineThickness = 0;  // below the baseline, in device pixels
     std::array<std::uint32_t, 256> glyph{};  // of each Windows-1252 character; control characters have none
     std::array<double, 256> advance{};       // in device pixels
+    // The advance of every character from the blank on when they are all alike (a monospaced
+    // face), else 0. Control characters take no room.
+    double fixedAdvance = 0;
 
+    // A listing measures nearly every token: in a monospaced face that is a count.
     double width(std::string_view text) const {
+        if (fixedAdvance != 0) {
+            std::size_t controls = 0;
+            for (unsigned char c : text) controls += c < 0x20;
+            return fixedAdvance * static_cast<double>(text.size() - controls);
+        }
         double sum = 0;
         for (unsigned char c : text) sum += advance[c];
         return sum;

@@ -3,7 +3,8 @@
 // moved between them, about 60 lines to a page, a heading with a rule on each page), to a
 // finished PDF. Prints MB/s of source, the PDF's size against the source, and peak memory.
 // A further bench runs the command line's job on a project of 200 members (about 10 MB): MB/s of
-// source, and how soon the first page of the first member is finished.
+// source, and how soon the first page of the first member is finished. And the program's whole
+// process on a module, as a user starts it.
 // Run: build/tools/bench/hlyd-pdf-print-bench
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
@@ -183,6 +184,31 @@ void BM_PrintModuleEndToEnd(benchmark::State& state) {
     fs::remove_all(folder);
 }
 BENCHMARK(BM_PrintModuleEndToEnd)->Unit(benchmark::kMillisecond)->Iterations(2)->UseRealTime();
+
+// The whole process as a user runs it: the program started on a 2 MB module with a fresh settings
+// folder, to the finished PDF. MB/s of source, start and exit included.
+void BM_WholeProcessModuleToPdf(benchmark::State& state) {
+    namespace fs = std::filesystem;
+    const std::string source = hlyd::bench::commentedModule(2u * 1024 * 1024);
+    const fs::path folder = fs::temp_directory_path() / "hlyd-pdf-whole-process";
+    fs::create_directories(folder);
+    const fs::path module = folder / "Commented.bas", out = folder / "Commented.pdf";
+    std::ofstream(module, std::ios::binary) << source;
+    const std::string command = "QT_QPA_PLATFORM=offscreen '" HLYD_PROGRAM "' --quiet --pdf '" + out.string() + "' '" +
+                                module.string() + "' >/dev/null 2>&1";
+    for (auto _ : state) {
+        state.PauseTiming();
+        fs::remove_all(folder / "config");
+        fs::create_directories(folder / "config");
+        setenv("HLYD_CONFIG_DIR", (folder / "config").c_str(), 1);
+        state.ResumeTiming();
+        if (std::system(command.c_str()) != 0) state.SkipWithError("the program failed");
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(source.size()));
+    state.counters["pdfToSource"] = static_cast<double>(fs::file_size(out)) / static_cast<double>(source.size());
+    fs::remove_all(folder);
+}
+BENCHMARK(BM_WholeProcessModuleToPdf)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
 
 // The PDF printer that notes when the first page is finished (its first new page or end).
 class FirstPageClock : public hlyd::QtPrinter {

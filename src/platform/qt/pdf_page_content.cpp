@@ -1,0 +1,262 @@
+#include "platform/qt/pdf_page_content.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/qt/pdf_syntax.h"
+#include "platform/text_encoding.h"
+
+namespace hlyd {
+
+namespace {
+
+std::int64_t whole(double units) { return std::llround(units); }
+
+// One byte of a literal string, at `p`, which has room for two. Only what a reader would take for
+// the string's end, an escape, or a line end to normalise (CR) is escaped.
+char* putStringByte(char* p, unsigned char c) {
+    if (c == '(' || c == ')' || c == '\\') *p++ = '\\';
+    if (c == '\r') {
+        *p++ = '\\';
+        c = 'r';
+    }
+    *p++ = static_cast<char>(c);
+    return p;
+}
+
+// A grey (black above all) as one figure: fewer bytes for the colour a listing changes to most.
+std::string colourText(QRgb rgb, bool stroking) {
+    std::string out;
+    bool grey = qRed(rgb) == qGreen(rgb) && qGreen(rgb) == qBlue(rgb);
+    appendNumber(out, qRed(rgb) / 255.0);
+    if (!grey) {
+        out += ' ';
+        appendNumber(out, qGreen(rgb) / 255.0);
+        out += ' ';
+        appendNumber(out, qBlue(rgb) / 255.0);
+    }
+    out += grey ? (stroking ? " G\n" : " g\n") : (stroking ? " RG\n" : " rg\n");
+    return out;
+}
+
+}  // namespace
+
+void PdfPageContent::write(std::string& out, const PageRecording& page, const PrintFaces& faces,
+                           double pointsPerPixel, QPointF corner) {
+    out_ = &out;
+    inText_ = placed_ = fillSet_ = strokeSet_ = false;
+    font_ = -1;
+    lineWidth_ = 0;
+    // Units, y downwards from the printable area's corner, as the page was recorded.
+    char matrix[96];
+    double scale = pointsPerPixel / kUnitsPerPixel;
+    std::snprintf(matrix, sizeof matrix, "%.9g 0 0 %.9g ", scale, -scale);
+    out += matrix;
+    appendNumber(out, corner.x());
+    out += ' ';
+    appendNumber(out, corner.y());
+    out += " cm 2 J\n";
+    for (const PageRecording::Op& op : page.ops()) {
+        switch (op.kind) {
+            case PageRecording::Kind::Text: text(page, op, faces.byIndex(op.face)); break;
+            case PageRecording::Kind::Line: line(op); break;
+            case PageRecording::Kind::Box: box(op); break;
+        }
+    }
+    endText();
+    noteDrawn();
+}
+
+// The characters drawn on the page go to their fonts, for the fonts to keep their glyphs.
+void PdfPageContent::noteDrawn() {
+    for (const std::unique_ptr<Codes>& codes : codes_) {
+        if (!codes || !codes->anyDrawn) continue;
+        std::bitset<256>& used = *fontOf_(*codes->face).used;
+        for (std::size_t c = 0; c < 256; ++c)
+            if (codes->drawn[c]) used.set(c);
+        codes->anyDrawn = false;
+    }
+}
+
+void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face) {
+    FontUse font = fontOf_(face);
+    setColour(op.colour, false);
+    if (!inText_) {
+        *out_ += "BT\n";
+        inText_ = true;
+        placed_ = false;
+    }
+    setFont(face, font);
+    double baseline = op.y1 + face.ascent;
+    moveTo(op.x1 * kUnitsPerPixel, whole(baseline * kUnitsPerPixel));
+    // A reader copying or reading the page aloud skips an artifact.
+    if (op.artifact) *out_ += "/Artifact BMC ";
+    // Text that stands for bytes without a glyph gives those bytes back, as UTF-16BE.
+    std::string_view actual = page.actualOf(op);
+    if (!actual.empty()) {
+        *out_ += "/Span <</ActualText <FEFF";
+        for (unsigned char c : actual) appendHex16(*out_, cp1252CodePoint(c));
+        *out_ += ">>> BDC ";
+    }
+    glyphs(page.textOf(op), face, font);
+    if (op.artifact || !actual.empty()) *out_ += "EMC\n";
+    if (face.key.underline || face.key.strikeOut) {
+        endText();
+        double y = face.key.underline ? baseline + face.underlinePosition : baseline - face.ascent * 0.3;
+        std::int64_t left = whole(op.x1 * kUnitsPerPixel), top = whole(y * kUnitsPerPixel);
+        appendInteger(*out_, left);
+        *out_ += ' ';
+        appendInteger(*out_, top);
+        *out_ += ' ';
+        appendInteger(*out_, whole(op.x2 * kUnitsPerPixel) - left);
+        *out_ += ' ';
+        appendInteger(*out_, whole((y + face.lineThickness) * kUnitsPerPixel) - top);
+        *out_ += " re f\n";
+    }
+}
+
+// The operator that selects the face's font, and each character's code in that font as it stands
+// in a literal string, worked out once.
+PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const FontUse& font) {
+    if (codes_.size() <= face.index) codes_.resize(face.index + 1u);
+    std::unique_ptr<Codes>& known = codes_[face.index];
+    if (known) return *known;
+    known = std::make_unique<Codes>();
+    known->face = &face;
+    known->selectFont = "/F" + std::to_string(font.number) + " " + pdfNumber(face.pixelSize * kUnitsPerPixel) + " Tf\n";
+    for (int c = 0; c < 256; ++c) {
+        std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
+        if (glyph == 0) continue;
+        char* start = known->bytes[static_cast<std::size_t>(c)].data();
+        char* p = start;
+        if (!font.oneByte) p = putStringByte(p, static_cast<unsigned char>(glyph >> 8));
+        p = putStringByte(p, static_cast<unsigned char>(font.oneByte ? static_cast<std::uint32_t>(c) : glyph));
+        known->length[static_cast<std::size_t>(c)] = static_cast<std::uint8_t>(p - start);
+    }
+    return *known;
+}
+
+// The codes of the glyphs in a literal string; a character without a glyph that still takes room,
+// as it was measured, moves the pen by its advance.
+void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const FontUse& font) {
+    Codes& codes = codesOf(face, font);
+    codes.anyDrawn = true;
+    std::string& out = *out_;
+    std::size_t open = out.size();
+    bool adjusted = false;
+    out += '(';
+    for (std::size_t i = 0; i < text.size();) {
+        std::size_t at = out.size();
+        out.resize(at + (text.size() - i) * 4);  // two bytes a code, each perhaps escaped
+        char* p = out.data() + at;
+        for (; i < text.size(); ++i) {
+            auto c = static_cast<unsigned char>(text[i]);
+            std::size_t length = codes.length[c];
+            if (length == 0) {
+                if (face.advance[c] != 0) break;
+                continue;
+            }
+            codes.drawn[c] = 1;  // no bit set: a byte a character keeps the loop free of a chain
+            std::memcpy(p, codes.bytes[c].data(), 4);
+            p += length;
+        }
+        out.resize(static_cast<std::size_t>(p - out.data()));
+        if (i == text.size()) break;
+        if (!adjusted) out.insert(open, 1, '[');
+        adjusted = true;
+        out += ") ";
+        appendNumber(out, -face.advance[static_cast<unsigned char>(text[i++])] / face.pixelSize * 1000);
+        out += " (";
+    }
+    out += adjusted ? ")]TJ\n" : ")Tj\n";
+    penX_ += face.width(text) * kUnitsPerPixel;
+}
+
+// The first text of a text object is placed where it stands; every one after it by its distance
+// from the last place, unless it goes on where the glyphs before it ended.
+void PdfPageContent::moveTo(double x, std::int64_t baseline) {
+    if (placed_ && baseline == lineY_ && std::fabs(x - penX_) < 0.5) return;
+    std::int64_t left = whole(x);
+    if (!placed_) {
+        *out_ += "1 0 0 -1 ";
+        appendInteger(*out_, left);
+        *out_ += ' ';
+        appendInteger(*out_, baseline);
+        *out_ += " Tm\n";
+    } else {
+        // Text space has y upwards; the page's units have it downwards.
+        appendInteger(*out_, left - lineX_);
+        *out_ += ' ';
+        appendInteger(*out_, lineY_ - baseline);
+        *out_ += " Td\n";
+    }
+    placed_ = true;
+    lineX_ = left;
+    lineY_ = baseline;
+    penX_ = static_cast<double>(left);
+}
+
+void PdfPageContent::setFont(const PrintFace& face, const FontUse& font) {
+    if (font_ == static_cast<int>(font.number) && fontSize_ == face.pixelSize) return;
+    font_ = static_cast<int>(font.number);
+    fontSize_ = face.pixelSize;
+    *out_ += codesOf(face, font).selectFont;
+}
+
+void PdfPageContent::setColour(QRgb rgb, bool stroking) {
+    QRgb& current = stroking ? stroke_ : fill_;
+    bool& set = stroking ? strokeSet_ : fillSet_;
+    if (set && current == rgb) return;
+    auto known = std::find_if(colours_.begin(), colours_.end(), [&](const auto& c) {
+        return c.rgb == rgb && c.stroking == stroking;
+    });
+    if (known == colours_.end()) known = colours_.insert(colours_.end(), {rgb, stroking, colourText(rgb, stroking)});
+    *out_ += known->text;
+    current = rgb;
+    set = true;
+}
+
+void PdfPageContent::endText() {
+    if (!inText_) return;
+    *out_ += "ET\n";
+    inText_ = placed_ = false;
+}
+
+void PdfPageContent::point(double x, double y) {
+    appendInteger(*out_, whole(x * kUnitsPerPixel));
+    *out_ += ' ';
+    appendInteger(*out_, whole(y * kUnitsPerPixel));
+}
+
+void PdfPageContent::line(const PageRecording::Op& op) {
+    endText();
+    setColour(op.colour, true);
+    if (op.width != lineWidth_) {
+        lineWidth_ = op.width;
+        appendInteger(*out_, static_cast<std::int64_t>(op.width) * kUnitsPerPixel);
+        *out_ += " w\n";
+    }
+    point(op.x1, op.y1);
+    *out_ += " m ";
+    point(op.x2, op.y2);
+    *out_ += " l S\n";
+}
+
+void PdfPageContent::box(const PageRecording::Op& op) {
+    endText();
+    setColour(op.colour, false);
+    std::int64_t left = whole(std::min(op.x1, op.x2) * kUnitsPerPixel);
+    std::int64_t top = whole(std::min(op.y1, op.y2) * kUnitsPerPixel);
+    appendInteger(*out_, left);
+    *out_ += ' ';
+    appendInteger(*out_, top);
+    *out_ += ' ';
+    appendInteger(*out_, whole(std::max(op.x1, op.x2) * kUnitsPerPixel) - left);
+    *out_ += ' ';
+    appendInteger(*out_, whole(std::max(op.y1, op.y2) * kUnitsPerPixel) - top);
+    *out_ += " re f\n";
+}
+
+}  // namespace hlyd
