@@ -211,7 +211,7 @@ void BM_HtmlWholeProcessRealShaped(benchmark::State& state) {
     std::string config = (std::filesystem::temp_directory_path() / "hlyd-bench-config").string();
     std::string command = "rm -rf '" + config + "' && mkdir '" + config + "' && HLYD_CONFIG_DIR='" + config +
                           "' QT_QPA_PLATFORM=offscreen '" HLYD_PROGRAM_PATH "' --quiet --html '" + out + "' '" +
-                          path + "'";
+                          path + "' >/dev/null";
     int failures = 0;
     for (auto _ : state) failures += std::system(command.c_str()) != 0;
     auto size = std::filesystem::file_size(path);
