@@ -8,14 +8,19 @@ namespace hlyd {
 
 namespace {
 
-std::array<unsigned char, 256> upperTable() {
-    std::array<unsigned char, 256> table{};
-    for (int c = 0; c < 256; ++c) table[c] = upperChar(static_cast<unsigned char>(c));
+// Made on first use: the folding it copies belongs to another file, whose tables may not be
+// made yet while this file's statics are.
+const std::array<unsigned char, 256>& upperTable() {
+    static const std::array<unsigned char, 256> table = [] {
+        std::array<unsigned char, 256> folded{};
+        for (int c = 0; c < 256; ++c) folded[c] = upperChar(static_cast<unsigned char>(c));
+        return folded;
+    }();
     return table;
 }
-const std::array<unsigned char, 256> kUpper = upperTable();
 
 std::uint32_t foldedHash(std::string_view word) {
+    const std::array<unsigned char, 256>& kUpper = upperTable();
     std::uint32_t h = 2166136261u;
     for (char c : word) h = (h ^ kUpper[static_cast<unsigned char>(c)]) * 16777619u;
     return h;
@@ -23,6 +28,7 @@ std::uint32_t foldedHash(std::string_view word) {
 
 bool sameFolded(std::string_view word, const std::string& upperWord) {
     if (word.size() != upperWord.size()) return false;
+    const std::array<unsigned char, 256>& kUpper = upperTable();
     for (std::size_t i = 0; i < word.size(); ++i)
         if (kUpper[static_cast<unsigned char>(word[i])] != static_cast<unsigned char>(upperWord[i])) return false;
     return true;
