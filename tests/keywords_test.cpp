@@ -1,10 +1,12 @@
 // The keyword table: the shipped data file, the checks made while reading a keyword file, and the
 // cutting and searching of one dialect's table.
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <ostream>
 #include <sstream>
 
+#include "analysis/keyword_index.h"
 #include "base/app_info.h"
 #include "base/c_debug.h"
 #include "base/hlyd_error.h"
@@ -192,6 +194,42 @@ TEST_F(KeywordTableTest, SearchAtTheEdgesOfTheTable) {
     EXPECT_EQ(indexOf("dim"), indexOf("DIM"));
     EXPECT_EQ(indexOf("DI"), 0);
     EXPECT_EQ(indexOf("DIMS"), 0);
+}
+
+// Every entry is found at its own place by its word in any letter case, and nothing that only
+// begins or ends like an entry is found.
+TEST_F(KeywordTableTest, EveryEntryIsFoundInAnyCase) {
+    const std::vector<KeyWord>& table = basiclan().DialectKeyWords;
+    for (std::int32_t k = 1; k < basiclan().DialectKeyWordCount; ++k) {
+        std::string word = table[k].Word;
+        std::string lower = word;
+        for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        std::string mixed = word;
+        mixed[0] = lower[0];
+        SCOPED_TRACE(word);
+        EXPECT_EQ(indexOf(word), k);
+        EXPECT_EQ(indexOf(lower), k);
+        EXPECT_EQ(indexOf(mixed), k);
+        for (const std::string& near : {word.substr(0, word.size() - 1), word + "S"}) {
+            if (std::int32_t found = indexOf(near); found != 0) {
+                EXPECT_EQ(table[found].Word, near);
+            }
+        }
+    }
+}
+
+// Letters of the upper half fold as the source's code page folds them.
+TEST(KeyWordIndexTest, FoldsTheLettersOfTheUpperHalf) {
+    KeyWordIndex index;
+    index.build({std::string(1, '\0'), "\xC9T\xC9", "SUB", "\x8AKODA"});
+    EXPECT_EQ(index.find("\xE9t\xE9"), 1);
+    EXPECT_EQ(index.find("sub"), 2);
+    EXPECT_EQ(index.find("\x9Akoda"), 3);
+    EXPECT_EQ(index.find("su"), 0);
+    EXPECT_EQ(index.find(std::string(1, '\0')), 0);
+    EXPECT_EQ(index.find(""), 0);
+    KeyWordIndex empty;
+    EXPECT_EQ(empty.find("SUB"), 0);
 }
 
 TEST_F(KeywordTableTest, RebuildingADialectKeepsIndexes) {

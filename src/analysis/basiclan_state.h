@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/keyword_index.h"
 #include "analysis/keywords.h"
 #include "analysis/source_model.h"
 
@@ -25,6 +26,7 @@ struct BasiclanModule {
     std::int32_t KeyWordTotal = 0;
     std::vector<KeyWord> DialectKeyWords;  // index 0 is the sentinel
     std::int32_t DialectKeyWordCount = 0;
+    KeyWordIndex DialectIndex;  // finds the words of DialectKeyWords
     std::string CurrentDialect;
     std::int32_t LetKeyWord = 0;
     bool BabInitDone = false;

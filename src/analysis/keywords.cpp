@@ -158,27 +158,18 @@ void BuildKeyWordsForDialect(const std::string& dialect) {
         if (k.Dialect == "*" || !(k.Dialect > dialect)) m.DialectKeyWords.push_back(k);
     m.CurrentDialect = dialect;
     m.DialectKeyWordCount = static_cast<std::int32_t>(m.DialectKeyWords.size());
+    std::vector<std::string> words;
+    words.reserve(m.DialectKeyWords.size());
+    for (const KeyWord& k : m.DialectKeyWords) words.push_back(k.Word);
+    m.DialectIndex.build(words);
     m.LetKeyWord = 0;
     SearchForKeyWord("LET", m.LetKeyWord);
 }
 
 void SearchForKeyWord(std::string_view word, std::int32_t& index) {
     const BasiclanModule& m = basiclan();
-    index = 0;
-    std::int32_t low = 1;
-    std::int32_t high = m.DialectKeyWordCount - 1;
-    while (high >= low) {
-        std::int32_t mid = (high + low) / 2;
-        const std::string& entry = m.DialectKeyWords[mid].Word;
-        int cmp = 0;
-        std::size_t n = std::min(word.size(), entry.size());
-        for (std::size_t i = 0; i < n && cmp == 0; ++i)
-            cmp = int(upperChar(static_cast<unsigned char>(word[i]))) - int(static_cast<unsigned char>(entry[i]));
-        if (cmp == 0) cmp = word.size() < entry.size() ? -1 : (word.size() > entry.size() ? 1 : 0);
-        if (cmp > 0) low = mid + 1;
-        else if (cmp < 0) high = mid - 1;
-        else { index = mid; return; }
-    }
+    index = m.DialectIndex.find(word);
+    if (index >= m.DialectKeyWordCount) index = 0;
 }
 
 bool BabIsKeyWord(std::string_view word) {

@@ -1,6 +1,7 @@
 #include "analysis/record_reader.h"
 
 #include <new>
+#include <utility>
 
 #include "analysis/basiclan_state.h"
 #include "analysis/tokenizer.h"
@@ -65,7 +66,8 @@ void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
         m.RecordsUBound += kRecordsStep;
         t.Records.redimPreserve(m.RecordsUBound);
     }
-    for (std::int32_t i = 1; i <= count; ++i) t.Tokens[t.TokenCount + i] = m.WorkTokens[i];
+    // The work tokens are blanked before the next line uses them: their texts can move.
+    for (std::int32_t i = 1; i <= count; ++i) t.Tokens[t.TokenCount + i] = std::move(m.WorkTokens[i]);
     Record record;
     record.FirstT = t.TokenCount + 1;
     record.LastT = t.TokenCount + count;

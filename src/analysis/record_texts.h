@@ -17,6 +17,9 @@ public:
     // one given again replaces it and those after it.
     void set(std::int32_t record, std::string_view line);
     void clear();
+    // Room for the lines of a file of `fileBytes`, which never need more: the buffer is not
+    // moved while it fills, and holds no spare half of itself at the end.
+    void reserve(std::size_t fileBytes) { buffer_.reserve(fileBytes + 1); }
 
     std::int32_t count() const { return static_cast<std::int32_t>(starts_.size()) - 1; }
     // Empty for a record that has none.

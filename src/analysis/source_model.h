@@ -78,17 +78,19 @@ enum : std::int32_t {
     kDetSeparator = 2,
 };
 
+// The numbers come first and the two flags after them, so that nothing pads the texts: a large
+// module has half a million tokens.
 struct Token {
     std::int32_t Class = 0;
     std::int32_t Detail = 0;
     std::int32_t Flags = 0;
     std::int32_t Continued = 0;
-    bool KeyWordSeen = false;
-    bool KeyWordKept = false;
-    std::string Text;
     std::int32_t pKeyWord = 0;
     std::int32_t Statement = 0;
     std::int32_t Column = 0;
+    bool KeyWordSeen = false;
+    bool KeyWordKept = false;
+    std::string Text;
     std::string LeadingSpace;
 
     bool is(std::int32_t cls, std::int32_t detail) const { return Class == cls && Detail == detail; }

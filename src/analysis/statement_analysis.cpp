@@ -1,6 +1,7 @@
 #include "analysis/statement_analysis.h"
 
 #include <string>
+#include <string_view>
 
 #include "analysis/basiclan_state.h"
 
@@ -16,8 +17,9 @@ const std::string& upperWordAt(const SourceTables& t, std::int32_t index, std::s
     return scratch;
 }
 
-int declarationOffset(const std::string& w) {
-    static const char* const kWords[] = {"CONST", "DECLARE", "DIM", "PRIVATE", "GLOBAL",
+// The words are compared as views: their lengths tell most of them apart at once.
+int declarationOffset(std::string_view w) {
+    static constexpr std::string_view kWords[] = {"CONST", "DECLARE", "DIM", "PRIVATE", "GLOBAL",
                                          "PUBLIC", "REDIM", "STATIC", "EVENT"};
     static const int kOffsets[] = {1, 2, 3, 4, 5, 5, 6, 7, 8};
     for (int i = 0; i < 9; ++i)
@@ -25,8 +27,8 @@ int declarationOffset(const std::string& w) {
     return 0;
 }
 
-bool isOneOf(const std::string& w, std::initializer_list<const char*> words) {
-    for (const char* candidate : words)
+bool isOneOf(std::string_view w, std::initializer_list<std::string_view> words) {
+    for (std::string_view candidate : words)
         if (w == candidate) return true;
     return false;
 }
@@ -41,11 +43,11 @@ private:
     void findEnd(std::int32_t lastToken);
     void findVerb();
     void fileHeaders();
-    void procedureBounds(const std::string& w);
-    void blockMembers(const std::string& w);
-    void declaration(const std::string& w);
-    void indentFlag(const KeyWord& k, const std::string& w);
-    void outdentFlag(const KeyWord& k, const std::string& w);
+    void procedureBounds(std::string_view w);
+    void blockMembers(std::string_view w);
+    void declaration(std::string_view w);
+    void indentFlag(const KeyWord& k, std::string_view w);
+    void outdentFlag(const KeyWord& k, std::string_view w);
     const std::string& nextWord() { return upperWordAt(t_, s_.Verb + 1, scratch_); }
     bool inHeader() const { return m_.InFormHeader || m_.InClassHeader; }
 
@@ -84,7 +86,7 @@ void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
     }
     std::int32_t pKeyWord = t_.Tokens[s_.Verb].pKeyWord;
     const KeyWord& k = dialectKeyWord(pKeyWord);
-    const std::string w = k.Word;
+    const std::string_view w = k.Word;
     procedureBounds(w);
     if (declarationOffset(w) == 0) blockMembers(w);
     else declaration(w);
@@ -142,7 +144,7 @@ void StatementBuilder::findVerb() {
 }
 
 void StatementBuilder::fileHeaders() {
-    const std::string& w = dialectKeyWord(t_.Tokens[s_.Verb].pKeyWord).Word;
+    const std::string_view w = dialectKeyWord(t_.Tokens[s_.Verb].pKeyWord).Word;
     if (w == "ATTRIBUTE") {
         s_.Class = kStmtHeader;
     } else if (w == "BEGIN") {
@@ -154,7 +156,7 @@ void StatementBuilder::fileHeaders() {
     }
 }
 
-void StatementBuilder::procedureBounds(const std::string& w) {
+void StatementBuilder::procedureBounds(std::string_view w) {
     if (w == "FUNCTION" || w == "SUB" || (w == "PROPERTY" && isOneOf(nextWord(), {"LET", "GET", "SET"}))) {
         s_.Class = kStmtProcStart;
         m_.InProc = true;
@@ -166,7 +168,7 @@ void StatementBuilder::procedureBounds(const std::string& w) {
 
 // Type and Enum are tracked one step ahead, by the tokenizer: so an "End Type" is recognised by
 // the member line before it.
-void StatementBuilder::blockMembers(const std::string& w) {
+void StatementBuilder::blockMembers(std::string_view w) {
     std::int32_t before = n_ > 1 ? t_.Statements[n_ - 1].Detail : 0;
     if (m_.InType) s_.Class = kStmtDeclaration, s_.Detail = 111;
     else if (w == "END" && before == 109) s_.Class = kStmtDeclaration, s_.Detail = 110;
@@ -174,16 +176,16 @@ void StatementBuilder::blockMembers(const std::string& w) {
     else if (w == "END" && before == 112) s_.Class = kStmtDeclaration, s_.Detail = 113;
 }
 
-void StatementBuilder::declaration(const std::string& w) {
+void StatementBuilder::declaration(std::string_view w) {
     s_.Class = kStmtDeclaration;
-    const std::string& p = dialectKeyWord(s_.Verb > 1 ? t_.Tokens[s_.Verb - 1].pKeyWord : 0).Word;
+    const std::string_view p = dialectKeyWord(s_.Verb > 1 ? t_.Tokens[s_.Verb - 1].pKeyWord : 0).Word;
     int base = 200;
     if (isOneOf(p, {"PUBLIC", "GLOBAL"}) || isOneOf(w, {"PUBLIC", "GLOBAL"})) base = 100;
     else if (m_.InProc) base = 300;
     s_.Detail = base + declarationOffset(w);
 }
 
-void StatementBuilder::indentFlag(const KeyWord& /*k*/, const std::string& w) {
+void StatementBuilder::indentFlag(const KeyWord& /*k*/, std::string_view w) {
     if (w == "BEGIN" || w == "BEGINPROPERTY") {
         if (inHeader()) s_.Flags |= kFlagIndent;
     } else if (w == "IF") {
@@ -195,7 +197,7 @@ void StatementBuilder::indentFlag(const KeyWord& /*k*/, const std::string& w) {
     }
 }
 
-void StatementBuilder::outdentFlag(const KeyWord& /*k*/, const std::string& w) {
+void StatementBuilder::outdentFlag(const KeyWord& /*k*/, std::string_view w) {
     if (w == "END") {
         if (s_.LastSignificant == 0) return;
         std::string scratch;

@@ -2,6 +2,8 @@
 // Type and Enum block state that the statements of the line will see.
 #include "analysis/tokenizer.h"
 
+#include <string_view>
+
 namespace hlyd {
 
 namespace {
@@ -26,7 +28,7 @@ private:
     void labelColon(std::int32_t k);
     void continuation(std::int32_t k);
     void keyword(std::int32_t k);
-    void trackBlocks(std::int32_t k, const std::string& word);
+    void trackBlocks(std::int32_t k, std::string_view word);
     bool secondTokenIs(const char* upperWord) const { return n_ >= 2 && equalsUpper(w_[2].Text, upperWord); }
 
     WorkTokenArray& w_;
@@ -145,7 +147,7 @@ void LineClassifier::keyword(std::int32_t k) {
     trackBlocks(k, m_.DialectKeyWords[index].Word);
 }
 
-void LineClassifier::trackBlocks(std::int32_t k, const std::string& word) {
+void LineClassifier::trackBlocks(std::int32_t k, std::string_view word) {
     bool first = k == 1 || equalsUpper(w_[1].Text, "PRIVATE") || equalsUpper(w_[1].Text, "PUBLIC");
     bool endLine = word == "END" && k == 1 && n_ >= 2;
     if (word == "TYPE" && !m_.InProc && !m_.InFormHeader && first) m_.InType = true;

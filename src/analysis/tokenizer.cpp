@@ -238,7 +238,7 @@ void LineCutter::cut(std::int32_t& count) {
                 rem.Detail = kDetComment;
             }
             if (!word_.empty()) {
-                building().Text = word_;
+                building().Text.swap(word_);  // the next word is assigned afresh
                 store();
             }
         }

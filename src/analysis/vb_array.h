@@ -49,10 +49,13 @@ public:
 
     // A fresh table whose elements above `usedUpTo` were never written since they were blank:
     // only the used part is blanked again, so that a small file after a small file costs little.
+    // Chunks that are let go are not blanked first.
     void reuse(std::int32_t newUBound, std::int32_t usedUpTo) {
-        std::int32_t last = usedUpTo < ubound_ ? usedUpTo : ubound_;
-        for (std::int32_t i = 0; i <= last; ++i) slot(i) = T{};
         std::size_t needed = newUBound < 0 ? 0 : static_cast<std::size_t>(newUBound / kChunkSize + 1);
+        std::int32_t last = usedUpTo < ubound_ ? usedUpTo : ubound_;
+        std::int32_t lastKept = lastInChunk(static_cast<std::int32_t>(needed) * kChunkSize - 1);
+        if (last > lastKept) last = lastKept;
+        for (std::int32_t i = 0; i <= last; ++i) slot(i) = T{};
         chunks_.resize(needed);
         for (auto& chunk : chunks_)
             if (!chunk) chunk = std::make_unique<T[]>(kChunkSize);

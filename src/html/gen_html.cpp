@@ -94,9 +94,15 @@ void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, co
     writeLine("<title>" + escapedText(title) + "</title>");
 }
 
-void cGenHTML::writeLine(const std::string& text) {
+void cGenHTML::writeLine(std::string_view text) {
+    write(text);
+    write(kLineEnd);
+}
+
+// The writer gathers the pieces into large blocks itself.
+void cGenHTML::write(std::string_view text) {
     if (!file_) return;
-    if (!file_->write(text) || !file_->write(kLineEnd)) failed(file_->error());
+    if (!file_->write(text)) failed(file_->error());
 }
 
 void cGenHTML::InsertStyleStart() {
@@ -133,27 +139,35 @@ void cGenHTML::InsertBodyStart() {
 }
 
 void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std::string& result) {
-    result.assign(spaces > 0 ? spaces : 0, ' ');
-    if (element != currentElement_) {
-        if (currentElement_ != -1) result += "</font>";
-        result += "<font class=\"";
-        result += htmlClassName(element);
-        result += "\">";
-        currentElement_ = static_cast<std::int16_t>(element);
-    }
-    appendSourceText(result, text);
+    result.clear();
+    AppendToken(text, spaces, element, result);
 }
 
-void cGenHTML::InsertLine(std::string text) {
+void cGenHTML::AppendToken(std::string_view text, int spaces, int element, std::string& line) {
+    line.append(spaces > 0 ? static_cast<std::size_t>(spaces) : 0, ' ');
+    if (element != currentElement_) {
+        if (currentElement_ != -1) line += "</font>";
+        line += "<font class=\"";
+        line += htmlClassName(element);
+        line += "\">";
+        currentElement_ = static_cast<std::int16_t>(element);
+    }
+    appendSourceText(line, text);
+}
+
+void cGenHTML::InsertLine(const std::string& text) {
     if (!pendingAnchor_.empty()) {
         std::string end;
         InsertProcEnd(end);
-        text = "<a name=\"" + escapedText(pendingAnchor_) + "\">" + text + end;
+        std::string anchored = "<a name=\"" + escapedText(pendingAnchor_) + "\">" + text + end;
         pendingAnchor_.clear();
+        write(anchored);
+    } else {
+        write(text);
     }
     std::string lineBreak;
     InsertLineBreak(lineBreak);
-    writeLine(text + lineBreak);
+    writeLine(lineBreak);
 }
 
 void cGenHTML::InsertLineBreak(std::string& result) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/os.h"
 
@@ -29,7 +30,9 @@ public:
     void InsertStyleEnd();
     void InsertBodyStart();
     void InsertToken(const std::string& text, int spaces, int element, std::string& result);
-    void InsertLine(std::string text);
+    // As InsertToken, but adds to the end of `line`: a whole line is built in one buffer.
+    void AppendToken(std::string_view text, int spaces, int element, std::string& line);
+    void InsertLine(const std::string& text);
     void InsertLineBreak(std::string& result);
     void InsertLineStart(std::string& result) { result.clear(); }
     void LineStart(std::string& result) { result.clear(); }
@@ -49,7 +52,8 @@ public:
 
 private:
     std::string GetFileName();
-    void writeLine(const std::string& text);
+    void writeLine(std::string_view text);
+    void write(std::string_view text);
     [[noreturn]] void failed(int reason);  // drops the document and raises the system's reason
 
     // Written beside the output and put in its place when complete.

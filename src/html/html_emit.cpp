@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <string_view>
 
 #include "analysis/source_model.h"
 #include "base/c_debug.h"
@@ -30,15 +31,16 @@ constexpr int kHTMLDestination = kDisplay;  // HTML follows the display settings
 struct Emission {
     std::unique_ptr<cGenHTML> doc;
     bool procPending = false;
+    std::string line;  // one buffer for every line: a line costs no fresh memory
 };
 Emission emission;
 
 // Numbers as the language reads them: digits with a sign, a point, an exponent; or &H and &O.
-bool isNumericText(const std::string& text) {
+bool isNumericText(std::string_view text) {
     std::size_t i = 0, n = text.size();
     while (i < n && text[i] == ' ') ++i;
     if (i + 1 < n && text[i] == '&' && (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
-        return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string::npos;
+        return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string_view::npos;
     if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
     bool digits = false;
     while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
@@ -122,15 +124,17 @@ void emitProject(const cFileDesc& entry) {
 namespace hlydHTML {
 
 // Spaces ahead of a token: the source's own gap, or for the first token that counts the
-// analysed indentation (a line number before it keeps its place).
+// analysed indentation (a line number before it keeps its place). `blankAfter` tells that a line
+// number is followed by a blank.
 static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToken, const Statement& s,
-                     int spaces, std::string& text) {
+                     int spaces, bool& blankAfter) {
     const SourceTables& t = theSourceTables();
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
     const Token& tok = t.Tokens[token];
+    blankAfter = false;
     if (token != firstToken) {
         spaces = static_cast<int>(tok.LeadingSpace.size());
-        if (token == r.FirstT && isNumericText(text)) text += " ";
+        blankAfter = token == r.FirstT && isNumericText(tok.Text);
         return spaces;
     }
     // The form description keeps its own layout: its blanks, and no indentation on top of them.
@@ -154,29 +158,25 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
     const Statement& s = governingStatement(record);
     const Record& r = t.Records[record];
     const std::vector<std::int32_t>& elements = fileTable().TokenElements;
-    std::string line;
+    std::string& line = emission.line;
+    line.clear();
     bool procedureLine = t.Statements[r.FirstS].Class == kStmtProcStart;
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
     if (!(s.Class == kStmtHeader && f.SkipAttributes)) {
         int spaces = 0;
-        std::string text, piece;
         for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
-            text = t.Tokens[i].Text;
-            spaces = spacesFor(r, i, firstToken, s, spaces, text);
+            bool blankAfter = false;
+            spaces = spacesFor(r, i, firstToken, s, spaces, blankAfter);
             int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
             if (element == 0) element = kElemIdentifiers;
             if (procedureLine) element = kElemProcedures;
-            doc.InsertToken(text, spaces, element, piece);
-            line += piece;
+            doc.AppendToken(t.Tokens[i].Text, spaces, element, line);
+            if (blankAfter) line += ' ';
         }
-        if (f.ContinueHonor && lastContinued) {
-            std::string piece;
-            doc.InsertToken(" _", spaces, kElemKeyWords, piece);
-            line += piece;
-        }
+        if (f.ContinueHonor && lastContinued) doc.AppendToken(" _", spaces, kElemKeyWords, line);
         std::string start;
         doc.InsertLineStart(start);
-        line = start + line;
+        line.insert(0, start);
     }
     if (procIndex >= 0 && s.Class != kStmtBlank) {
         const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);

@@ -26,16 +26,31 @@ bool appendVisible(std::string& out, char c) {
     return false;
 }
 
+// The bytes that source text shows as something else; every other byte is copied as it stands.
+struct SourceBytes {
+    bool special[256] = {};
+    SourceBytes() {
+        for (int c = 0; c < 0x20; ++c) special[c] = c != '\t';
+        for (int c : {0x7F, 0x81, 0x8D, 0x8F, 0x90, 0x9D, int{'<'}, int{'>'}}) special[c] = true;
+    }
+};
+const SourceBytes kSourceBytes;
+
 }  // namespace
 
 // "&" and quotes pass as they stand in the source, on purpose: the listing shows the code as
-// written, and an "&" there can open no markup.
-void appendSourceText(std::string& out, const std::string& text) {
-    for (char c : text) {
-        if (appendVisible(out, c)) continue;
-        if (c == '<') out += "&lt;";
-        else if (c == '>') out += "&gt;";
-        else out += c;
+// written, and an "&" there can open no markup. Plain runs go over in one piece: nearly all
+// text is plain.
+void appendSourceText(std::string& out, std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size()) {
+        std::size_t run = i;
+        while (run < text.size() && !kSourceBytes.special[static_cast<unsigned char>(text[run])]) ++run;
+        out.append(text.data() + i, run - i);
+        if (run == text.size()) return;
+        char c = text[run];
+        if (!appendVisible(out, c)) out += c == '<' ? "&lt;" : "&gt;";
+        i = run + 1;
     }
 }
 
