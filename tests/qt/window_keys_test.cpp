@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QTabWidget>
@@ -40,6 +41,10 @@ protected:
         test::closeWindow(window);
         RecorderTest::TearDown();
     }
+    static void closeModal(QWidget* form) {
+        if (auto* dialog = qobject_cast<QDialog*>(form)) return dialog->reject();
+        form->close();
+    }
     // Runs `user` on the dialog that the command brings up, then leaves it with Escape.
     void inDialogOf(const std::string& command, const std::function<void(QWidget*)>& user) {
         // Looked for until it shows: the command may process events (its status) before the
@@ -54,10 +59,21 @@ protected:
             poll.stop();
             user(form);
             QTest::keyClick(form, Qt::Key_Escape);
+            // A loaded machine may leave the key with another widget: the dialog must go anyway.
+            if (form->isVisible()) closeModal(form);
+        });
+        // Whatever happens, the dialog goes within 30 seconds, so that the test fails rather than
+        // waits for ever.
+        QTimer watchdog;
+        watchdog.setSingleShot(true);
+        QObject::connect(&watchdog, &QTimer::timeout, [] {
+            if (QWidget* form = QApplication::activeModalWidget()) closeModal(form);
         });
         poll.start();
+        watchdog.start(30000);
         window->action(command)->trigger();
         poll.stop();
+        watchdog.stop();
         EXPECT_TRUE(seen) << command;
     }
     std::string lastOpened() const { return ui.opened.empty() ? std::string() : ui.opened.back(); }
