@@ -280,6 +280,7 @@ TEST_F(QtPrinterTest, EveryWordStandsWhereItWasPrintedAndReadsBack) {
 // off the face's own: each token goes on in the string before it after blank glyphs, in whatever
 // font and colour, and each line that starts below the last at its indentation takes a bare T*.
 // Every word still stands where it was printed, and reads back with one blank between words.
+// Each glyph's code is the character's byte, so the content holds the text as it was printed.
 TEST_F(QtPrinterTest, TokensABlankApartGoOnInOneStringAndLinesMoveByTheLeading) {
     NEED_POPPLER();
     if (!haveTool("qpdf")) GTEST_SKIP() << "qpdf is not installed: the page's content cannot be read back";
@@ -335,6 +336,8 @@ TEST_F(QtPrinterTest, TokensABlankApartGoOnInOneStringAndLinesMoveByTheLeading) 
     EXPECT_EQ(count(" Td\n"), 0u);
     EXPECT_EQ(count(" TD\n"), 1u);  // to the second line, setting the leading
     EXPECT_EQ(count("T*\n"), 1u);
+    // The codes are the text's own bytes: a token of one font and colour reads as itself.
+    EXPECT_EQ(count("(As  Long)Tj\n"), 3u);
     EXPECT_EQ(pagesOf(run("pdftotext -layout '" + pdf("blanks.pdf") + "' -"))[0],
               std::vector<std::string>(3, "Dim total As Long"));
 }

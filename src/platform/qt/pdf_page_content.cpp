@@ -136,9 +136,7 @@ PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const Font
         std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
         if (glyph == 0) continue;
         char* start = known->bytes[static_cast<std::size_t>(c)].data();
-        char* p = start;
-        if (!font.oneByte) p = putStringByte(p, static_cast<unsigned char>(glyph >> 8));
-        p = putStringByte(p, static_cast<unsigned char>(font.oneByte ? static_cast<std::uint32_t>(c) : glyph));
+        char* p = putStringByte(start, static_cast<unsigned char>(c));
         known->length[static_cast<std::size_t>(c)] = static_cast<std::uint8_t>(p - start);
     }
     return *known;

@@ -20,12 +20,10 @@ namespace hlyd {
 
 class PdfPageContent {
 public:
-    // The font of the file a face draws with: its resource number, whether its codes are one byte
-    // (a font drawn by the file) rather than two (glyph numbers), and the characters drawn in it,
-    // for the font to keep.
+    // The font of the file a face draws with: its resource number, and the characters drawn in it,
+    // for the font to keep. Every font's codes are the text's own Windows-1252 bytes.
     struct FontUse {
         std::size_t number;
-        bool oneByte;
         std::bitset<256>* used;
     };
     using FontOf = std::function<FontUse(const PrintFace&)>;

@@ -21,8 +21,7 @@ constexpr int kDeflateLevel = 1;
 PdfWriter::PdfWriter(QIODevice& out)
     : out_(out), pageContent_([this](const PrintFace& face) {
           Font& font = fonts_[fontOf(face)];
-          return PdfPageContent::FontUse{static_cast<std::size_t>(&font - fonts_.data()),
-                                         font.outlines == Outlines::Drawn, &font.used};
+          return PdfPageContent::FontUse{static_cast<std::size_t>(&font - fonts_.data()), &font.used};
       }) {
     write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
     for (std::uint32_t n = 1; n <= kInfo; ++n) reserveObject();

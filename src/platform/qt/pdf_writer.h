@@ -76,6 +76,8 @@ private:
     static Outlines outlinesOf(const QRawFont& raw);
     void writeFont(const Font& font);
     void writeCidFont(const Font& font);
+    void writeCodeMap(std::uint32_t number, const std::string& name,
+                      const std::vector<std::pair<int, std::uint32_t>>& codes);
     void writeDrawnFont(const Font& font);
     void writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings, int count);
 
