@@ -131,7 +131,7 @@ void PdfWriter::writeCidFont(const Font& font) {
     const QRawFont& raw = face.raw;
     // A CFF program goes in whole, so its name carries no subset tag.
     std::string name = trueType ? subsetTag(glyphs, postScriptName(raw)) + postScriptName(raw) : postScriptName(raw);
-    std::string file = trueType ? subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, glyphs)
+    std::string file = trueType ? subsetTrueType([&](const char* tag) { return raw.fontTable(tag); }, glyphs)
                                 : tableOf(raw, "CFF ");
     std::string head = tableOf(raw, "head");
     double perUnit = 1000.0 / std::max(1, static_cast<int>(raw.unitsPerEm()));
