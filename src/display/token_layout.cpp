@@ -81,7 +81,8 @@ private:
                     std::vector<std::string>& pieces);
     float splitWidth(float limitX, AttributeRecord& a);
     void drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces);
-    void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext);
+    // `width` below zero: measured here, in the attributes.
+    void drawText(const std::string& text, AttributeRecord& a, float yText, float yNext, float width = -1);
     void printShown(const std::string& text);
     void useMarkAttributes(const AttributeRecord& a);
     void wrapMark(const AttributeRecord& a);
@@ -104,6 +105,7 @@ private:
     const LayoutMetrics& m_;
     bool procedureLine_ = false;
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
+    float tokenWidth_ = 0;  // of the token placed last, in its attributes
     float penX_ = -1, penY_ = -1;
     AttributeRecord markAttributes_;
     const AttributeRecord* markFor_ = nullptr;  // the attributes the mark's were made from
@@ -207,9 +209,9 @@ void RecordPainter::movePen(float x, float y) {
     penY_ = y;
 }
 
-void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float yText, float yNext) {
+void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float yText, float yNext, float width) {
     setAttributesOn(s_, a);
-    float width = s_.textWidth(text);
+    if (width < 0) width = s_.textWidth(text);
     if (boxed(a)) s_.filledBox(x_, yText, x_ + width, yNext, a.BackColor);
     penX_ = x_ + width;
     penY_ = yNext;
@@ -334,10 +336,10 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, const std::st
     const Record& r = t_.Records[record_];
     bool first = i == r.FirstT;
     setAttributesOn(s_, a);
-    float width = s_.textWidth(text);
+    float width = tokenWidth_ = s_.textWidth(text);
     // Only the source's own " _" is drawn behind a line's text and needs room kept for it there.
     float limitX = sourceContinues(token) ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
-    pieces.assign(1, text);
+    pieces.clear();  // the token whole, as nearly every one stands: no copy of it, no measuring again
     if (x_ + width <= limitX) return;
     std::size_t lead = text.find_first_not_of(' ');
     bool comment = first && lead != std::string::npos && text[lead] == '\'';
@@ -372,6 +374,12 @@ float RecordPainter::splitWidth(float limitX, AttributeRecord& a) {
 void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, const std::vector<std::string>& pieces) {
     if (blanksOnly(text)) {
         if (penX_ >= 0) x_ = penX_;
+        return;
+    }
+    if (pieces.empty()) {
+        if (drawable()) drawText(text, a, yText_, yNext_, tokenWidth_);
+        else x_ += tokenWidth_, penX_ = x_, tellPiece(text.size(), x_, 0, nullptr);
+        x_ = penX_;
         return;
     }
     for (std::size_t p = 0; p < pieces.size(); ++p) {

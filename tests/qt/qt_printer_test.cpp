@@ -276,6 +276,72 @@ TEST_F(QtPrinterTest, EveryWordStandsWhereItWasPrintedAndReadsBack) {
     EXPECT_NE(text.find(printable, first + 1), std::string::npos) << text;
 }
 
+// A listing places a line's tokens a few blanks apart, a blank being whole twips wide, so a hair
+// off the face's own: each token goes on in the string before it after blank glyphs, in whatever
+// font and colour, and each line that starts below the last at its indentation takes a bare T*.
+// Every word still stands where it was printed, and reads back with one blank between words.
+// Each glyph's code is the character's byte, so the content holds the text as it was printed.
+TEST_F(QtPrinterTest, TokensABlankApartGoOnInOneStringAndLinesMoveByTheLeading) {
+    NEED_POPPLER();
+    if (!haveTool("qpdf")) GTEST_SKIP() << "qpdf is not installed: the page's content cannot be read back";
+    QtPrinter p;
+    p.beginJob(pdf("blanks.pdf"));
+    p.setFontName("Courier New");
+    const float blank = std::round(p.textWidth(std::string(100, ' ')) / 100);
+    const float lineHeight = p.textHeight("X");
+    struct Token {
+        bool bold;
+        std::uint32_t colour;
+        int blanksBefore;
+        const char* text;
+    };
+    const std::vector<Token> tokens = {
+        {true, 0x800000, 0, "Dim"}, {false, 0, 1, "total"}, {true, 0x800000, 1, "As"}, {true, 0x800000, 2, "Long"}};
+    struct Placed {
+        std::string text;
+        double x0, top;  // points from the sheet's edge
+    };
+    std::vector<Placed> placed;
+    auto points = [](float twips) { return 18 + twips / 20.0; };
+    for (int line = 0; line < 3; ++line) {
+        float y = static_cast<float>(line) * lineHeight;
+        p.setCurrentX(360);
+        for (const Token& t : tokens) {
+            p.setFontBold(t.bold);
+            p.setForeColor(t.colour);
+            p.setCurrentX(p.currentX() + static_cast<float>(t.blanksBefore) * blank);
+            p.setCurrentY(y);
+            placed.push_back({t.text, points(p.currentX()), points(y)});
+            p.print(t.text);
+        }
+    }
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+
+    std::vector<Word> words = wordsOf(pdf("blanks.pdf"));
+    std::sort(words.begin(), words.end(), [](const Word& a, const Word& b) {
+        return std::make_pair(std::round(a.y0), a.x0) < std::make_pair(std::round(b.y0), b.x0);
+    });
+    ASSERT_EQ(words.size(), placed.size());
+    for (std::size_t i = 0; i < placed.size(); ++i) {
+        EXPECT_EQ(words[i].text, placed[i].text);
+        EXPECT_NEAR(words[i].x0, placed[i].x0, 0.01) << placed[i].text;
+        EXPECT_GE(words[i].y0, placed[i].top - 1) << placed[i].text;
+    }
+    std::string content = run("qpdf --qdf --object-streams=disable '" + pdf("blanks.pdf") + "' -");
+    auto count = [&](const std::string& what) {
+        std::size_t n = 0;
+        for (std::size_t at = content.find(what); at != std::string::npos; at = content.find(what, at + 1)) ++n;
+        return n;
+    };
+    EXPECT_EQ(count(" Td\n"), 0u);
+    EXPECT_EQ(count(" TD\n"), 1u);  // to the second line, setting the leading
+    EXPECT_EQ(count("T*\n"), 1u);
+    // The codes are the text's own bytes: a token of one font and colour reads as itself.
+    EXPECT_EQ(count("(As  Long)Tj\n"), 3u);
+    EXPECT_EQ(pagesOf(run("pdftotext -layout '" + pdf("blanks.pdf") + "' -"))[0],
+              std::vector<std::string>(3, "Dim total As Long"));
+}
+
 // The pixels darker than mid-grey in a grey PGM image.
 int darkPixels(const std::string& pgm) {
     std::istringstream in(pgm);

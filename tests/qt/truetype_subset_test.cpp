@@ -41,7 +41,7 @@ TEST(TrueTypeSubset, KeepsTheGlyphsUsedAndThePiecesTheyAreBuiltFrom) {
     std::uint32_t unused = raw.glyphIndexesForString("Z").value(0);
     ASSERT_NE(accented, 0u);
 
-    std::string subset = subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, {accented});
+    std::string subset = subsetTrueType([&](const char* tag) { return raw.fontTable(tag); }, {accented});
     auto tables = tablesOf(subset);
     ASSERT_TRUE(tables.count("glyf") && tables.count("loca") && tables.count("hmtx") && tables.count("head"));
     EXPECT_EQ(be16(tables["head"], 50), 1u);  // long offsets

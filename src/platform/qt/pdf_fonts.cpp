@@ -48,11 +48,10 @@ std::int16_t signed16(const std::string& s, std::size_t at) {
     return static_cast<std::int16_t>(static_cast<unsigned char>(s[at]) << 8 | static_cast<unsigned char>(s[at + 1]));
 }
 
-// One "<code> <unicode>" line of a ToUnicode map.
-void appendMapping(std::string& cmap, std::uint32_t code, bool twoBytes, unsigned char character) {
+// One "<code> <unicode>" line of a ToUnicode map: the code is the character's Windows-1252 byte.
+void appendMapping(std::string& cmap, unsigned char character) {
     cmap += "<";
-    if (twoBytes) appendHex16(cmap, code);
-    else appendHex8(cmap, code);
+    appendHex8(cmap, character);
     cmap += "> <";
     appendHex16(cmap, cp1252CodePoint(character));
     cmap += ">\n";
@@ -87,25 +86,52 @@ void PdfWriter::writeToUnicode(std::uint32_t number, const std::string& codeSpac
                     "endbfchar\nendcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n");
 }
 
-// A TrueType or CFF program under a Type 0 font: the glyph numbers are the codes and the CIDs.
+// The map from the text's bytes to the glyph numbers, the CIDs: a listing's glyphs are a byte each
+// in the pages, half of what glyph numbers as codes took, to write and to pack. At most a hundred
+// entries go in a block.
+void PdfWriter::writeCodeMap(std::uint32_t number, const std::string& name,
+                             const std::vector<std::pair<int, std::uint32_t>>& codes) {
+    const std::string system = "/CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >>";
+    std::string map = "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n" + system +
+                      " def\n/CMapName /" + name + " def\n/CMapType 1 def\n1 begincodespacerange\n<00> <FF>\n"
+                      "endcodespacerange\n";
+    constexpr std::size_t kBlock = 100;
+    for (std::size_t first = 0; first < codes.size(); first += kBlock) {
+        std::size_t last = std::min(codes.size(), first + kBlock);
+        map += std::to_string(last - first) + " begincidchar\n";
+        for (std::size_t i = first; i < last; ++i) {
+            map += '<';
+            appendHex8(map, static_cast<std::uint32_t>(codes[i].first));
+            map += "> " + std::to_string(codes[i].second) + "\n";
+        }
+        map += "endcidchar\n";
+    }
+    map += "endcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n";
+    writeStream(number, map, " /Type /CMap /CMapName /" + name + " " + system);
+}
+
+// A TrueType or CFF program under a Type 0 font: the glyph numbers are the CIDs, the text's bytes
+// the codes.
 void PdfWriter::writeCidFont(const Font& font) {
     const PrintFace& face = *font.face;
     const bool trueType = font.outlines == Outlines::TrueType;
     std::set<std::uint32_t> glyphs;
     std::string widths, cmap;
+    std::vector<std::pair<int, std::uint32_t>> codes;
     int mappings = 0;
     for (int c = 0; c < 256; ++c) {
         if (!font.used[static_cast<std::size_t>(c)]) continue;
         std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
+        codes.emplace_back(c, glyph);
+        appendMapping(cmap, static_cast<unsigned char>(c));
+        ++mappings;
         if (!glyphs.insert(glyph).second) continue;
         widths += std::to_string(glyph) + " [" + pdfNumber(face.advance[static_cast<std::size_t>(c)] / face.pixelSize * 1000) + "] ";
-        appendMapping(cmap, glyph, true, static_cast<unsigned char>(c));
-        ++mappings;
     }
     const QRawFont& raw = face.raw;
     // A CFF program goes in whole, so its name carries no subset tag.
     std::string name = trueType ? subsetTag(glyphs, postScriptName(raw)) + postScriptName(raw) : postScriptName(raw);
-    std::string file = trueType ? subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, glyphs)
+    std::string file = trueType ? subsetTrueType([&](const char* tag) { return raw.fontTable(tag); }, glyphs)
                                 : tableOf(raw, "CFF ");
     std::string head = tableOf(raw, "head");
     double perUnit = 1000.0 / std::max(1, static_cast<int>(raw.unitsPerEm()));
@@ -113,8 +139,10 @@ void PdfWriter::writeCidFont(const Font& font) {
     bool fixedPitch = face.advance['i'] == face.advance['W'];
 
     std::uint32_t cid = reserveObject(), descriptor = reserveObject(), fontFile = reserveObject(), toUnicode = reserveObject();
+    std::uint32_t codeMap = reserveObject();
     beginObject(font.object);
-    write("<< /Type /Font /Subtype /Type0 /BaseFont /" + name + " /Encoding /Identity-H /DescendantFonts [" +
+    write("<< /Type /Font /Subtype /Type0 /BaseFont /" + name + " /Encoding " + std::to_string(codeMap) +
+          " 0 R /DescendantFonts [" +
           std::to_string(cid) + " 0 R] /ToUnicode " + std::to_string(toUnicode) + " 0 R >>\nendobj\n");
     beginObject(cid);
     write(std::string("<< /Type /Font /Subtype ") + (trueType ? "/CIDFontType2" : "/CIDFontType0") + " /BaseFont /" +
@@ -131,7 +159,8 @@ void PdfWriter::writeCidFont(const Font& font) {
           " /StemV 80 " + (trueType ? "/FontFile2 " : "/FontFile3 ") + std::to_string(fontFile) + " 0 R >>\nendobj\n");
     writeStream(fontFile, file,
                 trueType ? " /Length1 " + std::to_string(file.size()) : std::string(" /Subtype /CIDFontType0C"));
-    writeToUnicode(toUnicode, "<0000> <FFFF>", cmap, mappings);
+    writeToUnicode(toUnicode, "<00> <FF>", cmap, mappings);
+    writeCodeMap(codeMap, "Halyard-" + std::to_string(&font - fonts_.data()), codes);
 }
 
 // A Type 3 font whose codes are the Windows-1252 characters, each glyph drawn from its outline.
@@ -159,7 +188,7 @@ void PdfWriter::writeDrawnFont(const Font& font) {
         writeStream(procedure, glyphProcedure(outline, width));
         differences += std::to_string(c) + " /" + glyphName(c) + " ";
         procedures += "/" + glyphName(c) + " " + std::to_string(procedure) + " 0 R ";
-        appendMapping(cmap, static_cast<std::uint32_t>(c), false, static_cast<unsigned char>(c));
+        appendMapping(cmap, static_cast<unsigned char>(c));
         ++mappings;
     }
     std::uint32_t toUnicode = reserveObject();

@@ -46,8 +46,9 @@ std::string colourText(QRgb rgb, bool stroking) {
 void PdfPageContent::write(std::string& out, const PageRecording& page, const PrintFaces& faces,
                            double pointsPerPixel, QPointF corner) {
     out_ = &out;
-    inText_ = placed_ = fillSet_ = strokeSet_ = false;
+    inText_ = placed_ = fillSet_ = strokeSet_ = stringOpen_ = false;
     font_ = -1;
+    leading_ = 0;
     lineWidth_ = 0;
     // Units, y downwards from the printable area's corner, as the page was recorded.
     char matrix[96];
@@ -82,6 +83,7 @@ void PdfPageContent::noteDrawn() {
 
 void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face) {
     FontUse font = fontOf_(face);
+    if (!op.artifact && page.actualOf(op).empty()) spaceTo(op.x1 * kUnitsPerPixel, whole((op.y1 + face.ascent) * kUnitsPerPixel));
     setColour(op.colour, false);
     if (!inText_) {
         *out_ += "BT\n";
@@ -92,6 +94,7 @@ void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op
     double baseline = op.y1 + face.ascent;
     moveTo(op.x1 * kUnitsPerPixel, whole(baseline * kUnitsPerPixel));
     // A reader copying or reading the page aloud skips an artifact.
+    if (op.artifact || !page.actualOf(op).empty()) closeString();
     if (op.artifact) *out_ += "/Artifact BMC ";
     // Text that stands for bytes without a glyph gives those bytes back, as UTF-16BE.
     std::string_view actual = page.actualOf(op);
@@ -101,7 +104,10 @@ void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op
         *out_ += ">>> BDC ";
     }
     glyphs(page.textOf(op), face, font);
-    if (op.artifact || !actual.empty()) *out_ += "EMC\n";
+    if (op.artifact || !actual.empty()) {
+        closeString();
+        *out_ += "EMC\n";
+    }
     if (face.key.underline || face.key.strikeOut) {
         endText();
         double y = face.key.underline ? baseline + face.underlinePosition : baseline - face.ascent * 0.3;
@@ -130,9 +136,7 @@ PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const Font
         std::uint32_t glyph = face.glyph[static_cast<std::size_t>(c)];
         if (glyph == 0) continue;
         char* start = known->bytes[static_cast<std::size_t>(c)].data();
-        char* p = start;
-        if (!font.oneByte) p = putStringByte(p, static_cast<unsigned char>(glyph >> 8));
-        p = putStringByte(p, static_cast<unsigned char>(font.oneByte ? static_cast<std::uint32_t>(c) : glyph));
+        char* p = putStringByte(start, static_cast<unsigned char>(c));
         known->length[static_cast<std::size_t>(c)] = static_cast<std::uint8_t>(p - start);
     }
     return *known;
@@ -143,10 +147,9 @@ PdfPageContent::Codes& PdfPageContent::codesOf(const PrintFace& face, const Font
 void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const FontUse& font) {
     Codes& codes = codesOf(face, font);
     codes.anyDrawn = true;
+    openString();
+    stringFace_ = &face;
     std::string& out = *out_;
-    std::size_t open = out.size();
-    bool adjusted = false;
-    out += '(';
     for (std::size_t i = 0; i < text.size();) {
         std::size_t at = out.size();
         out.resize(at + (text.size() - i) * 4);  // two bytes a code, each perhaps escaped
@@ -164,20 +167,54 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
         }
         out.resize(static_cast<std::size_t>(p - out.data()));
         if (i == text.size()) break;
-        if (!adjusted) out.insert(open, 1, '[');
-        adjusted = true;
+        if (!adjusted_) out.insert(stringStart_, 1, '[');
+        adjusted_ = true;
         out += ") ";
         appendNumber(out, -face.advance[static_cast<unsigned char>(text[i++])] / face.pixelSize * 1000);
         out += " (";
     }
-    out += adjusted ? ")]TJ\n" : ")Tj\n";
     penX_ += face.width(text) * kUnitsPerPixel;
 }
 
+void PdfPageContent::openString() {
+    if (stringOpen_) return;
+    stringOpen_ = true;
+    adjusted_ = false;
+    stringStart_ = out_->size();
+    *out_ += '(';
+}
+
+void PdfPageContent::closeString() {
+    if (!stringOpen_) return;
+    stringOpen_ = false;
+    *out_ += adjusted_ ? ")]TJ\n" : ")Tj\n";
+}
+
+// A token that stands a few blanks of the open string's face past where it ended goes on in that
+// string after those blanks: two bytes a blank against a move and a new string. In a listing
+// nearly every token but a line's first is placed so, whatever its font and colour. The listing
+// keeps a blank's width in whole twips, a hair narrower or wider than the face's own: kNear.
+void PdfPageContent::spaceTo(double x, std::int64_t baseline) {
+    constexpr double kMostBlanks = 4;
+    if (!stringOpen_ || baseline != lineY_) return;
+    const PrintFace& face = *stringFace_;
+    auto blank = static_cast<unsigned char>(' ');
+    double advance = face.advance[blank] * kUnitsPerPixel;
+    const Codes& codes = *codes_[face.index];
+    if (codes.length[blank] == 0 || advance <= 0) return;
+    double blanks = std::round((x - penX_) / advance);
+    if (blanks < 1 || blanks > kMostBlanks || std::fabs(x - penX_ - blanks * advance) > kNear) return;
+    codes_[face.index]->drawn[blank] = 1;
+    for (int n = 0; n < static_cast<int>(blanks); ++n)
+        out_->append(codes.bytes[blank].data(), codes.length[blank]);
+    penX_ += blanks * advance;
+}
+
 // The first text of a text object is placed where it stands; every one after it by its distance
-// from the last place, unless it goes on where the glyphs before it ended.
+// from the last place, unless it goes on where the glyphs before it ended, give or take kNear.
 void PdfPageContent::moveTo(double x, std::int64_t baseline) {
-    if (placed_ && baseline == lineY_ && std::fabs(x - penX_) < 0.5) return;
+    if (placed_ && baseline == lineY_ && std::fabs(x - penX_) <= kNear) return;
+    closeString();
     std::int64_t left = whole(x);
     if (!placed_) {
         *out_ += "1 0 0 -1 ";
@@ -186,11 +223,18 @@ void PdfPageContent::moveTo(double x, std::int64_t baseline) {
         appendInteger(*out_, baseline);
         *out_ += " Tm\n";
     } else {
-        // Text space has y upwards; the page's units have it downwards.
-        appendInteger(*out_, left - lineX_);
-        *out_ += ' ';
-        appendInteger(*out_, lineY_ - baseline);
-        *out_ += " Td\n";
+        // Text space has y upwards; the page's units have it downwards. A move down to the next
+        // line's start, as a listing makes at every line, is T* once the leading is set.
+        std::int64_t dx = left - lineX_, dy = lineY_ - baseline;
+        if (dx == 0 && dy != 0 && dy == -leading_) {
+            *out_ += "T*\n";
+        } else {
+            appendInteger(*out_, dx);
+            *out_ += ' ';
+            appendInteger(*out_, dy);
+            if (dy != 0) leading_ = -dy;
+            *out_ += dy != 0 ? " TD\n" : " Td\n";
+        }
     }
     placed_ = true;
     lineX_ = left;
@@ -200,6 +244,7 @@ void PdfPageContent::moveTo(double x, std::int64_t baseline) {
 
 void PdfPageContent::setFont(const PrintFace& face, const FontUse& font) {
     if (font_ == static_cast<int>(font.number) && fontSize_ == face.pixelSize) return;
+    closeString();
     font_ = static_cast<int>(font.number);
     fontSize_ = face.pixelSize;
     *out_ += codesOf(face, font).selectFont;
@@ -209,6 +254,7 @@ void PdfPageContent::setColour(QRgb rgb, bool stroking) {
     QRgb& current = stroking ? stroke_ : fill_;
     bool& set = stroking ? strokeSet_ : fillSet_;
     if (set && current == rgb) return;
+    closeString();
     auto known = std::find_if(colours_.begin(), colours_.end(), [&](const auto& c) {
         return c.rgb == rgb && c.stroking == stroking;
     });
@@ -219,6 +265,7 @@ void PdfPageContent::setColour(QRgb rgb, bool stroking) {
 }
 
 void PdfPageContent::endText() {
+    closeString();
     if (!inText_) return;
     *out_ += "ET\n";
     inText_ = placed_ = false;

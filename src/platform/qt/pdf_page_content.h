@@ -20,12 +20,10 @@ namespace hlyd {
 
 class PdfPageContent {
 public:
-    // The font of the file a face draws with: its resource number, whether its codes are one byte
-    // (a font drawn by the file) rather than two (glyph numbers), and the characters drawn in it,
-    // for the font to keep.
+    // The font of the file a face draws with: its resource number, and the characters drawn in it,
+    // for the font to keep. Every font's codes are the text's own Windows-1252 bytes.
     struct FontUse {
         std::size_t number;
-        bool oneByte;
         std::bitset<256>* used;
     };
     using FontOf = std::function<FontUse(const PrintFace&)>;
@@ -40,6 +38,10 @@ public:
     // tells apart, and as exact as the recording places the text, which matters to a reader that
     // lays a page's text out again in columns.
     static constexpr int kUnitsPerPixel = 100;
+    // A token that goes on from the glyphs before it within this many units is not moved: a token
+    // stands at most a twentieth of a device pixel (at the PDF's resolution, a two-hundredth of a
+    // point) from where it was printed, and the pen goes on from the glyphs, so that never adds up.
+    static constexpr double kNear = kUnitsPerPixel / 20.0;
 
 private:
     void text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face);
@@ -54,6 +56,9 @@ private:
     };
     Codes& codesOf(const PrintFace& face, const FontUse& font);
     void moveTo(double x, std::int64_t baseline);
+    void spaceTo(double x, std::int64_t baseline);
+    void openString();
+    void closeString();
     void setFont(const PrintFace& face, const FontUse& font);
     void setColour(QRgb rgb, bool stroking);
     void endText();
@@ -68,6 +73,12 @@ private:
     bool inText_ = false, placed_ = false;
     std::int64_t lineX_ = 0, lineY_ = 0;  // where the last move put the line's start, in units
     double penX_ = 0;                     // where the last glyphs ended, in units
+    std::int64_t leading_ = 0;            // the move from line to line a bare T* makes; 0: none set
+    // The literal string being written, left open for the next token to go on in, and the face
+    // whose codes are in it.
+    bool stringOpen_ = false, adjusted_ = false;
+    std::size_t stringStart_ = 0;
+    const PrintFace* stringFace_ = nullptr;
     int font_ = -1;
     double fontSize_ = 0;
     bool fillSet_ = false, strokeSet_ = false;

@@ -12,6 +12,7 @@
 #include <QSizeF>
 #include <bitset>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -19,6 +20,8 @@
 #include "platform/qt/page_recording.h"
 #include "platform/qt/pdf_page_content.h"
 #include "platform/qt/print_faces.h"
+
+struct libdeflate_compressor;
 
 namespace hlyd {
 
@@ -73,6 +76,8 @@ private:
     static Outlines outlinesOf(const QRawFont& raw);
     void writeFont(const Font& font);
     void writeCidFont(const Font& font);
+    void writeCodeMap(std::uint32_t number, const std::string& name,
+                      const std::vector<std::pair<int, std::uint32_t>>& codes);
     void writeDrawnFont(const Font& font);
     void writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings, int count);
 
@@ -115,6 +120,11 @@ private:
     std::vector<int> fontOfFace_;  // by face index; -1 until the face is first drawn
     PdfPageContent pageContent_;
     std::string content_, packed_;  // of the page being written, kept to spare a page its allocations
+    // Made once for the file: a compressor's tables are dearer to set up than a small page to pack.
+    struct FreeCompressor {
+        void operator()(libdeflate_compressor* compressor) const;
+    };
+    std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor_;
 };
 
 }  // namespace hlyd

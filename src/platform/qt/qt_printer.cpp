@@ -79,11 +79,15 @@ const PrintFace& QtPrinter::face() {
 }
 
 QRgb QtPrinter::rgbOf(std::uint32_t colour) {
-    if (colour != cachedColourKey_) {
-        cachedColour_ = classicColour(colour).rgb();
-        cachedColourKey_ = colour;
+    if (colour == cachedColourKey_[0]) return cachedColour_[0];
+    // The colour looked up last goes first; the one before it second.
+    std::swap(cachedColourKey_[0], cachedColourKey_[1]);
+    std::swap(cachedColour_[0], cachedColour_[1]);
+    if (colour != cachedColourKey_[0]) {
+        cachedColourKey_[0] = colour;
+        cachedColour_[0] = classicColour(colour).rgb();
     }
-    return cachedColour_;
+    return cachedColour_[0];
 }
 
 float QtPrinter::textWidth(const std::string& text) {

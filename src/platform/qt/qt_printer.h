@@ -15,6 +15,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrinter>
+#include <array>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -131,8 +132,9 @@ private:
     std::string fontNameRead_;
     std::unordered_map<std::string, std::pair<QString, std::string>> resolvedNames_;  // family, read back
     std::uint32_t foreColor_ = 0;
-    std::uint32_t cachedColourKey_ = 0xFFFFFFFFu;
-    QRgb cachedColour_ = 0;
+    // The last two colours looked up: a listing goes back and forth between two nearly every token.
+    std::array<std::uint32_t, 2> cachedColourKey_{0xFFFFFFFFu, 0xFFFFFFFFu};
+    std::array<QRgb, 2> cachedColour_{};
     float x_ = 0, y_ = 0;
     int drawWidth_ = 1;
 

@@ -32,14 +32,14 @@ void set16(std::string& s, std::size_t at, std::uint32_t v) {
 }
 
 struct Glyphs {
-    const std::string& glyf;
+    std::string_view glyf;
     std::vector<std::uint32_t> offsets;  // numGlyphs + 1
 
     std::string_view data(std::uint32_t glyph) const {
         if (glyph + 1 >= offsets.size()) return {};
         std::uint32_t from = offsets[glyph], to = offsets[glyph + 1];
         if (from >= to || to > glyf.size()) return {};
-        return std::string_view(glyf).substr(from, to - from);
+        return glyf.substr(from, to - from);
     }
 };
 
@@ -102,13 +102,17 @@ std::string assemble(const std::map<std::string, std::string>& tables) {
     return font + body;
 }
 
+std::string copied(const QByteArray& data) { return std::string(data.constData(), static_cast<std::size_t>(data.size())); }
+
 }  // namespace
 
 std::string subsetTrueType(const FontTableReader& table, std::set<std::uint32_t> glyphs) {
-    std::string head = table("head"), maxp = table("maxp"), loca = table("loca"), glyf = table("glyf");
-    if (head.size() < 54 || maxp.size() < 6 || loca.empty() || glyf.empty()) return {};
+    std::string head = copied(table("head")), maxp = copied(table("maxp")), loca = copied(table("loca"));
+    QByteArray glyf = table("glyf");
+    if (head.size() < 54 || maxp.size() < 6 || loca.empty() || glyf.isEmpty()) return {};
     std::uint32_t count = read16(maxp, 4);
-    Glyphs source{glyf, readLoca(loca, read16(head, 50) != 0, count)};
+    Glyphs source{std::string_view(glyf.constData(), static_cast<std::size_t>(glyf.size())),
+                  readLoca(loca, read16(head, 50) != 0, count)};
 
     glyphs.insert(0);  // the glyph for characters the font lacks is always there
     std::vector<std::uint32_t> pending(glyphs.begin(), glyphs.end());
@@ -132,7 +136,7 @@ std::string subsetTrueType(const FontTableReader& table, std::set<std::uint32_t>
     std::memset(head.data() + 8, 0, 4);  // checksumAdjustment: no reader of an embedded font checks it
     std::map<std::string, std::string> tables{{"head", head}, {"maxp", maxp}, {"loca", newLoca}, {"glyf", newGlyf}};
     for (const char* tag : {"hhea", "hmtx", "cvt ", "fpgm", "prep"})
-        if (std::string data = table(tag); !data.empty()) tables.emplace(tag, std::move(data));
+        if (QByteArray data = table(tag); !data.isEmpty()) tables.emplace(tag, copied(data));
     return assemble(tables);
 }
 
