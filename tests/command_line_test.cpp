@@ -286,6 +286,30 @@ TEST_F(CommandLineRunTest, AnHtmlExportOpensNoPrinterAndLeavesTheWindowPlaceAsIt
     EXPECT_FALSE(screensUnknown());
 }
 
+// A printer named on the command line is opened by its name: the print service is never asked for
+// its list or its default, which cost a run to a file most of its start.
+TEST_F(CommandLineRunTest, APrinterNamedForTheRunIsOpenedWithoutAskingForTheSystemsPrinters) {
+    struct CountingPrinterSystem : RecordingPrinterSystem {
+        using RecordingPrinterSystem::RecordingPrinterSystem;
+        std::vector<std::string> printerNames() const override {
+            ++asked;
+            return RecordingPrinterSystem::printerNames();
+        }
+        std::string defaultPrinterName() const override {
+            ++asked;
+            return RecordingPrinterSystem::defaultPrinterName();
+        }
+        mutable int asked = 0;
+    } counting{"Recorder", [this](const PrintEvent& e) { events.push_back(e); }};
+    setPrinterSystem(&counting);
+    write("M.bas", module("M", "InM"));
+    write("HLYD.INI", "[General]\nCurrentPrinter=Elsewhere\n");
+    EXPECT_EQ(runWords({"--printer", "Recorder", dir + "/M.bas"}), 0);
+    EXPECT_EQ(printedProcs(), std::vector<std::string>{"InM"});
+    EXPECT_EQ(counting.asked, 0);
+    setPrinterSystem(&recorder);
+}
+
 // A procedure before line 4 and one after it; line 4 is more than the reader takes.
 std::string longLineModule() {
     std::string tooLong = "x = \"" + std::string(3000, 'a') + "\"\r\n";

@@ -82,10 +82,13 @@ void clearPerRunState() {
     tables.RecordCount = tables.StatementCount = tables.TokenCount = 0;
 }
 
-// A command-line run that only exports HTML never prints: asking the print service for its
-// printers would cost that run most of its time, and could only tell of a printer it never uses.
+// A command-line run that only exports HTML never prints, and one that names its printer (the PDF
+// printer among them) sets that one up itself: asking the print service for the settings' printer
+// would cost such a run most of its time, and could only tell of a printer it never uses.
 bool printerWanted() {
-    return mainState.StartMode != kStartCommandLineFile || runPrints(commandLineJob().options);
+    if (mainState.StartMode != kStartCommandLineFile) return true;
+    const BatchOptions& options = commandLineJob().options;
+    return runPrints(options) && options.pdfOut.empty() && options.printer.empty();
 }
 
 std::vector<FontSpec> displayFonts() {

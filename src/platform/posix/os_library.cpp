@@ -6,8 +6,9 @@
 namespace hlyd::os {
 
 void* loadProgramPart(const std::string& path, const char* symbol, std::string& error) {
-    // Everything is bound at once: a missing library of the part is told here, not halfway through a run.
-    void* library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // A missing library of the part is told here all the same; its functions are bound as they are
+    // first called, as for a program linked with them, so that a short run binds only what it uses.
+    void* library = ::dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
     if (!library) {
         const char* why = ::dlerror();
         error = why ? why : "cannot be loaded";
