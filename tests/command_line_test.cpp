@@ -15,6 +15,8 @@
 #include "shell/app_start.h"
 #include "shell/batch_options.h"
 #include "shell/command_line.h"
+#include "shell/core_batch_run.h"
+#include "settings/window_place.h"
 #include "shell/module_reset.h"
 #include "shell/window_display.h"
 #include "test_support.h"
@@ -239,6 +241,73 @@ TEST_F(CommandLineRunTest, HtmlAloneIsExportedNotPrintedAndAnUnwritablePlaceFail
     ui.saveAnswer = html.htmlOut;
     EXPECT_EQ(run(dir + "/M.bas", html), kExitUnwritable);
     EXPECT_NE(err.str().find("cannot write " + dir + "/M.bas/M.html"), std::string::npos);
+}
+
+TEST(CoreAloneTest, OnlyARunThatExportsHtmlAndNothingElseNeedsNoWindowSystem) {
+    const std::pair<std::vector<std::string>, bool> cases[] = {
+        {{"--html", "a.html", "a.bas"}, true},
+        {{"--quiet", "--html", "a.html", "--", "-a.bas"}, true},
+        {{"--html", "a.html", "--pdf", "a.pdf", "a.bas"}, false},
+        {{"--html", "a.html", "--printer", "Office", "a.bas"}, false},
+        {{"--html", "a.html", "/init", "a.bas"}, true},
+        {{"a.bas"}, false},
+        {{"--pdf", "a.pdf", "a.bas"}, false},
+        {{"--open", "a.bas"}, false},
+        {{"/init"}, false},
+        {{}, false},
+    };
+    for (const auto& [words, coreAlone] : cases) {
+        BatchOptions options = parseBatchOptions(words);
+        ASSERT_EQ(options.error, "") << ::testing::PrintToString(words);
+        EXPECT_EQ(runsOnCoreAlone(options), coreAlone) << ::testing::PrintToString(words);
+    }
+}
+
+// An export asks the print service nothing: with many printers (or a slow network one) that
+// question was most of the run.
+TEST_F(CommandLineRunTest, AnHtmlExportOpensNoPrinterAndLeavesTheWindowPlaceAsItWas) {
+    write("M.bas", module("M", "InM"));
+    ui.saveAnswer = dir + "/M.html";
+    EXPECT_EQ(runWords({"--html", dir + "/M.html", dir + "/M.bas"}), 0);
+    EXPECT_EQ(recorder.printer(), nullptr);
+    EXPECT_TRUE(fs::exists(dir + "/M.html"));
+    // The window stood on a second screen the run on the core cannot see: its place, state and
+    // bars stay, in an old file that the start rewrites whole as in one it has just written.
+    const std::string place = "Screen=40000 2000 9000 7000";
+    std::ofstream(dir + "/HLYD.INI") << "[General]\n" << place << "\nWindowState=2\nToolBar=No\n";
+    resetModuleState();
+    commandLineJob() = CommandLineJob{{}, 0, &out, &err};
+    EXPECT_EQ(runOnCoreAlone(parseBatchOptions({"--html", dir + "/M2.html", dir + "/M.bas"})), 0);
+    EXPECT_TRUE(fs::exists(dir + "/M2.html"));
+    std::string ini = readAll(dir + "/HLYD.INI");
+    EXPECT_NE(ini.find(place), std::string::npos) << ini;
+    EXPECT_NE(ini.find("WindowState=2"), std::string::npos);
+    EXPECT_NE(ini.find("ToolBar=No"), std::string::npos);
+    EXPECT_FALSE(screensUnknown());
+}
+
+// A printer named on the command line is opened by its name: the print service is never asked for
+// its list or its default, which cost a run to a file most of its start.
+TEST_F(CommandLineRunTest, APrinterNamedForTheRunIsOpenedWithoutAskingForTheSystemsPrinters) {
+    struct CountingPrinterSystem : RecordingPrinterSystem {
+        using RecordingPrinterSystem::RecordingPrinterSystem;
+        std::vector<std::string> printerNames() const override {
+            ++asked;
+            return RecordingPrinterSystem::printerNames();
+        }
+        std::string defaultPrinterName() const override {
+            ++asked;
+            return RecordingPrinterSystem::defaultPrinterName();
+        }
+        mutable int asked = 0;
+    } counting{"Recorder", [this](const PrintEvent& e) { events.push_back(e); }};
+    setPrinterSystem(&counting);
+    write("M.bas", module("M", "InM"));
+    write("HLYD.INI", "[General]\nCurrentPrinter=Elsewhere\n");
+    EXPECT_EQ(runWords({"--printer", "Recorder", dir + "/M.bas"}), 0);
+    EXPECT_EQ(printedProcs(), std::vector<std::string>{"InM"});
+    EXPECT_EQ(counting.asked, 0);
+    setPrinterSystem(&recorder);
 }
 
 // A procedure before line 4 and one after it; line 4 is more than the reader takes.

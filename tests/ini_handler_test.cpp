@@ -1,5 +1,7 @@
 // The settings file through cINIHandler: typed reads with their odd spellings, and writes that
 // keep everything else in the file and never leave a half-written file behind.
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -125,6 +127,23 @@ TEST_F(IniHandlerTest, DeleteKeyAndSection) {
     ini.DeleteKey("missing", std::string("Three"));
     ini.DeleteSection("Nowhere");
     EXPECT_EQ(fileText(), "[One]\nb=2\n\n[Three]\nd=4\n");
+}
+
+// Every run saves its printer and window; a value that has not changed costs the disk nothing.
+TEST_F(IniHandlerTest, AWriteOfTheValueAKeyHasLeavesTheFileAsItIs) {
+    writeFile("[S]\nk=v\n");
+    auto inode = [this] {
+        struct stat info {};
+        ::stat(ini.INIFileName().c_str(), &info);
+        return info.st_ino;
+    };
+    auto before = inode();
+    EXPECT_NE(ini.WriteString("k", "v", std::string("s")), 0);
+    ini.DeleteKey("missing", std::string("S"));
+    EXPECT_EQ(inode(), before);
+    EXPECT_NE(ini.WriteString("k", "w", std::string("S")), 0);
+    EXPECT_NE(inode(), before);
+    EXPECT_EQ(fileText(), "[S]\nk=w\n");
 }
 
 TEST_F(IniHandlerTest, WriteKeepsTheModeAndALinkToTheFile) {

@@ -444,7 +444,7 @@ TEST_F(SettingsStoreTest, ASaveThatFailsLaterIsToldOnce) {
     const std::string before = iniText();
     fs::permissions(iniPath(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     hlydSettings().HeadingLeft = "changed";
-    sbPrintINISave();
+    sbPrintOptionsINISave();
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find(iniPath().string() + " is read-only"), std::string::npos) << ui.shown[0].text;
     EXPECT_NE(ui.shown[0].text.find("will not be kept"), std::string::npos);

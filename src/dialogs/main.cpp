@@ -1,13 +1,15 @@
 // The application's entry: our batch options taken out, the rest of the command line as one text,
-// as the start-mode rules read it, and a run with windows (or, for a file to print, without).
+// as the start-mode rules read it. What needs no window system (the HTML export, help, version and
+// a misused option) runs here on the core; every other run goes to the window part.
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "base/app_info.h"
-#include "dialogs/qt_application.h"
 #include "shell/batch_options.h"
 #include "shell/command_line_job.h"
+#include "shell/core_batch_run.h"
+#include "shell/window_part.h"
 
 int main(int argc, char** argv) {
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
@@ -24,6 +26,6 @@ int main(int argc, char** argv) {
         std::cout << hlyd::theAppInfo().Title << ' ' << hlyd::theAppInfo().Version << '\n';
         return 0;
     }
-    hlyd::commandLineJob().options = options;
-    return hlyd::runWindowed(argc, argv, options.commandLine);
+    if (hlyd::runsOnCoreAlone(options)) return hlyd::runOnCoreAlone(options);
+    return hlyd::runWindowPart(argc, argv);
 }

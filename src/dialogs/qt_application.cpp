@@ -133,7 +133,12 @@ namespace {
 // it draws offscreen, unless the user has chosen a platform.
 void drawOffscreenWithoutDisplay(std::int32_t mode) {
     if (mode == kStartStandalone || mode == kStartIdeMode) return;
-    if (std::getenv("QT_QPA_PLATFORM") || std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY")) return;
+    if (std::getenv("QT_QPA_PLATFORM")) return;
+    // The PDF printer draws into a file: even where there is a display, speaking to it would only
+    // cost the run its start.
+    const BatchOptions& options = commandLineJob().options;
+    bool pdfPrinter = !options.pdfOut.empty() || options.printer == kPdfPrinterName;
+    if (!pdfPrinter && (std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"))) return;
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
 }
 
@@ -175,21 +180,28 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     QApplication app(argc, argv);
     if (windowed(mode)) qInstallMessageHandler(handlerBeforeDisplay);
     QApplication::setApplicationName("Halyard");
-    QSize screen = screenSizeTwips();
-    setScreenSizeTwips(screen.width(), screen.height());
-    setScreenAreasTwips(screenAreasInTwips());
+    bool windowless = mode == kStartCommandLineFile;
+    // A run that shows no window draws offscreen, on a screen that is not the user's: what it could
+    // store of the window's place would be wrong, so it stores none.
+    if (windowless) {
+        setScreensUnknown(true);
+    } else {
+        QSize screen = screenSizeTwips();
+        setScreenSizeTwips(screen.width(), screen.height());
+        setScreenAreasTwips(screenAreasInTwips());
+    }
     // A run that works from the command line shows no window: its messages go to standard error
     // and are answered at once, so that nobody is left waiting on a box that no one sees.
     QtUi windowUi;
     windowUi.errorReportDialog = showErrorInfo;
     ConsoleUi consoleUi;
     if (!commandLineJob().options.htmlOut.empty()) consoleUi.saveAs = commandLineJob().options.htmlOut;
-    bool windowless = mode == kStartCommandLineFile;
     setUi(windowless ? static_cast<Ui*>(&consoleUi) : &windowUi);
     // The system's printers and the PDF printer; with no print service the PDF printer alone.
     QtPrinterSystem printers;
     setPrinterSystem(&printers);
-    installWindowedRun();
+    // A run without a window builds none: the start goes the way of the core's own windowless run.
+    if (!windowless) installWindowedRun();
     int rc = Main(commandLine);
     // With no form loaded ("/init" returns before any) nothing could ever end the event loop.
     bool formLoaded = forms.window || forms.splash;
@@ -199,6 +211,7 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     resetPrintState();
     setPrinterSystem(nullptr);
     setUi(nullptr);
+    setScreensUnknown(false);
     return rc != 0 ? rc : commandLineJob().exitStatus;
 }
 

@@ -157,6 +157,10 @@ void useBinaryStandardStreams();
 // The full name of the running program; empty when the system does not tell.
 std::string executablePath();
 
+// A program part loaded at run time: the address of `symbol` in the shared library at `path`, which
+// stays loaded until the process ends; nullptr with the system's words in `error` when it cannot be had.
+void* loadProgramPart(const std::string& path, const char* symbol, std::string& error);
+
 struct SystemVersion {
     std::string name;     // "Linux", "Windows NT"
     std::string release;  // "6.1.0", "10.0"

@@ -120,10 +120,12 @@ void copyJobProperties(const From& from, To& to) {
     to.PrintQuality = from.PrintQuality;
 }
 
-PrinterDialogRequest dialogRequest() {
+// The system's printers are listed only for a dialog that shows them: asking the print service
+// is the slowest step of a setup, and a printer chosen on the command line needs no list.
+PrinterDialogRequest dialogRequest(bool listPrinters) {
     const HlydSettings& s = hlydSettings();
     PrinterDialogRequest request;
-    if (PrinterSystem* system = printerSystem()) request.printers = system->printerNames();
+    if (PrinterSystem* system = printerSystem(); system && listPrinters) request.printers = system->printerNames();
     request.printer = currentPrinter() ? currentPrinter()->deviceName() : s.CurrentPrinter;
     copyJobProperties(s, request);
     return request;
@@ -207,7 +209,7 @@ void HlydPAProcessSetupRequest(bool showDialog) {
     TraceScope trace(theDebug().TraceApplication, "HlydPAProcessSetupRequest");
     PrintState& state = printState();
     if (Printer* printer = currentPrinter()) printer->endDoc();
-    PrinterDialogRequest request = dialogRequest();
+    PrinterDialogRequest request = dialogRequest(showDialog);
     if (showDialog) {
         if (!theUi().printerDialog(request)) return;
         if (!takeDialogChoice(request)) {

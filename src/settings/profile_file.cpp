@@ -181,32 +181,48 @@ void appendKey(ProfileDocument& doc, const std::string& section, const std::stri
     insertLine(doc, doc.lines.size(), key + "=" + value);
 }
 
-// Applies one write; the index is kept in step without a new parse where lines do not move.
-void applyWrite(ProfileDocument& doc, const std::string& section, const std::optional<std::string>& key,
-                const std::optional<std::string>& value) {
+// A key the document lacks, at the end of its section (a new section at the end of the file).
+void addKey(ProfileDocument& doc, const std::string& section, const std::string& key, const std::string& value) {
     auto header = doc.sections.find(lowerKey(section));
-    if (!key) {
-        if (header == doc.sections.end()) return;
-        eraseLines(doc, header->second, nextSection(doc, header->second));
-        return index(doc);
-    }
-    auto existing = doc.keys.find(lowerKey(section) + '\n' + lowerKey(*key));
-    if (existing != doc.keys.end()) {
-        if (value) return void(doc.lines[existing->second] = *key + "=" + *value);
-        eraseLines(doc, existing->second, existing->second + 1);
-        return index(doc);
-    }
-    if (!value) return;
     if (header == doc.sections.end()) {
         if (!doc.lines.empty() && !trimBlanks(doc.lines.back()).empty()) insertLine(doc, doc.lines.size(), "");
         doc.sections.emplace(lowerKey(section), doc.lines.size());
         insertLine(doc, doc.lines.size(), "[" + section + "]");
-        return appendKey(doc, section, *key, *value);
+        return appendKey(doc, section, key, value);
     }
     std::size_t at = endOfSection(doc, header->second);
-    if (at == doc.lines.size()) return appendKey(doc, section, *key, *value);
-    insertLine(doc, at, *key + "=" + *value);
+    if (at == doc.lines.size()) return appendKey(doc, section, key, value);
+    insertLine(doc, at, key + "=" + value);
     index(doc);
+}
+
+// Applies one write; the index is kept in step without a new parse where lines do not move.
+// False when the document stays as it was: a key written with the value it has.
+bool applyWrite(ProfileDocument& doc, const std::string& section, const std::optional<std::string>& key,
+                const std::optional<std::string>& value) {
+    auto header = doc.sections.find(lowerKey(section));
+    if (!key) {
+        if (header == doc.sections.end()) return false;
+        eraseLines(doc, header->second, nextSection(doc, header->second));
+        index(doc);
+        return true;
+    }
+    auto existing = doc.keys.find(lowerKey(section) + '\n' + lowerKey(*key));
+    if (existing != doc.keys.end()) {
+        std::string& line = doc.lines[existing->second];
+        if (value) {
+            std::string written = *key + "=" + *value;
+            if (line == written) return false;
+            line = std::move(written);
+            return true;
+        }
+        eraseLines(doc, existing->second, existing->second + 1);
+        index(doc);
+        return true;
+    }
+    if (!value) return false;
+    addKey(doc, section, *key, *value);
+    return true;
 }
 
 // Whole or not at all, keeping the file's mode and any link to it; a read-only file is refused.
@@ -237,7 +253,9 @@ bool writeProfileString(const std::string& file, const std::string& section,
                         const std::optional<std::string>& key, const std::optional<std::string>& value) {
     ProfileDocument* doc = load(file);
     if (!doc) return false;
-    applyWrite(*doc, section, key, value);
+    // A file written with what it holds already is left alone: every run saves its printer and
+    // window, and a replacement costs two waits for the disk.
+    if (!applyWrite(*doc, section, key, value)) return true;
     if (doc != &cache.doc) return replaceFile(file, *doc);
     if (cache.batching) {
         cache.dirty = true;

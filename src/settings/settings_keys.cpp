@@ -4,6 +4,7 @@
 #include "settings/attributes.h"
 #include "settings/page_settings.h"
 #include "settings/profile_file.h"
+#include "settings/window_place.h"
 
 namespace hlyd {
 
@@ -225,6 +226,7 @@ std::vector<SettingKey> settingKeys() {
 void writeSettingGroups(unsigned groups, int dest, int element) {
     cINIHandler& ini = iniHandler();
     if (!hlydSettings().SettingsWritable) return;
+    if (screensUnknown() && (groups &= ~kSaveWindow) == 0) return;
     writeSettingsBatch([&] {
         for (SettingKey& key : settingKeys()) {
             if (!(key.groups & groups)) continue;

@@ -147,7 +147,11 @@ void readPrinterAndColumns(HlydSettings& s) {
     s.LastFileLoc = i.ReadString("LastFileLoc", "", "General");
     s.LastHTMLLoc = i.ReadString("LastHTMLLoc", "", "General");
     s.LastPDFLoc = i.ReadString("LastPDFLoc", "", "General");
-    s.CurrentPrinter = i.ReadString("CurrentPrinter", systemDefaultPrinter(), "General");
+    // The system's default printer is asked for only when the file names none: the print service
+    // may take longer to answer than the rest of a run.
+    const std::string noPrinterKey = "\n";  // no value read from a line can hold a line end
+    s.CurrentPrinter = i.ReadString("CurrentPrinter", noPrinterKey, "General");
+    if (s.CurrentPrinter == noPrinterKey) s.CurrentPrinter = systemDefaultPrinter();
     ColumnSpec& c = pageSettings().Columns;
     i.setSection(printerSection());
     c.Columns = readClamped("Columns", 1, 1, kMostColumns);

@@ -14,6 +14,7 @@ constexpr std::int64_t kGrabWidth = 1500;
 constexpr std::int64_t kGrabHeight = 450;
 
 std::vector<ScreenArea> screens{{0, 0, 1920 * 15, 1080 * 15}};
+bool unknownScreens = false;
 
 bool topStripOn(const std::array<std::int32_t, 4>& place, const ScreenArea& screen) {
     // 64-bit sums: a place of nonsense numbers must not overflow on the way to its refusal.
@@ -24,6 +25,9 @@ bool topStripOn(const std::array<std::int32_t, 4>& place, const ScreenArea& scre
 }
 
 }  // namespace
+
+void setScreensUnknown(bool unknown) { unknownScreens = unknown; }
+bool screensUnknown() { return unknownScreens; }
 
 void setScreenAreasTwips(std::vector<ScreenArea> areas) {
     if (!areas.empty()) screens = std::move(areas);

@@ -82,6 +82,15 @@ void clearPerRunState() {
     tables.RecordCount = tables.StatementCount = tables.TokenCount = 0;
 }
 
+// A command-line run that only exports HTML never prints, and one that names its printer (the PDF
+// printer among them) sets that one up itself: asking the print service for the settings' printer
+// would cost such a run most of its time, and could only tell of a printer it never uses.
+bool printerWanted() {
+    if (mainState.StartMode != kStartCommandLineFile) return true;
+    const BatchOptions& options = commandLineJob().options;
+    return runPrints(options) && options.pdfOut.empty() && options.printer.empty();
+}
+
 std::vector<FontSpec> displayFonts() {
     std::vector<FontSpec> fonts;
     for (int e = 1; e <= kElementCount; ++e) fonts.push_back(displayAttributes().Elements[e].slot[kDisplay].Font);
@@ -187,7 +196,7 @@ void InitApp() {
         openSettingsLog();
         TraceScope trace(theDebug().TraceApplication, "InitApp");
         theLog().LogData("HLYD.BI Version 88 Dated 31-Aug-95\n hlyd.bm Version 35 Dated 31-Aug-95");
-        if (!hlydSettings().CurrentPrinter.empty() || !GetDefaultPrinter().empty()) InitPrinter();
+        if (printerWanted() && (!hlydSettings().CurrentPrinter.empty() || !GetDefaultPrinter().empty())) InitPrinter();
         initKeywords();
         clearPerRunState();
         hlydSettings().MetricUnits = fbIsMetric();

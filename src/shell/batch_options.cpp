@@ -83,6 +83,10 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& args) {
     return options;
 }
 
+bool runPrints(const BatchOptions& options) {
+    return options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty();
+}
+
 std::string batchUsageLine() {
     return "Usage: halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] [--] FILE...\n";
 }

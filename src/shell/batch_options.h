@@ -23,6 +23,9 @@ struct BatchOptions {
 
 BatchOptions parseBatchOptions(const std::vector<std::string>& args);
 
+// Whether the run prints: a run with --html alone only exports, and needs no printer at all.
+bool runPrints(const BatchOptions& options);
+
 // What --help prints, and its first line for a misused option.
 std::string batchUsage();
 std::string batchUsageLine();

@@ -63,15 +63,11 @@ std::string printOutput(const std::string& source) {
     return os::absolutePath(baseName(source) + ".pdf");
 }
 
-bool printsAtAll(const BatchOptions& options) {
-    return options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty();
-}
-
 // The PDF a print of this run would write, before its printer is set up: --pdf, or <name>.pdf
 // here when the PDF printer is named or is the one in force.
 std::optional<OutputTarget> pdfTarget(const std::string& source) {
     const BatchOptions& options = commandLineJob().options;
-    if (!printsAtAll(options)) return std::nullopt;
+    if (!runPrints(options)) return std::nullopt;
     if (!options.pdfOut.empty()) return OutputTarget{os::absolutePath(options.pdfOut), OutputKind::Pdf, "--pdf"};
     Printer* printer = currentPrinter();
     bool pdfInForce = printer && printState().PrinterValid && printer->deviceName() == kPdfPrinterName;
