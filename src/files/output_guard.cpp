@@ -52,10 +52,12 @@ bool visualBasicExtension(const std::string& extension) {
     return std::find(known.begin(), known.end(), extension) != known.end();
 }
 
-int readHead(const std::string& path, std::string& head) {
+// Room for the head only as far as the file goes: a megabyte blanked for a file of a few
+// kilobytes cost a batch run's start more than all its own work.
+int readHead(const std::string& path, std::uint64_t size, std::string& head) {
     os::InputFile file;
     if (int error = file.open(path); error != 0) return error;
-    head.resize(kHeadBytes);
+    head.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kHeadBytes, size)));
     std::size_t got = 0;
     while (got < head.size()) {
         long n = file.read(head.data() + got, head.size() - got);
@@ -109,7 +111,7 @@ std::string reasonToRefuse(const OutputTarget& target, const std::vector<std::st
     // An empty file holds nothing to lose: a script may well make the name before the run.
     if (info.size == 0) return {};
     std::string head;
-    if (int error = readHead(target.path, head); error != 0)
+    if (int error = readHead(target.path, info.size, head); error != 0)
         return "cannot be read to see what it holds (" + os::errorText(error) + ")";
     if (!holdsWhatWeWrite(target.kind, head))
         return std::string("is there and is no ") + kindName(target.kind) + " of ours";
