@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "display/font_metrics.h"
+#include "display/screen_emitter.h"
+#include "files/main_window_model.h"
 #include "platform/surface.h"
 #include "test_support.h"
 
@@ -126,5 +128,19 @@ protected:
     S surface;
 };
 using SurfaceTest = SurfaceTestOf<>;
+
+// The view 8000 twips high, and, as the window does, a file that becomes current shown from its
+// first record.
+class ViewTest : public SurfaceTest {
+protected:
+    void SetUp() override {
+        SurfaceTest::SetUp();
+        emitterState().ViewHeight = 8000;
+        mainWindow().emitRequestedData = [] {
+            std::int32_t first = 1;
+            HlydDSEmitRequestedData(first);
+        };
+    }
+};
 
 }  // namespace hlyd::test

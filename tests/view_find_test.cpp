@@ -27,16 +27,8 @@ const std::vector<std::string> kLines = {
     "End Sub",
 };
 
-class ViewFindTest : public test::SurfaceTest {
+class ViewFindTest : public test::ViewTest {
 protected:
-    void SetUp() override {
-        test::SurfaceTest::SetUp();
-        emitterState().ViewHeight = 8000;
-        mainWindow().emitRequestedData = [] {
-            std::int32_t first = 1;
-            HlydDSEmitRequestedData(first);
-        };
-    }
     void openLines(const std::vector<std::string>& lines) {
         std::string text;
         for (const std::string& line : lines) text += line + "\r\n";

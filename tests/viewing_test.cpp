@@ -14,17 +14,8 @@ namespace hlyd {
 namespace {
 
 // Lines 200 high in a view 8000 high: 30 records a view as the emitter counts them (40 - 10).
-class ViewingTest : public test::SurfaceTest {
+class ViewingTest : public test::ViewTest {
 protected:
-    void SetUp() override {
-        test::SurfaceTest::SetUp();
-        emitterState().ViewHeight = 8000;
-        // As the window does: a file that becomes current is shown from its first record.
-        mainWindow().emitRequestedData = [] {
-            std::int32_t first = 1;
-            HlydDSEmitRequestedData(first);
-        };
-    }
     void open(const std::string& name, const std::string& text) { showSource(name, text); }
     void openExample(const std::string& name) {
         oFile().Add({std::string(HLYD_SOURCE_DIR) + "/examples/Sample/" + name, kFileSource, false, 0, 0});
