@@ -1,5 +1,9 @@
-// Whole-file replacement on a POSIX system: a temporary file beside the target, synced, given the
-// target's mode, renamed over it, and the directory synced so that the rename survives a crash.
+// Whole-file replacement on a POSIX system: a temporary file beside the target, given the target's
+// mode and renamed over it. Where a file is replaced, the new data is synced before the rename and
+// the directory after it, so that a crash leaves the old file or the new, never an empty one. A
+// file that was not there is written without syncs: nothing the user had is at stake, and the
+// syncs cost a batch run of small listings more than the writing (a crash loses at most that
+// run's new output, which the run makes again).
 // A run ended by a signal (the user's interrupt, a hang-up, a kill, a crash) removes its
 // temporary files first: a PDF of thousands of pages leaves tens of megabytes otherwise.
 #include <fcntl.h>
@@ -108,6 +112,7 @@ struct AtomicWriter::Handle {
     std::string temp;
     int liveSlot = -1;  // where the signal handlers find the temporary name
     mode_t mode = 0;
+    bool replacing = false;  // a file of the name was there: sync before and after the rename
     std::string pending;  // written out in blocks: a document comes a line at a time
 
     bool flush(int& error) {
@@ -135,7 +140,8 @@ int AtomicWriter::begin(const std::string& target) {
     h.target = linkTarget(target);
     if (int problem = shared::replaceTargetProblem(fileInfo(h.target)); problem != 0) return error_ = problem;
     struct stat st {};
-    h.mode = ::stat(h.target.c_str(), &st) == 0 ? st.st_mode & 07777 : modeForNewFile();
+    h.replacing = ::stat(h.target.c_str(), &st) == 0;
+    h.mode = h.replacing ? st.st_mode & 07777 : modeForNewFile();
     h.temp = shared::tempNameBeside(h.target);
     h.liveSlot = rememberTemp(h.temp);
     h.fd = ::open(h.temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
@@ -165,7 +171,7 @@ int AtomicWriter::commit() {
         return error_;
     }
     // The data on the disk before the name: a crash leaves the old file or the new, never half.
-    bool ok = ::fchmod(h.fd, h.mode) == 0 && ::fsync(h.fd) == 0;
+    bool ok = ::fchmod(h.fd, h.mode) == 0 && (!h.replacing || ::fsync(h.fd) == 0);
     int reason = ok ? 0 : errno;
     if (::close(h.fd) != 0 && ok) {
         ok = false;
@@ -174,7 +180,7 @@ int AtomicWriter::commit() {
     h.fd = -1;
     if (ok && ::rename(h.temp.c_str(), h.target.c_str()) == 0) {
         forgetTemp(h.liveSlot);
-        syncDirectory(directoryOf(h.target));
+        if (h.replacing) syncDirectory(directoryOf(h.target));
         h.temp.clear();
         return error_ = 0;
     }

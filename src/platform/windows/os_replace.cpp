@@ -1,5 +1,6 @@
-// Whole-file replacement on Windows: a temporary file beside the target, flushed to the disk, given
-// the target's attributes, and moved over it by a move that is written through.
+// Whole-file replacement on Windows: a temporary file beside the target, given the target's
+// attributes and moved over it. A file that is replaced is flushed to the disk first and moved by a
+// move that is written through; a new file is not (as on POSIX: nothing the user had is at stake).
 #include "platform/os.h"
 #include "platform/os_shared.h"
 #include "platform/windows/win_support.h"
@@ -32,6 +33,7 @@ struct AtomicWriter::Handle {
     std::string target;
     std::string temp;
     DWORD attributes = 0;  // the target's, kept: hidden, system, archive
+    bool replacing = false;
     std::string pending;  // written out in blocks: a document comes a line at a time
 };
 
@@ -44,6 +46,7 @@ int AtomicWriter::begin(const std::string& target) {
     h.target = linkTarget(target);
     FileInfo info = fileInfo(h.target);
     if (int problem = shared::replaceTargetProblem(info); problem != 0) return error_ = problem;
+    h.replacing = info.exists();
     DWORD old = info.exists() ? GetFileAttributesA(h.target.c_str()) : INVALID_FILE_ATTRIBUTES;
     h.attributes = old == INVALID_FILE_ATTRIBUTES ? 0 : old & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE);
     h.temp = shared::tempNameBeside(h.target);
@@ -69,14 +72,15 @@ bool AtomicWriter::write(std::string_view data) {
 int AtomicWriter::commit() {
     Handle& h = *handle_;
     if (h.h == INVALID_HANDLE_VALUE) return error_ ? error_ : EBADF;
-    bool ok = win::writeAll(h.h, h.pending, error_) && FlushFileBuffers(h.h);
+    bool ok = win::writeAll(h.h, h.pending, error_) && (!h.replacing || FlushFileBuffers(h.h));
     if (!ok && error_ == 0) error_ = win::lastErrno();
     h.pending.clear();
     CloseHandle(h.h);
     h.h = INVALID_HANDLE_VALUE;
     if (ok) {
         if (h.attributes != 0) SetFileAttributesA(h.temp.c_str(), h.attributes);
-        ok = MoveFileExA(h.temp.c_str(), h.target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        DWORD how = MOVEFILE_REPLACE_EXISTING | (h.replacing ? MOVEFILE_WRITE_THROUGH : 0);
+        ok = MoveFileExA(h.temp.c_str(), h.target.c_str(), how) != 0;
         if (!ok) error_ = win::lastErrno();
     }
     if (ok) {
