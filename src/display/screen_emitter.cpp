@@ -246,7 +246,7 @@ void ScreenEmission::sourceScrollRange() {
     SourceFile& file = fileTable().source;
     bool atEnd = lastFetched_ >= 1 && t.Records[lastFetched_].FirstT == 0;
     if (!atEnd && file.isOpen() && file.offset() > 0) {
-        double estimate = static_cast<double>(t.RecordCount) * file.size() / file.offset() + bar.LargeChange;
+        double estimate = static_cast<double>(t.RecordCount) * static_cast<double>(file.size()) / static_cast<double>(file.offset()) + bar.LargeChange;
         bar.Max = estimate > kScrollLimit ? kScrollLimit : static_cast<std::int32_t>(std::nearbyint(estimate));
     } else if (!state.LinesKnown) {
         state.LinesKnown = true;

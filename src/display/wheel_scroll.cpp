@@ -28,7 +28,7 @@ int takeSteps(int& kept, int unit) {
 int linePixelsOfView() {
     const LayoutMetrics& m = layoutMetrics();
     int twipsPerPixel = std::max<int>(1, m.TwipsPerPixelY);
-    return std::max(1, static_cast<int>(std::lround(m.MaxFontHeight[kDisplay] / twipsPerPixel)));
+    return std::max(1, static_cast<int>(std::lround(m.MaxFontHeight[kDisplay] / static_cast<float>(twipsPerPixel))));
 }
 
 }  // namespace

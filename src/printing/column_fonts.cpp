@@ -15,7 +15,7 @@ namespace {
 
 // Room for indentation that a fitted column keeps beside its line of code: half a blank for each
 // of a dozen levels.
-constexpr int kFittedIndentChars = 6;
+constexpr double kFittedIndentChars = 6;
 
 AttributeRecord& printAttributes(int element) { return displayAttributes().Elements[element].slot[kPrint]; }
 

@@ -72,8 +72,6 @@ void resetDisplay() {
     resetFindState();
 }
 
-}  // namespace
-
 void resetPrinting() {
     resetPrintState();
     resetPageChange();
@@ -81,6 +79,8 @@ void resetPrinting() {
     resetPrintStatus();
     resetPrintDialogs();
 }
+
+}  // namespace
 
 void resetModuleState() {
     resetDiagnostics();
