@@ -1,12 +1,15 @@
 #include "analysis/tokenizer.h"
 
 #include <string>
+#include <string_view>
 
 #include "base/c_debug.h"
 
 namespace hlyd {
 
 namespace {
+
+using namespace std::string_view_literals;  // the sets hold a NUL, which a C string would end at
 
 struct CharSets {
     bool blank[256] = {};
@@ -18,9 +21,9 @@ struct CharSets {
             for (char c : chars) table[static_cast<unsigned char>(c)] = true;
         };
         set(blank, " \t");
-        set(dateStop, std::string_view("\t\0#'\"", 5));
-        set(numberEnd, std::string_view(" \t\0()':,\"=<>\\/*[];", 19));
-        set(wordEnd, std::string_view(" \t\0()':,.\"=<>\\/*[];+-!", 23));
+        set(dateStop, "\t\0#'\""sv);
+        set(numberEnd, " \t\0()':,\"=<>\\/*[];"sv);
+        set(wordEnd, " \t\0()':,.\"=<>\\/*[];+-!"sv);
     }
 };
 const CharSets kSets;

@@ -104,7 +104,8 @@ void HlydDAGetFontMetricss() {
         if (meanHeight > metrics.MaxFontHeight[1]) metrics.MaxFontHeight[1] = static_cast<float>(meanHeight);
     }
     // Six widths summed, divided by seven: the mean stays six sevenths of the true one.
-    metrics.WhiteSpaceSize[1] = static_cast<float>(rounded(total) / 7);
+    std::int64_t sevenths = static_cast<std::int64_t>(rounded(total)) / 7;
+    metrics.WhiteSpaceSize[1] = static_cast<float>(sevenths);
     metrics.ConnectorSize[1] = metrics.IndentSize[1] = metrics.WhiteSpaceSize[1];
     metrics.TwipsPerPixelX = static_cast<std::int16_t>(s.twipsPerPixelX());
     metrics.TwipsPerPixelY = static_cast<std::int16_t>(s.twipsPerPixelY());

@@ -17,7 +17,7 @@ namespace hlyd {
 namespace {
 
 // Enough of a file to tell what it is; a history's sections are looked for this far.
-constexpr std::size_t kHeadBytes = 1024 * 1024;
+constexpr std::size_t kHeadBytes = std::size_t{1024} * 1024;
 
 const char* kindName(OutputKind kind) {
     switch (kind) {

@@ -15,7 +15,7 @@ class LineReader;
 
 // Project and group lines are read a line at a time and none is kept beyond this: far longer
 // than any line the IDE writes, and a bound on what a file that is no project can cost.
-constexpr std::size_t kLongestProjectLine = 64 * 1024;
+constexpr std::size_t kLongestProjectLine = std::size_t{64} * 1024;
 
 // Line types of a project.
 enum : std::int32_t {

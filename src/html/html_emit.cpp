@@ -202,8 +202,7 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
 }
 
 void EmitProjectRecord(const std::string& text) {
-    std::string trimmed = text;
-    if (trimmed.find_first_not_of(' ') == std::string::npos) return;
+    if (text.find_first_not_of(' ') == std::string::npos) return;
     std::string line;
     emission.doc->InsertToken(text, 0, kElemProjectFile, line);
     emission.doc->InsertLine(line);

@@ -14,7 +14,7 @@ class LineReader {
 public:
     // A line longer than `longestLine` comes back cut to `longestLine` + 1 bytes, which is enough
     // for the caller to see that it is too long; the rest of it is skipped.
-    explicit LineReader(std::size_t longestLine, std::size_t chunk = 64 * 1024);
+    explicit LineReader(std::size_t longestLine, std::size_t chunk = std::size_t{64} * 1024);
 
     int open(const std::string& path);  // 0 or the errno (os::kNotRegularFile for no regular file)
     void openText(std::string content);  // for tests and tools: a file held in memory

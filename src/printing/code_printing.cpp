@@ -95,7 +95,7 @@ bool CodeListing::breakBefore(std::int32_t record) {
 void CodeListing::separator(std::int32_t record) {
     Printer& printer = *currentPrinter();
     const LayoutMetrics& m = layoutMetrics();
-    if (pos_.TopPos + 5.0f * m.PrintTwipsPerPixelY > p_.UsableArea.Bottom && f_.SeparatorBold && !breakBefore(record)) return;
+    if (pos_.TopPos + 5.0f * static_cast<float>(m.PrintTwipsPerPixelY) > p_.UsableArea.Bottom && f_.SeparatorBold && !breakBefore(record)) return;
     if (f_.SeparatorBold) printer.setDrawWidth(5);
     printer.line(pos_.LeftPos, pos_.TopPos, pos_.RightPos, pos_.TopPos,
                  displayAttributes().Elements[kElemKeyWords].slot[kPrint].ForeColor);

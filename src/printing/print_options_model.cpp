@@ -94,7 +94,7 @@ void applySettingsTab(const PrintOptionsValues& v) {
     s.LineNumberIncrement = std::stoi(v.txtLineNumberIncrement);
     s.PageNumberAsk = v.chkPageNumberAsk;
     s.PageNumberHow = v.chkPageNumberContinuous ? kContinuousPages : 1;
-    f.ProcSkip = v.optProcSkip;
+    f.ProcSkip = static_cast<unsigned char>(v.optProcSkip);
     f.Orphan = static_cast<std::int16_t>(std::stoi(v.txtOrphan));
     f.ConnectControls = v.chkConnectControls;
     f.ContinueGenerate = v.chkContinueGenerate;

@@ -228,7 +228,8 @@ void HlydPAGetFontMetrics() {
         m.MaxFontHeight[kPrint] = std::max(m.MaxFontHeight[kPrint], height);
     }
     // Six widths summed, divided by seven, as on the screen.
-    m.WhiteSpaceSize[kPrint] = static_cast<float>(whole(total) / 7);
+    std::int64_t sevenths = static_cast<std::int64_t>(whole(total)) / 7;
+    m.WhiteSpaceSize[kPrint] = static_cast<float>(sevenths);
     m.ConnectorSize[kPrint] = m.IndentSize[kPrint] = m.WhiteSpaceSize[kPrint];
     m.PrintTwipsPerPixelX = static_cast<std::int16_t>(p.twipsPerPixelX());
     m.PrintTwipsPerPixelY = static_cast<std::int16_t>(p.twipsPerPixelY());

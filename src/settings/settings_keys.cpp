@@ -41,7 +41,7 @@ public:
     }
     // A value whose text form is computed; it is shown as that text.
     void computed(const std::string& section, const std::string& key, unsigned groups,
-                  std::function<std::string()> textOf) {
+                  const std::function<std::string()>& textOf) {
         add(section, key, groups, [textOf, key](cINIHandler& ini) { ini.WriteString(key, textOf()); },
             [textOf, section, key] { return shownText(section, key, textOf()); });
     }

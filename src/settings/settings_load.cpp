@@ -120,7 +120,7 @@ void readGeneralHead(HlydSettings& s) {
     i.setSection("General");
     s.DebugMenu = i.ReadBool("DebugMenu", false);
     double windowState = i.ReadNumber("WindowState", 0);
-    s.WindowState = windowState >= 0 && windowState <= 2 ? cintOf(windowState, kLoadSource) : 0;
+    s.WindowState = windowState >= 0 && windowState <= 2 ? cintOf(windowState, kLoadSource) : std::int16_t{0};
     s.CDLGFileIndex = readClamped("CDLGFileIndex", 1, 1, kOpenDialogFilters);
     s.DoNotShowPrintDialog = i.ReadBool("DoNotShowPrintDialog", false);
     s.ShowOpenDialog = i.ReadBool("ShowOpenDialog", true);

@@ -140,6 +140,7 @@ void mnuFilOpen_Click() { openAndShow(0); }
 
 void openNamedFiles(const std::vector<std::string>& names) {
     std::vector<std::string> absolute;
+    absolute.reserve(names.size());
     for (const std::string& name : names) absolute.push_back(os::absolutePath(name));
     openChosenFiles(std::move(absolute));
     showUnlessCancelled();

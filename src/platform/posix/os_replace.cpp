@@ -158,7 +158,7 @@ bool AtomicWriter::write(std::string_view data) {
     Handle& h = *handle_;
     if (h.fd < 0) return false;
     h.pending.append(data);
-    if (h.pending.size() < 64 * 1024 || h.flush(error_)) return true;
+    if (h.pending.size() < std::size_t{64} * 1024 || h.flush(error_)) return true;
     abandon();
     return false;
 }
