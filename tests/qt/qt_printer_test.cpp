@@ -16,6 +16,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPrinter>
 
 #include "platform/os.h"
 #include "platform/qt/qt_printer.h"
