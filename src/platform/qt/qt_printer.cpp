@@ -103,6 +103,10 @@ std::vector<std::string> QtPrinter::fonts() const {
     return names;
 }
 
+std::size_t QtPrinter::fontCount() const {
+    return static_cast<std::size_t>(deviceFamilyCount() + availableClassicNames().size());
+}
+
 // ---- drawing ----
 
 void QtPrinter::print(const std::string& text) { printText(text, false); }

@@ -79,6 +79,7 @@ public:
     int twipsPerPixelX() const override;
     int twipsPerPixelY() const override { return twipsPerPixelX(); }
     std::vector<std::string> fonts() const override;
+    std::size_t fontCount() const override;
 
     std::string deviceName() const override;
     PrinterCaps caps() const override;
