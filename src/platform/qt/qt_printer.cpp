@@ -349,7 +349,7 @@ int QtPrinter::setJobProperty(JobProperty which, std::int32_t value) {
 }
 
 int QtPrinter::setDuplex(std::int32_t value) {
-    if (value < 1 || value > 3) return 380;
+    if (value < 1 || value > 3) return 380;  // one side, long edge, short edge
     if (system_ && !system_->offersDuplex(value)) return 483;
     duplex_ = value;
     return 0;

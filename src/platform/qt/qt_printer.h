@@ -38,7 +38,8 @@ public:
 
     // The built-in PDF printer.
     QtPrinter();
-    // A system printer: a QPrinter set up for it (built with the print service's part alone).
+    // A system printer: a QPrinter set up for it. Defined with the QPrinter device, so that only
+    // what links Qt's print support can make one.
     explicit QtPrinter(std::unique_ptr<QPrinter> device);
     explicit QtPrinter(std::unique_ptr<SystemPrintDevice> device);
     ~QtPrinter() override;
