@@ -2,6 +2,7 @@
 // window, and what a run prints, exports, refuses or tells (on standard error, with its status).
 #include <sys/stat.h>
 
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -19,6 +20,7 @@
 #include "settings/window_place.h"
 #include "shell/module_reset.h"
 #include "shell/window_display.h"
+#include "shell/window_part.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -243,25 +245,50 @@ TEST_F(CommandLineRunTest, HtmlAloneIsExportedNotPrintedAndAnUnwritablePlaceFail
     EXPECT_NE(err.str().find("cannot write " + dir + "/M.bas/M.html"), std::string::npos);
 }
 
-TEST(CoreAloneTest, OnlyARunThatExportsHtmlAndNothingElseNeedsNoWindowSystem) {
-    const std::pair<std::vector<std::string>, bool> cases[] = {
-        {{"--html", "a.html", "a.bas"}, true},
-        {{"--quiet", "--html", "a.html", "--", "-a.bas"}, true},
-        {{"--html", "a.html", "--pdf", "a.pdf", "a.bas"}, false},
-        {{"--html", "a.html", "--printer", "Office", "a.bas"}, false},
-        {{"--html", "a.html", "/init", "a.bas"}, true},
-        {{"a.bas"}, false},
-        {{"--pdf", "a.pdf", "a.bas"}, false},
-        {{"--open", "a.bas"}, false},
-        {{"/init"}, false},
-        {{}, false},
-    };
-    for (const auto& [words, coreAlone] : cases) {
-        BatchOptions options = parseBatchOptions(words);
-        ASSERT_EQ(options.error, "") << ::testing::PrintToString(words);
-        EXPECT_EQ(runsOnCoreAlone(options), coreAlone) << ::testing::PrintToString(words);
-    }
+// Which part of the program a command line runs on, in the order main asks: the core alone, the
+// print part (the PDF printer without the widgets or the print service), else the window part.
+enum class RunsOn { Core, PrintPart, WindowPart };
+
+struct PartCase {
+    std::vector<std::string> words;
+    RunsOn part;
+};
+
+class ProgramPartTest : public ::testing::TestWithParam<PartCase> {};
+
+TEST_P(ProgramPartTest, OnlyWhatARunNeedsIsLoaded) {
+    BatchOptions options = parseBatchOptions(GetParam().words);
+    ASSERT_EQ(options.error, "");
+    RunsOn part = runsOnCoreAlone(options)     ? RunsOn::Core
+                  : printsToPdfAlone(options) ? RunsOn::PrintPart
+                                              : RunsOn::WindowPart;
+    EXPECT_EQ(part, GetParam().part);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    CommandLines, ProgramPartTest,
+    ::testing::Values(PartCase{{"--html", "a.html", "a.bas"}, RunsOn::Core},
+                      PartCase{{"--quiet", "--html", "a.html", "--", "-a.bas"}, RunsOn::Core},
+                      PartCase{{"--html", "a.html", "/init", "a.bas"}, RunsOn::Core},
+                      PartCase{{"--pdf", "a.pdf", "a.bas"}, RunsOn::PrintPart},
+                      PartCase{{"--html", "a.html", "--pdf", "a.pdf", "a.bas"}, RunsOn::PrintPart},
+                      PartCase{{"--printer", "PDF", "--quiet", "a.bas"}, RunsOn::PrintPart},
+                      // A system printer needs the print service; the settings' printer may be one.
+                      PartCase{{"--html", "a.html", "--printer", "Office", "a.bas"}, RunsOn::WindowPart},
+                      PartCase{{"--printer", "pdf", "a.bas"}, RunsOn::WindowPart},
+                      PartCase{{"a.bas"}, RunsOn::WindowPart},
+                      PartCase{{"--open", "a.bas"}, RunsOn::WindowPart},
+                      PartCase{{"/init"}, RunsOn::WindowPart},
+                      PartCase{{}, RunsOn::WindowPart}),
+    [](const ::testing::TestParamInfo<PartCase>& info) {
+        std::string name = std::to_string(info.index);
+        for (const std::string& word : info.param.words) {
+            name += '_';
+            for (char c : word)
+                if (std::isalnum(static_cast<unsigned char>(c))) name += c;
+        }
+        return name;
+    });
 
 // An export asks the print service nothing: with many printers (or a slow network one) that
 // question was most of the run.

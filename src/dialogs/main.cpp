@@ -1,6 +1,7 @@
 // The application's entry: our batch options taken out, the rest of the command line as one text,
 // as the start-mode rules read it. What needs no window system (the HTML export, help, version and
-// a misused option) runs here on the core; every other run goes to the window part.
+// a misused option) runs here on the core; a print to the PDF printer alone goes to the print
+// part; every other run goes to the window part.
 #include <iostream>
 #include <string>
 #include <vector>
@@ -27,5 +28,6 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (hlyd::runsOnCoreAlone(options)) return hlyd::runOnCoreAlone(options);
+    if (hlyd::printsToPdfAlone(options)) return hlyd::runPrintPart(argc, argv);
     return hlyd::runWindowPart(argc, argv);
 }

@@ -10,6 +10,7 @@
 #include "dialogs/frm_error_info.h"
 #include "dialogs/frm_splash.h"
 #include "dialogs/hlyd_window.h"
+#include "dialogs/qt_notes.h"
 #include "files/main_window_model.h"
 #include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
@@ -142,12 +143,6 @@ void drawOffscreenWithoutDisplay(std::int32_t mode) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
 }
 
-// A run without a window speaks to a script or a user at a terminal: Qt's notes on the desktop
-// (no runtime directory, a font substituted) would bury the one line that matters.
-void onlyQtFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
-}
-
 bool windowed(std::int32_t mode) { return mode == kStartStandalone || mode == kStartIdeMode; }
 
 // The window system ends the process when the display named does not answer: the user hears its
@@ -176,7 +171,7 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
         }
         handlerBeforeDisplay = qInstallMessageHandler(displayGivenUp);
     }
-    if (mode == kStartCommandLineFile || mode == kStartInit) qInstallMessageHandler(onlyQtFailures);
+    if (mode == kStartCommandLineFile || mode == kStartInit) keepOnlyQtFailures();
     QApplication app(argc, argv);
     if (windowed(mode)) qInstallMessageHandler(handlerBeforeDisplay);
     QApplication::setApplicationName("Halyard");

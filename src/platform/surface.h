@@ -1,6 +1,7 @@
 #pragma once
 // A drawing surface in twips: what the layout needs of the screen's hidden picture and of a
 // printer page. Fonts are set by property; a name the device lacks reads back different.
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -67,6 +68,9 @@ public:
     virtual int twipsPerPixelY() const = 0;
     // The fonts of the device; the first is the font of last resort.
     virtual std::vector<std::string> fonts() const = 0;
+    // How many fonts() lists. A device may count them without resolving its font of last resort,
+    // which can mean loading a font that nothing is drawn with.
+    virtual std::size_t fontCount() const { return fonts().size(); }
 };
 
 // The lines a text stands on for TextHeight: each CR LF starts a further one.

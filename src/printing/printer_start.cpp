@@ -32,7 +32,7 @@ void tell(const std::string& text, MsgIcon icon = MsgIcon::None, const std::stri
 // A printer whose fonts cannot be listed has none to print with.
 int fontCount(Printer& printer) {
     try {
-        return static_cast<int>(printer.fonts().size());
+        return static_cast<int>(printer.fontCount());
     } catch (const HlydError&) {
         return 0;
     }

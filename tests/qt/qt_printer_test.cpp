@@ -16,6 +16,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPrinter>
 
 #include "platform/os.h"
 #include "platform/qt/qt_printer.h"
@@ -582,6 +583,8 @@ TEST_F(QtPrinterTest, MeasuresInTwipsAndReadsClassicNamesBack) {
     EXPECT_NE(p.fontName(), "No Such Font 9000");
     std::vector<std::string> fonts = p.fonts();
     EXPECT_EQ(p.fontName(), fonts.front());
+    // The start counts them without resolving the font of last resort: the same count.
+    EXPECT_EQ(p.fontCount(), fonts.size());
     EXPECT_NE(std::find(fonts.begin(), fonts.end(), "Courier New"), fonts.end());
 
     p.setFontName("Courier New");

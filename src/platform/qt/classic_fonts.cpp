@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QHash>
+#include <algorithm>
 
 namespace hlyd {
 
@@ -68,6 +69,14 @@ QStringList deviceFamilies() {
     for (const QString& family : QFontDatabase::families())
         if (family != families.front()) families.append(family);
     return families;
+}
+
+// With a monospaced stand-in installed, the font of last resort is an installed family (the
+// system's own or that stand-in), listed once among the others.
+qsizetype deviceFamilyCount() {
+    bool standInInstalled = std::any_of(kMonoStandIns.begin(), kMonoStandIns.end(),
+                                        [](const QString& standIn) { return !installedSpelling(standIn).isEmpty(); });
+    return standInInstalled ? QFontDatabase::families().size() : deviceFamilies().size();
 }
 
 QStringList availableClassicNames() {

@@ -18,6 +18,9 @@ ResolvedFamily resolveFamily(const QString& requested);
 QString lastResortFamily();
 // The installed families, the font of last resort first.
 QStringList deviceFamilies();
+// How many deviceFamilies() lists. The font of last resort is resolved only where the count
+// depends on it: resolving it loads the system's fixed-pitch font, which a print seldom uses.
+qsizetype deviceFamilyCount();
 // The classic names that a stand-in installed here answers for, as that desktop spells them.
 QStringList availableClassicNames();
 

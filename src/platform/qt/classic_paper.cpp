@@ -35,21 +35,4 @@ std::int32_t classicPaperCode(QPageSize::PageSizeId id) {
     return 1;
 }
 
-std::optional<QPrinter::DuplexMode> classicDuplex(std::int32_t code) {
-    switch (code) {
-        case 1: return QPrinter::DuplexNone;
-        case 2: return QPrinter::DuplexLongSide;
-        case 3: return QPrinter::DuplexShortSide;
-        default: return std::nullopt;
-    }
-}
-
-std::int32_t classicDuplexCode(QPrinter::DuplexMode mode) {
-    switch (mode) {
-        case QPrinter::DuplexLongSide: return 2;
-        case QPrinter::DuplexShortSide: return 3;
-        default: return 1;
-    }
-}
-
 }  // namespace hlyd

@@ -2,7 +2,6 @@
 // Paper and duplex as the settings hold them: the numbers of the classic desktop's printer
 // drivers (1 Letter, 5 Legal, 9 A4, ...; duplex 1 one side, 2 long edge, 3 short edge).
 #include <QPageSize>
-#include <QPrinter>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -15,9 +14,5 @@ std::optional<QPageSize::PageSizeId> classicPaper(std::int32_t code);
 std::vector<std::int32_t> classicPaperCodes();
 // The classic code of a page size; Letter's for a size with none.
 std::int32_t classicPaperCode(QPageSize::PageSizeId id);
-
-// The duplex mode of a classic code; nothing for a code outside 1 to 3.
-std::optional<QPrinter::DuplexMode> classicDuplex(std::int32_t code);
-std::int32_t classicDuplexCode(QPrinter::DuplexMode mode);
 
 }  // namespace hlyd

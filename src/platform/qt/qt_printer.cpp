@@ -1,6 +1,5 @@
 #include "platform/qt/qt_printer.h"
 
-#include <QPrinterInfo>
 #include <algorithm>
 #include <cmath>
 
@@ -31,13 +30,12 @@ QtPrinter::QtPrinter() : layout_(pdfLayout()), faces_(kPdfDotsPerInch) {
     setFontName(kDefaultFont);
 }
 
-QtPrinter::QtPrinter(std::unique_ptr<QPrinter> device)
+QtPrinter::QtPrinter(std::unique_ptr<SystemPrintDevice> device)
     : system_(std::move(device)), layout_(system_->pageLayout()), faces_(system_->resolution()) {
-    system_->setFullPage(false);
     key_.points = kDefaultSize;
     setFontName(kDefaultFont);
-    copies_ = system_->copyCount();
-    duplex_ = classicDuplexCode(system_->duplex());
+    copies_ = system_->copies();
+    duplex_ = system_->duplexCode();
     paperCode_ = classicPaperCode(layout_.pageSize().id());
 }
 
@@ -103,6 +101,10 @@ std::vector<std::string> QtPrinter::fonts() const {
     for (const QString& family : deviceFamilies()) names.push_back(toUtf8(family));
     for (const QString& classic : availableClassicNames()) names.push_back(toUtf8(classic));
     return names;
+}
+
+std::size_t QtPrinter::fontCount() const {
+    return static_cast<std::size_t>(deviceFamilyCount() + availableClassicNames().size());
 }
 
 // ---- drawing ----
@@ -183,7 +185,7 @@ QRectF QtPrinter::paintRectTwips() const {
 
 int QtPrinter::twipsPerPixelX() const { return std::max(1, static_cast<int>(std::lround(1440.0 / dotsPerInch()))); }
 
-std::string QtPrinter::deviceName() const { return isPdf() ? kPdfPrinterName : toUtf8(system_->printerName()); }
+std::string QtPrinter::deviceName() const { return isPdf() ? kPdfPrinterName : system_->name(); }
 
 PrinterCaps QtPrinter::caps() const {
     QRect full = layout_.fullRectPixels(dotsPerInch());
@@ -219,10 +221,8 @@ bool QtPrinter::deliverToSystem() {
         if (system_->pageLayout() != pageLayout_) system_->setPageLayout(pageLayout_);
         if (!system_->newPage()) return false;
     } else {
-        system_->setCopyCount(copies_);
-        system_->setDuplex(*classicDuplex(duplex_));
-        system_->setPageLayout(pageLayout_);
-        if (!painter_.begin(system_.get())) {
+        system_->setUpJob(copies_, duplex_, pageLayout_);
+        if (!painter_.begin(system_->paintDevice())) {
             if (jobError_.empty()) jobError_ = "The printer " + deviceName() + " could not be started.";
             return false;
         }
@@ -349,12 +349,8 @@ int QtPrinter::setJobProperty(JobProperty which, std::int32_t value) {
 }
 
 int QtPrinter::setDuplex(std::int32_t value) {
-    std::optional<QPrinter::DuplexMode> mode = classicDuplex(value);
-    if (!mode) return 380;
-    if (system_ && value != 1) {
-        QList<QPrinter::DuplexMode> supported = QPrinterInfo(*system_).supportedDuplexModes();
-        if (!supported.contains(*mode) && !supported.contains(QPrinter::DuplexAuto)) return 483;
-    }
+    if (value < 1 || value > 3) return 380;  // one side, long edge, short edge
+    if (system_ && !system_->offersDuplex(value)) return 483;
     duplex_ = value;
     return 0;
 }
@@ -364,13 +360,9 @@ int QtPrinter::setDuplex(std::int32_t value) {
 int QtPrinter::setPaper(std::int32_t code) {
     std::optional<QPageSize::PageSizeId> id = classicPaper(code);
     if (system_) {
-        if (!id) return 380;
-        QList<QPageSize> supported = QPrinterInfo(*system_).supportedPageSizes();
-        bool listed = supported.isEmpty() || std::any_of(supported.begin(), supported.end(),
-                                                         [&](const QPageSize& s) { return s.id() == *id; });
-        if (!listed) return 380;
+        if (!id || !system_->offersPaper(*id)) return 380;
         QPageLayout::Orientation orientation = layout_.orientation();
-        system_->setPageSize(QPageSize(*id));
+        system_->setPaper(*id);
         layout_ = system_->pageLayout();
         layout_.setOrientation(orientation);
     } else {

@@ -14,7 +14,6 @@
 // same on paper.
 #include <QPageLayout>
 #include <QPainter>
-#include <QPrinter>
 #include <array>
 #include <memory>
 #include <optional>
@@ -26,6 +25,9 @@
 #include "platform/qt/page_recording.h"
 #include "platform/qt/pdf_writer.h"
 #include "platform/qt/print_faces.h"
+#include "platform/qt/system_print_device.h"
+
+class QPrinter;
 
 namespace hlyd {
 
@@ -36,8 +38,10 @@ public:
 
     // The built-in PDF printer.
     QtPrinter();
-    // A system printer: a QPrinter set up for it.
+    // A system printer: a QPrinter set up for it. Defined with the QPrinter device, so that only
+    // what links Qt's print support can make one.
     explicit QtPrinter(std::unique_ptr<QPrinter> device);
+    explicit QtPrinter(std::unique_ptr<SystemPrintDevice> device);
     ~QtPrinter() override;
 
     std::string fontName() const override { return fontNameRead_; }
@@ -76,6 +80,7 @@ public:
     int twipsPerPixelX() const override;
     int twipsPerPixelY() const override { return twipsPerPixelX(); }
     std::vector<std::string> fonts() const override;
+    std::size_t fontCount() const override;
 
     std::string deviceName() const override;
     PrinterCaps caps() const override;
@@ -118,7 +123,7 @@ private:
     void closeSystemDevice(bool abort);
     QRectF paintRectTwips() const;
 
-    std::unique_ptr<QPrinter> system_;
+    std::unique_ptr<SystemPrintDevice> system_;
     std::unique_ptr<JobFileDevice> jobFile_;
     std::unique_ptr<PdfWriter> pdf_;
     QPainter painter_;

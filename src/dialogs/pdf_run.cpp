@@ -1,0 +1,41 @@
+#include "dialogs/pdf_run.h"
+
+#include <QGuiApplication>
+#include <cstdlib>
+
+#include "dialogs/qt_notes.h"
+#include "platform/console_ui.h"
+#include "platform/qt/pdf_printer_system.h"
+#include "printing/print_state.h"
+#include "settings/window_place.h"
+#include "shell/app_start.h"
+#include "shell/command_line_job.h"
+
+namespace hlyd {
+
+int runPdfPrint(int& argc, char** argv, const std::string& commandLine) {
+    // The PDF printer draws into a file: even where there is a display, speaking to it would only
+    // cost the run its start. A platform the user has chosen is kept.
+    if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    keepOnlyQtFailures();
+    // Fonts and pages need the graphics' application object, and nothing of the widgets'.
+    QGuiApplication app(argc, argv);
+    QGuiApplication::setApplicationName("Halyard");
+    // Offscreen, the screen is not the user's: what could be stored of a window's place would be wrong.
+    setScreensUnknown(true);
+    // Messages go to standard error and are answered at once: nobody is there to see a box.
+    ConsoleUi ui;
+    if (!commandLineJob().options.htmlOut.empty()) ui.saveAs = commandLineJob().options.htmlOut;
+    setUi(&ui);
+    PdfPrinterSystem printers;
+    setPrinterSystem(&printers);
+    int rc = Main(commandLine);
+    // The printer opened at start goes while the application it draws with is still there.
+    resetPrintState();
+    setPrinterSystem(nullptr);
+    setUi(nullptr);
+    setScreensUnknown(false);
+    return rc != 0 ? rc : commandLineJob().exitStatus;
+}
+
+}  // namespace hlyd

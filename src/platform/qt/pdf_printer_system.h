@@ -1,0 +1,17 @@
+#pragma once
+// The printers of a run that prints only to the built-in "PDF" printer: that printer alone. The
+// print service is never asked, so that such a run neither loads its libraries nor waits on its
+// answer; a run that names a system printer goes through the desktop's whole printer system.
+#include "platform/printer.h"
+
+namespace hlyd {
+
+class PdfPrinterSystem : public PrinterSystem {
+public:
+    std::vector<std::string> printerNames() const override;
+    // The PDF printer stands for the system's default, which this run does not ask for.
+    std::string defaultPrinterName() const override;
+    std::unique_ptr<Printer> open(const std::string& name) override;
+};
+
+}  // namespace hlyd
