@@ -22,7 +22,7 @@ protected:
 
     std::string rebuilt(std::int32_t r) const {
         std::string line;
-        for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i) line += token(i).LeadingSpace + token(i).Text;
+        for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i) (line += token(i).LeadingSpace) += token(i).Text;
         return line;
     }
 };
