@@ -109,6 +109,14 @@ struct Token : TokenFields {
     std::string_view LeadingSpace;
 };
 
+// Blank records, statements and tokens are all zero bytes (a vb_array test holds them to it).
+template <>
+struct BlankIsZeroBytes<Record> : std::true_type {};
+template <>
+struct BlankIsZeroBytes<Statement> : std::true_type {};
+template <>
+struct BlankIsZeroBytes<Token> : std::true_type {};
+
 constexpr const char* kInvalidRecordText = "???InvalidRecord???";
 
 // The tables of the one current file and their counts.
