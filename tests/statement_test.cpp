@@ -11,7 +11,7 @@ protected:
     // The first Statement of a physical line.
     const Statement& lineStatement(std::int32_t r) const { return statement(record(r).FirstS); }
     // The text of a Statement's verb token, empty when it has none.
-    std::string verbText(const Statement& s) const { return s.Verb == 0 ? "" : token(s.Verb).Text; }
+    std::string verbText(const Statement& s) const { return std::string(s.Verb == 0 ? "" : token(s.Verb).Text); }
 };
 
 TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
@@ -171,7 +171,7 @@ TEST_P(JumpTargetTest, AreMarked) {
     analyze(GetParam().line + "\n");
     std::vector<std::string> targets;
     for (std::int32_t i = 1; i <= tables().TokenCount; ++i) {
-        if (token(i).is(kTokCommentish, kDetLabelRef)) targets.push_back(token(i).Text);
+        if (token(i).is(kTokCommentish, kDetLabelRef)) targets.emplace_back(token(i).Text);
         if (token(i).Text == ",") {
             EXPECT_TRUE(token(i).is(kTokOperator, kDetOperator));
         }

@@ -173,7 +173,7 @@ int AnalysisTest::analyze(const std::string& text, const std::string& dialect) {
 std::vector<std::string> AnalysisTest::texts(std::int32_t r) const {
     std::vector<std::string> out;
     const Record& rec = record(r);
-    for (std::int32_t i = rec.FirstT; i >= 1 && i <= rec.LastT; ++i) out.push_back(token(i).Text);
+    for (std::int32_t i = rec.FirstT; i >= 1 && i <= rec.LastT; ++i) out.emplace_back(token(i).Text);
     return out;
 }
 

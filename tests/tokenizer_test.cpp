@@ -22,7 +22,7 @@ protected:
 
     std::string rebuilt(std::int32_t r) const {
         std::string line;
-        for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i) line += token(i).LeadingSpace + token(i).Text;
+        for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i) (line += token(i).LeadingSpace) += token(i).Text;
         return line;
     }
 };
@@ -175,6 +175,24 @@ TEST_F(TokenizerTest, LeadingSpaceAndTextGiveBackTheLine) {
     ASSERT_EQ(analyze(text), 11);
     for (std::size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(rebuilt(static_cast<std::int32_t>(i) + 1), lines[i]);
     EXPECT_EQ(texts(4), (Texts{"label1", ":", "s$", "=", "Mid$", "(", "t", ",", "2", ")", "&", "\"\""}));
+}
+
+// The texts are views into a store that fills chunk after chunk: a module larger than many chunks
+// keeps every early text, and the next file's texts replace the old ones without mixing.
+TEST_F(TokenizerTest, TextsOfALargeModuleStayWholeAndGiveWayToTheNextFile) {
+    std::vector<std::string> lines;
+    for (int i = 0; i < 6000; ++i)
+        lines.push_back("  name" + std::to_string(i) + " = \"text " + std::to_string(i * 7) + "\" ' comment " +
+                        std::to_string(i));
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    ASSERT_EQ(analyze(text), 11);
+    for (std::size_t i = 0; i < lines.size(); i += 97) EXPECT_EQ(rebuilt(static_cast<std::int32_t>(i) + 1), lines[i]);
+    EXPECT_EQ(rebuilt(6000), lines.back());
+
+    ASSERT_EQ(analyze("\tb = 2 ' second\r\n"), 11);
+    EXPECT_EQ(rebuilt(1), "\tb = 2 ' second");
+    EXPECT_EQ(at(1, 1).LeadingSpace, "\t");
 }
 
 TEST_F(TokenizerTest, KeywordsDependOnTheDialect) {

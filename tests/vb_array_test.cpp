@@ -2,8 +2,10 @@
 // grows again into chunks the large one used.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 
+#include "analysis/source_model.h"
 #include "analysis/vb_array.h"
 
 namespace hlyd {
@@ -22,6 +24,32 @@ TEST(VbArrayTest, ReuseAfterALargeTableLeavesEveryElementBlank) {
         for (std::int32_t i = 0; i <= 4 * kChunk; ++i)
             if (!table[i].empty()) FAIL() << "element " << i << " kept " << table[i];
     }
+}
+
+// The tables of a file come zeroed from the allocator instead of blanked: a blank record, statement
+// and token must be nothing but zero bytes, or a fresh element would start with a stale value.
+TEST(VbArrayTest, ZeroedChunksHoldBlankRecordsStatementsAndTokens) {
+    static_assert(sizeof(Record) == 7 * sizeof(std::int32_t) && sizeof(Statement) == 9 * sizeof(std::int32_t));
+    auto allZero = [](const void* bytes, std::size_t size) {
+        const auto* p = static_cast<const unsigned char*>(bytes);
+        for (std::size_t i = 0; i < size; ++i)
+            if (p[i] != 0) return false;
+        return true;
+    };
+    const Record record{};
+    const Statement statement{};
+    EXPECT_TRUE(allZero(&record, sizeof record));
+    EXPECT_TRUE(allZero(&statement, sizeof statement));
+    const Token token{};
+    const TokenFields& fields = token;
+    EXPECT_TRUE(allZero(&fields, offsetof(TokenFields, KeyWordKept) + 1));
+    EXPECT_TRUE(token.Text.data() == nullptr && token.Text.empty());
+    EXPECT_TRUE(token.LeadingSpace.data() == nullptr && token.LeadingSpace.empty());
+
+    VbArray<Token> tokens;
+    tokens.redim(2 * VbArray<Token>::kChunkSize);
+    const Token& fresh = tokens[VbArray<Token>::kChunkSize + 3];
+    EXPECT_TRUE(fresh.Class == 0 && fresh.Column == 0 && !fresh.KeyWordKept && fresh.Text.empty());
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ struct BasiclanModule {
     std::int32_t RecordIndex = 0;
 
     // The tokens of the one line being cut.
-    std::array<Token, kWorkTokensUBound + 1> WorkTokens;
+    std::array<WorkToken, kWorkTokensUBound + 1> WorkTokens;
 };
 
 BasiclanModule& basiclan();

@@ -159,7 +159,7 @@ void LogicalLineParser::refineFirstStatements() {
 
 bool LogicalLineParser::conditionalCompilation() {
     if (t_.Tokens[t_.Records[codeRecord_].FirstT].Text != "#" || lead_.Verb == 0) return false;
-    const std::string& verb = t_.Tokens[lead_.Verb].Text;
+    std::string_view verb = t_.Tokens[lead_.Verb].Text;
     if (verb == "If") {
         m_.InHashIf = true;
     } else if (verb == "ElseIf" || verb == "Else") {
@@ -235,7 +235,7 @@ void BabParseRecord(SourceFile& file, SourceTables& tables) {
 void OutdentMultipleNext(std::int16_t& indentLevel, const Statement& s, const SourceTables& t) {
     int parenLevel = 0;
     for (std::int32_t i = s.Verb + 1; i <= s.LastSignificant; ++i) {
-        const std::string& text = t.Tokens[i].Text;
+        std::string_view text = t.Tokens[i].Text;
         if (text == "(") ++parenLevel;
         else if (text == ")") --parenLevel;
         else if (text == "," && parenLevel == 0) --indentLevel;

@@ -29,16 +29,25 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
     token = Token{};
     token.Class = kTokCommentish;
     token.Detail = kDetComment;
-    token.Text.assign(line);
-    if (!token.Text.empty() && token.Text.back() == '_') {
+    std::string_view text = line;
+    if (!text.empty() && text.back() == '_') {
         token.Continued = 1;
-        token.Text.pop_back();
+        text.remove_suffix(1);
     }
+    token.Text = t.TokenTexts.keep(text);
     m.RecordIndex = ++t.RecordCount;
     t.Texts->set(m.RecordIndex, line);
     Record record;
     record.FirstT = record.LastT = t.TokenCount;
     t.Records[m.RecordIndex] = record;
+}
+
+// The work token's texts are copied, not moved: the work token keeps its strings' room for the
+// next line.
+void keepToken(const WorkToken& work, TokenTextStore& texts, Token& token) {
+    static_cast<TokenFields&>(token) = work;
+    token.Text = texts.keep(work.Text);
+    token.LeadingSpace = texts.keep(work.LeadingSpace);
 }
 
 void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
@@ -66,8 +75,7 @@ void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
         m.RecordsUBound += kRecordsStep;
         t.Records.redimPreserve(m.RecordsUBound);
     }
-    // The work tokens are blanked before the next line uses them: their texts can move.
-    for (std::int32_t i = 1; i <= count; ++i) t.Tokens[t.TokenCount + i] = std::move(m.WorkTokens[i]);
+    for (std::int32_t i = 1; i <= count; ++i) keepToken(m.WorkTokens[i], t.TokenTexts, t.Tokens[t.TokenCount + i]);
     Record record;
     record.FirstT = t.TokenCount + 1;
     record.LastT = t.TokenCount + count;

@@ -65,6 +65,7 @@ void BabInitFile(SourceTables& t, const std::string& dialect) {
     t.Tokens.reuse(m.TokensUBound, t.TokenCount);
     t.TokenCount = 0;
     t.Texts = std::make_shared<RecordTexts>();
+    t.TokenTexts.clear();
     m.InClassHeader = m.InEnum = m.InFormHeader = m.InProc = m.InType = false;
 }
 

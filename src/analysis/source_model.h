@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "analysis/record_texts.h"
+#include "analysis/token_texts.h"
 #include "analysis/vb_array.h"
 
 namespace hlyd {
@@ -78,9 +80,9 @@ enum : std::int32_t {
     kDetSeparator = 2,
 };
 
-// The numbers come first and the two flags after them, so that nothing pads the texts: a large
-// module has half a million tokens.
-struct Token {
+// What a token is besides its texts. The numbers come first and the two flags after them, so that
+// nothing pads the texts: a large module has a quarter of a million tokens.
+struct TokenFields {
     std::int32_t Class = 0;
     std::int32_t Detail = 0;
     std::int32_t Flags = 0;
@@ -90,11 +92,30 @@ struct Token {
     std::int32_t Column = 0;
     bool KeyWordSeen = false;
     bool KeyWordKept = false;
-    std::string Text;
-    std::string LeadingSpace;
 
     bool is(std::int32_t cls, std::int32_t detail) const { return Class == cls && Detail == detail; }
 };
+
+// A token of the line being cut, whose texts still change (a "!" joins the name before it, a
+// string gains its closing quote).
+struct WorkToken : TokenFields {
+    std::string Text;
+    std::string LeadingSpace;
+};
+
+// A token of the tables: its texts are views into the tables' TokenTexts, which outlive it.
+struct Token : TokenFields {
+    std::string_view Text;
+    std::string_view LeadingSpace;
+};
+
+// Blank records, statements and tokens are all zero bytes (a vb_array test holds them to it).
+template <>
+struct BlankIsZeroBytes<Record> : std::true_type {};
+template <>
+struct BlankIsZeroBytes<Statement> : std::true_type {};
+template <>
+struct BlankIsZeroBytes<Token> : std::true_type {};
 
 constexpr const char* kInvalidRecordText = "???InvalidRecord???";
 
@@ -109,6 +130,8 @@ struct SourceTables {
     // The lines as read; shared with the list of open files' texts, which keeps them when the
     // next file is loaded.
     std::shared_ptr<RecordTexts> Texts = std::make_shared<RecordTexts>();
+    // What the tokens' texts view.
+    TokenTextStore TokenTexts;
 };
 
 // The tables of the selected file, shared by every consumer.

@@ -11,7 +11,7 @@ namespace {
 inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-void setClass(Token& t, std::int32_t cls, std::int32_t detail) {
+void setClass(WorkToken& t, std::int32_t cls, std::int32_t detail) {
     t.Class = cls;
     t.Detail = detail;
 }
@@ -42,7 +42,7 @@ void LineClassifier::classify() {
 }
 
 void LineClassifier::classifyOne(std::int32_t k) {
-    Token& t = w_[k];
+    WorkToken& t = w_[k];
     if (t.Text.empty()) {
         if (k == 1) setClass(t, kTokCommentish, kDetEmpty);
         return;
@@ -85,25 +85,25 @@ void LineClassifier::classifyOne(std::int32_t k) {
 
 // "x!" written without blanks is a Single-typed name, not the bang operator.
 void LineClassifier::typeSuffix(std::int32_t k) {
-    Token& bang = w_[k];
+    WorkToken& bang = w_[k];
     if (k == 1 || k == n_ || !bang.LeadingSpace.empty()) return;
     const std::string& next = w_[k + 1].Text;
     unsigned char nextFirst = next.empty() ? 0 : upperChar(static_cast<unsigned char>(next[0]));
     if (nextFirst >= 'A' && nextFirst <= 'Z') return;
-    Token& before = w_[k - 1];
+    WorkToken& before = w_[k - 1];
     before.Text += '!';
     before.Flags += bang.Flags;
     bang.Text.clear();
 }
 
 void LineClassifier::labelColon(std::int32_t k) {
-    Token& t = w_[k];
+    WorkToken& t = w_[k];
     if (m_.InFormHeader) {
         setClass(t, kTokOperator, kDetOperator);
         return;
     }
     if (k == 1) return;
-    Token& before = w_[k - 1];
+    WorkToken& before = w_[k - 1];
     bool nameBefore = before.Class == kTokIdentifier || before.is(kTokLiteral, kDetNumber);
     if (nameBefore && !labelSeen_ && (k == 2 || w_[k - 2].Text == ":")) {
         setClass(t, kTokColon, kDetLabelColon);
@@ -118,7 +118,7 @@ void LineClassifier::labelColon(std::int32_t k) {
 
 // A lone "_" or "\" at the very end of a line continues it on the next.
 void LineClassifier::continuation(std::int32_t k) {
-    Token& t = w_[k];
+    WorkToken& t = w_[k];
     if (t.Text.size() == 1 && k == n_ && k >= 2) {
         w_[k - 1].Continued += 1;
         t.Text.clear();
@@ -128,7 +128,7 @@ void LineClassifier::continuation(std::int32_t k) {
 }
 
 void LineClassifier::keyword(std::int32_t k) {
-    Token& t = w_[k];
+    WorkToken& t = w_[k];
     bool lookup = k > 1 || !m_.InType;
     if (!lookup && k == 1 && n_ >= 2 && (equalsUpper(t.Text, "PRIVATE") || equalsUpper(t.Text, "END")))
         lookup = secondTokenIs("TYPE") || secondTokenIs("ENUM");

@@ -31,7 +31,7 @@ const CharSets kSets;
 inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
-void blankToken(Token& t) {
+void blankToken(WorkToken& t) {
     t.Class = t.Detail = t.Flags = t.Continued = 0;
     t.KeyWordSeen = t.KeyWordKept = false;
     t.Text.clear();
@@ -54,13 +54,13 @@ private:
         while (from < len_ && !stopSet[static_cast<unsigned char>(src_[from])]) ++from;
         return from;  // len_ stands for the final NUL, which is in every stop set
     }
-    Token& building() { return work_[index_ + 1]; }
+    WorkToken& building() { return work_[index_ + 1]; }
     void store() {
         ++index_;
         blankToken(work_[index_ + 1]);
     }
     std::size_t restLength() const { return pos_ <= len_ ? len_ - pos_ + 1 : 0; }
-    void cutComment(Token& t, std::string_view opener);
+    void cutComment(WorkToken& t, std::string_view opener);
     void cutString();
     char takeWord();
     char extendNumber(char delim);
@@ -77,7 +77,7 @@ private:
 };
 
 // Text is the opener and the rest of the line; a final "_" continues the comment.
-void LineCutter::cutComment(Token& t, std::string_view opener) {
+void LineCutter::cutComment(WorkToken& t, std::string_view opener) {
     t.Text.assign(opener);
     if (restLength() >= 2) t.Text.append(src_.substr(pos_, len_ - pos_));
     pos_ = len_;
@@ -115,7 +115,7 @@ char LineCutter::dateOrHash(char delim) {
         pos_ = stop + 1;
         return '\0';
     }
-    Token& hash = building();
+    WorkToken& hash = building();
     hash.Text = "#";
     std::int32_t column = hash.Column;
     store();
@@ -125,7 +125,7 @@ char LineCutter::dateOrHash(char delim) {
 }
 
 void LineCutter::cutString() {
-    Token& t = building();
+    WorkToken& t = building();
     t.Column = p_;
     t.Text = "\"";
     for (;;) {
@@ -149,7 +149,7 @@ void LineCutter::cutString() {
 }
 
 void LineCutter::cutDelimiter(char delim) {
-    Token& t = building();
+    WorkToken& t = building();
     switch (delim) {
         case '\'':
             t.Column = p_;
@@ -210,7 +210,7 @@ void LineCutter::cut(std::int32_t& count) {
             theDebug().BabStatus = kStatusReadingStopped;
             break;
         }
-        Token& t = building();
+        WorkToken& t = building();
         std::size_t firstNonBlank = pos_;
         while (firstNonBlank < len_ && kSets.blank[static_cast<unsigned char>(src_[firstNonBlank])]) ++firstNonBlank;
         t.LeadingSpace.assign(src_.substr(pos_, firstNonBlank - pos_));
@@ -226,7 +226,7 @@ void LineCutter::cut(std::int32_t& count) {
                 delim = dateOrHash(delim);
             } else if (word_.size() == 3 && (word_[0] | 0x20) == 'r' && (word_[1] | 0x20) == 'e' &&
                        (word_[2] | 0x20) == 'm') {
-                Token& rem = building();
+                WorkToken& rem = building();
                 if (restLength() >= 2) {
                     word_.push_back(' ');
                     word_.append(src_.substr(pos_, len_ - pos_));

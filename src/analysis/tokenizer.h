@@ -8,7 +8,7 @@
 
 namespace hlyd {
 
-using WorkTokenArray = std::array<Token, kWorkTokensUBound + 1>;
+using WorkTokenArray = std::array<WorkToken, kWorkTokensUBound + 1>;
 
 // Cuts the line into WorkTokens(1..count). Leaves status 4 when the line has too many tokens.
 void ExtractTokens(std::string_view sourceRec, WorkTokenArray& workTokens, std::int32_t& workTokenCount);

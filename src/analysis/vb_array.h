@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <new>
+#include <type_traits>
 #include <vector>
 
 // Debug and checked builds test every index against the bounds: storage comes in whole chunks,
@@ -17,6 +19,12 @@
 #endif
 
 namespace hlyd {
+
+// A table element type whose blank value is all zero bytes says so by specialising this: its chunks
+// then come zeroed from the allocator, which has fresh pages zeroed already, instead of being
+// blanked element by element (a large module's token table is megabytes).
+template <class T>
+struct BlankIsZeroBytes : std::false_type {};
 
 template <class T>
 class VbArray {
@@ -43,7 +51,7 @@ public:
         if (newUBound < ubound_) blankRange(newUBound + 1, lastInChunk(newUBound));
         chunks_.resize(needed);
         for (auto& chunk : chunks_)
-            if (!chunk) chunk = std::make_unique<T[]>(kChunkSize);
+            if (!chunk) chunk = blankChunk();
         ubound_ = newUBound;
     }
 
@@ -58,7 +66,7 @@ public:
         for (std::int32_t i = 0; i <= last; ++i) slot(i) = T{};
         chunks_.resize(needed);
         for (auto& chunk : chunks_)
-            if (!chunk) chunk = std::make_unique<T[]>(kChunkSize);
+            if (!chunk) chunk = blankChunk();
         ubound_ = newUBound;
     }
 
@@ -70,6 +78,27 @@ public:
     }
 
 private:
+    static constexpr bool kZeroed = BlankIsZeroBytes<T>::value;
+    static_assert(!kZeroed || (std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>),
+                  "only a plain type can be blanked by zeroing its bytes");
+    struct ChunkFree {
+        void operator()(T* chunk) const {
+            if constexpr (kZeroed) std::free(chunk);
+            else delete[] chunk;
+        }
+    };
+    using Chunk = std::unique_ptr<T[], ChunkFree>;
+
+    static Chunk blankChunk() {
+        if constexpr (kZeroed) {
+            void* bytes = std::calloc(kChunkSize, sizeof(T));
+            if (!bytes) throw std::bad_alloc();
+            return Chunk(static_cast<T*>(bytes));
+        } else {
+            return Chunk(new T[kChunkSize]());
+        }
+    }
+
     void checkIndex([[maybe_unused]] std::int32_t i) const {
 #if HLYD_VBARRAY_CHECKED
         if (inBounds(i)) return;
@@ -85,7 +114,7 @@ private:
             slot(i) = T{};
     }
 
-    std::vector<std::unique_ptr<T[]>> chunks_;
+    std::vector<Chunk> chunks_;
     std::int32_t ubound_ = -1;
 };
 

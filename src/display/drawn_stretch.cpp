@@ -29,7 +29,7 @@ std::vector<std::int32_t> tokenColumns(const SourceTables& t, std::int32_t recor
     return columns;
 }
 
-std::size_t sourceBytesOfShown(const std::string& source, std::size_t shown, std::size_t column, std::int32_t tabWidth) {
+std::size_t sourceBytesOfShown(std::string_view source, std::size_t shown, std::size_t column, std::int32_t tabWidth) {
     std::size_t bytes = 0, characters = 0;
     while (bytes < source.size() && characters < shown) {
         characters += shownLength(static_cast<unsigned char>(source[bytes]), column + characters, tabWidth);

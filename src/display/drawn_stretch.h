@@ -4,6 +4,7 @@
 // line and a stretch of the line to boxes on the view.
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/source_model.h"
@@ -42,7 +43,7 @@ std::vector<std::int32_t> tokenColumns(const SourceTables& tables, std::int32_t 
 // How many bytes of `source` a shown text of `shown` characters stands for, where a control
 // character shows as two (caret notation) and a tab as the blanks to its stop, the source shown
 // from `column`.
-std::size_t sourceBytesOfShown(const std::string& source, std::size_t shown, std::size_t column = 0,
+std::size_t sourceBytesOfShown(std::string_view source, std::size_t shown, std::size_t column = 0,
                                std::int32_t tabWidth = 0);
 
 // The edges of `length` bytes of `source` from `from`, drawn at `x` in the surface's font now,

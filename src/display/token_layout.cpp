@@ -113,7 +113,7 @@ private:
     std::size_t lastLength_ = 0;  // characters shown of the token drawn last
     // The source text of a token shown with control characters in caret notation, the place in
     // it that the next piece drawn starts from, and whether a caret pair was cut between pieces.
-    const std::string* source_ = nullptr;
+    const std::string_view* source_ = nullptr;
     std::size_t sourcePos_ = 0;
     std::size_t tokenColumn_ = 0, shownPos_ = 0;  // where the token's shown text starts, and how much of it is out
     std::size_t pendingShown_ = 0;               // characters of a byte's showing that a split sent to the next piece
@@ -148,7 +148,7 @@ bool RecordPainter::breakIfFull() {
 // were typed in a fixed-width font: an averaged width let aligned `=` signs and comments wander.
 // A tab goes on to the next multiple of the tab width, counted from where the code starts.
 void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
-    const std::string& lead = t_.Tokens[next].LeadingSpace;
+    std::string_view lead = t_.Tokens[next].LeadingSpace;
     column_ += static_cast<std::int32_t>(lastLength_);
     std::int32_t blanks = 0;
     for (char c : lead) blanks += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - (column_ + blanks) % f_.TabWidth : 1;
@@ -166,7 +166,7 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
 
 void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a) {
     if (!hooks_.stretchDrawn) return;
-    const std::string& text = t_.Tokens[stretchToken_].Text;
+    std::string_view text = t_.Tokens[stretchToken_].Text;
     std::size_t from = sourceBytesOfShown(text, stretchShown_, tokenColumn_, f_.TabWidth);
     std::size_t shownColumn = tokenColumn_ + stretchShown_;
     stretchShown_ += shownLength;

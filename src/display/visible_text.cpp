@@ -11,9 +11,9 @@ std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWid
     return invisibleControl(c) ? 2 : 1;
 }
 
-std::string visibleText(const std::string& text, std::size_t column, std::int32_t tabWidth) {
+std::string visibleText(std::string_view text, std::size_t column, std::int32_t tabWidth) {
     auto shownApart = [](char c) { return c == '\t' || invisibleControl(static_cast<unsigned char>(c)); };
-    if (std::none_of(text.begin(), text.end(), shownApart)) return text;
+    if (std::none_of(text.begin(), text.end(), shownApart)) return std::string(text);
     std::string shown;
     shown.reserve(text.size() + 8);
     for (char c : text) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace hlyd {
 
@@ -17,6 +18,6 @@ bool invisibleControl(unsigned char c);
 std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWidth);
 // The text, shown from `column`: control bytes in caret notation, tabs as blanks to their stop
 // (a font draws a tab as nothing); the text itself when it holds neither.
-std::string visibleText(const std::string& text, std::size_t column = 0, std::int32_t tabWidth = 0);
+std::string visibleText(std::string_view text, std::size_t column = 0, std::int32_t tabWidth = 0);
 
 }  // namespace hlyd

@@ -24,10 +24,9 @@ struct NewEntry {
     std::int32_t verbToken = 0;
 };
 
-const std::string& textOf(std::int32_t token) {
-    static const std::string none;
+std::string textOf(std::int32_t token) {
     const SourceTables& t = theSourceTables();
-    return token >= 1 && token <= t.TokenCount ? t.Tokens[token].Text : none;
+    return token >= 1 && token <= t.TokenCount ? std::string(t.Tokens[token].Text) : std::string();
 }
 
 // Record 1 tells whether the file starts with a form definition, and the Attribute line its name.
