@@ -11,10 +11,19 @@ std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWid
     return invisibleControl(c) ? 2 : 1;
 }
 
-std::string visibleText(const std::string& text, std::size_t column, std::int32_t tabWidth) {
-    auto shownApart = [](char c) { return c == '\t' || invisibleControl(static_cast<unsigned char>(c)); };
-    if (std::none_of(text.begin(), text.end(), shownApart)) return text;
-    std::string shown;
+namespace {
+
+// A tab or a control byte: below a blank, or DEL. Asked of every byte a listing prints.
+bool anyShownApart(const std::string& text) {
+    for (char c : text) {
+        auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 || byte == 0x7F) return true;
+    }
+    return false;
+}
+
+void fillShown(const std::string& text, std::string& shown, std::size_t column, std::int32_t tabWidth) {
+    shown.clear();
     shown.reserve(text.size() + 8);
     for (char c : text) {
         auto byte = static_cast<unsigned char>(c);
@@ -27,6 +36,20 @@ std::string visibleText(const std::string& text, std::size_t column, std::int32_
             shown += c;
         }
     }
+}
+
+}  // namespace
+
+std::string visibleText(const std::string& text, std::size_t column, std::int32_t tabWidth) {
+    if (!anyShownApart(text)) return text;
+    std::string shown;
+    fillShown(text, shown, column, tabWidth);
+    return shown;
+}
+
+const std::string& visibleText(const std::string& text, std::string& shown, std::size_t column, std::int32_t tabWidth) {
+    if (!anyShownApart(text)) return text;
+    fillShown(text, shown, column, tabWidth);
     return shown;
 }
 

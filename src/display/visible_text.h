@@ -18,5 +18,8 @@ std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWid
 // The text, shown from `column`: control bytes in caret notation, tabs as blanks to their stop
 // (a font draws a tab as nothing); the text itself when it holds neither.
 std::string visibleText(const std::string& text, std::size_t column = 0, std::int32_t tabWidth = 0);
+// The same without a copy: the text itself when it holds neither, else `shown`, filled with it.
+// Layout shows nearly every token of a listing as it is.
+const std::string& visibleText(const std::string& text, std::string& shown, std::size_t column, std::int32_t tabWidth);
 
 }  // namespace hlyd
