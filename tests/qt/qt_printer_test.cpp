@@ -600,6 +600,65 @@ TEST_F(QtPrinterTest, MeasuresInTwipsAndReadsClassicNamesBack) {
     p.killDoc();
 }
 
+// A style set in one call measures as the same properties set one by one, going back and forth
+// between more faces than the printer keeps at hand, and a name the fonts lack reads back alike.
+TEST_F(QtPrinterTest, AStyleSetAtOnceMeasuresAsItsPropertiesOneByOne) {
+    std::vector<TextStyle> styles;
+    for (const char* name : {"Courier New", "Arial", "No Such Font 9000"})
+        for (double points : {8.0, 10.0, 12.5})
+            for (int flags : {0, 1, 2, 5, 10}) {
+                bool bold = flags & 1, italic = flags & 2, underline = flags & 4, strike = flags & 8;
+                styles.push_back({name, points, bold, italic, underline, strike, 0x00800000u + static_cast<unsigned>(flags)});
+            }
+    QtPrinter atOnce, oneByOne;
+    const std::string text = "Dim total As Currency";
+    for (int round = 0; round < 2; ++round) {
+        for (const TextStyle& style : styles) {
+            SCOPED_TRACE(std::string(style.fontName) + " " + std::to_string(style.points) + " round " + std::to_string(round));
+            atOnce.setTextStyle(style);
+            oneByOne.setFontName(std::string(style.fontName));
+            oneByOne.setFontSize(style.points);
+            oneByOne.setFontBold(style.bold);
+            oneByOne.setFontItalic(style.italic);
+            oneByOne.setFontUnderline(style.underline);
+            oneByOne.setFontStrikethrough(style.strikethrough);
+            oneByOne.setForeColor(style.colour);
+            EXPECT_EQ(atOnce.fontName(), oneByOne.fontName());
+            EXPECT_EQ(atOnce.fontSize(), style.points);
+            EXPECT_EQ(atOnce.fontBold(), style.bold);
+            EXPECT_EQ(atOnce.fontItalic(), style.italic);
+            EXPECT_EQ(atOnce.fontUnderline(), style.underline);
+            EXPECT_EQ(atOnce.fontStrikethrough(), style.strikethrough);
+            EXPECT_EQ(atOnce.foreColor(), style.colour);
+            EXPECT_EQ(atOnce.textWidth(text), oneByOne.textWidth(text));
+            EXPECT_EQ(atOnce.textHeight(text), oneByOne.textHeight(text));
+        }
+    }
+}
+
+// A monospaced face counts its characters, and a byte below a blank takes no room wherever it
+// stands among them; a blank, DEL and the upper half of the code page take a character's room.
+TEST_F(QtPrinterTest, AControlByteTakesNoRoomWhereverItStands) {
+    QtPrinter p;
+    p.setFontName("Courier New");
+    p.setFontSize(10);
+    for (std::size_t length : {1u, 7u, 8u, 9u, 17u, 24u}) {
+        float plain = p.textWidth(std::string(length - 1, 'X'));
+        for (std::size_t at = 0; at < length; ++at)
+            for (char control : {'\x01', '\x1F', '\t'}) {
+                std::string text(length, 'X');
+                text[at] = control;
+                EXPECT_EQ(p.textWidth(text), plain) << length << " " << at << " " << int(control);
+            }
+        float full = p.textWidth(std::string(length, 'X'));
+        for (char other : {' ', '\x7F', '\x80', '\xA0', '\xFF'}) {
+            std::string text(length, 'X');
+            text[length / 2] = other;
+            EXPECT_EQ(p.textWidth(text), full) << length << " " << int(static_cast<unsigned char>(other));
+        }
+    }
+}
+
 TEST_F(QtPrinterTest, ThePdfPageIsLetterOrA4WithAQuarterInchStrip) {
     QtPrinter p;
     EXPECT_EQ(p.width(), 12240);

@@ -24,6 +24,8 @@ PdfWriter::PdfWriter(QIODevice& out)
           return PdfPageContent::FontUse{static_cast<std::size_t>(&font - fonts_.data()), &font.used};
       }),
       packer_([this](std::uint32_t number, const std::string& content) { writePageStream(number, content); }) {
+    // Made here rather than on the packing thread, whose allocations would take a heap of their own.
+    compressor_.reset(libdeflate_alloc_compressor(kDeflateLevel));
     write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
     for (std::uint32_t n = 1; n <= kInfo; ++n) reserveObject();
 }
