@@ -67,18 +67,10 @@ LayoutMetrics& layoutMetrics() { return metrics; }
 void resetLayoutMetrics() { metrics = LayoutMetrics{}; }
 
 void setAttributesOn(Surface& s, AttributeRecord& a) {
-    if (s.foreColor() != a.ForeColor) s.setForeColor(a.ForeColor);
     FontSpec& f = a.Font;
     if (f.Name.empty()) f.Name = s.fontName();
     if (f.Size == 0) f.Size = 8;
-    if (s.fontName() != f.Name) s.setFontName(f.Name);
-    // Twice: a new name or size may make the surface settle on another size.
-    if (s.fontSize() != f.Size) s.setFontSize(f.Size);
-    if (s.fontSize() != f.Size) s.setFontSize(f.Size);
-    if (s.fontBold() != f.Bold) s.setFontBold(f.Bold);
-    if (s.fontItalic() != f.Italic) s.setFontItalic(f.Italic);
-    if (s.fontStrikethrough() != f.Strikethrough) s.setFontStrikethrough(f.Strikethrough);
-    if (s.fontUnderline() != f.Underline) s.setFontUnderline(f.Underline);
+    s.setTextStyle({f.Name, f.Size, f.Bold, f.Italic, f.Underline, f.Strikethrough, a.ForeColor});
 }
 
 void HlydDASetAttributes(AttributeRecord& attributes, bool) {

@@ -122,6 +122,7 @@ private:
     // For the stretches told to the view: where each token starts in the line, the token being
     // drawn, and how many of its shown characters the pieces before took.
     std::vector<std::int32_t> lineColumns_;
+    std::string shown_;  // a token's text as shown, in a buffer kept from token to token
     std::int32_t stretchToken_ = 0;
     std::size_t stretchShown_ = 0;
     bool stopped_ = false;
@@ -421,7 +422,7 @@ std::int32_t RecordPainter::run() {
         stretchShown_ = 0;
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
         if (i == r.FirstT) firstTokenStart(token);
-        const std::string text = visibleText(token.Text, static_cast<std::size_t>(column_), f_.TabWidth);
+        const std::string& text = visibleText(token.Text, shown_, static_cast<std::size_t>(column_), f_.TabWidth);
         placeToken(i, token, text, a, pieces);
         if (stopped_) break;
         yNext_ = y_ + lineHeight_;

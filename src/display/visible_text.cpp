@@ -11,10 +11,19 @@ std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWid
     return invisibleControl(c) ? 2 : 1;
 }
 
-std::string visibleText(std::string_view text, std::size_t column, std::int32_t tabWidth) {
-    auto shownApart = [](char c) { return c == '\t' || invisibleControl(static_cast<unsigned char>(c)); };
-    if (std::none_of(text.begin(), text.end(), shownApart)) return std::string(text);
-    std::string shown;
+namespace {
+
+// A tab or a control byte: below a blank, or DEL. Asked of every byte a listing prints.
+bool anyShownApart(std::string_view text) {
+    for (char c : text) {
+        auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 || byte == 0x7F) return true;
+    }
+    return false;
+}
+
+void fillShown(std::string_view text, std::string& shown, std::size_t column, std::int32_t tabWidth) {
+    shown.clear();
     shown.reserve(text.size() + 8);
     for (char c : text) {
         auto byte = static_cast<unsigned char>(c);
@@ -27,6 +36,23 @@ std::string visibleText(std::string_view text, std::size_t column, std::int32_t 
             shown += c;
         }
     }
+}
+
+}  // namespace
+
+std::string visibleText(std::string_view text, std::size_t column, std::int32_t tabWidth) {
+    if (!anyShownApart(text)) return std::string(text);
+    std::string shown;
+    fillShown(text, shown, column, tabWidth);
+    return shown;
+}
+
+const std::string& visibleText(std::string_view text, std::string& shown, std::size_t column, std::int32_t tabWidth) {
+    if (!anyShownApart(text)) {
+        shown.assign(text);
+        return shown;
+    }
+    fillShown(text, shown, column, tabWidth);
     return shown;
 }
 

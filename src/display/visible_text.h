@@ -19,5 +19,8 @@ std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWid
 // The text, shown from `column`: control bytes in caret notation, tabs as blanks to their stop
 // (a font draws a tab as nothing); the text itself when it holds neither.
 std::string visibleText(std::string_view text, std::size_t column = 0, std::int32_t tabWidth = 0);
+// The same into `shown`, a buffer the caller keeps: layout shows every token of a listing, and a
+// kept buffer takes a token's text without an allocation.
+const std::string& visibleText(std::string_view text, std::string& shown, std::size_t column, std::int32_t tabWidth);
 
 }  // namespace hlyd

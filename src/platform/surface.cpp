@@ -13,6 +13,18 @@ int measuredLines(std::string_view text) {
     return lines;
 }
 
+void Surface::setTextStyle(const TextStyle& style) {
+    if (foreColor() != style.colour) setForeColor(style.colour);
+    if (fontName() != style.fontName) setFontName(std::string(style.fontName));
+    // Twice: a new name or size may make the surface settle on another size.
+    if (fontSize() != style.points) setFontSize(style.points);
+    if (fontSize() != style.points) setFontSize(style.points);
+    if (fontBold() != style.bold) setFontBold(style.bold);
+    if (fontItalic() != style.italic) setFontItalic(style.italic);
+    if (fontStrikethrough() != style.strikethrough) setFontStrikethrough(style.strikethrough);
+    if (fontUnderline() != style.underline) setFontUnderline(style.underline);
+}
+
 Surface* displaySurface() { return display; }
 void setDisplaySurface(Surface* surface) { display = surface; }
 Surface* printerSurface() { return printer; }

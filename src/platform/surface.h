@@ -9,6 +9,14 @@
 
 namespace hlyd {
 
+// A font and colour to draw text in, all at once.
+struct TextStyle {
+    std::string_view fontName;
+    double points = 0;
+    bool bold = false, italic = false, underline = false, strikethrough = false;
+    std::uint32_t colour = 0;
+};
+
 class Surface {
 public:
     virtual ~Surface() = default;
@@ -29,6 +37,9 @@ public:
 
     virtual std::uint32_t foreColor() const = 0;
     virtual void setForeColor(std::uint32_t colour) = 0;
+    // Sets each property of the style that differs, colour first. Layout sets a style for nearly
+    // every token: a surface that holds its font in fields may compare them in one call.
+    virtual void setTextStyle(const TextStyle& style);
 
     virtual float textWidth(const std::string& text) = 0;
     // Each CR LF inside the text starts a further line.

@@ -603,6 +603,70 @@ TEST_F(QtPrinterTest, MeasuresInTwipsAndReadsClassicNamesBack) {
     p.killDoc();
 }
 
+// A style set in one call measures as the same properties set one by one on a printer new to
+// them, going back and forth between more faces than the printer keeps at hand, and a name the
+// fonts lack reads back alike.
+TEST_F(QtPrinterTest, AStyleSetAtOnceMeasuresAsItsPropertiesOneByOne) {
+    std::vector<TextStyle> styles;
+    for (const char* name : {"Courier New", "Arial", "No Such Font 9000"})
+        for (double points : {8.0, 10.0, 12.5})
+            for (int flags : {0, 1, 2, 5, 10}) {
+                bool bold = flags & 1, italic = flags & 2, underline = flags & 4, strike = flags & 8;
+                styles.push_back({name, points, bold, italic, underline, strike, 0x00800000u + static_cast<unsigned>(flags)});
+            }
+    const std::string text = "Dim total As Currency";
+    std::vector<std::pair<std::string, float>> expected;  // the name read back and the width
+    for (const TextStyle& style : styles) {
+        QtPrinter fresh;
+        fresh.setFontName(std::string(style.fontName));
+        fresh.setFontSize(style.points);
+        fresh.setFontBold(style.bold);
+        fresh.setFontItalic(style.italic);
+        fresh.setFontUnderline(style.underline);
+        fresh.setFontStrikethrough(style.strikethrough);
+        expected.emplace_back(fresh.fontName(), fresh.textWidth(text));
+    }
+    QtPrinter p;
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t i = 0; i < styles.size(); ++i) {
+            const TextStyle& style = styles[i];
+            SCOPED_TRACE(std::string(style.fontName) + " " + std::to_string(style.points) + " round " + std::to_string(round));
+            p.setTextStyle(style);
+            EXPECT_EQ(p.fontName(), expected[i].first);
+            EXPECT_EQ(p.fontSize(), style.points);
+            EXPECT_EQ(p.fontBold(), style.bold);
+            EXPECT_EQ(p.fontItalic(), style.italic);
+            EXPECT_EQ(p.fontUnderline(), style.underline);
+            EXPECT_EQ(p.fontStrikethrough(), style.strikethrough);
+            EXPECT_EQ(p.foreColor(), style.colour);
+            EXPECT_EQ(p.textWidth(text), expected[i].second);
+        }
+    }
+}
+
+// A monospaced face counts its characters, and a byte below a blank takes no room wherever it
+// stands among them; a blank, DEL and the upper half of the code page take a character's room.
+TEST_F(QtPrinterTest, AControlByteTakesNoRoomWhereverItStands) {
+    QtPrinter p;
+    p.setFontName("Courier New");
+    p.setFontSize(10);
+    for (std::size_t length : {1u, 7u, 8u, 9u, 17u, 24u}) {
+        float plain = p.textWidth(std::string(length - 1, 'X'));
+        for (std::size_t at = 0; at < length; ++at)
+            for (char control : {'\x01', '\x1F', '\t'}) {
+                std::string text(length, 'X');
+                text[at] = control;
+                EXPECT_EQ(p.textWidth(text), plain) << length << " " << at << " " << int(control);
+            }
+        float full = p.textWidth(std::string(length, 'X'));
+        for (char other : {' ', '\x7F', '\x80', '\xA0', '\xFF'}) {
+            std::string text(length, 'X');
+            text[length / 2] = other;
+            EXPECT_EQ(p.textWidth(text), full) << length << " " << int(static_cast<unsigned char>(other));
+        }
+    }
+}
+
 TEST_F(QtPrinterTest, ThePdfPageIsLetterOrA4WithAQuarterInchStrip) {
     QtPrinter p;
     EXPECT_EQ(p.width(), 12240);

@@ -49,6 +49,7 @@ private:
     struct Codes {
         std::array<std::array<char, 4>, 256> bytes{};
         std::array<std::uint8_t, 256> length{};  // 0 for a character without a glyph
+        std::array<bool, 256> plain{};           // has a glyph, and its code is its own byte
         std::string selectFont;
         const PrintFace* face = nullptr;
         std::array<std::uint8_t, 256> drawn{};  // so far in the document

@@ -22,7 +22,10 @@ PdfWriter::PdfWriter(QIODevice& out)
     : out_(out), pageContent_([this](const PrintFace& face) {
           Font& font = fonts_[fontOf(face)];
           return PdfPageContent::FontUse{static_cast<std::size_t>(&font - fonts_.data()), &font.used};
-      }) {
+      }),
+      packer_([this](std::uint32_t number, const std::string& content) { writePageStream(number, content); }) {
+    // Made here rather than on the packing thread, whose allocations would take a heap of their own.
+    compressor_.reset(libdeflate_alloc_compressor(kDeflateLevel));
     write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
     for (std::uint32_t n = 1; n <= kInfo; ++n) reserveObject();
 }
@@ -59,6 +62,17 @@ void PdfWriter::compress(const std::string& data) {
 void PdfWriter::writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary) {
     compress(data);
     beginObject(number);
+    writePacked(dictionary);
+}
+
+void PdfWriter::writePageStream(std::uint32_t number, const std::string& content) {
+    compress(content);
+    pageOffsets_.emplace_back(number, written_);
+    write(std::to_string(number) + " 0 obj\n");
+    writePacked({});
+}
+
+void PdfWriter::writePacked(const std::string& dictionary) {
     write("<< /Length " + std::to_string(packed_.size()) + " /Filter /FlateDecode" + dictionary + " >>\nstream\n");
     write(packed_);
     write("\nendstream\nendobj\n");
@@ -83,7 +97,7 @@ void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int 
     content_.clear();
     pageContent_.write(content_, page, faces, scale, QPointF(origin.x(), sheet.height() - origin.y()));
     std::uint32_t contents = reserveObject();
-    writeStream(contents, content_);
+    packer_.submit(contents, content_);
     std::size_t index = pages_.size();
     pages_.push_back({reserveObject(), contents, sheet, {}});
     for (const PageMarks::Link& link : marks.links)
@@ -113,6 +127,9 @@ void PdfWriter::writePage(const Page& page) {
 }
 
 void PdfWriter::finish() {
+    packer_.drain();
+    for (auto [number, offset] : pageOffsets_) offsets_[number] = offset;
+    pageOffsets_.clear();
     std::string fontList;
     for (std::size_t i = 0; i < fonts_.size(); ++i) {
         writeFont(fonts_[i]);

@@ -19,6 +19,7 @@
 
 #include "platform/qt/page_recording.h"
 #include "platform/qt/pdf_page_content.h"
+#include "platform/qt/pdf_page_packer.h"
 #include "platform/qt/print_faces.h"
 
 struct libdeflate_compressor;
@@ -70,6 +71,10 @@ private:
     void beginObject(std::uint32_t number);
     void write(std::string_view data);
     void writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary = {});
+    // On the packing thread: a page's content, its place noted apart from offsets_, which the
+    // pages still being laid out grow meanwhile.
+    void writePageStream(std::uint32_t number, const std::string& content);
+    void writePacked(const std::string& dictionary);
     std::size_t fontOf(const PrintFace& face);
     void compress(const std::string& data);  // into packed_
     // In pdf_fonts.cpp.
@@ -125,6 +130,9 @@ private:
         void operator()(libdeflate_compressor* compressor) const;
     };
     std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor_;
+    std::vector<std::pair<std::uint32_t, std::uint64_t>> pageOffsets_;  // written by the packer
+    // Last, so that its thread stops before anything it writes with goes.
+    PdfPagePacker packer_;
 };
 
 }  // namespace hlyd

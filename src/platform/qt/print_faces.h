@@ -9,6 +9,7 @@
 #include <QRawFont>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,22 @@ struct FaceKey {
     bool operator==(const FaceKey&) const = default;
 };
 size_t qHash(const FaceKey& key, size_t seed = 0);
+
+// Whether the text holds a byte below a blank, eight bytes at a time: a word has one exactly
+// when subtracting a blank from each of its bytes borrows into a byte whose top bit was clear.
+// Text laid out holds none (control characters are shown in caret notation).
+inline bool anyControl(std::string_view text) {
+    constexpr std::uint64_t kBlanks = 0x2020202020202020ull, kTops = 0x8080808080808080ull;
+    std::size_t i = 0;
+    for (; i + 8 <= text.size(); i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, text.data() + i, 8);
+        if ((word - kBlanks) & ~word & kTops) return true;
+    }
+    for (; i < text.size(); ++i)
+        if (static_cast<unsigned char>(text[i]) < 0x20) return true;
+    return false;
+}
 
 struct PrintFace {
     std::uint16_t index = 0;  // in the order the faces were first asked for
@@ -39,6 +56,7 @@ struct PrintFace {
 
     // A listing measures nearly every token: in a monospaced face that is a count.
     double width(std::string_view text) const {
+        if (fixedAdvance != 0 && !anyControl(text)) return fixedAdvance * static_cast<double>(text.size());
         if (fixedAdvance != 0) {
             std::size_t controls = 0;
             for (unsigned char c : text) controls += c < 0x20;

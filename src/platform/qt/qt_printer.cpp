@@ -48,15 +48,31 @@ QtPrinter::~QtPrinter() {
 
 // Printing switches between a few names for nearly every token; each is resolved once.
 void QtPrinter::setFontName(const std::string& name) {
+    fontNameAsked_ = name;
     auto known = resolvedNames_.find(name);
     if (known == resolvedNames_.end()) {
         ResolvedFamily resolved = resolveFamily(fromUtf8(name));
-        known = resolvedNames_.emplace(name, std::make_pair(resolved.family, toUtf8(resolved.readBack))).first;
+        auto family = std::find(families_.begin(), families_.end(), resolved.family);
+        if (family == families_.end()) family = families_.insert(family, resolved.family);
+        auto number = static_cast<std::uint32_t>(family - families_.begin());
+        known = resolvedNames_.emplace(name, ResolvedName{resolved.family, number, toUtf8(resolved.readBack)}).first;
     }
-    fontNameRead_ = known->second.second;
-    if (key_.family == known->second.first) return;
-    key_.family = known->second.first;
+    fontNameRead_ = known->second.readBack;
+    if (familyNumber_ == known->second.familyNumber) return;
+    key_.family = known->second.family;
+    familyNumber_ = known->second.familyNumber;
     face_ = nullptr;
+}
+
+// As the properties one by one would set it; a name set again before is not looked up again.
+void QtPrinter::setTextStyle(const TextStyle& style) {
+    foreColor_ = style.colour;
+    if (style.fontName != fontNameAsked_ || fontNameAsked_.empty()) setFontName(std::string(style.fontName));
+    setFontSize(style.points);
+    setStyle(key_.bold, style.bold);
+    setStyle(key_.italic, style.italic);
+    setStyle(key_.strikeOut, style.strikethrough);
+    setStyle(key_.underline, style.underline);
 }
 
 void QtPrinter::setFontSize(double points) {
@@ -72,7 +88,20 @@ void QtPrinter::setStyle(bool& flag, bool on) {
 }
 
 const PrintFace& QtPrinter::face() {
-    if (!face_) face_ = &faces_.face(key_);
+    if (face_) return *face_;
+    unsigned style = unsigned(key_.bold) | unsigned(key_.italic) << 1 | unsigned(key_.underline) << 2 |
+                     unsigned(key_.strikeOut) << 3;
+    for (const RecentFace& recent : recentFaces_)
+        if (recent.family == familyNumber_ && recent.points == key_.points && recent.style == style)
+            return *(face_ = recent.face);
+    face_ = &faces_.face(key_);
+    RecentFace made{familyNumber_, key_.points, style, face_};
+    if (recentFaces_.size() < kRecentFaces) {
+        recentFaces_.push_back(made);
+    } else {
+        recentFaces_[nextRecent_] = made;
+        nextRecent_ = (nextRecent_ + 1) % kRecentFaces;
+    }
     return *face_;
 }
 

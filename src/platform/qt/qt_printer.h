@@ -15,6 +15,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -58,6 +59,7 @@ public:
     void setFontStrikethrough(bool on) override { setStyle(key_.strikeOut, on); }
     std::uint32_t foreColor() const override { return foreColor_; }
     void setForeColor(std::uint32_t colour) override { foreColor_ = colour; }
+    void setTextStyle(const TextStyle& style) override;
 
     float textWidth(const std::string& text) override;
     float textHeight(const std::string& text) override;
@@ -135,7 +137,26 @@ private:
     FaceKey key_;
     const PrintFace* face_ = nullptr;  // of key_; found again after a change
     std::string fontNameRead_;
-    std::unordered_map<std::string, std::pair<QString, std::string>> resolvedNames_;  // family, read back
+    std::string fontNameAsked_;  // the last name set: the key's family is its
+    struct ResolvedName {
+        QString family;
+        std::uint32_t familyNumber;  // of the family, among those this printer met
+        std::string readBack;
+    };
+    std::unordered_map<std::string, ResolvedName> resolvedNames_;
+    std::vector<QString> families_;
+    std::uint32_t familyNumber_ = UINT32_MAX;  // of key_.family; none yet
+    // The faces met lately, found by whole numbers: a listing goes back and forth between a few
+    // faces from token to token, and the faces' own table hashes a family name.
+    struct RecentFace {
+        std::uint32_t family;
+        double points;
+        unsigned style;
+        const PrintFace* face;
+    };
+    static constexpr std::size_t kRecentFaces = 16;
+    std::vector<RecentFace> recentFaces_;
+    std::size_t nextRecent_ = 0;  // the entry a new face replaces once all are taken
     std::uint32_t foreColor_ = 0;
     // The last two colours looked up: a listing goes back and forth between two nearly every token.
     std::array<std::uint32_t, 2> cachedColourKey_{0xFFFFFFFFu, 0xFFFFFFFFu};
