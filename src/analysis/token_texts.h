@@ -28,7 +28,7 @@ public:
     void clear();
 
 private:
-    static constexpr std::size_t kChunkBytes = 64 * 1024;
+    static constexpr std::size_t kChunkBytes = std::size_t{64} * 1024;
     void addChunk(std::size_t atLeast);
 
     std::vector<std::unique_ptr<char[]>> chunks_;
