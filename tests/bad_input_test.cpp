@@ -76,7 +76,8 @@ TEST_P(LineLimitTest, FitsOrEndsTheFile) {
         ASSERT_EQ(analyze("x = 1\n" + c.fits + "\ny = 2\n"), 11);
         EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, c.fitsTokens);
         std::string line;
-        for (std::int32_t t = record(2).FirstT; t <= record(2).LastT; ++t) (line += token(t).LeadingSpace) += token(t).Text;
+        for (std::int32_t t = record(2).FirstT; t <= record(2).LastT; ++t)
+            (line += token(t).LeadingSpace) += token(t).Text;
         EXPECT_EQ(line, c.fits);
     }
     hlyd::theLog().LogOpen(logPath(), 1);
@@ -96,13 +97,13 @@ TEST_P(LineLimitTest, FitsOrEndsTheFile) {
 const std::string kTooBig = "Record too big -- greater than 2048 characters";
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, LineLimitTest,
-    ::testing::Values(LineLimitCase{"Length", "s = \"" + std::string(2042, 'a') + "\"", 3,
-                                    "s = \"" + std::string(2043, 'a') + "\"", -2, kTooBig},
-                      LineLimitCase{"Tokens", std::string(1996, ','), 1996, std::string(1997, ','), -3,
-                                    "Record too complex -- contains more than 2000 tokens"},
-                      LineLimitCase{"LengthAndTokens", "", 0, std::string(2100, ','), -2, kTooBig}),
-    [](const ::testing::TestParamInfo<LineLimitCase>& info) { return std::string(info.param.name); });
+        Lines, LineLimitTest,
+        ::testing::Values(LineLimitCase{"Length", "s = \"" + std::string(2042, 'a') + "\"", 3,
+                                        "s = \"" + std::string(2043, 'a') + "\"", -2, kTooBig},
+                          LineLimitCase{"Tokens", std::string(1996, ','), 1996, std::string(1997, ','), -3,
+                                        "Record too complex -- contains more than 2000 tokens"},
+                          LineLimitCase{"LengthAndTokens", "", 0, std::string(2100, ','), -2, kTooBig}),
+        [](const ::testing::TestParamInfo<LineLimitCase>& info) { return std::string(info.param.name); });
 
 TEST_F(BadInputTest, TokenLimitOfAFile) {
     // 97 tokens a line: 5154 lines fill 499938 tokens, the next line would pass 500000.
@@ -162,8 +163,8 @@ TEST_F(BadInputTest, GarbageNeverCrashesOrHangs) {
     EXPECT_TRUE(result == 11 || result == 4) << result;
     expectConsistentTables();
 
-    const std::vector<std::string> oddFiles = {"_", "\\", ":", "\"", "#", "REM _", "' _", "x = 1 _", "!",
-                                               "_\n_\n_", ":=", "End Type", "Type", "\r", "\n\n\n"};
+    const std::vector<std::string> oddFiles = {"_", "\\",      ":",  "\"",       "#",    "REM _", "' _",   "x = 1 _",
+                                               "!", "_\n_\n_", ":=", "End Type", "Type", "\r",    "\n\n\n"};
     for (const std::string& text : oddFiles) {
         EXPECT_EQ(analyze(text), 11) << text;
         expectConsistentTables();
@@ -228,7 +229,8 @@ TEST_F(BadInputTest, TablesGrowPastTheMargin) {
 }
 
 TEST_F(BadInputTest, HugeLineEndsTheFileWithoutHoldingIt) {
-    std::string path = hlyd::test::writeTempFile("huge-line.bas", "x = 1\r\n" + std::string(8 << 20, 'a') + "\r\ny = 2\r\n");
+    std::string path =
+            hlyd::test::writeTempFile("huge-line.bas", "x = 1\r\n" + std::string(8 << 20, 'a') + "\r\ny = 2\r\n");
     hlyd::SourceFile file;
     ASSERT_EQ(file.open(path), 0);
     hlyd::BabInitFile(tables(), "6");
@@ -309,29 +311,29 @@ TEST_P(FirstLineTest, DecidesSourceAndDialect) {
 const std::string kBinary = "Module BabValidateFile diagnosed VBErr=14 on file @";
 
 INSTANTIATE_TEST_SUITE_P(
-    Files, FirstLineTest,
-    ::testing::Values(
-        FirstLineCase{"FormAfterBlankLines", lines("", 10) + "VERSION 5.00\nBegin VB.Form F\n", "6", 0, 0},
-        FirstLineCase{"Version2", "VERSION 2.00\n", "3", 0, 0},
-        FirstLineCase{"Version4WithCrLf", "VERSION 4.00\r\n", "4", 0, 0},
-        FirstLineCase{"Class", "VERSION 1.0 CLASS\n", "6", 0, 0},
-        FirstLineCase{"VersionOnly", "VERSION 1.0\n", "?", 0, 0},
-        FirstLineCase{"Attribute", "Attribute VB_Name = \"Module1\"\n", "6", 0, 0},
-        FirstLineCase{"AttributeOfFiveWords", "Attribute VB_Name  = x\n", "?", 0, 0},  // two blanks, five words
-        FirstLineCase{"Code", "   \n\nOption Explicit\n", "?", 0, 0},
-        FirstLineCase{"Comment", "' a comment\n", "?", 0, 0},
-        FirstLineCase{"NotSource", "Public Foo\n", "?", 20, 1},
-        FirstLineCase{"IndentedVersion", "  VERSION 5.00\n", "?", 20, 1},  // its first word is empty
-        FirstLineCase{"BlankLinesOnly", lines("   ", 5), "?", 4, 1},
-        FirstLineCase{"Empty", "", "?", 4, 1},
-        FirstLineCase{"Nul", "VERSION\0 5.00\n"s, "?", 4, 2, kBinary},
-        FirstLineCase{"HighByte", "\n\nOption \xFF\n", "?", 4, 2, kBinary},
-        FirstLineCase{"TooLong", std::string(3000, 'A'), "?", 4, 2, kBinary},
-        // Exactly 2048 characters is no binary, and a blank line of any length is skipped.
-        FirstLineCase{"Longest", "'" + std::string(2047, 'a'), "?", 0, 0},
-        FirstLineCase{"LongBlankThenForm", std::string(3000, ' ') + "\nVERSION 5.00\n", "6", 0, 0},
-        FirstLineCase{"LongBlankThenTooLong", std::string(3000, ' ') + "x\n", "?", 4, 2, kBinary},
-        FirstLineCase{"Missing", std::nullopt, "?", 7, 0, "The following error occurred processing @.\n\nFile not found"}),
-    [](const ::testing::TestParamInfo<FirstLineCase>& info) { return std::string(info.param.name); });
+        Files, FirstLineTest,
+        ::testing::Values(
+                FirstLineCase{"FormAfterBlankLines", lines("", 10) + "VERSION 5.00\nBegin VB.Form F\n", "6", 0, 0},
+                FirstLineCase{"Version2", "VERSION 2.00\n", "3", 0, 0},
+                FirstLineCase{"Version4WithCrLf", "VERSION 4.00\r\n", "4", 0, 0},
+                FirstLineCase{"Class", "VERSION 1.0 CLASS\n", "6", 0, 0},
+                FirstLineCase{"VersionOnly", "VERSION 1.0\n", "?", 0, 0},
+                FirstLineCase{"Attribute", "Attribute VB_Name = \"Module1\"\n", "6", 0, 0},
+                FirstLineCase{"AttributeOfFiveWords", "Attribute VB_Name  = x\n", "?", 0, 0},  // two blanks, five words
+                FirstLineCase{"Code", "   \n\nOption Explicit\n", "?", 0, 0},
+                FirstLineCase{"Comment", "' a comment\n", "?", 0, 0},
+                FirstLineCase{"NotSource", "Public Foo\n", "?", 20, 1},
+                FirstLineCase{"IndentedVersion", "  VERSION 5.00\n", "?", 20, 1},  // its first word is empty
+                FirstLineCase{"BlankLinesOnly", lines("   ", 5), "?", 4, 1}, FirstLineCase{"Empty", "", "?", 4, 1},
+                FirstLineCase{"Nul", "VERSION\0 5.00\n"s, "?", 4, 2, kBinary},
+                FirstLineCase{"HighByte", "\n\nOption \xFF\n", "?", 4, 2, kBinary},
+                FirstLineCase{"TooLong", std::string(3000, 'A'), "?", 4, 2, kBinary},
+                // Exactly 2048 characters is no binary, and a blank line of any length is skipped.
+                FirstLineCase{"Longest", "'" + std::string(2047, 'a'), "?", 0, 0},
+                FirstLineCase{"LongBlankThenForm", std::string(3000, ' ') + "\nVERSION 5.00\n", "6", 0, 0},
+                FirstLineCase{"LongBlankThenTooLong", std::string(3000, ' ') + "x\n", "?", 4, 2, kBinary},
+                FirstLineCase{"Missing", std::nullopt, "?", 7, 0,
+                              "The following error occurred processing @.\n\nFile not found"}),
+        [](const ::testing::TestParamInfo<FirstLineCase>& info) { return std::string(info.param.name); });
 
 }  // namespace

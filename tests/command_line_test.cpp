@@ -82,16 +82,16 @@ TEST_P(NoDisplayTest, TheWindowIsRefusedWithTheWayToPrintWithoutIt) {
 }
 
 #if !defined(_WIN32) && !defined(__APPLE__)
-INSTANTIATE_TEST_SUITE_P(
-    Environments, NoDisplayTest,
-    ::testing::Values(DisplayCase{{}, false}, DisplayCase{{{"DISPLAY", ""}}, false},
-                      DisplayCase{{{"DISPLAY", ":0"}}, true}, DisplayCase{{{"WAYLAND_DISPLAY", "wayland-0"}}, true},
-                      DisplayCase{{{"QT_QPA_PLATFORM", "offscreen"}}, true},
-                      DisplayCase{{{"QT_QPA_PLATFORM", "minimal"}}, true},
-                      DisplayCase{{{"QT_QPA_PLATFORM", "xcb"}}, false},
-                      DisplayCase{{{"QT_QPA_PLATFORM", "wayland;xcb"}}, false},
-                      DisplayCase{{{"QT_QPA_PLATFORM", "xcb;offscreen"}}, true},
-                      DisplayCase{{{"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ":0"}}, true}));
+INSTANTIATE_TEST_SUITE_P(Environments, NoDisplayTest,
+                         ::testing::Values(DisplayCase{{}, false}, DisplayCase{{{"DISPLAY", ""}}, false},
+                                           DisplayCase{{{"DISPLAY", ":0"}}, true},
+                                           DisplayCase{{{"WAYLAND_DISPLAY", "wayland-0"}}, true},
+                                           DisplayCase{{{"QT_QPA_PLATFORM", "offscreen"}}, true},
+                                           DisplayCase{{{"QT_QPA_PLATFORM", "minimal"}}, true},
+                                           DisplayCase{{{"QT_QPA_PLATFORM", "xcb"}}, false},
+                                           DisplayCase{{{"QT_QPA_PLATFORM", "wayland;xcb"}}, false},
+                                           DisplayCase{{{"QT_QPA_PLATFORM", "xcb;offscreen"}}, true},
+                                           DisplayCase{{{"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ":0"}}, true}));
 #else
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(NoDisplayTest);
 #endif
@@ -259,36 +259,34 @@ class ProgramPartTest : public ::testing::TestWithParam<PartCase> {};
 TEST_P(ProgramPartTest, OnlyWhatARunNeedsIsLoaded) {
     BatchOptions options = parseBatchOptions(GetParam().words);
     ASSERT_EQ(options.error, "");
-    RunsOn part = runsOnCoreAlone(options)     ? RunsOn::Core
+    RunsOn part = runsOnCoreAlone(options)    ? RunsOn::Core
                   : printsToPdfAlone(options) ? RunsOn::PrintPart
                                               : RunsOn::WindowPart;
     EXPECT_EQ(part, GetParam().part);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    CommandLines, ProgramPartTest,
-    ::testing::Values(PartCase{{"--html", "a.html", "a.bas"}, RunsOn::Core},
-                      PartCase{{"--quiet", "--html", "a.html", "--", "-a.bas"}, RunsOn::Core},
-                      PartCase{{"--html", "a.html", "/init", "a.bas"}, RunsOn::Core},
-                      PartCase{{"--pdf", "a.pdf", "a.bas"}, RunsOn::PrintPart},
-                      PartCase{{"--html", "a.html", "--pdf", "a.pdf", "a.bas"}, RunsOn::PrintPart},
-                      PartCase{{"--printer", "PDF", "--quiet", "a.bas"}, RunsOn::PrintPart},
-                      // A system printer needs the print service; the settings' printer may be one.
-                      PartCase{{"--html", "a.html", "--printer", "Office", "a.bas"}, RunsOn::WindowPart},
-                      PartCase{{"--printer", "pdf", "a.bas"}, RunsOn::WindowPart},
-                      PartCase{{"a.bas"}, RunsOn::WindowPart},
-                      PartCase{{"--open", "a.bas"}, RunsOn::WindowPart},
-                      PartCase{{"/init"}, RunsOn::WindowPart},
-                      PartCase{{}, RunsOn::WindowPart}),
-    [](const ::testing::TestParamInfo<PartCase>& info) {
-        std::string name = std::to_string(info.index);
-        for (const std::string& word : info.param.words) {
-            name += '_';
-            for (char c : word)
-                if (std::isalnum(static_cast<unsigned char>(c))) name += c;
-        }
-        return name;
-    });
+        CommandLines, ProgramPartTest,
+        ::testing::Values(PartCase{{"--html", "a.html", "a.bas"}, RunsOn::Core},
+                          PartCase{{"--quiet", "--html", "a.html", "--", "-a.bas"}, RunsOn::Core},
+                          PartCase{{"--html", "a.html", "/init", "a.bas"}, RunsOn::Core},
+                          PartCase{{"--pdf", "a.pdf", "a.bas"}, RunsOn::PrintPart},
+                          PartCase{{"--html", "a.html", "--pdf", "a.pdf", "a.bas"}, RunsOn::PrintPart},
+                          PartCase{{"--printer", "PDF", "--quiet", "a.bas"}, RunsOn::PrintPart},
+                          // A system printer needs the print service; the settings' printer may be one.
+                          PartCase{{"--html", "a.html", "--printer", "Office", "a.bas"}, RunsOn::WindowPart},
+                          PartCase{{"--printer", "pdf", "a.bas"}, RunsOn::WindowPart},
+                          PartCase{{"a.bas"}, RunsOn::WindowPart}, PartCase{{"--open", "a.bas"}, RunsOn::WindowPart},
+                          PartCase{{"/init"}, RunsOn::WindowPart}, PartCase{{}, RunsOn::WindowPart}),
+        [](const ::testing::TestParamInfo<PartCase>& info) {
+            std::string name = std::to_string(info.index);
+            for (const std::string& word : info.param.words) {
+                name += '_';
+                for (char c : word)
+                    if (std::isalnum(static_cast<unsigned char>(c))) name += c;
+            }
+            return name;
+        });
 
 // An export asks the print service nothing: with many printers (or a slow network one) that
 // question was most of the run.
@@ -426,8 +424,9 @@ TEST_F(CommandLineRunTest, EveryMemberOfAProjectOfManyLinesPrintsAndTheDialogSay
 
 TEST_F(CommandLineRunTest, MembersNotFoundStandInTheWindowsStatus) {
     write("Gone/There.bas", module("There", "InThere"));
-    std::string vbp = write("Gone/P.vbp", "Module=There; There.bas\r\nModule=A; A.bas\r\nModule=B; B.bas\r\n"
-                                          "Module=C; C.bas\r\nModule=D; D.bas\r\n");
+    std::string vbp = write("Gone/P.vbp",
+                            "Module=There; There.bas\r\nModule=A; A.bas\r\nModule=B; B.bas\r\n"
+                            "Module=C; C.bas\r\nModule=D; D.bas\r\n");
     BabInitFrom(keywordFilePath());
     setProjectFileView([](ProjectFileModel& m) { return cmdOK_Click(m); });
     PFParseFile({cFileDesc{vbp, kFileProject, true, 0, 0}});

@@ -46,22 +46,26 @@ protected:
 };
 
 TEST_F(ConnectorsTest, NestedBlocksWhollyInsideTheView) {
-    load("If a Then\n"        // top 0
-         "For i = 1 To 3\n"   // top 200, level 1: column 425, text at 510
+    load("If a Then\n"       // top 0
+         "For i = 1 To 3\n"  // top 200, level 1: column 425, text at 510
          "x = i\n"
-         "Next i\n"           // top 600
-         "End If\n");         // top 800
+         "Next i\n"    // top 600
+         "End If\n");  // top 800
     EXPECT_EQ(show(1), (std::vector<Line>{{85, 100, 170, 100},
                                           {425, 300, 510, 300},
-                                          {425, 300, 425, 700}, {425, 700, 510, 700},
-                                          {85, 100, 85, 900}, {85, 900, 170, 900}}));
+                                          {425, 300, 425, 700},
+                                          {425, 700, 510, 700},
+                                          {85, 100, 85, 900},
+                                          {85, 900, 170, 900}}));
 }
 
 TEST_F(ConnectorsTest, ElseClosesAndOpensOnTheSameColumn) {
     load("If a Then\nx = 1\nElse\ny = 2\nEnd If\n");
     EXPECT_EQ(show(1), (std::vector<Line>{{85, 100, 170, 100},
-                                          {85, 100, 85, 500}, {85, 500, 170, 500},
-                                          {85, 500, 85, 900}, {85, 900, 170, 900}}));
+                                          {85, 100, 85, 500},
+                                          {85, 500, 170, 500},
+                                          {85, 500, 85, 900},
+                                          {85, 900, 170, 900}}));
     EXPECT_FALSE(connectorStack()[0].Open);
 }
 

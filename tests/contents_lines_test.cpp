@@ -30,12 +30,12 @@ TEST_P(WrapAtBlanksTest, BreaksAtBlanksWithinTheRoom) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Entries, WrapAtBlanksTest,
-    ::testing::Values(WrapCase{"Sub A()", 20, {"  Sub A()"}},
-                      WrapCase{"Sub A(ByVal B As Long)", 14, {"  Sub A(ByVal", "    B As Long)"}},
-                      WrapCase{"Sub A(X,   Y)", 10, {"  Sub A(X,", "    Y)"}},
-                      WrapCase{"Sub " + std::string(12, 'W'), 10, {"  Sub", "    WWWWWW", "    WWWWWW"}},
-                      WrapCase{"", 10, {"  "}}));
+        Entries, WrapAtBlanksTest,
+        ::testing::Values(WrapCase{"Sub A()", 20, {"  Sub A()"}},
+                          WrapCase{"Sub A(ByVal B As Long)", 14, {"  Sub A(ByVal", "    B As Long)"}},
+                          WrapCase{"Sub A(X,   Y)", 10, {"  Sub A(X,", "    Y)"}},
+                          WrapCase{"Sub " + std::string(12, 'W'), 10, {"  Sub", "    WWWWWW", "    WWWWWW"}},
+                          WrapCase{"", 10, {"  "}}));
 
 struct PathCase {
     std::string path;
@@ -52,13 +52,13 @@ TEST_P(ShortenPathTest, KeepsTheStartAndTheFileName) {
     EXPECT_LE(characters(shown), c.room);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Paths, ShortenPathTest,
-    ::testing::Values(PathCase{"C:\\VB\\A.bas", 20, "C:\\VB\\A.bas"},
-                      PathCase{"/home/user/projects/search and replace/Module.bas", 24, "/home/user.../Module.bas"},
-                      PathCase{"C:\\Deep\\Folder\\Form1.frm", 13, "...\\Form1.frm"},
-                      PathCase{"/p/AVeryLongModuleName.bas", 13, "AVery...e.bas"},
-                      PathCase{"NoFolderAtAll.cls", 10, "NoFo...cls"}));
+INSTANTIATE_TEST_SUITE_P(Paths, ShortenPathTest,
+                         ::testing::Values(PathCase{"C:\\VB\\A.bas", 20, "C:\\VB\\A.bas"},
+                                           PathCase{"/home/user/projects/search and replace/Module.bas", 24,
+                                                    "/home/user.../Module.bas"},
+                                           PathCase{"C:\\Deep\\Folder\\Form1.frm", 13, "...\\Form1.frm"},
+                                           PathCase{"/p/AVeryLongModuleName.bas", 13, "AVery...e.bas"},
+                                           PathCase{"NoFolderAtAll.cls", 10, "NoFo...cls"}));
 
 }  // namespace
 }  // namespace hlyd

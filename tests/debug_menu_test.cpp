@@ -44,13 +44,13 @@ TEST_F(DebugMenuTest, EveryToggleFlipsItsSwitchAndItsCheckMark) {
     EXPECT_TRUE(cmd("mnuDebug").visible);
     ASSERT_EQ(debugMenuItems().size(), 10u);
     const std::vector<std::pair<std::string, bool cDebug::*>> toggles{
-        {"mnuDebugDisableErrorTraps", &cDebug::DontTrapErrors},
-        {"mnuDebugDisableFixDataErrors", &cDebug::DontFixDataErrors},
-        {"mnuDebugTraceApp", &cDebug::TraceApplication},
-        {"mnuDebugLogEvents", &cDebug::TraceEvents},
-        {"mnuDebugMouseEvents", &cDebug::TraceMouseMove},
-        {"mnuDebugLogClasses", &cDebug::TraceClasses},
-        {"mnuDebugLogTracePackages", &cDebug::TracePackages}};
+            {"mnuDebugDisableErrorTraps", &cDebug::DontTrapErrors},
+            {"mnuDebugDisableFixDataErrors", &cDebug::DontFixDataErrors},
+            {"mnuDebugTraceApp", &cDebug::TraceApplication},
+            {"mnuDebugLogEvents", &cDebug::TraceEvents},
+            {"mnuDebugMouseEvents", &cDebug::TraceMouseMove},
+            {"mnuDebugLogClasses", &cDebug::TraceClasses},
+            {"mnuDebugLogTracePackages", &cDebug::TracePackages}};
     for (const auto& [name, flag] : toggles) {
         SCOPED_TRACE(name);
         EXPECT_FALSE(cmd(name).caption.empty());
@@ -114,7 +114,7 @@ TEST_F(DebugMenuTest, ALogOverAFileOfTheUsersIsRefused) {
         ASSERT_EQ(ui.shown.size(), 1u);
         EXPECT_NE(ui.shown[0].text.find("will not write the log file " + path + " named by the Log File dialog"),
                   std::string::npos)
-            << ui.shown[0].text;
+                << ui.shown[0].text;
         EXPECT_EQ(contents(path), "Attribute VB_Name = \"Module1\"\r\n");
     }
 }

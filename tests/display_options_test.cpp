@@ -139,8 +139,9 @@ TEST_F(DisplayOptionsTest, OkWritesTheSettingsFileAndTheRecords) {
     mnuOptionsDisplay_Click();
 
     std::string text = ini();
-    for (const char* line : {"User Name=Ada", "TabWidth.Display=8", "DefaultFileLoc=/home/ada/vb", "Default=4", "Detect=MANUAL",
-                             "Color.Foreground.Literals=255", "FontName.Literals=Arial", "FontAttr.Literals=No Yes No No 11"})
+    for (const char* line :
+         {"User Name=Ada", "TabWidth.Display=8", "DefaultFileLoc=/home/ada/vb", "Default=4", "Detect=MANUAL",
+          "Color.Foreground.Literals=255", "FontName.Literals=Arial", "FontAttr.Literals=No Yes No No 11"})
         EXPECT_NE(text.find(std::string(line) + "\n"), std::string::npos) << line;
     EXPECT_EQ(displayAttributes().Format[kDisplay].TabWidth, 8);
     EXPECT_EQ(hlydSettings().Dialect, "4");
@@ -159,7 +160,8 @@ TEST_F(DisplayOptionsTest, OkChecksTheFontsAndDrawsTheViewAnew) {
     surface.calls.clear();
     m.elements[kElemLiterals].FontName = m.elements[kElemLiterals].Font.Name = "Gothic Nowhere";
     ASSERT_TRUE(cmdOk_Click(m));
-    EXPECT_EQ(messagesShown(), (Strings{"Literals: Gothic Nowhere is not a valid display font; Arial is used instead."}));
+    EXPECT_EQ(messagesShown(),
+              (Strings{"Literals: Gothic Nowhere is not a valid display font; Arial is used instead."}));
     EXPECT_EQ(displayAttributes().Elements[kElemLiterals].slot[kDisplay].FontName, "Arial");
     std::vector<test::FakeSurface::Call> printed = surface.callsOf("print");
     ASSERT_FALSE(printed.empty());

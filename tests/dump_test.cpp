@@ -22,8 +22,8 @@ TEST(JsonLinesTest, ConvertsWindows1252AndEscapesControls) {
 }
 
 TEST(JsonLinesTest, FileNamesAreValidUtf8WhateverTheirBytes) {
-    EXPECT_EQ(jsonPathString("caf\xC3\xA9/\x01.png"), "\"caf\xC3\xA9/\\u0001.png\"");  // UTF-8 kept
-    EXPECT_EQ(jsonPathString("caf\xE9.bas"), "\"caf\xC3\xA9.bas\"");                  // Latin-1 converted
+    EXPECT_EQ(jsonPathString("caf\xC3\xA9/\x01.png"), "\"caf\xC3\xA9/\\u0001.png\"");       // UTF-8 kept
+    EXPECT_EQ(jsonPathString("caf\xE9.bas"), "\"caf\xC3\xA9.bas\"");                        // Latin-1 converted
     EXPECT_EQ(jsonPathString("\xC0\xAF\xED\xA0\x80"), jsonString("\xC0\xAF\xED\xA0\x80"));  // overlong, surrogate
     EXPECT_EQ(JsonObject().add("type", "render").addPath("out", "a\tb").add("width", 800).str(),
               "{\"type\":\"render\",\"out\":\"a\\u0009b\",\"width\":800}");
@@ -38,7 +38,7 @@ TEST_F(DumpTest, PrintsValidateRecordsStatementsTokensAndEnd) {
     EXPECT_NE(text.find("{\"kind\":\"record\",\"n\":2,\"FirstS\":2,\"LastS\":2,\"FirstT\":5,\"LastT\":7,\"Indent\":0,"
                         "\"TiedTo\":0,\"TiedStart\":0}\n"),
               std::string::npos)
-        << text;
+            << text;
     EXPECT_NE(text.find("{\"kind\":\"token\",\"n\":6,\"Class\":4,\"Detail\":6,\"Flags\":0,\"Continued\":0,"
                         "\"KeyWordSeen\":false,\"pKeyWord\":"),
               std::string::npos);

@@ -80,7 +80,9 @@ public:
         x_ = x2, y_ = y2;
     }
     int drawWidth() const override { return drawWidth_; }
-    void setDrawWidth(int pixels) override { drawWidth_ = pixels, calls.push_back({"drawwidth", std::to_string(pixels)}); }
+    void setDrawWidth(int pixels) override {
+        drawWidth_ = pixels, calls.push_back({"drawwidth", std::to_string(pixels)});
+    }
     void cls() override { calls.push_back({"cls", ""}), x_ = y_ = 0; }
     float width() const override { return width_; }
     float height() const override { return height_; }

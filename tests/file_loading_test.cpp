@@ -24,20 +24,20 @@ namespace fs = std::filesystem;
 // Records: 1-3 declarations, 4 blank, 5-6 Paint, 7 blank, 8-10 Area, 11-13 two comments and a
 // blank tied to Color [Get] at 14, 17 and 21 blanks before Let and Set, 24 blank, 25-29 Go.
 const char* const kModule =
-    "Attribute VB_Name = \"Shapes\"\nOption Explicit\nPrivate mColor As Long\n\n"
-    "Public Sub Paint()\nEnd Sub\n\n"
-    "Private Function Area(ByVal w As Long) As Long\n    Area = w * w\nEnd Function\n\n"
-    "' The colour of the shape,\n' kept in mColor\n"
-    "Private Property Get Color() As Long\n    Color = mColor\nEnd Property\n\n"
-    "Property Let Color(ByVal c As Long)\n    mColor = c\nEnd Property\n\n"
-    "Property Set Color(ByVal c As Object)\nEnd Property\n\n"
-    "Sub Go()\n    x = \"abc\" ' note\nAgain:\n    GoTo Again\nEnd Sub\n";
+        "Attribute VB_Name = \"Shapes\"\nOption Explicit\nPrivate mColor As Long\n\n"
+        "Public Sub Paint()\nEnd Sub\n\n"
+        "Private Function Area(ByVal w As Long) As Long\n    Area = w * w\nEnd Function\n\n"
+        "' The colour of the shape,\n' kept in mColor\n"
+        "Private Property Get Color() As Long\n    Color = mColor\nEnd Property\n\n"
+        "Property Let Color(ByVal c As Long)\n    mColor = c\nEnd Property\n\n"
+        "Property Set Color(ByVal c As Object)\nEnd Property\n\n"
+        "Sub Go()\n    x = \"abc\" ' note\nAgain:\n    GoTo Again\nEnd Sub\n";
 
 // Records 1-4 the description, 5-6 declarations, then three procedures.
 const char* const kForm =
-    "VERSION 5.00\nBegin VB.Form frmMain\n   Caption = \"Main\"\nEnd\n"
-    "Attribute VB_Name = \"frmMain\"\nOption Explicit\n"
-    "Private Sub Form_Load()\nEnd Sub\nSub cmdX_Click()\nEnd Sub\nPublic Sub Refresh()\nEnd Sub\n";
+        "VERSION 5.00\nBegin VB.Form frmMain\n   Caption = \"Main\"\nEnd\n"
+        "Attribute VB_Name = \"frmMain\"\nOption Explicit\n"
+        "Private Sub Form_Load()\nEnd Sub\nSub cmdX_Click()\nEnd Sub\nPublic Sub Refresh()\nEnd Sub\n";
 
 class FileLoadingTest : public test::ProgramTest {
 protected:
@@ -103,8 +103,8 @@ TEST_F(FileLoadingTest, ModuleGivesDeclarationsProceduresAndPropertyAccessors) {
 
     // Go: x = "abc" ' note / Again: / GoTo Again. Identifier 2, operator drawn as a keyword 3,
     // literal 4, comment 1; label 2; keyword 3, label reference 2.
-    EXPECT_EQ((std::vector<std::int32_t>{element(26, 0), element(26, 1), element(26, 2), element(26, 3),
-                                         element(27, 0), element(28, 0), element(28, 1)}),
+    EXPECT_EQ((std::vector<std::int32_t>{element(26, 0), element(26, 1), element(26, 2), element(26, 3), element(27, 0),
+                                         element(28, 0), element(28, 1)}),
               (std::vector<std::int32_t>{2, 3, 4, 1, 2, 3, 2}));
     EXPECT_EQ(fileTable().TokenElements.size(), static_cast<std::size_t>(tables().TokenCount) + 1);
 }

@@ -182,8 +182,8 @@ TEST_F(FileSelectionTest, NameOpenAlreadyIsNotAddedAgain) {
 
 TEST_F(FileSelectionTest, TwoFilesJoinTheTableAndTheRecentList) {
     std::string a = write("a.bas"), b = write("b.bas");
-    ui.openAnswers.push_back(std::vector<std::string>{src_.string() + std::string(1, '\0') + "a.bas" +
-                                                          std::string(1, '\0') + "b.bas"});
+    ui.openAnswers.push_back(
+            std::vector<std::string>{src_.string() + std::string(1, '\0') + "a.bas" + std::string(1, '\0') + "b.bas"});
 
     GetFilesToProcess(0);
 

@@ -134,9 +134,9 @@ TEST_F(HeadingTemplatesTest, PathIsShortenedAroundDots) {
     EXPECT_EQ(expand("@path"), "/src/projects/halyard/");
     EXPECT_EQ(expand("@path<3>"), "...");
     EXPECT_EQ(expand("@path<2>"), "..");
-    EXPECT_EQ(expand("@path<4>"), ".../");           // (4 - 3) / 2 rounds to 0
-    EXPECT_EQ(expand("@PATH<8>"), "/s...rd/");       // 2.5 rounds to 2, half to even
-    EXPECT_EQ(expand("@path<10>"), "/src...rd/");    // 3.5 rounds to 4
+    EXPECT_EQ(expand("@path<4>"), ".../");         // (4 - 3) / 2 rounds to 0
+    EXPECT_EQ(expand("@PATH<8>"), "/s...rd/");     // 2.5 rounds to 2, half to even
+    EXPECT_EQ(expand("@path<10>"), "/src...rd/");  // 3.5 rounds to 4
     EXPECT_EQ(expand("@path<22>"), "/src/projects/halyard/");
     EXPECT_EQ(expand("@path<0>"), "/src/projects/halyard/");
     EXPECT_EQ(expand("@path<>"), "/src/projects/halyard/");
@@ -220,7 +220,7 @@ TEST_F(HeadingTemplatesTest, SectionsArePlacedLeftCentreAndRight) {
     headings.PrintPageNumber = 7;
     HeadingExtract("<Left>", 1, headings);
     HeadingExtract("<Page>;@page", 2, headings);  // "Page 7 ": 7 characters
-    HeadingExtract("@page", 3, headings);          // "7 ": 2 characters
+    HeadingExtract("@page", 3, headings);         // "7 ": 2 characters
     EXPECT_EQ(headings.Item("11").XPos(), kLeft);
     EXPECT_EQ(headings.Item("12").XPos(), (kWidth - 7 * kChar) / 2 + kLeft);
     EXPECT_EQ(headings.Item("13").XPos(), kWidth - 2 * kChar + kLeft);

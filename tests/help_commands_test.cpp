@@ -18,14 +18,16 @@ protected:
 TEST_F(HelpCommandsTest, WithoutItsPagesTheHelpIsSwitchedOffAndTheButtonSaysWhy) {
     hlydMain().HelpFile = dir + "/help/index.html";
     sbSetToolBar();
-    for (const char* name : {"mnuHelContents", "mnuHelSearch", "mnuHelHelp", "tbrHelp"}) EXPECT_FALSE(enabled(name)) << name;
+    for (const char* name : {"mnuHelContents", "mnuHelSearch", "mnuHelHelp", "tbrHelp"})
+        EXPECT_FALSE(enabled(name)) << name;
     EXPECT_EQ(mainWindow().command("tbrHelp").tip, "Not available - Help file Missing");
     EXPECT_TRUE(enabled("mnuHelAbout"));
 
     std::filesystem::create_directories(dir + "/help");
     std::ofstream(dir + "/help/index.html") << "<html></html>";
     HlydMSEnableHLYDControls();
-    for (const char* name : {"mnuHelContents", "mnuHelSearch", "mnuHelHelp", "tbrHelp"}) EXPECT_TRUE(enabled(name)) << name;
+    for (const char* name : {"mnuHelContents", "mnuHelSearch", "mnuHelHelp", "tbrHelp"})
+        EXPECT_TRUE(enabled(name)) << name;
     EXPECT_EQ(mainWindow().command("tbrHelp").tip, "Help");
 }
 
@@ -35,7 +37,8 @@ TEST_F(HelpCommandsTest, EachHelpCommandOpensItsPageBesideTheIndex) {
     mnuHelSearch_Click();
     mnuHelHelp_Click();
     std::vector<std::string> pages;
-    for (const std::string& opened : ui.opened) pages.push_back(std::filesystem::path(opened).lexically_relative(dir).generic_string());
+    for (const std::string& opened : ui.opened)
+        pages.push_back(std::filesystem::path(opened).lexically_relative(dir).generic_string());
     EXPECT_EQ(pages, (std::vector<std::string>{"help/index.html", "help/topics.html", "help/using-help.html"}));
     EXPECT_TRUE(ui.shown.empty());
 

@@ -45,7 +45,8 @@ protected:
     // The golden document with the directory of this run put in.
     std::string golden(const std::string& name) {
         std::string text = readAll(fs::path(HLYD_TEST_DATA) / "html" / name);
-        for (std::size_t at = text.find("@DIR@"); at != std::string::npos; at = text.find("@DIR@", at)) text.replace(at, 5, dir);
+        for (std::size_t at = text.find("@DIR@"); at != std::string::npos; at = text.find("@DIR@", at))
+            text.replace(at, 5, dir);
         return text;
     }
     std::string source(const std::string& name) { return (fs::path(dir) / name).string(); }
@@ -137,7 +138,7 @@ TEST_F(HtmlTest, OutputNeverReplacesAnInputOrAFifoAndFollowsALink) {
         EXPECT_FALSE(HTMLEmitAFile()) << refused;
         ASSERT_EQ(ui.shown.size(), 1u) << refused;
         EXPECT_NE(ui.shown[0].text.find("will not write the HTML document " + refused), std::string::npos)
-            << ui.shown[0].text;
+                << ui.shown[0].text;
     }
     EXPECT_EQ(readAll(source("Module1.bas")), sourceText);
     EXPECT_EQ(readAll(source("notes.txt")), "the user's");
@@ -162,7 +163,8 @@ std::vector<std::string> unbalancedFontTags(const std::string& document) {
         int open = 0;
         for (std::size_t at = line.find('<'); at != std::string::npos; at = line.find('<', at + 1)) {
             if (line.compare(at, 5, "<font") == 0) ++open;
-            if (line.compare(at, 7, "</font>") == 0 && --open < 0) faults.push_back("line " + std::to_string(n) + ": closed, not open");
+            if (line.compare(at, 7, "</font>") == 0 && --open < 0)
+                faults.push_back("line " + std::to_string(n) + ": closed, not open");
         }
         if (open > 0) faults.push_back("line " + std::to_string(n) + ": left open: " + line);
     }
@@ -208,12 +210,12 @@ TEST_F(HtmlTest, FontTagsBalanceAndTheFormDescriptionIsIndentedOnce) {
 // the heading. No control byte of a name or of the source reaches the document raw.
 TEST_F(HtmlTest, NamesAreTextAndControlBytesAreShown) {
     const std::string name = "x<b onmouseover=alert(1)>.bas";
-    std::ofstream(source(name), std::ios::binary)
-        << "Attribute VB_Name = \"<script>alert(1)</script>\"\r\n"
-        << std::string("' a NUL \0, an escape \x1B and a DEL \x7F\r\n", 36)
-        << "Public Sub Go()\r\n"
-           "    s = \"a\x01" "b\" & \"&amp;\"\r\n"
-           "End Sub\r\n";
+    std::ofstream(source(name), std::ios::binary) << "Attribute VB_Name = \"<script>alert(1)</script>\"\r\n"
+                                                  << std::string("' a NUL \0, an escape \x1B and a DEL \x7F\r\n", 36)
+                                                  << "Public Sub Go()\r\n"
+                                                     "    s = \"a\x01"
+                                                     "b\" & \"&amp;\"\r\n"
+                                                     "End Sub\r\n";
     oFile().Add({source(name), kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);
     ui.saveAnswer = source("out.html");

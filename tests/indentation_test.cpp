@@ -25,70 +25,65 @@ protected:
 };
 
 TEST_F(IndentationTest, NestedBlocks) {
-    expectIndents({
-        {"Sub Foo()", 0},
-        {"If a Then", 0},
-        {"With obj", 1},
-        {"lbl: .y = 1", 2},  // a label keeps the level
-        {"Do: x = 1: Loop", 2},  // opened and closed on one line
-        {"If a Then b", 2},
-        {"End With", 1},
-        {"ElseIf b Then", 0},
-        {"Select Case x", 1},
-        {"Case 1", 1},
-        {"y = 1", 2},
-        {"End Select", 1},
-        {"Else", 0},
-        {"While z", 1},
-        {"Wend", 1},
-        {"End If", 0},
-        {"End Sub", 0}});
+    expectIndents({{"Sub Foo()", 0},
+                   {"If a Then", 0},
+                   {"With obj", 1},
+                   {"lbl: .y = 1", 2},      // a label keeps the level
+                   {"Do: x = 1: Loop", 2},  // opened and closed on one line
+                   {"If a Then b", 2},
+                   {"End With", 1},
+                   {"ElseIf b Then", 0},
+                   {"Select Case x", 1},
+                   {"Case 1", 1},
+                   {"y = 1", 2},
+                   {"End Select", 1},
+                   {"Else", 0},
+                   {"While z", 1},
+                   {"Wend", 1},
+                   {"End If", 0},
+                   {"End Sub", 0}});
     EXPECT_EQ(basiclan().IndentLevel, 0);
     EXPECT_EQ(lineStatement(5).Flags & kFlagIndent, 0);  // the one-line loop opens nothing
 }
 
 TEST_F(IndentationTest, NextWithSeveralVariables) {
-    expectIndents({
-        {"If a Then", 0},
-        {"For i = 1 To 3", 1},
-        {"For a(1, 2) = 1 To 3", 2},
-        {"x = 1", 3},
-        {"Next a(1, 2), i", 1},  // the comma in the parentheses separates no variable
-        {"y = 1", 1},
-        {"End If", 0}});
+    expectIndents({{"If a Then", 0},
+                   {"For i = 1 To 3", 1},
+                   {"For a(1, 2) = 1 To 3", 2},
+                   {"x = 1", 3},
+                   {"Next a(1, 2), i", 1},  // the comma in the parentheses separates no variable
+                   {"y = 1", 1},
+                   {"End If", 0}});
 }
 
 TEST_F(IndentationTest, ConditionalCompilationStandsAtTheMargin) {
-    expectIndents({
-        {"If a Then", 0},
-        {"#If A Then", 0},
-        {"x = 1", 1},
-        {"#End If", 0},
-        {"y = 1", 1},  // the level comes back
-        {"End If", 0}});
+    expectIndents({{"If a Then", 0},
+                   {"#If A Then", 0},
+                   {"x = 1", 1},
+                   {"#End If", 0},
+                   {"y = 1", 1},  // the level comes back
+                   {"End If", 0}});
     EXPECT_EQ(lineStatement(2).Flags, 0);  // "#If" opens no block
     EXPECT_FALSE(basiclan().RestoreIndent);
 
-    expectIndents({
-        {"If a Then", 0},
-        {"#If A Then", 0},
-        {"x = 1", 1},
-        {"#Else", 0},
-        {"y = 1", 0},  // the level stays at the margin
-        {"For i = 1 To 2", 0},
-        {"z = 1", 1},  // until the next opener
-        {"Next i", 0},
-        {"#End If", 0},
-        {"w = 1", 0}});
+    expectIndents({{"If a Then", 0},
+                   {"#If A Then", 0},
+                   {"x = 1", 1},
+                   {"#Else", 0},
+                   {"y = 1", 0},  // the level stays at the margin
+                   {"For i = 1 To 2", 0},
+                   {"z = 1", 1},  // until the next opener
+                   {"Next i", 0},
+                   {"#End If", 0},
+                   {"w = 1", 0}});
 }
 
 // A file that ends just after "#End If" lends nothing to the file read after it.
 TEST_F(IndentationTest, NextFileStartsAtTheMarginAfterAFileEndingInHashEndIf) {
-    analyze(
-        "If a Then\n"
-        "#If A Then\n"
-        "x = 1\n"
-        "#End If\n");
+    analyze("If a Then\n"
+            "#If A Then\n"
+            "x = 1\n"
+            "#End If\n");
     expectIndents({{"y = 1", 0}, {"If b Then", 0}, {"z = 1", 1}, {"End If", 0}});
     EXPECT_FALSE(basiclan().RestoreIndent);
 }
@@ -121,16 +116,15 @@ TEST_F(IndentationTest, UnbalancedCloserIsLoggedAndReadingGoesOn) {
 }
 
 TEST_F(IndentationTest, ContinuedStatementKeepsOneIndent) {
-    expectIndents({
-        {"If a Then", 0},
-        {"x = 1 + _", 1},
-        {"    2 + _", 1},
-        {"    3", 1},
-        {"If b And _", 1},
-        {"    c Then", 1},
-        {"y = 1", 2},
-        {"End If", 1},
-        {"End If", 0}});
+    expectIndents({{"If a Then", 0},
+                   {"x = 1 + _", 1},
+                   {"    2 + _", 1},
+                   {"    3", 1},
+                   {"If b And _", 1},
+                   {"    c Then", 1},
+                   {"y = 1", 2},
+                   {"End If", 1},
+                   {"End If", 0}});
     for (std::int32_t r = 2; r <= 4; ++r) {
         EXPECT_EQ(record(r).FirstS, record(2).FirstS) << r;
         EXPECT_EQ(record(r).LastS, record(2).FirstS) << r;
@@ -167,14 +161,13 @@ TEST_F(IndentationTest, OnlyCommentsDirectlyAboveCodeAreTied) {
 }
 
 TEST_F(IndentationTest, CommentsAboveAProcedureFromTheFirstBlankLine) {
-    analyze(
-        "x = 1\n"       // 1
-        "Sub A()\n"     // 2: nothing above it
-        "End Sub\n"     // 3
-        "' one\n"       // 4
-        "' two\n"       // 5
-        "Sub C()\n"     // 6
-        "End Sub\n");   // 7
+    analyze("x = 1\n"      // 1
+            "Sub A()\n"    // 2: nothing above it
+            "End Sub\n"    // 3
+            "' one\n"      // 4
+            "' two\n"      // 5
+            "Sub C()\n"    // 6
+            "End Sub\n");  // 7
     EXPECT_NE(lineStatement(2).Flags & kFlagProcListingStart, 0);
     EXPECT_EQ(record(1).TiedTo, 0);
     EXPECT_EQ(record(4).TiedTo, 6);
@@ -191,35 +184,37 @@ TEST_F(IndentationTest, CommentsAboveAProcedureFromTheFirstBlankLine) {
 }
 
 TEST_F(IndentationTest, ProcedureStartsAtTheMargin) {
-    expectIndents({
-        {"Sub A()", 0},
-        {"If a Then", 0},  // never closed
-        {"x = 1", 1},
-        {"End Sub", 1},  // a procedure's end does not outdent
-        {"Sub B()", 1},
-        {"y = 1", 0},
-        {"End Sub", 0}});
+    expectIndents({{"Sub A()", 0},
+                   {"If a Then", 0},  // never closed
+                   {"x = 1", 1},
+                   {"End Sub", 1},  // a procedure's end does not outdent
+                   {"Sub B()", 1},
+                   {"y = 1", 0},
+                   {"End Sub", 0}});
 }
 
 TEST_F(IndentationTest, FormAndClassHeaders) {
-    expectIndents({
-        {"VERSION 5.00", 0},
-        {"Begin VB.Form Form1", 0},
-        {"Caption = \"Form1\"", 1},
-        {"BeginProperty Font", 1},
-        {"Name = \"Arial\"", 2},
-        {"EndProperty", 1},
-        {"Begin VB.CommandButton C1", 1},
-        {"Caption = \"OK\"", 2},
-        {"End", 1},
-        {"End", 0},
-        {"Attribute VB_Name = \"Form1\"", 0},
-        {"Private Sub C1_Click()", 0},
-        {"End Sub", 0}});
+    expectIndents({{"VERSION 5.00", 0},
+                   {"Begin VB.Form Form1", 0},
+                   {"Caption = \"Form1\"", 1},
+                   {"BeginProperty Font", 1},
+                   {"Name = \"Arial\"", 2},
+                   {"EndProperty", 1},
+                   {"Begin VB.CommandButton C1", 1},
+                   {"Caption = \"OK\"", 2},
+                   {"End", 1},
+                   {"End", 0},
+                   {"Attribute VB_Name = \"Form1\"", 0},
+                   {"Private Sub C1_Click()", 0},
+                   {"End Sub", 0}});
     EXPECT_FALSE(basiclan().InFormHeader);
 
-    expectIndents({{"VERSION 1.0 CLASS", 0}, {"BEGIN", 0}, {"MultiUse = -1  'True", 1}, {"END", 0},
-                   {"Attribute VB_Name = \"C\"", 0}, {"Option Explicit", 0}});
+    expectIndents({{"VERSION 1.0 CLASS", 0},
+                   {"BEGIN", 0},
+                   {"MultiUse = -1  'True", 1},
+                   {"END", 0},
+                   {"Attribute VB_Name = \"C\"", 0},
+                   {"Option Explicit", 0}});
     EXPECT_FALSE(basiclan().InClassHeader);
 }
 

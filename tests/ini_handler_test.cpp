@@ -88,16 +88,16 @@ TEST_F(IniHandlerTest, WriteCreatesFileSectionAndKey) {
 
 TEST_F(IniHandlerTest, WriteKeepsEveryOtherLineInOrder) {
     const std::string before =
-        "; leading comment\n"
-        "stray line without equals\n"
-        "[One]\n"
-        "a = 1\n"
-        "; comment inside\n"
-        "??? unknown\n"
-        "\n"
-        "[Two]\n"
-        "b=2\n"
-        "c=\"quoted\"\n";
+            "; leading comment\n"
+            "stray line without equals\n"
+            "[One]\n"
+            "a = 1\n"
+            "; comment inside\n"
+            "??? unknown\n"
+            "\n"
+            "[Two]\n"
+            "b=2\n"
+            "c=\"quoted\"\n";
     writeFile(before);
     ini.WriteString("b", "3", std::string("Two"));
     std::string expected = before;

@@ -54,10 +54,11 @@ TEST_F(KeywordTableTest, ShippedFileLoadsWithEveryLineAnEntry) {
 // The analysis compares these words by name, so the file must hold them with the flags the
 // block and verb logic relies on.
 TEST_F(KeywordTableTest, ShippedFileHoldsTheWordsTheAnalysisNeeds) {
-    for (const char* w : {"ATTRIBUTE", "BEGIN", "BEGINPROPERTY", "VERSION", "ENDPROPERTY", "CONST",
-                          "DECLARE", "DIM", "GLOBAL", "PRIVATE", "PUBLIC", "REDIM", "STATIC", "EVENT",
-                          "FUNCTION", "SUB", "PROPERTY", "GET", "LET", "SET", "END", "IF", "ELSE",
-                          "NEXT", "GOSUB", "GOTO", "ON", "RESUME", "ERROR", "TYPE", "ENUM"})
+    for (const char* w :
+         {"ATTRIBUTE", "BEGIN",  "BEGINPROPERTY", "VERSION", "ENDPROPERTY", "CONST",    "DECLARE", "DIM",      "GLOBAL",
+          "PRIVATE",   "PUBLIC", "REDIM",         "STATIC",  "EVENT",       "FUNCTION", "SUB",     "PROPERTY", "GET",
+          "LET",       "SET",    "END",           "IF",      "ELSE",        "NEXT",     "GOSUB",   "GOTO",     "ON",
+          "RESUME",    "ERROR",  "TYPE",          "ENUM"})
         EXPECT_EQ(entry(w).ClassCode, 'V') << w;
     EXPECT_NE(indexOf("THEN"), 0);
     for (const char* w : {"IF", "FOR", "DO", "WHILE", "SELECT", "WITH", "TYPE", "ENUM", "BEGIN", "BEGINPROPERTY"}) {
@@ -123,8 +124,8 @@ TEST_P(BadKeywordFileTest, StopsReadingWithTheEntrysNumberAndName) {
     EXPECT_EQ(theDebug().BabStatus, 4);
     EXPECT_EQ(theDebug().BabStatusDetail, c.entry);
     ASSERT_EQ(ui.shown.size(), 1u);
-    EXPECT_EQ(ui.shown[0].text, "BabInit\n" + path + "\n\nInvalid " + c.fault + "\n\nRecord=" +
-                                    std::to_string(c.entry) + " KeyWord=|" + c.word + "|");
+    EXPECT_EQ(ui.shown[0].text, "BabInit\n" + path + "\n\nInvalid " + c.fault +
+                                        "\n\nRecord=" + std::to_string(c.entry) + " KeyWord=|" + c.word + "|");
     EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
     analyze("Dim x\n");
     EXPECT_TRUE(token(1).is(kTokIdentifier, kDetIdentifier));
@@ -140,18 +141,18 @@ BadEntry badFlag(int place, const std::string& fault) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Entries, BadKeywordFileTest,
-    ::testing::Values(BadEntry{kGood + kGood, "File sequence", 2, "ABC"},
-                      BadEntry{kGood + "\"DEF\",\"*\",\"\"\n\"abc\",\"*\",\"\"\n", "File sequence", 3, "abc"},
-                      BadEntry{"\"ABC\",\"\",\"V\"\n", "Dialect", 1, "ABC"},
-                      BadEntry{kGood + "\"def\",\"*\",\"A\"\n", "Class-code", 2, "def"}, badFlag(1, "Indent-flag"),
-                      badFlag(2, "Outdent-flag"), badFlag(3, "ClassOverride-flag"),
-                      badFlag(4, "KeepLeadingComments-flag"), badFlag(5, "ScanForVerb-flag")),
-    [](const ::testing::TestParamInfo<BadEntry>& info) {
-        std::string name = info.param.fault;
-        std::erase_if(name, [](char c) { return c == ' ' || c == '-'; });
-        return name + std::to_string(info.index);
-    });
+        Entries, BadKeywordFileTest,
+        ::testing::Values(BadEntry{kGood + kGood, "File sequence", 2, "ABC"},
+                          BadEntry{kGood + "\"DEF\",\"*\",\"\"\n\"abc\",\"*\",\"\"\n", "File sequence", 3, "abc"},
+                          BadEntry{"\"ABC\",\"\",\"V\"\n", "Dialect", 1, "ABC"},
+                          BadEntry{kGood + "\"def\",\"*\",\"A\"\n", "Class-code", 2, "def"}, badFlag(1, "Indent-flag"),
+                          badFlag(2, "Outdent-flag"), badFlag(3, "ClassOverride-flag"),
+                          badFlag(4, "KeepLeadingComments-flag"), badFlag(5, "ScanForVerb-flag")),
+        [](const ::testing::TestParamInfo<BadEntry>& info) {
+            std::string name = info.param.fault;
+            std::erase_if(name, [](char c) { return c == ' ' || c == '-'; });
+            return name + std::to_string(info.index);
+        });
 
 TEST_F(KeywordTableTest, MissingFileIsFatalAndSaysWhereItBelongs) {
     std::string dir = std::filesystem::path(test::writeTempFile("kw-placeholder", "")).parent_path().string() + "/none";
@@ -159,8 +160,8 @@ TEST_F(KeywordTableTest, MissingFileIsFatalAndSaysWhereItBelongs) {
     EXPECT_EQ(theDebug().BabStatus, -7);
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_EQ(ui.shown[0].text, "The file BASICLAN.KEYwas not found in the directory \n" + dir +
-                                    "\n\nBASICLAN.KEY is required for " + theAppInfo().Title +
-                                    " to operate.\n\nPlease install this file in the directory " + dir);
+                                        "\n\nBASICLAN.KEY is required for " + theAppInfo().Title +
+                                        " to operate.\n\nPlease install this file in the directory " + dir);
     EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
 }
 

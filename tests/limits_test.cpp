@@ -55,8 +55,9 @@ TEST_F(WindowLimitsTest, ACutFileSaysSoInTheStatusWhenShownExportedAndPrinted) {
     std::string name = writeTempFile("LongView.bas", longLineModule());
     oFile().Add({name, kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);
-    std::string told = name + ": reading stopped at line 4 (Record too big -- greater than 2048 characters); "
-                              "that line and the lines after it are left out";
+    std::string told = name +
+                       ": reading stopped at line 4 (Record too big -- greater than 2048 characters); "
+                       "that line and the lines after it are left out";
     EXPECT_EQ(mainWindow().lblStatus, told);
     EXPECT_EQ(cutsTold(), 1);
 
@@ -141,8 +142,7 @@ TEST_F(DeepNestingTest, APageDrawsAFewConnectorLinesARecordNotOnePerOpenLevel) {
         if (e.kind == PrintEvent::Text && (e.text == "If" || e.text == "End")) ++recordsOfPage[e.page];
     }
     ASSERT_GT(linesOfPage.size(), 100u);
-    for (const auto& [page, lines] : linesOfPage)
-        EXPECT_LE(lines, 2 * recordsOfPage[page] + 40) << "page " << page;
+    for (const auto& [page, lines] : linesOfPage) EXPECT_LE(lines, 2 * recordsOfPage[page] + 40) << "page " << page;
 }
 
 }  // namespace

@@ -46,24 +46,24 @@ TEST_P(OutputGuardTest, RefusesWhatWouldWriteOverAFileOfTheUsers) {
 const std::string kLog = " =====> Halyard 1.0\n/usr/bin/halyard\n<=====\n";
 
 INSTANTIATE_TEST_SUITE_P(
-    Targets, OutputGuardTest,
-    ::testing::Values(
-        GuardCase{OutputKind::Pdf, "new.pdf", std::nullopt, nullptr},
-        GuardCase{OutputKind::Pdf, "old.pdf", "%PDF-1.7\n", nullptr},
-        GuardCase{OutputKind::Pdf, "made-by-a-script.pdf", "", nullptr},
-        GuardCase{OutputKind::Pdf, "letter.pdf", "Dear reader", "no PDF file"},
-        GuardCase{OutputKind::Pdf, "input.txt", std::nullopt, "a file this run reads"},
-        GuardCase{OutputKind::Pdf, "New.BAS", std::nullopt, ".BAS of a Visual Basic"},
-        GuardCase{OutputKind::Html, "form.frm", std::nullopt, ".FRM of a Visual Basic"},
-        GuardCase{OutputKind::Html, "group.vbg", "", ".VBG of a Visual Basic"},
-        GuardCase{OutputKind::Html, "old.html", "\xEF\xBB\xBF\r\n<!DOCTYPE HTML>", nullptr},
-        GuardCase{OutputKind::Html, "ours.htm", "<html>\r\n<head>", nullptr},
-        GuardCase{OutputKind::Html, "readme.htm", "# Notes\n", "no HTML document"},
-        GuardCase{OutputKind::History, "hist.tmr", "[Tamarin Halyard for Visual Basic]\nA.bas=1\n", nullptr},
-        GuardCase{OutputKind::History, "sibling.tmr", "[Tamarin Glosser for Visual Basic]\nB.bas=1\n", nullptr},
-        GuardCase{OutputKind::History, "other.ini", "[Window]\nTop=1\n", "no print history"},
-        GuardCase{OutputKind::Log, "run.log", kLog, nullptr},
-        GuardCase{OutputKind::Log, "notes.log", "things to do\n", "no log file"}));
+        Targets, OutputGuardTest,
+        ::testing::Values(
+                GuardCase{OutputKind::Pdf, "new.pdf", std::nullopt, nullptr},
+                GuardCase{OutputKind::Pdf, "old.pdf", "%PDF-1.7\n", nullptr},
+                GuardCase{OutputKind::Pdf, "made-by-a-script.pdf", "", nullptr},
+                GuardCase{OutputKind::Pdf, "letter.pdf", "Dear reader", "no PDF file"},
+                GuardCase{OutputKind::Pdf, "input.txt", std::nullopt, "a file this run reads"},
+                GuardCase{OutputKind::Pdf, "New.BAS", std::nullopt, ".BAS of a Visual Basic"},
+                GuardCase{OutputKind::Html, "form.frm", std::nullopt, ".FRM of a Visual Basic"},
+                GuardCase{OutputKind::Html, "group.vbg", "", ".VBG of a Visual Basic"},
+                GuardCase{OutputKind::Html, "old.html", "\xEF\xBB\xBF\r\n<!DOCTYPE HTML>", nullptr},
+                GuardCase{OutputKind::Html, "ours.htm", "<html>\r\n<head>", nullptr},
+                GuardCase{OutputKind::Html, "readme.htm", "# Notes\n", "no HTML document"},
+                GuardCase{OutputKind::History, "hist.tmr", "[Tamarin Halyard for Visual Basic]\nA.bas=1\n", nullptr},
+                GuardCase{OutputKind::History, "sibling.tmr", "[Tamarin Glosser for Visual Basic]\nB.bas=1\n", nullptr},
+                GuardCase{OutputKind::History, "other.ini", "[Window]\nTop=1\n", "no print history"},
+                GuardCase{OutputKind::Log, "run.log", kLog, nullptr},
+                GuardCase{OutputKind::Log, "notes.log", "things to do\n", "no log file"}));
 
 TEST_F(OutputGuardTest, TheOutputsOfOneRunAreNeverOneFile) {
     std::string pdf = path("same.out");
@@ -72,7 +72,7 @@ TEST_F(OutputGuardTest, TheOutputsOfOneRunAreNeverOneFile) {
     std::string refusal = outputsRefusal(targets, {});
     EXPECT_NE(refusal.find("the HTML document " + html + " named by --html: it is also the PDF file named by --pdf"),
               std::string::npos)
-        << refusal;
+            << refusal;
     targets[1].path = path("other.out");
     EXPECT_EQ(outputsRefusal(targets, {}), "");
     // A folder is never written into as a file.

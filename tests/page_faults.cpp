@@ -27,7 +27,8 @@ std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
 std::string unescaped(std::string text) {
     for (auto [entity, c] : {std::pair{"&quot;", "\""}, {"&apos;", "'"}, {"&lt;", "<"}, {"&gt;", ">"}, {"&amp;", "&"}})
-        for (std::size_t at; (at = text.find(entity)) != std::string::npos;) text.replace(at, std::string(entity).size(), c);
+        for (std::size_t at; (at = text.find(entity)) != std::string::npos;)
+            text.replace(at, std::string(entity).size(), c);
     return text;
 }
 
@@ -42,7 +43,8 @@ std::vector<std::string> pageFaults(const PageText& page) {
     for (std::size_t i = 0; i < inked.size(); ++i) {
         const TextBox& a = *inked[i];
         for (std::size_t j = i + 1; j < inked.size(); ++j)
-            if (over(a, *inked[j])) faults.push_back(page.name + ": " + quoted(a.text) + " over " + quoted(inked[j]->text));
+            if (over(a, *inked[j]))
+                faults.push_back(page.name + ": " + quoted(a.text) + " over " + quoted(inked[j]->text));
         for (auto [top, bottom] : page.bands)
             if (!a.frame && over(a, {0, top, page.width, bottom, "", true}))
                 faults.push_back(page.name + ": " + quoted(a.text) + " in the heading's or footing's band");
@@ -74,7 +76,11 @@ std::vector<PageText> pdfWords(const std::string& pdf) {
     std::istringstream lines(run("pdftotext -bbox '" + pdf + "' - 2>/dev/null"));
     for (std::string line; std::getline(lines, line);) {
         if (line.find("<page width=") != std::string::npos) {
-            pages.push_back({"page " + std::to_string(pages.size() + 1), attribute(line, "width"), attribute(line, "height"), {}, {}});
+            pages.push_back({"page " + std::to_string(pages.size() + 1),
+                             attribute(line, "width"),
+                             attribute(line, "height"),
+                             {},
+                             {}});
             continue;
         }
         std::size_t open = line.find("<word "), close = line.rfind("</word>");
@@ -88,8 +94,9 @@ std::vector<PageText> pdfWords(const std::string& pdf) {
 
 std::string writeCrowdedProject(const std::string& dir) {
     namespace fs = std::filesystem;
-    const std::string nested = "Forms and modules of the order entry screens kept apart on purpose\\"
-                               "Shared code of the order entry screens and the reports they print";
+    const std::string nested =
+            "Forms and modules of the order entry screens kept apart on purpose\\"
+            "Shared code of the order entry screens and the reports they print";
     std::string slashed = nested;
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
     fs::path folder = fs::path(dir) / fs::path(slashed);
@@ -106,8 +113,8 @@ std::string writeCrowdedProject(const std::string& dir) {
         calculations += ") As Boolean\r\n    " + name + " = OrderQuantity1 > 0\r\nEnd Function\r\n\r\n";
     }
     std::ofstream(folder / "OrderCalculations.bas", std::ios::binary) << calculations;
-    std::ofstream(folder / "SmallHelpers.bas", std::ios::binary)
-        << "Attribute VB_Name = \"SmallHelpers\"\r\n" << procedures(150, 1);
+    std::ofstream(folder / "SmallHelpers.bas", std::ios::binary) << "Attribute VB_Name = \"SmallHelpers\"\r\n"
+                                                                 << procedures(150, 1);
     std::string project = (fs::path(dir) / "Crowded.vbp").string();
     std::ofstream(project, std::ios::binary) << "Type=Exe\r\nModule=OrderCalculationsForTheMonthlyReports; " << nested
                                              << "\\OrderCalculations.bas\r\nModule=SmallHelpers; " << nested

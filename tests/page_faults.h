@@ -14,8 +14,8 @@ struct TextBox {
 };
 
 struct PageText {
-    std::string name;             // how a fault names the page
-    double width = 0, height = 0;  // the printable area, from (0, 0)
+    std::string name;                              // how a fault names the page
+    double width = 0, height = 0;                  // the printable area, from (0, 0)
     std::vector<std::pair<double, double>> bands;  // from y to y where only the frame's text stands
     std::vector<TextBox> boxes;
 };

@@ -36,8 +36,12 @@ public:
     using RecordingPrinter::RecordingPrinter;
     float width() const override { return turned() ? RecordingPrinter::height() : RecordingPrinter::width(); }
     float height() const override { return turned() ? RecordingPrinter::width() : RecordingPrinter::height(); }
-    float scaleWidth() const override { return turned() ? RecordingPrinter::scaleHeight() : RecordingPrinter::scaleWidth(); }
-    float scaleHeight() const override { return turned() ? RecordingPrinter::scaleWidth() : RecordingPrinter::scaleHeight(); }
+    float scaleWidth() const override {
+        return turned() ? RecordingPrinter::scaleHeight() : RecordingPrinter::scaleWidth();
+    }
+    float scaleHeight() const override {
+        return turned() ? RecordingPrinter::scaleWidth() : RecordingPrinter::scaleHeight();
+    }
     PrinterCaps caps() const override {
         PrinterCaps c = RecordingPrinter::caps();
         if (turned()) std::swap(c.PhysicalWidth, c.PhysicalHeight);
@@ -64,12 +68,9 @@ struct LayoutCase {
 };
 
 const LayoutCase kCases[] = {
-    {"SamplePortrait", true, 1, 1, 0},
-    {"SampleLandscapeThreeColumns", true, 2, 3, 0},
-    {"CrowdedPortrait", false, 1, 1, 0},
-    {"CrowdedPortraitTwoColumnsFrom95", false, 1, 2, 95},
-    {"CrowdedLandscape", false, 2, 1, 0},
-    {"CrowdedLandscapeThreeColumnsFrom995", false, 2, 3, 995},
+        {"SamplePortrait", true, 1, 1, 0},    {"SampleLandscapeThreeColumns", true, 2, 3, 0},
+        {"CrowdedPortrait", false, 1, 1, 0},  {"CrowdedPortraitTwoColumnsFrom95", false, 1, 2, 95},
+        {"CrowdedLandscape", false, 2, 1, 0}, {"CrowdedLandscapeThreeColumnsFrom995", false, 2, 3, 995},
 };
 
 void PrintTo(const LayoutCase& c, std::ostream* out) { *out << c.name; }
@@ -100,9 +101,12 @@ protected:
         Printer* printer = currentPrinter();
         if (e.kind == PrintEvent::PageStart) {
             std::string kind = e.type == kPageProcContents ? "contents " : "";
-            pages.push_back({"doc " + std::to_string(e.doc) + " page " + std::to_string(e.page) + " (" + kind + "page " +
-                                 std::to_string(e.printed) + ")",
-                             printer->scaleWidth(), printer->scaleHeight(), {}, {}});
+            pages.push_back({"doc " + std::to_string(e.doc) + " page " + std::to_string(e.page) + " (" + kind +
+                                     "page " + std::to_string(e.printed) + ")",
+                             printer->scaleWidth(),
+                             printer->scaleHeight(),
+                             {},
+                             {}});
             mostContents = std::max(mostContents, e.type == kPageProcContents ? e.printed : 0);
             mostPrinted = std::max(mostPrinted, e.type == kPageCode ? e.printed : 0);
         }
@@ -165,7 +169,8 @@ TEST(PdfPageOverlapTest, TheCrowdedProjectPrintedToPdfKeepsItsTextApart) {
     fs::path work = fs::temp_directory_path() / ("hlyd-pdf-overlap-" + std::to_string(::getpid()));
     std::string project = test::writeCrowdedProject(work.string());
     constexpr double kEdge = 18;
-    const std::vector<std::string> footingWords = {"Listed", "by", "Halyard", "Visual", "Basic", "source,", "as", "it", "stands"};
+    const std::vector<std::string> footingWords = {"Listed",  "by", "Halyard", "Visual", "Basic",
+                                                   "source,", "as", "it",      "stands"};
     for (int orientation : {1, 2}) {
         std::ofstream(work / "HLYD.INI") << "[General]\r\nTableOfContents=Yes\r\nProcContents=Yes\r\nOrientation="
                                          << orientation << "\r\n";

@@ -33,7 +33,7 @@ protected:
 };
 
 const char* const kModule =
-    "Attribute VB_Name = \"Two\"\nSub First()\n    A = 1\nEnd Sub\nSub Second()\n    B = \"caf\xE9\"\nEnd Sub\n";
+        "Attribute VB_Name = \"Two\"\nSub First()\n    A = 1\nEnd Sub\nSub Second()\n    B = \"caf\xE9\"\nEnd Sub\n";
 
 TEST_F(PrintDumpTest, APrintRunIsToldCallByCallFromPrinterToEnd) {
     PrintDumpOptions options;

@@ -74,7 +74,8 @@ protected:
 
 TEST_F(PrintHistoryTest, EntriesWithoutAReadablePrintingTimeAreNewer) {
     expectNewer(true);  // never printed
-    for (const char* e : {"3/05/2023 9:07:04 AM", "3/05/2023 9:07:04 AM|", "3/05/2023 9:07:04 AM|02/30/2023 9:07:04 AM"}) {
+    for (const char* e :
+         {"3/05/2023 9:07:04 AM", "3/05/2023 9:07:04 AM|", "3/05/2023 9:07:04 AM|02/30/2023 9:07:04 AM"}) {
         writeEntry(e);
         expectNewer(true);
     }
@@ -125,7 +126,8 @@ TEST_F(PrintHistoryTest, HistoryIsReadAfreshForEveryQuery) {
     expectNewer(false);
     // Another copy of the program rewrites the file between two of our queries.
     std::ofstream(hlydSettings().SaveHYFile, std::ios::trunc)
-        << "[Tamarin Halyard for Visual Basic]\n" << source_ << "=3/05/2023 9:07:04 AM|03/05/2023 9:00:00 AM\n";
+            << "[Tamarin Halyard for Visual Basic]\n"
+            << source_ << "=3/05/2023 9:07:04 AM|03/05/2023 9:00:00 AM\n";
     expectNewer(true);
 }
 

@@ -78,10 +78,11 @@ TEST_F(PrintOptionsTest, ColumnsSpacingAndWidthAreCheckedInTwips) {
     m.v.txtSpacing = "0.0625";
     EXPECT_TRUE(sbPageLayoutValidateColSpecs(m, "SPACING"));
     EXPECT_EQ(m.columns.Gutter, 90);
-    EXPECT_EQ(m.columns.Width, 4995);  // (10080 - 90) / 2
+    EXPECT_EQ(m.columns.Width, 4995);                   // (10080 - 90) / 2
     for (const char* text : {"23", "-999999999999"}) {  // 23 inches are 33120 twips
         m.v.txtSpacing = text;
-        EXPECT_EQ(refusal([&] { return sbPageLayoutValidateColSpecs(m, "SPACING"); }), "Spacing contains an invalid value.");
+        EXPECT_EQ(refusal([&] { return sbPageLayoutValidateColSpecs(m, "SPACING"); }),
+                  "Spacing contains an invalid value.");
     }
 
     m.v.txtWidth = "0.49";

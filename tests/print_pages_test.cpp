@@ -32,12 +32,12 @@ namespace hlyd {
 namespace {
 
 // The usable area of the default margins on this printer, and what stands above the first line.
-constexpr float kLeft = 1080;         // margin 1440 less the offset
+constexpr float kLeft = 1080;  // margin 1440 less the offset
 constexpr float kCharWidth = 144;
 const std::string kWrapMark = "\xBB";  // "»" in Windows-1252
 constexpr float kLineHeight = 288;
-constexpr float kWhiteSpace = 123;    // six mean widths over seven
-constexpr float kFirstLine = 792;     // area top 360, the heading's line, and half a line
+constexpr float kWhiteSpace = 123;       // six mean widths over seven
+constexpr float kFirstLine = 792;        // area top 360, the heading's line, and half a line
 constexpr float kLastLineLimit = 14220;  // the bottom limit less the footing's line and half a line
 // With a bottom margin of 11000: 4372 less the footing's line and half a line. A line that begins
 // below this less its height runs into the footing.
@@ -117,7 +117,7 @@ TEST_F(PrintPagesTest, ThreeColumnsWithGuttersAndSeparatorLines) {
     EXPECT_EQ(text("X1_279").page, 2);
     EXPECT_EQ(text("X1_279").x1, kLeft);
     std::vector<PrintEvent> lines = of(PrintEvent::Line);
-    ASSERT_EQ(lines.size(), 2u);  // between the columns of page 1; page 2 has one column in use
+    ASSERT_EQ(lines.size(), 2u);                     // between the columns of page 1; page 2 has one column in use
     EXPECT_EQ(lines[0].x1, kLeft + 2880 + 720 / 2);  // in the middle of the gutter
     EXPECT_EQ(lines[1].x1, kLeft + 2880 + 720 + 2880 + 720 / 2);
     EXPECT_EQ(lines[0].y1, kFirstLine);
@@ -149,7 +149,9 @@ TEST_F(PrintPagesTest, AProcedureNeedsItsOrphanLinesBelowItsStart) {
     format().Orphan = 3;
     // P1 fills 44 lines (Sub, 42 body lines, End Sub); P2 would start on line 45 of 46, with two
     // lines under it: three are asked for, and it goes to the next page.
-    auto secondAfter = [](int firstBody) { return procedures(1, firstBody) + procedures(2, 1).substr(procedures(1, 1).size()); };
+    auto secondAfter = [](int firstBody) {
+        return procedures(1, firstBody) + procedures(2, 1).substr(procedures(1, 1).size());
+    };
     print(secondAfter(42));
     EXPECT_EQ(text("X2_1").page, 2);
     // With one orphan line asked for, a declaration still keeps two lines of its body with it.
@@ -204,15 +206,15 @@ TEST_P(WrappedRecordsTest, EndWithinTheColumnMarksAndAll) {
     // have their fonts fitted, and more lines.
     std::string filler;
     for (int n = 1; n <= (columns == 1 ? 36 : 52); ++n) filler += "Y = " + std::to_string(n) + "\n";
-    print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " + sum +
-          "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
+    print("Sub P()\n" + filler + "'" + words + "\nIf X Then\n    S = \"" + std::string(120, 'q') + "\" & T\n    " +
+          sum + "\n    Call F(A1, A2, _\n        A3)\n    '" + words + "\nEnd If\nEnd Sub\n");
     float columnWidth = (10080 - 720 * static_cast<float>(columns - 1)) / static_cast<float>(columns);
     int marks = 0, sourceMarks = 0, lastColumn = 0;
     for (const PrintEvent& e : of(PrintEvent::Text)) {
         int column = static_cast<int>((e.x1 - kLeft) / (columnWidth + 720));
         float right = kLeft + static_cast<float>(column) * (columnWidth + 720) + columnWidth;
         EXPECT_LE(e.x1 + static_cast<float>(e.size) * 12 * static_cast<float>(e.text.size()), right)
-            << e.text << " in column " << column + 1;
+                << e.text << " in column " << column + 1;
         if (e.text == kWrapMark) {
             ++marks, lastColumn = column;
             EXPECT_EQ(e.colour, 0x767676u);
@@ -268,12 +270,17 @@ TEST_P(NarrowColumnsTest, ADeepLineKeepsFortyCharactersAndItsConnectors) {
         if (stub.y1 != stub.y2) continue;
         EXPECT_LT(stub.x1, stub.x2);
         columns.insert(stub.x1);
-        EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [&](const PrintEvent& e) {
-            return std::abs(e.x1 - stub.x2) < 1 && e.y1 < stub.y1 && stub.y1 < e.y1 + kLineHeight;
-        })) << "the stub at " << stub.x1 << ", " << stub.y1 << " meets no text";
-        EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](const PrintEvent& l) {
-            return l.x1 == l.x2 && l.x1 == stub.x1 && l.y1 <= stub.y1 && l.y2 >= stub.y1;
-        })) << "no vertical at " << stub.x1;
+        EXPECT_TRUE(std::any_of(texts.begin(), texts.end(),
+                                [&](const PrintEvent& e) {
+                                    return std::abs(e.x1 - stub.x2) < 1 && e.y1 < stub.y1 &&
+                                           stub.y1 < e.y1 + kLineHeight;
+                                }))
+                << "the stub at " << stub.x1 << ", " << stub.y1 << " meets no text";
+        EXPECT_TRUE(std::any_of(lines.begin(), lines.end(),
+                                [&](const PrintEvent& l) {
+                                    return l.x1 == l.x2 && l.x1 == stub.x1 && l.y1 <= stub.y1 && l.y2 >= stub.y1;
+                                }))
+                << "no vertical at " << stub.x1;
     }
     EXPECT_EQ(columns.size(), 12u);
     for (const PrintEvent& l : lines) EXPECT_LT(std::max(l.x1, l.x2), deep.x1 + 1);
@@ -441,7 +448,7 @@ TEST_F(PrintPagesTest, HeadingsExpandTheirFieldsOnEveryPage) {
 // trailing blank before it loses a letter; and only a text too wide for the room between is cut.
 TEST_F(PrintPagesTest, ACentreTextIsCentredMovedOrCutOnlyAsFarAsItMust) {
     HlydSettings& s = hlydSettings();
-    s.HeadingLeft = "<" + std::string(27, 'L') + ">";   // 27 letters and a blank
+    s.HeadingLeft = "<" + std::string(27, 'L') + ">";  // 27 letters and a blank
     s.HeadingCenter = "@procname";
     s.HeadingRight = "<" + std::string(25, 'R') + ">";  // 25 letters and a blank: from 44 to the margin at 70
     format().ProcSkip = 'P';
@@ -456,11 +463,11 @@ TEST_F(PrintPagesTest, ACentreTextIsCentredMovedOrCutOnlyAsFarAsItMust) {
     };
     std::string right(25, 'R');
     const Line wanted[] = {
-        {"<Declarations>", 28, 44, right + " "},  // centred, and clear
-        {"Short", 32.5f, 44, right + " "},        // centred for its own width, not where page 1's was
-        {moved, 28, 44, right + " "},             // centred it would start at 27.5: moved to the left text's blank
-        {tight, 28, 45, right},                   // fits only without the right text's trailing blank
-        {std::string(12, 'C') + "...", 28, 44, right + " "},  // 15 characters of room
+            {"<Declarations>", 28, 44, right + " "},  // centred, and clear
+            {"Short", 32.5f, 44, right + " "},        // centred for its own width, not where page 1's was
+            {moved, 28, 44, right + " "},             // centred it would start at 27.5: moved to the left text's blank
+            {tight, 28, 45, right},                   // fits only without the right text's trailing blank
+            {std::string(12, 'C') + "...", 28, 44, right + " "},  // 15 characters of room
     };
     for (int page = 1; page <= 5; ++page) {
         std::vector<PrintEvent> line;
@@ -970,7 +977,7 @@ TEST_F(PrintPagesTest, ContinuousNumberingGoesOnFromFileToFileAndDuplexStartsOnT
     events.clear();
     runPrint({});
     pages = of(PrintEvent::PageStart);
-    ASSERT_EQ(pages.size(), 8u);  // the one page of the second module gets an empty back
+    ASSERT_EQ(pages.size(), 8u);     // the one page of the second module gets an empty back
     EXPECT_EQ(pages[6].printed, 7);  // odd, on a right-hand page
 
     // A document of five pages gets an empty sixth, so that the next starts on a sheet of its own.

@@ -40,7 +40,8 @@ struct JobLog {
 
 class FileRecorder : public RecordingPrinter {
 public:
-    FileRecorder(std::string name, Sink sink, JobLog& jobs) : RecordingPrinter(std::move(name), std::move(sink)), jobs_(jobs) {}
+    FileRecorder(std::string name, Sink sink, JobLog& jobs)
+        : RecordingPrinter(std::move(name), std::move(sink)), jobs_(jobs) {}
     bool beginJob(const std::string& outputPath) override {
         jobs_.paths.push_back(outputPath);
         return true;
@@ -90,7 +91,7 @@ protected:
     void usePrinter(const std::string& name) {
         hlydSettings().CurrentPrinter = name;
         recorders = std::make_unique<FileRecorderSystem>(
-            name, [this](const PrintEvent& e) { events.push_back(e); }, jobs);
+                name, [this](const PrintEvent& e) { events.push_back(e); }, jobs);
         setPrinterSystem(recorders.get());
         InitPrinter();
     }
@@ -163,11 +164,11 @@ TEST_F(PrintRequestTest, OkTellsWhyItRefusesAndTheDialogStaysOpen) {
         EXPECT_EQ(r.icon, MsgIcon::Warning);
     }
     EXPECT_EQ(told, (std::vector<std::string>{
-                        "You must select procedures to print before Halyard can print",
-                        "You must select files to print before Halyard can print",
-                        "There are no files that have been changed since last Halyard",
-                        "You must define a valid page number before Halyard can print",
-                        "You must define a valid page number before Halyard can print",
+                            "You must select procedures to print before Halyard can print",
+                            "You must select files to print before Halyard can print",
+                            "There are no files that have been changed since last Halyard",
+                            "You must define a valid page number before Halyard can print",
+                            "You must define a valid page number before Halyard can print",
                     }));
     EXPECT_TRUE(acceptsPageKey('7'));
     EXPECT_FALSE(acceptsPageKey('x'));
@@ -265,7 +266,7 @@ TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
     EXPECT_EQ(of(PrintEvent::EndDoc).size(), 1u);  // the first file's document
     EXPECT_EQ(events.back().kind, PrintEvent::KillDoc);
     EXPECT_EQ(jobs.kept, std::vector<bool>{false});  // Cancel drops the whole job
-    EXPECT_EQ(fileTable().wCurrentFile, 1);  // the file that was on screen comes back
+    EXPECT_EQ(fileTable().wCurrentFile, 1);          // the file that was on screen comes back
 }
 
 TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStopped) {
@@ -306,7 +307,7 @@ TEST_F(PrintRequestTest, AConfirmedStopKeepsThePagesPrintedBeforeIt) {
     mnuFilPrint_Click();
     EXPECT_EQ(jobs.kept, std::vector<bool>{true});
     EXPECT_TRUE(printed("X1_1"));
-    EXPECT_TRUE(printed("X1_88"));    // the first line of page 3, where the stop was asked
+    EXPECT_TRUE(printed("X1_88"));  // the first line of page 3, where the stop was asked
     EXPECT_EQ(test::eventsOf(events, PrintEvent::PageStart).size(), 3u);
     auto textsOnPage = [this](std::int32_t page) {
         std::vector<PrintEvent> texts = of(PrintEvent::Text);
@@ -410,7 +411,7 @@ TEST_F(PrintRequestTest, APrinterThatFailsTheJobIsGivenUpUntilSetUpAgain) {
     printWith([](PrintDialogModel&) {});
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_EQ(ui.shown[0].text.rfind("A problem has been detected in printing " + oFile().Item(1).FileName +
-                                         "\r\nHalyard's Printing functions are disabled.",
+                                             "\r\nHalyard's Printing functions are disabled.",
                                      0),
               0u);
     EXPECT_FALSE(printState().PrinterValid);

@@ -81,8 +81,8 @@ protected:
 };
 
 const std::string kNoFontDisabled =
-    "Halyard's Printing functions are disabled.\nIn order to print either select different fonts using Option/Fonts or "
-    "\nchoose a different printer with File/Print Setup or \ninstall the desired font(s).";
+        "Halyard's Printing functions are disabled.\nIn order to print either select different fonts using Option/Fonts or "
+        "\nchoose a different printer with File/Print Setup or \ninstall the desired font(s).";
 
 TEST(PrinterInfoTest, FiguresComeFromTheDeviceInTwipsInchesAndWholeCentimetres) {
     RecordingPrinter printer("Recorder", {});
@@ -235,18 +235,21 @@ TEST_F(PrinterSetupTest, FontSizesAreMendedAndAFontThePrinterLacksDisablesPrinti
     HlydPAValidateFont(keywords, keywords.FontName, true, success);
     EXPECT_FALSE(success);
     EXPECT_FALSE(state().PrinterValid);
-    EXPECT_EQ(shown(), (std::vector<std::string>{
-                           "The selected printer (Windows default printer) -- \nRecorder\n -- does not support font \nWingdings",
-                           kNoFontDisabled}));
+    EXPECT_EQ(
+            shown(),
+            (std::vector<std::string>{
+                    "The selected printer (Windows default printer) -- \nRecorder\n -- does not support font \nWingdings",
+                    kNoFontDisabled}));
 
     // Quietly, the start only says that printing is off; and the check agrees.
     ui.shown.clear();
     EXPECT_FALSE(HlydPACheckIfValid());
-    EXPECT_EQ(shown(), (std::vector<std::string>{
-                           kNoFontDisabled,
-                           "The Fonts currently selected are not valid for Recorder\nHalyard's Printing functions are "
-                           "disabled.\nIn order to print either select different fonts using Option/Fonts or \ninstall "
-                           "the desired font(s)."}));
+    EXPECT_EQ(shown(),
+              (std::vector<std::string>{
+                      kNoFontDisabled,
+                      "The Fonts currently selected are not valid for Recorder\nHalyard's Printing functions are "
+                      "disabled.\nIn order to print either select different fonts using Option/Fonts or \ninstall "
+                      "the desired font(s)."}));
     EXPECT_NE(readLog().find("PrinterValid=False"), std::string::npos);
 }
 
@@ -291,9 +294,9 @@ TEST_F(PrinterSetupTest, APrinterWithNoFontsDisablesPrinting) {
 
 TEST_F(PrinterSetupTest, NoPrinterAtAllDisablesPrintingWithOneMessage) {
     const std::string told =
-        "No default Printer specified.\nUse Windows Print Manager to set the default Printer.\nPrinting and related "
-        "functions disabled.\nIn order to Print you will have to \n1) use Windows Print Manager to select the "
-        "\ndefault Printer\n2) select File / Print Setup";
+            "No default Printer specified.\nUse Windows Print Manager to set the default Printer.\nPrinting and related "
+            "functions disabled.\nIn order to Print you will have to \n1) use Windows Print Manager to select the "
+            "\ndefault Printer\n2) select File / Print Setup";
     NoPrinterSystem none;
     for (PrinterSystem* system : {static_cast<PrinterSystem*>(&none), static_cast<PrinterSystem*>(nullptr)}) {
         resetPrintState();
@@ -346,9 +349,10 @@ TEST_F(PrinterSetupTest, ThePrinterDialogSetsTheJobAndARefusedOrientationFollows
     EXPECT_EQ(hlydSettings().Orientation, 1);
     EXPECT_EQ(hlydSettings().Copies, 4);
     EXPECT_EQ(currentPrinter()->jobProperty(JobProperty::Copies), 4);
-    EXPECT_EQ(shown(), std::vector<std::string>{
-                           "The follow error occurred during Printer-setup:\nPrinter driver does not support specified "
-                           "property"});
+    EXPECT_EQ(shown(),
+              std::vector<std::string>{
+                      "The follow error occurred during Printer-setup:\nPrinter driver does not support specified "
+                      "property"});
     // A new setup is a new chance.
     EXPECT_TRUE(state().PrinterPresent);
     EXPECT_TRUE(state().PrinterValid);

@@ -95,10 +95,10 @@ TEST_F(ProjectDialogTest, TreeOfAProjectWithAMissingMember) {
     list(vbp);
     ASSERT_EQ(shown, 1);
     EXPECT_EQ(seen.Caption, "Project File - " + vbp);
-    EXPECT_EQ(texts(seen), (std::vector<std::string>{"0 Sample.vbp", "1 Forms (1)", "2 frmMain (Main.frm)",
-                                                     "1 Modules (2)", "2 Utils.bas", "2 Gone.bas (not available)",
-                                                     "1 Classes (1)", "2 Shape.cls", "1 Objects (1)",
-                                                     "2 MSCOMCTL.OCX"}));
+    EXPECT_EQ(texts(seen),
+              (std::vector<std::string>{"0 Sample.vbp", "1 Forms (1)", "2 frmMain (Main.frm)", "1 Modules (2)",
+                                        "2 Utils.bas", "2 Gone.bas (not available)", "1 Classes (1)", "2 Shape.cls",
+                                        "1 Objects (1)", "2 MSCOMCTL.OCX"}));
     const cotlControl& o = seen.Outline;
     EXPECT_EQ(o.Node(1).Data, 1);
     EXPECT_EQ(o.Node(6).Data, 1005);  // project 1, line 5
@@ -138,9 +138,9 @@ TEST_F(ProjectDialogTest, GroupOfTwoProjectsKeepsTheirMembersApart) {
     write("Two/F.frm", "VERSION 5.00\nBegin VB.Form F\nEnd\n");
     write("Two/B.bas", "Attribute VB_Name = \"B\"\n");
     act = [this](ProjectFileModel& m) {
-        EXPECT_EQ(texts(m), (std::vector<std::string>{"0 Pair.vbg", "0 One.vbp", "1 Modules (1)", "2 A.bas",
-                                                      "0 Two.vbp", "1 Forms (1)", "2 F.frm", "1 Modules (1)",
-                                                      "2 B.bas"}));
+        EXPECT_EQ(texts(m),
+                  (std::vector<std::string>{"0 Pair.vbg", "0 One.vbp", "1 Modules (1)", "2 A.bas", "0 Two.vbp",
+                                            "1 Forms (1)", "2 F.frm", "1 Modules (1)", "2 B.bas"}));
         EXPECT_EQ(m.Outline.Node(4).Data, 2002);
         EXPECT_EQ(m.Outline.Node(9).Data, 3003);
         // The group's node holds the lines of the group file, as a project's holds its other lines.

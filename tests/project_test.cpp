@@ -33,7 +33,8 @@ public:
         for (int n = 1; n <= m.Outline.NodeCount(); ++n) {
             const OutlineNode& node = m.Outline.Node(n);
             if (!node.IsFile) continue;
-            const std::string& file = oProjectFiles().Item(projectOfData(node.Data)).line(lineOfData(node.Data)).WholeFile;
+            const std::string& file =
+                    oProjectFiles().Item(projectOfData(node.Data)).line(lineOfData(node.Data)).WholeFile;
             if (!uncheck.empty() && file.find(uncheck) != std::string::npos && node.Checked) m.Outline.OutlineClick(n);
             offered.emplace_back(file, node.Checked);
         }
@@ -49,8 +50,8 @@ public:
 
 // Lines 2 to 6 name a member of each kind, line 7 one that is missing.
 const char* const kSampleProject =
-    "Type=Exe\nForm=MainForm.frm\nModule=Utils; Utils.bas\nClass=Shape; Shape.cls\nUserControl=Dial.ctl\n"
-    "PropertyPage=Page1.pag\nModule=Gone; Gone.bas\nStartup=\"frmMain\"\nName=\"Sample\"\n";
+        "Type=Exe\nForm=MainForm.frm\nModule=Utils; Utils.bas\nClass=Shape; Shape.cls\nUserControl=Dial.ctl\n"
+        "PropertyPage=Page1.pag\nModule=Gone; Gone.bas\nStartup=\"frmMain\"\nName=\"Sample\"\n";
 
 class ProjectTest : public test::ProgramTest {
 protected:
@@ -94,7 +95,8 @@ TEST_F(ProjectTest, Vb6ProjectWithEveryKindOfMemberAndOneMissing) {
     ASSERT_EQ(oProjectFiles().Count(), 1);
     cProjectFile& p = oProjectFiles().Item(1);
     EXPECT_EQ(std::tie(p.Records, p.FormCount, p.ClassCount, p.ModuleCount), std::make_tuple(9, 3, 1, 1));
-    EXPECT_EQ(std::vector<std::int16_t>(p.Forms.begin() + 1, p.Forms.begin() + 4), (std::vector<std::int16_t>{2, 5, 6}));
+    EXPECT_EQ(std::vector<std::int16_t>(p.Forms.begin() + 1, p.Forms.begin() + 4),
+              (std::vector<std::int16_t>{2, 5, 6}));
     EXPECT_EQ(p.Classes[1], 4);
     EXPECT_EQ(p.Modules[1], 3);
     // The names of form-like members come from their Begin line, not from the file name.
@@ -130,8 +132,8 @@ TEST_F(ProjectTest, GroupOfTwoProjects) {
     write("One/A.bas", "Attribute VB_Name = \"A\"\n");
     write("Two/Two.vbp", "Type=Exe\nModule=B; B.bas\n");
     write("Two/B.bas", "Attribute VB_Name = \"B\"\n");
-    std::string vbg = write("Pair.vbg",
-                            "VBGROUP 5.0\nStartupProject=One\\One.vbp\nProject=two\\TWO.vbp\nno equals sign here\n");
+    std::string vbg =
+            write("Pair.vbg", "VBGROUP 5.0\nStartupProject=One\\One.vbp\nProject=two\\TWO.vbp\nno equals sign here\n");
     list(vbg);
 
     EXPECT_TRUE(chooser.shown.empty());
@@ -190,8 +192,9 @@ TEST_F(ProjectTest, WindowsNamedMembersResolveToTheRealFiles) {
     write("app/forms/Main.frm", "VERSION 5.00\nBegin VB.Form frmMain\nEnd\n");
     write("shared/Utils.bas", "Attribute VB_Name = \"Utils\"\n");
     write("app/Shape.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"Shape\"\n");
-    list(write("app/App.vbp",
-               "Type=Exe\nForm=Forms\\MAIN.FRM\nModule=Utils; ..\\Shared\\UTILS.BAS\nClass=Shape; C:\\Projects\\App\\Shape.cls\n"));
+    list(write(
+            "app/App.vbp",
+            "Type=Exe\nForm=Forms\\MAIN.FRM\nModule=Utils; ..\\Shared\\UTILS.BAS\nClass=Shape; C:\\Projects\\App\\Shape.cls\n"));
 
     EXPECT_TRUE(chooser.shown.empty()) << chooser.shown[0].text;
     cProjectFile& p = oProjectFiles().Item(1);
@@ -252,8 +255,9 @@ TEST_F(ProjectTest, AllMembersMissingStopsBeforeTheChoice) {
     EXPECT_EQ(theDebug().BabStatus, 19);
     EXPECT_EQ(chooser.asked, 0);
     ASSERT_EQ(chooser.shown.size(), 1u);
-    EXPECT_EQ(chooser.shown[0].text, "For the project file " + vbp +
-                                         "\n2 files were not found and\n0 files were found.\n\nNo further processing will occur.");
+    EXPECT_EQ(chooser.shown[0].text,
+              "For the project file " + vbp +
+                      "\n2 files were not found and\n0 files were found.\n\nNo further processing will occur.");
     EXPECT_EQ(oFile().Count(), 0);
 }
 
@@ -309,8 +313,8 @@ TEST_F(ProjectTest, ProjectPastThe16BitCountStopsWithOverflow) {
     list(vbp);
     ASSERT_EQ(chooser.shown.size(), 2u);
     EXPECT_EQ(chooser.shown[0].text, "The following error occurred reading record\non file " + vbp +
-                                         ".\nRemainder of file not processed.\n\nOverflow at line 32768\n"
-                                         "Last line read: Module=A; A.bas");
+                                             ".\nRemainder of file not processed.\n\nOverflow at line 32768\n"
+                                             "Last line read: Module=A; A.bas");
     EXPECT_EQ(chooser.shown[0].icon, MsgIcon::Critical);
     EXPECT_EQ(chooser.shown[1].text, "Error occurred reading " + vbp + ".");
     EXPECT_EQ(chooser.asked, 0);
@@ -369,29 +373,34 @@ class ProjectLineTest : public ::testing::TestWithParam<LineCase> {};
 TEST_P(ProjectLineTest, IsRead) { EXPECT_EQ(readLine(GetParam().text), GetParam().read); }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, ProjectLineTest,
-    ::testing::Values(
-        LineCase{"Form", "Form=Form1.frm", "24 type 1 sound name= file=Form1.frm values(1)|Form1.frm"},
-        LineCase{"Module", "Module=Module1; Module1.bas",
-                 "31 type 2 sound name=Module1 file=Module1.bas values(2)|Module1|Module1.bas"},
-        // the name must end in ";"
-        LineCase{"ModuleWithoutSemicolon", "Module=Module1 Module1.bas",
-                 "31 type 2 faulty name= file= values(2)|Module1|Module1.bas"},
-        LineCase{"QuotedForm", "Form=\"Form1.frm\"", "24 type 1 faulty name= file= values(0)"},
-        LineCase{"Object", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX",
-                 "34 type 9 sound name= file=2.0 values(3)|{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}|2.0|0; MSCOMCTL.OCX"},
-        LineCase{"Reference", "Reference=*\\G{0}#2.0#0#C:\\Windows\\stdole2.tlb#OLE Automation",
-                 "42 type 8 sound name=OLE Automation file=C:\\Windows\\stdole2.tlb "
-                 "values(5)|*\\G{0}|2.0|0|C:\\Windows\\stdole2.tlb|OLE Automation"},
-        LineCase{"ReferenceOfSixParts", "Reference=*\\G{0}#2.0#0#x.tlb#Name#extra",
-                 "42 type 8 faulty name=Name file=x.tlb values(5)|*\\G{0}|2.0|0|x.tlb|Name"},  // five values at most
-        LineCase{"SevenValues", "ProjWinSize=1,2,3,4,5,6,7", "40 type 10 faulty name= file= values(5)|1|2|3|4|5"},
-        LineCase{"LoneQuote", "Name=\"", "32 type 10 sound name= file= values(1)|\""},  // it begins and ends the value
-        LineCase{"AfterTheLastKeyword", "VersionZeta=1", "69 type 0 sound name= file= values(1)|1"},
-        LineCase{"BetweenTwoKeywords", "Formula=1", "0 type 0 faulty name= file= values(0)"},  // FORM < it < HELPCONTEXTID
-        LineCase{"NoKey", "=Form1.frm", "0 type 0 faulty name= file= values(0)"},
-        LineCase{"Section", "[MS Transaction Server]", "0 type 0 sound name= file= values(0)"}),
-    [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
+        Lines, ProjectLineTest,
+        ::testing::Values(
+                LineCase{"Form", "Form=Form1.frm", "24 type 1 sound name= file=Form1.frm values(1)|Form1.frm"},
+                LineCase{"Module", "Module=Module1; Module1.bas",
+                         "31 type 2 sound name=Module1 file=Module1.bas values(2)|Module1|Module1.bas"},
+                // the name must end in ";"
+                LineCase{"ModuleWithoutSemicolon", "Module=Module1 Module1.bas",
+                         "31 type 2 faulty name= file= values(2)|Module1|Module1.bas"},
+                LineCase{"QuotedForm", "Form=\"Form1.frm\"", "24 type 1 faulty name= file= values(0)"},
+                LineCase{
+                        "Object", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX",
+                        "34 type 9 sound name= file=2.0 values(3)|{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}|2.0|0; MSCOMCTL.OCX"},
+                LineCase{"Reference", "Reference=*\\G{0}#2.0#0#C:\\Windows\\stdole2.tlb#OLE Automation",
+                         "42 type 8 sound name=OLE Automation file=C:\\Windows\\stdole2.tlb "
+                         "values(5)|*\\G{0}|2.0|0|C:\\Windows\\stdole2.tlb|OLE Automation"},
+                LineCase{
+                        "ReferenceOfSixParts", "Reference=*\\G{0}#2.0#0#x.tlb#Name#extra",
+                        "42 type 8 faulty name=Name file=x.tlb values(5)|*\\G{0}|2.0|0|x.tlb|Name"},  // five values at most
+                LineCase{"SevenValues", "ProjWinSize=1,2,3,4,5,6,7",
+                         "40 type 10 faulty name= file= values(5)|1|2|3|4|5"},
+                LineCase{"LoneQuote", "Name=\"",
+                         "32 type 10 sound name= file= values(1)|\""},  // it begins and ends the value
+                LineCase{"AfterTheLastKeyword", "VersionZeta=1", "69 type 0 sound name= file= values(1)|1"},
+                LineCase{"BetweenTwoKeywords", "Formula=1",
+                         "0 type 0 faulty name= file= values(0)"},  // FORM < it < HELPCONTEXTID
+                LineCase{"NoKey", "=Form1.frm", "0 type 0 faulty name= file= values(0)"},
+                LineCase{"Section", "[MS Transaction Server]", "0 type 0 sound name= file= values(0)"}),
+        [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace hlyd

@@ -79,8 +79,7 @@ TEST_F(ReaderMarksTest, FilesAndDeclarationsAreNamedWhereTheyPrintAndEveryConten
         names.push_back(e.text);
         places[e.text] = e;
     }
-    std::vector<std::string> expected = {"file1", "file1.proc0", "file1.proc1", "file1.proc2",
-                                         "file2", "file2.proc0"};
+    std::vector<std::string> expected = {"file1", "file1.proc0", "file1.proc1", "file1.proc2", "file2", "file2.proc0"};
     ASSERT_EQ(names, expected);
     EXPECT_EQ(places["file1"].title, "first.bas");
     EXPECT_EQ(places["file1"].level, 0);

@@ -51,10 +51,10 @@ protected:
 };
 
 const char* const kFormDescriptionOnly =
-    "VERSION 5.00\n"
-    "Begin VB.Form Form1\n"
-    "   Caption = \"Form1\"\n"
-    "End\n";
+        "VERSION 5.00\n"
+        "Begin VB.Form Form1\n"
+        "   Caption = \"Form1\"\n"
+        "End\n";
 
 TEST_F(ScreenEmitterTest, SaysWhenThereIsNothingToShow) {
     load("Form1.frm", kFormDescriptionOnly);
@@ -107,10 +107,10 @@ TEST_F(ScreenEmitterTest, EndShowsTheLastLinesInAViewOfAnyHeight) {
 
 TEST_F(ScreenEmitterTest, HiddenFormDescriptionIsPassedOver) {
     load("Form1.frm", std::string(kFormDescriptionOnly) +
-                          "Attribute VB_Name = \"Form1\"\n"  // record 5, the first code record
-                          "Option Explicit\n"
-                          "Private Sub Foo()\n"
-                          "End Sub\n");
+                              "Attribute VB_Name = \"Form1\"\n"  // record 5, the first code record
+                              "Option Explicit\n"
+                              "Private Sub Foo()\n"
+                              "End Sub\n");
     hlydSettings().ViewFormDef[kDisplay] = false;
     EXPECT_EQ(show(1), 5);
     ASSERT_FALSE(surface.labels.empty());

@@ -132,8 +132,9 @@ TEST_F(SettingsStoreTest, OtherVersionIsBroughtUpToDate) {
 
 TEST_F(SettingsStoreTest, OutOfRangeNumbersAndSanityRules) {
     const std::string head = "[General]\nCurrentPrinter=P1\n";
-    loadFrom(head + "WindowState=3\nCopies=50\n[P1.Print]\nColumnWidth=48961\nColumnSpacing=3000\n"
-                    "Margins=99999 1440 720 720\n");
+    loadFrom(head +
+             "WindowState=3\nCopies=50\n[P1.Print]\nColumnWidth=48961\nColumnSpacing=3000\n"
+             "Margins=99999 1440 720 720\n");
     EXPECT_EQ(printerSection(), "P1.Print");
     EXPECT_EQ(hlydSettings().WindowState, 0);
     EXPECT_EQ(hlydSettings().Copies, 10);
@@ -142,8 +143,9 @@ TEST_F(SettingsStoreTest, OutOfRangeNumbersAndSanityRules) {
     EXPECT_EQ(pageSettings().Margins.Bottom, 720);
     EXPECT_EQ(pageSettings().Margins.Left, 1440);
 
-    loadFrom(head + "WindowState=2\nCopies=0\n[P1.Print]\nColumnWidth=48960\nColumnSpacing=2880\n"
-                    "Margins=1000 5761 2880 abc\n");
+    loadFrom(head +
+             "WindowState=2\nCopies=0\n[P1.Print]\nColumnWidth=48960\nColumnSpacing=2880\n"
+             "Margins=1000 5761 2880 abc\n");
     EXPECT_EQ(hlydSettings().WindowState, 2);
     EXPECT_EQ(hlydSettings().Copies, 1);
     EXPECT_EQ(pageSettings().Columns.Width, 48960);
@@ -191,39 +193,47 @@ FormatRecord& printFormat() { return displayAttributes().Format[kPrint]; }
 FontSpec& printFont(int e) { return displayAttributes().Elements[e].slot[kPrint].Font; }
 
 INSTANTIATE_TEST_SUITE_P(
-    Keys, SettingsRangeTest,
-    ::testing::Values(
-        OutOfRange{"CDLGFileIndex=40000", [] { return double(settings().CDLGFileIndex); }, 6},
-        OutOfRange{"LineNumberStart=2147483647", [] { return double(settings().LineNumberStart); }, 1000},
-        OutOfRange{"LineNumberIncrement=99999999999", [] { return double(settings().LineNumberIncrement); }, 100},
-        OutOfRange{"LineNumberIncrement=-5", [] { return double(settings().LineNumberIncrement); }, 1},
-        OutOfRange{"LineNumberHow=40000", [] { return double(settings().LineNumberHow); }, 3},
-        OutOfRange{"PageNumberHow=-40000", [] { return double(settings().PageNumberHow); }, 1},
-        OutOfRange{"PrintQuality=-99999999999", [] { return double(settings().PrintQuality); }, -4},
-        OutOfRange{"[Format]\nIndentAmount.Print=99999", [] { return double(printFormat().IndentAmount); }, 16},
-        OutOfRange{"[Format]\nIndentAmount.Print=-32769", [] { return double(printFormat().IndentAmount); }, 4},
-        OutOfRange{"[Format]\nTabWidth.Print=40000", [] { return double(printFormat().TabWidth); }, 32},
-        OutOfRange{"[Format]\nOrphan.Print=0", [] { return double(printFormat().Orphan); }, 1},
-        OutOfRange{"[P1.Print]\nColumns=99999", [] { return double(pageSettings().Columns.Columns); }, 16},
-        OutOfRange{"[P1.Print]\nColumnWidth=-99999999999", [] { return double(pageSettings().Columns.Width); }, 12240},
-        OutOfRange{"[P1.Print]\nColumnSpacing=-1", [] { return double(pageSettings().Columns.Gutter); }, 720},
-        OutOfRange{"[P1.Print]\nMargins=-1100000000 -1100000000 720 720",
-                   [] { return double(pageSettings().Margins.Bottom + pageSettings().Margins.Left); }, 720 + 1440},
-        OutOfRange{"[P1.Print]\nFontAttr.Comments=No No No No 0.01", [] { return printFont(kElemComments).Size; }, 1},
-        OutOfRange{"[P1.Print]\nFontAttr.Literals=No No No No 1000000000", [] { return printFont(kElemLiterals).Size; }, 1638},
-        OutOfRange{"[P1.Print]\nColor.Foreground.Comments=99999999999",
-                   [] { return double(displayAttributes().Elements[kElemComments].slot[kPrint].ForeColor); }, 0x008000}),
-    [](const ::testing::TestParamInfo<OutOfRange>& info) {
-        std::string name = keyOf(info.param);
-        std::replace_if(name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
-        return name + "_" + std::to_string(info.index);
-    });
+        Keys, SettingsRangeTest,
+        ::testing::Values(
+                OutOfRange{"CDLGFileIndex=40000", [] { return double(settings().CDLGFileIndex); }, 6},
+                OutOfRange{"LineNumberStart=2147483647", [] { return double(settings().LineNumberStart); }, 1000},
+                OutOfRange{"LineNumberIncrement=99999999999", [] { return double(settings().LineNumberIncrement); },
+                           100},
+                OutOfRange{"LineNumberIncrement=-5", [] { return double(settings().LineNumberIncrement); }, 1},
+                OutOfRange{"LineNumberHow=40000", [] { return double(settings().LineNumberHow); }, 3},
+                OutOfRange{"PageNumberHow=-40000", [] { return double(settings().PageNumberHow); }, 1},
+                OutOfRange{"PrintQuality=-99999999999", [] { return double(settings().PrintQuality); }, -4},
+                OutOfRange{"[Format]\nIndentAmount.Print=99999", [] { return double(printFormat().IndentAmount); }, 16},
+                OutOfRange{"[Format]\nIndentAmount.Print=-32769", [] { return double(printFormat().IndentAmount); }, 4},
+                OutOfRange{"[Format]\nTabWidth.Print=40000", [] { return double(printFormat().TabWidth); }, 32},
+                OutOfRange{"[Format]\nOrphan.Print=0", [] { return double(printFormat().Orphan); }, 1},
+                OutOfRange{"[P1.Print]\nColumns=99999", [] { return double(pageSettings().Columns.Columns); }, 16},
+                OutOfRange{"[P1.Print]\nColumnWidth=-99999999999", [] { return double(pageSettings().Columns.Width); },
+                           12240},
+                OutOfRange{"[P1.Print]\nColumnSpacing=-1", [] { return double(pageSettings().Columns.Gutter); }, 720},
+                OutOfRange{"[P1.Print]\nMargins=-1100000000 -1100000000 720 720",
+                           [] { return double(pageSettings().Margins.Bottom + pageSettings().Margins.Left); },
+                           720 + 1440},
+                OutOfRange{"[P1.Print]\nFontAttr.Comments=No No No No 0.01",
+                           [] { return printFont(kElemComments).Size; }, 1},
+                OutOfRange{"[P1.Print]\nFontAttr.Literals=No No No No 1000000000",
+                           [] { return printFont(kElemLiterals).Size; }, 1638},
+                OutOfRange{"[P1.Print]\nColor.Foreground.Comments=99999999999",
+                           [] { return double(displayAttributes().Elements[kElemComments].slot[kPrint].ForeColor); },
+                           0x008000}),
+        [](const ::testing::TestParamInfo<OutOfRange>& info) {
+            std::string name = keyOf(info.param);
+            std::replace_if(
+                    name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+            return name + "_" + std::to_string(info.index);
+        });
 
 TEST_F(SettingsStoreTest, ElementAttributesAreNormalised) {
-    loadFrom("[General]\nCurrentPrinter=P1\n"
-             "[Display]\nFontAttr.Comments=True Yes -1 no 9\nColor.Background.Comments=16777215\n"
-             "[P1.Print]\nColor.Background.Comments=16777215\nFontAttr.KeyWords=YES\n"
-             "[Format]\nProcSkip.Display=\nNewPage.Display=Yes\n");
+    loadFrom(
+            "[General]\nCurrentPrinter=P1\n"
+            "[Display]\nFontAttr.Comments=True Yes -1 no 9\nColor.Background.Comments=16777215\n"
+            "[P1.Print]\nColor.Background.Comments=16777215\nFontAttr.KeyWords=YES\n"
+            "[Format]\nProcSkip.Display=\nNewPage.Display=Yes\n");
     const FontSpec& f = element(kDisplay, kElemComments).Font;
     EXPECT_FALSE(f.Bold);  // True is not the word of the Yes/No form
     EXPECT_TRUE(f.Italic);
@@ -262,13 +272,14 @@ TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
     EXPECT_EQ(hlydSettings().Screen, (std::array<std::int32_t, 4>{30000, 300, 12000, 9000}));
     setScreenSizeTwips(1920 * 15, 1080 * 15);
 
-    loadFrom("[General]\nCurrentPrinter=P1\n"
-             "[Format]\nIndentAmount.Display=-3\nTabWidth.Print=-1\nTabWidth.Display=0\n"
-             "[Display]\nFontAttr.Comments=No Yes No No -9\n"
-             "Color.Foreground.Identifiers=255\nColor.Background.Identifiers=255\n"
-             "Color.Foreground.Literals=16777215\nColor.Background.Literals=16777215\n"
-             "[P1.Print]\nFontAttr.KeyWords=Yes No No No -1\n"
-             "Color.Foreground.Literals=0\nColor.Background.Literals=0\n");
+    loadFrom(
+            "[General]\nCurrentPrinter=P1\n"
+            "[Format]\nIndentAmount.Display=-3\nTabWidth.Print=-1\nTabWidth.Display=0\n"
+            "[Display]\nFontAttr.Comments=No Yes No No -9\n"
+            "Color.Foreground.Identifiers=255\nColor.Background.Identifiers=255\n"
+            "Color.Foreground.Literals=16777215\nColor.Background.Literals=16777215\n"
+            "[P1.Print]\nFontAttr.KeyWords=Yes No No No -1\n"
+            "Color.Foreground.Literals=0\nColor.Background.Literals=0\n");
     const std::array<FormatRecord, 3>& format = displayAttributes().Format;
     EXPECT_EQ(format[kDisplay].IndentAmount, 4);
     EXPECT_EQ(format[kPrint].TabWidth, 4);
@@ -323,28 +334,27 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
     };
     using Keys = std::set<std::string>;
     fs::create_directories(settingsDirectory());
-    EXPECT_EQ(keysAfter(sbPrintINISave),
-              (Keys{"General/OptionalHeading", "General/ProcContents", "General/TableOfContents",
-                    "General/PrintContinuous", "View/Code.Print", "View/FormDef.Print", "Format/SkipAttributes.Print"}));
-    EXPECT_EQ(keysAfter(savePrinterState),
-              (Keys{"General/Orientation", "General/CurrentPrinter", "General/Duplex", "General/PaperSize",
-                    "General/Copies", "General/PrintQuality"}));
-    EXPECT_EQ(keysAfter(saveWindowState),
-              (Keys{"General/WindowState", "General/Screen", "General/ToolBar", "General/ToolTips", "General/StatusBar", "General/FileList"}));
+    EXPECT_EQ(keysAfter(sbPrintINISave), (Keys{"General/OptionalHeading", "General/ProcContents",
+                                               "General/TableOfContents", "General/PrintContinuous", "View/Code.Print",
+                                               "View/FormDef.Print", "Format/SkipAttributes.Print"}));
+    EXPECT_EQ(keysAfter(savePrinterState), (Keys{"General/Orientation", "General/CurrentPrinter", "General/Duplex",
+                                                 "General/PaperSize", "General/Copies", "General/PrintQuality"}));
+    EXPECT_EQ(keysAfter(saveWindowState), (Keys{"General/WindowState", "General/Screen", "General/ToolBar",
+                                                "General/ToolTips", "General/StatusBar", "General/FileList"}));
     EXPECT_EQ(keysAfter([] { saveElementAttributes(kPrint, kElemKeyWords); }),
               (Keys{"PDF.Print/Color.Background.KeyWords", "PDF.Print/Color.Foreground.KeyWords",
                     "PDF.Print/FontName.KeyWords", "PDF.Print/FontAttr.KeyWords"}));
     Keys display = keysAfter(sbDisplayINISave);
-    for (const char* key : {"General/User Name", "General/ShowOpenDialog", "Format/ContinueGenerate.Display",
-                            "Format/TabWidth.Display", "View/Code.Display", "Dialect/Default", "Dialect/Detect",
-                            "Files/ProjectExtNew"})
+    for (const char* key :
+         {"General/User Name", "General/ShowOpenDialog", "Format/ContinueGenerate.Display", "Format/TabWidth.Display",
+          "View/Code.Display", "Dialect/Default", "Dialect/Detect", "Files/ProjectExtNew"})
         EXPECT_TRUE(display.count(key)) << key;
     for (const char* key : {"Format/ContinueHonor.Display", "Format/ProcSkip.Display", "Format/Orphan.Display",
                             "Dialect/Dialect", "View/Code.Print", "Format/SkipAttributes.Print"})
         EXPECT_FALSE(display.count(key)) << key;
     Keys options = keysAfter(sbPrintOptionsINISave);
-    for (const char* key : {"General/HeadingLeft", "General/FootingRight", "PDF.Print/Margins",
-                            "PDF.Print/ColumnWidth", "Format/Orphan.Print", "General/SaveHYFile"})
+    for (const char* key : {"General/HeadingLeft", "General/FootingRight", "PDF.Print/Margins", "PDF.Print/ColumnWidth",
+                            "Format/Orphan.Print", "General/SaveHYFile"})
         EXPECT_TRUE(options.count(key)) << key;
     for (const char* key : {"Format/Orphan.Display", "General/Copies", "General/OptionalHeading"})
         EXPECT_FALSE(options.count(key)) << key;
@@ -393,7 +403,7 @@ TEST_F(SettingsStoreTest, UserTextKeepsItsLineEndsAndOurKeysTheirOwnSections) {
     std::size_t crlf = 0;
     for (std::size_t at = ours.find("\r\n"); at != std::string::npos; at = ours.find("\r\n", at + 2)) ++crlf;
     EXPECT_EQ(crlf, static_cast<std::size_t>(std::count(ours.begin(), ours.end(), '\n')))
-        << "our lines end as the file's first line does";
+            << "our lines end as the file's first line does";
     clearProfileCache();
     EXPECT_EQ(iniHandler().ReadString("A", "", "Mine"), "1");
     EXPECT_EQ(iniHandler().ReadString("B", "", "Mine"), "2");
@@ -463,7 +473,7 @@ TEST_F(SettingsStoreTest, ASaveIntoWhatIsNoLongerAFileIsTold) {
     SaveMRU();
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find(iniPath().string() + " is not a regular file"), std::string::npos)
-        << ui.shown[0].text;
+            << ui.shown[0].text;
 }
 
 }  // namespace

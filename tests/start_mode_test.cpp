@@ -71,7 +71,8 @@ TEST_F(AppStartTest, MissingKeywordFileEndsTheRunAfterItsMessage) {
     EXPECT_NE(ui.shown[0].text.find("BASICLAN.KEYwas not found in the directory \n"), std::string::npos);
     // Every place looked in is named, the installed share folder among them.
     EXPECT_NE(ui.shown[0].text.find("Looked for:\n" + std::filesystem::temp_directory_path().string() +
-                                    "/no-keywords-here/BASICLAN.KEY\n"), std::string::npos);
+                                    "/no-keywords-here/BASICLAN.KEY\n"),
+              std::string::npos);
     EXPECT_NE(ui.shown[0].text.find("/share/halyard/BASICLAN.KEY"), std::string::npos);
 }
 
@@ -127,7 +128,8 @@ TEST_F(WindowedStartLogicTest, AKeyOnTheSplashEndsTheWaitAndTheCommandsWaitWithI
 // A file the desktop names (--open) is shown in the window in place of the Open dialog; a relative
 // name is taken from the current directory.
 TEST_F(WindowedStartLogicTest, AFileTheDesktopNamesOpensInTheWindowWithoutTheOpenDialog) {
-    std::ofstream(dir + "/Named.bas", std::ios::binary) << "Attribute VB_Name = \"Named\"\r\nSub Shown()\r\nEnd Sub\r\n";
+    std::ofstream(dir + "/Named.bas", std::ios::binary)
+            << "Attribute VB_Name = \"Named\"\r\nSub Shown()\r\nEnd Sub\r\n";
     std::filesystem::path here = std::filesystem::current_path();
     std::filesystem::current_path(dir);
     commandLineJob().options.openFiles = {"Named.bas"};

@@ -35,20 +35,19 @@ TEST_F(StatementTest, ModifiersLetALaterVerbTakeOver) {
 }
 
 TEST_F(StatementTest, DeclarationsTakeScopeFromTheirPlace) {
-    analyze(
-        "Public Foo As Long\n"
-        "Private Const A = 1\n"
-        "Public Const B = 2\n"
-        "Global G As Integer\n"
-        "Private Declare Sub Beep Lib \"k\" ()\n"
-        "Dim m As Long\n"
-        "Public Event Changed()\n"
-        "Sub Foo()\n"
-        "Dim i\n"
-        "Static s\n"
-        "ReDim a(3)\n"
-        "End Sub\n"
-        "Private p As Long\n");
+    analyze("Public Foo As Long\n"
+            "Private Const A = 1\n"
+            "Public Const B = 2\n"
+            "Global G As Integer\n"
+            "Private Declare Sub Beep Lib \"k\" ()\n"
+            "Dim m As Long\n"
+            "Public Event Changed()\n"
+            "Sub Foo()\n"
+            "Dim i\n"
+            "Static s\n"
+            "ReDim a(3)\n"
+            "End Sub\n"
+            "Private p As Long\n");
     const int expected[] = {105, 201, 101, 105, 202, 203, 108, 0, 303, 307, 306, 0, 204};
     for (std::int32_t r = 1; r <= 13; ++r) {
         SCOPED_TRACE(r);
@@ -129,21 +128,20 @@ TEST_F(StatementTest, FormAndClassHeadersAreMarked) {
 }
 
 TEST_F(StatementTest, TypeAndEnumMembers) {
-    analyze(
-        "Type Point\n"       // 1
-        "Name As String\n"   // 2: a member may be named like a keyword
-        "Y As Long\n"        // 3
-        "End Type\n"         // 4
-        "Type Empty\n"       // 5
-        "End Type\n"         // 6
-        "Enum Color\n"       // 7
-        "Red\n"              // 8
-        "Green = 2\n"        // 9
-        "Blue\n"             // 10
-        "End Enum\n"         // 11
-        "Enum Size\n"        // 12
-        "Big = 1\n"          // 13
-        "End Enum\n");       // 14
+    analyze("Type Point\n"      // 1
+            "Name As String\n"  // 2: a member may be named like a keyword
+            "Y As Long\n"       // 3
+            "End Type\n"        // 4
+            "Type Empty\n"      // 5
+            "End Type\n"        // 6
+            "Enum Color\n"      // 7
+            "Red\n"             // 8
+            "Green = 2\n"       // 9
+            "Blue\n"            // 10
+            "End Enum\n"        // 11
+            "Enum Size\n"       // 12
+            "Big = 1\n"         // 13
+            "End Enum\n");      // 14
     const int detail[] = {111, 109, 109, 110, 111, 0, 114, 112, 114, 112, 113, 114, 114, 0};
     for (std::int32_t r = 1; r <= 14; ++r) {
         SCOPED_TRACE(r);
@@ -181,20 +179,22 @@ TEST_P(JumpTargetTest, AreMarked) {
 }
 
 // In a single-line If only line numbers are targets.
-INSTANTIATE_TEST_SUITE_P(
-    Lines, JumpTargetTest,
-    ::testing::Values(JumpCase{"GoTo", "GoTo Done", {"Done"}}, JumpCase{"OnError", "On Error GoTo Handler", {"Handler"}},
-                      JumpCase{"OnErrorZero", "On Error GoTo 0", {"0"}},
-                      JumpCase{"OnErrorResumeNext", "On Error Resume Next", {}},
-                      JumpCase{"OnGoSub", "On x GoSub a, b, c", {"a", "b", "c"}},
-                      JumpCase{"ResumeNext", "Resume Next", {}}, JumpCase{"ResumeLabel", "Resume Retry", {"Retry"}},
-                      // nothing after the verb within the statement
-                      JumpCase{"ResumeBeforeColon", "Resume: x = 1", {}},
-                      JumpCase{"IfThenElseNumbers", "If a Then 100 Else 200", {"100", "200"}},
-                      JumpCase{"IfGoToNumber", "If a Then GoTo 100", {"100"}},
-                      JumpCase{"IfGoToLabel", "If a Then GoTo Fail", {}, {"Fail"}},
-                      JumpCase{"BlockIf", "If a Then\nEnd If", {}}, JumpCase{"IfAssignsNumber", "If a Then b = 100", {}}),
-    [](const ::testing::TestParamInfo<JumpCase>& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Lines, JumpTargetTest,
+                         ::testing::Values(JumpCase{"GoTo", "GoTo Done", {"Done"}},
+                                           JumpCase{"OnError", "On Error GoTo Handler", {"Handler"}},
+                                           JumpCase{"OnErrorZero", "On Error GoTo 0", {"0"}},
+                                           JumpCase{"OnErrorResumeNext", "On Error Resume Next", {}},
+                                           JumpCase{"OnGoSub", "On x GoSub a, b, c", {"a", "b", "c"}},
+                                           JumpCase{"ResumeNext", "Resume Next", {}},
+                                           JumpCase{"ResumeLabel", "Resume Retry", {"Retry"}},
+                                           // nothing after the verb within the statement
+                                           JumpCase{"ResumeBeforeColon", "Resume: x = 1", {}},
+                                           JumpCase{"IfThenElseNumbers", "If a Then 100 Else 200", {"100", "200"}},
+                                           JumpCase{"IfGoToNumber", "If a Then GoTo 100", {"100"}},
+                                           JumpCase{"IfGoToLabel", "If a Then GoTo Fail", {}, {"Fail"}},
+                                           JumpCase{"BlockIf", "If a Then\nEnd If", {}},
+                                           JumpCase{"IfAssignsNumber", "If a Then b = 100", {}}),
+                         [](const ::testing::TestParamInfo<JumpCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace hlyd

@@ -59,9 +59,9 @@ TEST_F(SystemQueriesTest, CountsGroupTheirDigitsAsTheLocaleDoes) {
         const char* reported;
         const char* shown;
     };
-    for (const Case& c : {Case{"", "1234567"}, Case{",", "1,234,567"}, Case{".", "1.234.567"},
-                          Case{"\xE2\x80\xAF", "1 234 567"}, Case{"\xC2\xA0", "1 234 567"},
-                          Case{"\xE2\x80\x99", "1'234'567"}}) {
+    for (const Case& c :
+         {Case{"", "1234567"}, Case{",", "1,234,567"}, Case{".", "1.234.567"}, Case{"\xE2\x80\xAF", "1 234 567"},
+          Case{"\xC2\xA0", "1 234 567"}, Case{"\xE2\x80\x99", "1'234'567"}}) {
         localeTexts().DigitGroup = plainDigitGroup(c.reported);
         EXPECT_EQ(groupedNumber(1234567), c.shown) << c.reported;
         EXPECT_EQ(groupedNumber(-999), "-999");
@@ -74,15 +74,14 @@ TEST_P(LocalePaperTest, LetterInTheUsAndCanadaAndUnderTheCLocale) {
     EXPECT_EQ(paperForLocale(GetParam().first), GetParam().second) << GetParam().first;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Locales, LocalePaperTest,
-    ::testing::Values(std::pair{"", kPaperLetter}, std::pair{"C", kPaperLetter}, std::pair{"C.UTF-8", kPaperLetter},
-                      std::pair{"POSIX", kPaperLetter}, std::pair{"en_US.UTF-8", kPaperLetter},
-                      std::pair{"en_CA", kPaperLetter}, std::pair{"fr_CA.UTF-8", kPaperLetter},
-                      std::pair{"es_US", kPaperLetter}, std::pair{"en-US", kPaperLetter},
-                      std::pair{"en_GB.UTF-8", kPaperA4}, std::pair{"de_DE@euro", kPaperA4},
-                      std::pair{"fr_FR", kPaperA4}, std::pair{"de-CH", kPaperA4},
-                      std::pair{"ja_JP.eucJP", kPaperA4}));
+INSTANTIATE_TEST_SUITE_P(Locales, LocalePaperTest,
+                         ::testing::Values(std::pair{"", kPaperLetter}, std::pair{"C", kPaperLetter},
+                                           std::pair{"C.UTF-8", kPaperLetter}, std::pair{"POSIX", kPaperLetter},
+                                           std::pair{"en_US.UTF-8", kPaperLetter}, std::pair{"en_CA", kPaperLetter},
+                                           std::pair{"fr_CA.UTF-8", kPaperLetter}, std::pair{"es_US", kPaperLetter},
+                                           std::pair{"en-US", kPaperLetter}, std::pair{"en_GB.UTF-8", kPaperA4},
+                                           std::pair{"de_DE@euro", kPaperA4}, std::pair{"fr_FR", kPaperA4},
+                                           std::pair{"de-CH", kPaperA4}, std::pair{"ja_JP.eucJP", kPaperA4}));
 
 TEST_F(SystemQueriesTest, FileExistsOnlyForReadableFiles) {
     fs::path file = fs::path(dir) / "present.txt";
@@ -94,9 +93,11 @@ TEST_F(SystemQueriesTest, FileExistsOnlyForReadableFiles) {
 }
 
 TEST_F(SystemQueriesTest, FileNameSplitAtLastSeparator) {
-    const std::vector<std::vector<std::string>> cases = {  // whole name, name, directory
-        {"A.BAS", "A.BAS", ""}, {"C:\\A.BAS", "A.BAS", "C:\\"},
-        {"/home/u/src/Main.frm", "Main.frm", "/home/u/src/"}, {"C:\\VB\\", "", "C:\\VB\\"}};
+    const std::vector<std::vector<std::string>> cases = {// whole name, name, directory
+                                                         {"A.BAS", "A.BAS", ""},
+                                                         {"C:\\A.BAS", "A.BAS", "C:\\"},
+                                                         {"/home/u/src/Main.frm", "Main.frm", "/home/u/src/"},
+                                                         {"C:\\VB\\", "", "C:\\VB\\"}};
     for (const auto& c : cases) {
         std::string name = "old", directory = "old";
         sbFileNameFromDir(c[0], name, directory);

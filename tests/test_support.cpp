@@ -56,8 +56,7 @@ std::string keywordFilePath() { return std::string(HLYD_SOURCE_DIR) + "/data/BAS
 
 std::string writeTempFile(const std::string& name, const std::string& content) {
     // One directory per process: CTest runs the tests of a suite in parallel processes.
-    std::filesystem::path dir =
-        std::filesystem::temp_directory_path() / ("hlyd-tests-" + std::to_string(::getpid()));
+    std::filesystem::path dir = std::filesystem::temp_directory_path() / ("hlyd-tests-" + std::to_string(::getpid()));
     std::filesystem::path path = dir / name;
     std::filesystem::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << content;
@@ -71,7 +70,7 @@ void ConfigDirTest::SetUp() {
     previousConfigDir_ = previous ? previous : "";
     dir = (std::filesystem::temp_directory_path() /
            ("hlyd-cfg-" + std::to_string(::getpid()) + "-" + std::to_string(++counter)))
-              .string();
+                  .string();
     std::filesystem::create_directories(dir);
     useConfigDir(dir);
     setUi(&ui);

@@ -60,7 +60,7 @@ public:
     std::function<bool(PrinterDialogRequest&)> answerPrinterDialog;  // none: the user cancels
     std::vector<std::string> errorReports;
     std::vector<std::string> opened;  // the URLs and files handed to the desktop
-    bool desktopOpens = true;          // false: nothing on the desktop takes them
+    bool desktopOpens = true;         // false: nothing on the desktop takes them
     std::string clipboard;
 
 private:
@@ -148,6 +148,7 @@ class UtcZone {
 public:
     UtcZone();
     ~UtcZone();
+
 private:
     std::optional<std::string> previous_;
 };

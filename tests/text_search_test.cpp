@@ -18,14 +18,15 @@ RecordTexts textsOf(const std::vector<std::string>& lines) {
 
 const RecordTexts& module() {
     static const RecordTexts texts = textsOf({
-        "Option Explicit",
-        "' Total of the order",
-        "Public Function OrderTotal(ByVal total As Long) As Long",
-        "    Dim subtotal As Long",
-        "    subtotal = Total + 1 ' total again",
-        "    OrderTotal = subtotal",
-        "End Function",
-        "' Stra\xDF" "e \xC4rger",
+            "Option Explicit",
+            "' Total of the order",
+            "Public Function OrderTotal(ByVal total As Long) As Long",
+            "    Dim subtotal As Long",
+            "    subtotal = Total + 1 ' total again",
+            "    OrderTotal = subtotal",
+            "End Function",
+            "' Stra\xDF"
+            "e \xC4rger",
     });
     return texts;
 }
@@ -55,23 +56,23 @@ TEST_P(FindFrom, FindsTheExpectedPlace) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Cases, FindFrom,
-    ::testing::Values(
-        SearchCase{"AnyCaseInAComment", "total", false, false, {1, 0}, true, true, {2, 2}, false},
-        SearchCase{"MatchCasePassesOtherCases", "total", true, false, {1, 0}, true, true, {3, 33}, false},
-        SearchCase{"WholeWordPassesPartsOfNames", "total", false, true, {3, 0}, true, true, {3, 33}, false},
-        SearchCase{"WholeWordAndCase", "Total", true, true, {3, 0}, true, true, {5, 15}, false},
-        SearchCase{"AHitAtTheStartIsFound", "Total", false, false, {5, 15}, true, true, {5, 15}, false},
-        SearchCase{"ForwardWrapsToTheTop", "Explicit", false, false, {2, 0}, true, true, {1, 7}, true},
-        SearchCase{"BackwardStaysOnItsLine", "total", false, false, {5, 15}, false, true, {5, 7}, false},
-        SearchCase{"BackwardFromTheNextLine", "subtotal", false, true, {6, 0}, false, true, {5, 4}, false},
-        SearchCase{"BackwardWrapsToTheEnd", "Option", false, false, {1, 0}, false, true, {1, 0}, true},
-        SearchCase{"WindowsLettersInAnyCase", "\xE4rger", false, false, {1, 0}, true, true, {8, 9}, false},
-        SearchCase{"WindowsLettersMatchCase", "\xE4rger", true, false, {1, 0}, true, false, {}, false},
-        SearchCase{"NoSuchText", "Nothing", false, false, {1, 0}, true, false, {}, false},
-        SearchCase{"NoTextAcrossLines", "Explicit'", false, false, {1, 0}, true, false, {}, false},
-        SearchCase{"FromPastTheEnd", "End", false, true, {99, 0}, true, true, {7, 0}, true}),
-    [](const ::testing::TestParamInfo<SearchCase>& info) { return std::string(info.param.name); });
+        Cases, FindFrom,
+        ::testing::Values(
+                SearchCase{"AnyCaseInAComment", "total", false, false, {1, 0}, true, true, {2, 2}, false},
+                SearchCase{"MatchCasePassesOtherCases", "total", true, false, {1, 0}, true, true, {3, 33}, false},
+                SearchCase{"WholeWordPassesPartsOfNames", "total", false, true, {3, 0}, true, true, {3, 33}, false},
+                SearchCase{"WholeWordAndCase", "Total", true, true, {3, 0}, true, true, {5, 15}, false},
+                SearchCase{"AHitAtTheStartIsFound", "Total", false, false, {5, 15}, true, true, {5, 15}, false},
+                SearchCase{"ForwardWrapsToTheTop", "Explicit", false, false, {2, 0}, true, true, {1, 7}, true},
+                SearchCase{"BackwardStaysOnItsLine", "total", false, false, {5, 15}, false, true, {5, 7}, false},
+                SearchCase{"BackwardFromTheNextLine", "subtotal", false, true, {6, 0}, false, true, {5, 4}, false},
+                SearchCase{"BackwardWrapsToTheEnd", "Option", false, false, {1, 0}, false, true, {1, 0}, true},
+                SearchCase{"WindowsLettersInAnyCase", "\xE4rger", false, false, {1, 0}, true, true, {8, 9}, false},
+                SearchCase{"WindowsLettersMatchCase", "\xE4rger", true, false, {1, 0}, true, false, {}, false},
+                SearchCase{"NoSuchText", "Nothing", false, false, {1, 0}, true, false, {}, false},
+                SearchCase{"NoTextAcrossLines", "Explicit'", false, false, {1, 0}, true, false, {}, false},
+                SearchCase{"FromPastTheEnd", "End", false, true, {99, 0}, true, true, {7, 0}, true}),
+        [](const ::testing::TestParamInfo<SearchCase>& info) { return std::string(info.param.name); });
 
 TEST(FindAll, ListsEachHitInOrderAndPassesRecordsNotSearched) {
     auto places = [](const std::vector<TextHit>& hits) {
@@ -86,7 +87,8 @@ TEST(FindAll, ListsEachHitInOrderAndPassesRecordsNotSearched) {
     EXPECT_EQ(places(findAll(textsOf({"aaaa"}), "aa", {})), "1:0 1:2 ");
     EXPECT_TRUE(findAll(module(), "", {}).empty());
     // A record passed over is passed after the wrap as well.
-    FindOutcome outcome = findFrom(module(), "Total", {true, true}, {3, 0}, true, [](std::int32_t r) { return r != 5; });
+    FindOutcome outcome =
+            findFrom(module(), "Total", {true, true}, {3, 0}, true, [](std::int32_t r) { return r != 5; });
     EXPECT_TRUE(outcome.wrapped);
     EXPECT_EQ(outcome.hit.record, 2);
 }
@@ -115,15 +117,15 @@ class LinesAsRead : public test::AnalysisTest {};
 // and every token's place in its line is known.
 TEST_F(LinesAsRead, TheAnalysisKeepsEveryLineAsItStands) {
     const std::vector<std::string> lines = {
-        "Sub Main()\t' tab before a comment  ",
-        "    x = 1 + _",
-        "        2",
-        "    s = \"open string",
-        "    Rem\tnote",
-        "    ' comment goes on _",
-        "  on the next line",
-        "   ",
-        "End Sub",
+            "Sub Main()\t' tab before a comment  ",
+            "    x = 1 + _",
+            "        2",
+            "    s = \"open string",
+            "    Rem\tnote",
+            "    ' comment goes on _",
+            "  on the next line",
+            "   ",
+            "End Sub",
     };
     std::string text;
     for (std::size_t i = 0; i < lines.size(); ++i) text += lines[i] + (i % 2 ? "\r\n" : "\n");

@@ -15,7 +15,7 @@ namespace hlyd {
 namespace {
 
 using Print = std::tuple<std::string, float, float>;  // text, x, y
-const std::string kMark = "\xBB";                      // a wrap's mark, in Windows-1252
+const std::string kMark = "\xBB";                     // a wrap's mark, in Windows-1252
 
 // With the default settings every element is the fake's 100 x 200 font, so that
 // WhiteSpaceSize = 600 / 7 = 85, IndentSize 85 (one level of 4 columns: 340), ContinueSize 200.
@@ -73,13 +73,12 @@ TEST_P(SplitBreakTest, PiecesEndAtABreakWithinReach) {
     EXPECT_EQ(pieces, GetParam().pieces);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    TokenLayout, SplitBreakTest,
-    ::testing::Values(BreakCase{"one two three four", 900, {"one two ", "three ", "four"}},
-                      BreakCase{"abcdefgh,ijkl", 1000, {"abcdefgh,", "ijkl"}},
-                      BreakCase{"abcdefg&hijk", 1000, {"abcdefg&", "hijk"}},
-                      BreakCase{"a+bcdefghij,klm", 1000, {"a+bcdefghi", "j,klm"}},  // out of reach
-                      BreakCase{"abcdefghij", 400, {"abcd", "efgh", "ij"}}));
+INSTANTIATE_TEST_SUITE_P(TokenLayout, SplitBreakTest,
+                         ::testing::Values(BreakCase{"one two three four", 900, {"one two ", "three ", "four"}},
+                                           BreakCase{"abcdefgh,ijkl", 1000, {"abcdefgh,", "ijkl"}},
+                                           BreakCase{"abcdefg&hijk", 1000, {"abcdefg&", "hijk"}},
+                                           BreakCase{"a+bcdefghij,klm", 1000, {"a+bcdefghi", "j,klm"}},  // out of reach
+                                           BreakCase{"abcdefghij", 400, {"abcd", "efgh", "ij"}}));
 
 // Counts what the split measures; "i" is half as wide as the other characters, so that the
 // width of a piece can't be told from its length.
@@ -177,11 +176,13 @@ TEST_F(TokenLayoutTest, MixedFontsStandOnOneBase) {
 
     EXPECT_EQ(lay(1, 12000, 1000), 0);
     // The gap in front of "&" is one blank of the literal's font on its left: 1000 + 150.
-    EXPECT_EQ(printed, (std::vector<Print>{{"y", 0, 1100}, {"=", 200, 1100}, {"\"ab\"", 400, 1000},
-                                           {"&", 1150, 1100}, {"z", 1350, 1100}}));
+    EXPECT_EQ(printed,
+              (std::vector<Print>{
+                      {"y", 0, 1100}, {"=", 200, 1100}, {"\"ab\"", 400, 1000}, {"&", 1150, 1100}, {"z", 1350, 1100}}));
     auto boxes = surface.callsOf("box");
     ASSERT_EQ(boxes.size(), 5u);
-    EXPECT_EQ(std::tie(boxes[2].x1, boxes[2].y1, boxes[2].x2, boxes[2].y2), std::make_tuple(400.f, 1000.f, 1000.f, 1300.f));
+    EXPECT_EQ(std::tie(boxes[2].x1, boxes[2].y1, boxes[2].x2, boxes[2].y2),
+              std::make_tuple(400.f, 1000.f, 1000.f, 1300.f));
     EXPECT_EQ(boxes[2].colour, element(kElemLiterals).BackColor);
     EXPECT_EQ(pos.Top, 1300);
 
@@ -201,16 +202,17 @@ TEST_F(TokenLayoutTest, WrapsWithAndWithoutTheWrapMark) {
 
     format().ContinueGenerate = 1;
     EXPECT_EQ(lay(1, 700), 1);
-    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {kMark, 0, 200},
-                                           {"+", 200, 200}, {"cc", 400, 200}}));
-    for (const auto& c : surface.callsOf("print"))
-        EXPECT_EQ(c.colour == 0x767676u, c.text == kMark) << c.text;
+    EXPECT_EQ(printed,
+              (std::vector<Print>{
+                      {"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {kMark, 0, 200}, {"+", 200, 200}, {"cc", 400, 200}}));
+    for (const auto& c : surface.callsOf("print")) EXPECT_EQ(c.colour == 0x767676u, c.text == kMark) << c.text;
     EXPECT_EQ(pos.Top, 400);
 
     // Unmarked: the wrapped line starts one WhiteSpaceSize in.
     format().ContinueGenerate = 0;
     EXPECT_EQ(lay(1, 700), 1);
-    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {"+", 85, 200}, {"cc", 285, 200}}));
+    EXPECT_EQ(printed,
+              (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {"+", 85, 200}, {"cc", 285, 200}}));
     EXPECT_EQ(pos.Top, 400);
 }
 
@@ -225,8 +227,13 @@ TEST_F(TokenLayoutTest, AMarkStandsInTheFontOfTheTextItComesBefore) {
     format().ContinueGenerate = 1;
     EXPECT_EQ(lay(1, 2000), 1);
     // The room for the pieces: 2000 - (300 + 92) + 1 = 1609, ten characters of 150.
-    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 100}, {"=", 200, 100}, {"1", 400, 100}, {kMark, 0, 300},
-                                           {"' one two ", 300, 300}, {kMark, 0, 600}, {"three four", 300, 600}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 100},
+                                           {"=", 200, 100},
+                                           {"1", 400, 100},
+                                           {kMark, 0, 300},
+                                           {"' one two ", 300, 300},
+                                           {kMark, 0, 600},
+                                           {"three four", 300, 600}}));
 }
 
 // The source's own " _" is its text: shown behind the line, with room kept for it, and never
@@ -244,8 +251,9 @@ TEST_F(TokenLayoutTest, SourceContinuationIsShownOnlyWhenHonoured) {
     // "+" would end at 800, into the 200 kept for " _" before 900: it wraps, marked.
     format().ContinueGenerate = 1;
     lay(1, 900);
-    EXPECT_EQ(printed, (std::vector<Print>{{"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {kMark, 0, 200},
-                                           {"+", 200, 200}, {" _", 300, 200}}));
+    EXPECT_EQ(printed,
+              (std::vector<Print>{
+                      {"a", 0, 0}, {"=", 200, 0}, {"bb", 400, 0}, {kMark, 0, 200}, {"+", 200, 200}, {" _", 300, 200}}));
     EXPECT_EQ(surface.callsOf("print").back().colour, element(kElemKeyWords).ForeColor);
 
     format().ContinueGenerate = 0;
@@ -266,15 +274,26 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
     // Alone on its line, it is split there without a mark or a line feed before the first piece.
     // The pieces behind marks stand at 200, so each is 500 - 200 = 300 wide: three characters.
     EXPECT_EQ(lay(1, 500), 3);
-    EXPECT_EQ(printed, (std::vector<Print>{{"abc", 85, 0}, {kMark, 0, 200}, {"def", 200, 200}, {kMark, 0, 400},
-                                           {"ghi", 200, 400}, {kMark, 0, 600}, {"jkl", 200, 600}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"abc", 85, 0},
+                                           {kMark, 0, 200},
+                                           {"def", 200, 200},
+                                           {kMark, 0, 400},
+                                           {"ghi", 200, 400},
+                                           {kMark, 0, 600},
+                                           {"jkl", 200, 600}}));
     EXPECT_EQ(pos.Top, 800);
 
     // Behind another token it goes on to the next line, marked; its pieces are 800 - 285 + 1 wide.
     // Moving the token down isn't counted, the split is.
     EXPECT_EQ(lay(2, 800), 2);
-    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0}, {"=", 200, 0}, {kMark, 0, 200}, {"abcde", 200, 200},
-                                           {kMark, 0, 400}, {"fghij", 200, 400}, {kMark, 0, 600}, {"kl", 200, 600}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"x", 0, 0},
+                                           {"=", 200, 0},
+                                           {kMark, 0, 200},
+                                           {"abcde", 200, 200},
+                                           {kMark, 0, 400},
+                                           {"fghij", 200, 400},
+                                           {kMark, 0, 600},
+                                           {"kl", 200, 600}}));
 
     // At level 3 the text would start at 1020, beyond the right edge of 1000: it starts at the
     // left edge, and its pieces are 1000 - 200 = 800 wide.
@@ -287,11 +306,20 @@ TEST_F(TokenLayoutTest, TokensTooWideForTheirLine) {
 // and the text after it moves on by what is shown. Each "^A" stands for the source's byte, which
 // the source keeps; a pair cut between two pieces is shown all the same.
 TEST_F(TokenLayoutTest, ControlCharactersAreShownInCaretNotation) {
-    load("s = \"a\x01" "b\x7f\" & t\nabc\x02" "defghijk\n");
+    load("s = \"a\x01"
+         "b\x7f\" & t\nabc\x02"
+         "defghijk\n");
     element(kElemLiterals).ForeColor = 0x0000C0;
     lay(1, 12000);
-    EXPECT_EQ(printed, (std::vector<Print>{{"s", 0, 0}, {"=", 200, 0}, {"\"a", 400, 0}, {"^A", 600, 0}, {"b", 800, 0},
-                                           {"^?", 900, 0}, {"\"", 1100, 0}, {"&", 1300, 0}, {"t", 1500, 0}}));
+    EXPECT_EQ(printed, (std::vector<Print>{{"s", 0, 0},
+                                           {"=", 200, 0},
+                                           {"\"a", 400, 0},
+                                           {"^A", 600, 0},
+                                           {"b", 800, 0},
+                                           {"^?", 900, 0},
+                                           {"\"", 1100, 0},
+                                           {"&", 1300, 0},
+                                           {"t", 1500, 0}}));
     for (int n = 2; n <= 6; ++n) EXPECT_EQ(surface.callsOf("print")[n].colour, 0x0000C0u) << n;
     auto standins = surface.callsOf("standin");
     ASSERT_EQ(standins.size(), 2u);
@@ -332,14 +360,13 @@ TEST_P(NarrowIndentTest, DeepLevelsAreDrawnCloserTogether) {
     EXPECT_EQ(lay(9, c.width), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    TokenLayout, NarrowIndentTest,
-    ::testing::Values(NarrowCase{12000, 340, 2720},     // room enough: the indentation stands
-                      NarrowCase{6000, 203.75f, 1630},  // 6000 - 4370 = 1630 shared by 8
-                      // Not even 40 characters: a dozen levels keep a third of a blank each (340
-                      // for the 12), shared by the 8.
-                      NarrowCase{3000, 42.5f, 340}),
-    [](const auto& info) { return "Width" + std::to_string(static_cast<int>(info.param.width)); });
+INSTANTIATE_TEST_SUITE_P(TokenLayout, NarrowIndentTest,
+                         ::testing::Values(NarrowCase{12000, 340, 2720},     // room enough: the indentation stands
+                                           NarrowCase{6000, 203.75f, 1630},  // 6000 - 4370 = 1630 shared by 8
+                                           // Not even 40 characters: a dozen levels keep a third of a blank each (340
+                                           // for the 12), shared by the 8.
+                                           NarrowCase{3000, 42.5f, 340}),
+                         [](const auto& info) { return "Width" + std::to_string(static_cast<int>(info.param.width)); });
 
 TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {
     load("If a Then\n' a long comment standing alone\nabcdefghijklmnopqrstuvwxyzabcde\nEnd If\n");
@@ -348,8 +375,9 @@ TEST_F(TokenLayoutTest, CommentOpeningARecordWrapsToItsOwnColumn) {
     // and end at a blank within reach; the first stays at 340, the following ones start one
     // WhiteSpaceSize in.
     EXPECT_EQ(lay(2, 1500), 3);
-    EXPECT_EQ(printed, (std::vector<Print>{{"' a long ", 340, 0}, {"comment ", 425, 200},
-                                           {"standing ", 425, 400}, {"alone", 425, 600}}));
+    EXPECT_EQ(printed,
+              (std::vector<Print>{
+                      {"' a long ", 340, 0}, {"comment ", 425, 200}, {"standing ", 425, 400}, {"alone", 425, 600}}));
     // Any other first token is pushed in at once, and split narrower: 1500 - 510 + 1 = 991.
     lay(3, 1500);
     EXPECT_EQ(printed[0], Print("abcdefghi", 425, 0));

@@ -22,7 +22,8 @@ protected:
 
     std::string rebuilt(std::int32_t r) const {
         std::string line;
-        for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i) (line += token(i).LeadingSpace) += token(i).Text;
+        for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i)
+            (line += token(i).LeadingSpace) += token(i).Text;
         return line;
     }
 };
@@ -69,39 +70,42 @@ TEST_P(TokenizerLineTest, CutsAndClassifies) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, TokenizerLineTest,
-    ::testing::Values(
-        // "#" stands alone unless it opens a date; a blank does not stop the search for the closing "#",
-        // and the type suffix of "a#" closes what the search takes for a date.
-        LineCase{"HashBeforeKeyword", "#If Debug Then", {"#", "If", "Debug", "Then"}, {{1, 4, 6}, {2, 0, 0}}},
-        LineCase{"DateWithBlank", "d = #1/1/98 12:00#", {"d", "=", "#1/1/98 12:00#"}, {{3, 3, 1}}},
-        LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, 3, 1}}},
-        // "!" is a type suffix only when glued to a name and not before a name or a bracket after a
-        // blank; the last token of a line is never a suffix.
-        LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, 1, 8}}},
-        LineCase{"BangBeforeName", "Set f = Forms!Main", {"Set", "f", "=", "Forms", "!", "Main"}, {{5, 4, 6}}},
-        LineCase{"BangAfterBlank", "Print x !(1)", {"Print", "x", "!", "(", "1", ")"}, {{3, 4, 6}}},
-        LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, 4, 6}}},
-        // ":" makes a label only after the leading name of a line.
-        LineCase{"Labels", "a: b: c", {"a", ":", "b", ":", "c"}, {{1, 5, 4}, {2, 6, 1}, {3, 1, 8}, {4, 6, 2}}},
-        LineCase{"KeywordBeforeColon", "Else: x = 1", {"Else", ":", "x", "=", "1"}, {{2, 6, 2}}},
-        LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, 0, 0}}},
-        LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, 4, 2}}},
-        LineCase{"DoubledQuote", "s = \"a\"\"b\" & c", {"s", "=", "\"a\"\"b\"", "&", "c"}, {{3, 3, 3}, {4, 4, 6}}},
-        // The end of the line closes the string, and the NUL that ended it stays inside.
-        LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, 3, 3}}},
-        // Numbers run over signs and points; a sign with a blank after it is an operator, and a
-        // number that starts a line is its line number.
-        LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, 3, 2}}},
-        LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, 3, 2}}},
-        LineCase{"HexAndOperator", "y = &HFF + b", {"y", "=", "&HFF", "+", "b"}, {{3, 3, 2}, {4, 4, 6}}},
-        LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, 5, 4}}},
-        // Comments take the rest of the line; whatever ended the word REM becomes one blank.
-        LineCase{"RemAfterColon", "x = 1: Rem note: more", {"x", "=", "1", ":", "Rem note: more"}, {{5, 5, 1}}},
-        LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, 5, 1}}},
-        LineCase{"Apostrophe", "x = 1 ' why \"not\"", {"x", "=", "1", "' why \"not\""}, {{4, 5, 1}}},
-        LineCase{"RemAlone", "REM", {"REM"}, {{1, 5, 1}}}),
-    [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
+        Lines, TokenizerLineTest,
+        ::testing::Values(
+                // "#" stands alone unless it opens a date; a blank does not stop the search for the closing "#",
+                // and the type suffix of "a#" closes what the search takes for a date.
+                LineCase{"HashBeforeKeyword", "#If Debug Then", {"#", "If", "Debug", "Then"}, {{1, 4, 6}, {2, 0, 0}}},
+                LineCase{"DateWithBlank", "d = #1/1/98 12:00#", {"d", "=", "#1/1/98 12:00#"}, {{3, 3, 1}}},
+                LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, 3, 1}}},
+                // "!" is a type suffix only when glued to a name and not before a name or a bracket after a
+                // blank; the last token of a line is never a suffix.
+                LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, 1, 8}}},
+                LineCase{"BangBeforeName", "Set f = Forms!Main", {"Set", "f", "=", "Forms", "!", "Main"}, {{5, 4, 6}}},
+                LineCase{"BangAfterBlank", "Print x !(1)", {"Print", "x", "!", "(", "1", ")"}, {{3, 4, 6}}},
+                LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, 4, 6}}},
+                // ":" makes a label only after the leading name of a line.
+                LineCase{"Labels", "a: b: c", {"a", ":", "b", ":", "c"}, {{1, 5, 4}, {2, 6, 1}, {3, 1, 8}, {4, 6, 2}}},
+                LineCase{"KeywordBeforeColon", "Else: x = 1", {"Else", ":", "x", "=", "1"}, {{2, 6, 2}}},
+                LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, 0, 0}}},
+                LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, 4, 2}}},
+                LineCase{"DoubledQuote",
+                         "s = \"a\"\"b\" & c",
+                         {"s", "=", "\"a\"\"b\"", "&", "c"},
+                         {{3, 3, 3}, {4, 4, 6}}},
+                // The end of the line closes the string, and the NUL that ended it stays inside.
+                LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, 3, 3}}},
+                // Numbers run over signs and points; a sign with a blank after it is an operator, and a
+                // number that starts a line is its line number.
+                LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, 3, 2}}},
+                LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, 3, 2}}},
+                LineCase{"HexAndOperator", "y = &HFF + b", {"y", "=", "&HFF", "+", "b"}, {{3, 3, 2}, {4, 4, 6}}},
+                LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, 5, 4}}},
+                // Comments take the rest of the line; whatever ended the word REM becomes one blank.
+                LineCase{"RemAfterColon", "x = 1: Rem note: more", {"x", "=", "1", ":", "Rem note: more"}, {{5, 5, 1}}},
+                LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, 5, 1}}},
+                LineCase{"Apostrophe", "x = 1 ' why \"not\"", {"x", "=", "1", "' why \"not\""}, {{4, 5, 1}}},
+                LineCase{"RemAlone", "REM", {"REM"}, {{1, 5, 1}}}),
+        [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
 
 // What stands before a keyword leaves it a keyword; a colon that starts a line is none.
 TEST_F(TokenizerTest, KeywordsAfterHashAndBeforeColon) {
@@ -164,11 +168,11 @@ TEST_F(TokenizerTest, ContinuedCommentTakesTheNextLineRaw) {
 
 TEST_F(TokenizerTest, LeadingSpaceAndTextGiveBackTheLine) {
     const std::vector<std::string> lines = {
-        "  If a<>b Then x = a+1 Else y = -2",
-        "\tCall Foo(1.5, \"a\"\"b\", #1/2/99#, c:=d)   ",
-        "  Debug.Print x!; Forms!Main.Caption  ' done",
-        "label1:  s$ = Mid$(t, 2) & \"\"",
-        "x = 1 ' why \"not\"",
+            "  If a<>b Then x = a+1 Else y = -2",
+            "\tCall Foo(1.5, \"a\"\"b\", #1/2/99#, c:=d)   ",
+            "  Debug.Print x!; Forms!Main.Caption  ' done",
+            "label1:  s$ = Mid$(t, 2) & \"\"",
+            "x = 1 ' why \"not\"",
     };
     std::string text;
     for (const std::string& line : lines) text += line + "\r\n";

@@ -17,7 +17,8 @@ TEST(VbArrayTest, ReuseAfterALargeTableLeavesEveryElementBlank) {
         SCOPED_TRACE(smallBound);
         VbArray<std::string> table;
         table.redim(4 * kChunk);
-        for (std::int32_t i = 0; i <= 3 * kChunk + 7; ++i) table[i] = "long enough to live on the heap " + std::to_string(i);
+        for (std::int32_t i = 0; i <= 3 * kChunk + 7; ++i)
+            table[i] = "long enough to live on the heap " + std::to_string(i);
         table.reuse(smallBound, 3 * kChunk + 7);
         EXPECT_EQ(table.UBound(), smallBound);
         table.redimPreserve(4 * kChunk);

@@ -15,16 +15,12 @@ namespace {
 
 // A block indented with a tab and odd blanks, which the view indents its own way, and a line far
 // wider than the view (120 characters), which it wraps.
-const std::string kLong = "    total = total + alpha * beta + gamma * delta + epsilon * zeta + eta * theta + iota * kappa "
-                          "+ lambda * mu + nu * xi + omicron * pi ' long";
+const std::string kLong =
+        "    total = total + alpha * beta + gamma * delta + epsilon * zeta + eta * theta + iota * kappa "
+        "+ lambda * mu + nu * xi + omicron * pi ' long";
 const std::vector<std::string> kLines = {
-    "Option Explicit",
-    "Sub Compute()",
-    "\tIf total > 0 Then",
-    "   total = 0   ' reset",
-    "\tEnd If",
-    kLong,
-    "End Sub",
+        "Option Explicit", "Sub Compute()", "\tIf total > 0 Then", "   total = 0   ' reset", "\tEnd If", kLong,
+        "End Sub",
 };
 
 class ViewFindTest : public test::ViewTest {
@@ -51,7 +47,8 @@ TEST_F(ViewFindTest, ACopyGivesTheLinesAsTheyStandInTheFile) {
 
     selectFrom({3, 1}, false);  // from "If" on the tab-indented line
     selectTo({6, 20});
-    EXPECT_EQ(selectedText("\r\n"), "If total > 0 Then\r\n   total = 0   ' reset\r\n\tEnd If\r\n" + kLong.substr(0, 20));
+    EXPECT_EQ(selectedText("\r\n"),
+              "If total > 0 Then\r\n   total = 0   ' reset\r\n\tEnd If\r\n" + kLong.substr(0, 20));
     selectTo({5, 0});  // to the start of a line: the line end before it is taken, nothing of the line
     EXPECT_EQ(selectedText("\n"), "If total > 0 Then\n   total = 0   ' reset\n");
     selectFrom({6, 0}, false);
@@ -79,13 +76,12 @@ TEST_F(ViewFindTest, ACopyGivesTheLinesAsTheyStandInTheFile) {
 TEST_F(ViewFindTest, ADoubleClickSelectsTheWordAtThePlace) {
     openLines(kLines);
     const std::vector<std::pair<TextPlace, std::string>> cases = {
-        {{4, 5}, "total"},      // inside
-        {{4, 3}, "total"},      // at its first byte
-        {{4, 8}, "total"},      // just after its last byte
-        {{4, 9}, "="},          // on a byte of no word: that byte
-        {{4, 10}, " "},
-        {{2, 3}, "Sub"},        // "Sub Compute()": on the blank after a word
-        {{7, 99}, "Sub"},       // past the line's end: the last word
+            {{4, 5}, "total"},                   // inside
+            {{4, 3}, "total"},                   // at its first byte
+            {{4, 8}, "total"},                   // just after its last byte
+            {{4, 9}, "="},                       // on a byte of no word: that byte
+            {{4, 10}, " "},    {{2, 3}, "Sub"},  // "Sub Compute()": on the blank after a word
+            {{7, 99}, "Sub"},                    // past the line's end: the last word
     };
     for (const auto& [place, word] : cases) {
         selectWordAt(place);
@@ -120,8 +116,8 @@ TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
     auto at = [&](float x) { return placeAt(viewMap(), x, middle).value_or(TextPlace{}); };
     EXPECT_EQ(at(stretchEdges(first)[2] + 10).column, 5);  // nearer the left edge of the third byte
     EXPECT_EQ(at(stretchEdges(first)[2] + 60).column, 6);
-    EXPECT_EQ(at(0).column, 0);              // left of the text: the line's start, blanks and all
-    EXPECT_EQ(at(11999).column, 22);         // right of it: the line's end
+    EXPECT_EQ(at(0).column, 0);       // left of the text: the line's start, blanks and all
+    EXPECT_EQ(at(11999).column, 22);  // right of it: the line's end
     EXPECT_EQ(at(11999).record, 4);
     EXPECT_EQ(placeAt(viewMap(), 10, 7999)->record, 7);  // below the last line: the last line
 
@@ -147,7 +143,10 @@ TEST_F(ViewFindTest, ThePointerMapsToTheLineAndASelectionToBoxes) {
 // A control character shows as two (caret notation) but is one byte of the line: places and the
 // copy count bytes.
 TEST_F(ViewFindTest, AControlCharacterIsOneByteOfTheLine) {
-    openLines({"Sub A()", "    s = \"a\x01" "b\" & t", "End Sub"});
+    openLines({"Sub A()",
+               "    s = \"a\x01"
+               "b\" & t",
+               "End Sub"});
     const DrawnStretch* literal = nullptr;
     for (const DrawnStretch* s : stretchesOf(2))
         if (s->column == 8) literal = s;
@@ -161,7 +160,9 @@ TEST_F(ViewFindTest, AControlCharacterIsOneByteOfTheLine) {
     EXPECT_EQ(placeAt(viewMap(), literal->right + 120, middle)->column, 14);  // past the blank, before "&"
     selectFrom({2, 8}, false);
     selectTo(*placeAt(viewMap(), literal->right, middle));
-    EXPECT_EQ(selectedText("\n"), "\"a\x01" "b\"");
+    EXPECT_EQ(selectedText("\n"),
+              "\"a\x01"
+              "b\"");
 }
 
 // A tab inside a literal shows as the blanks to its stop (the literal starts in column 4, its tab
@@ -188,7 +189,8 @@ TEST_F(ViewFindTest, AHitBelowTheViewIsScrolledIntoItWithTheProcedureList) {
     std::vector<std::string> lines;
     for (int p = 1; p <= 3; ++p) {
         lines.push_back("Sub P" + std::to_string(p) + "()");
-        for (int n = 1; n <= 40; ++n) lines.push_back("    v" + std::to_string(p * 100 + n) + " = " + std::to_string(n));
+        for (int n = 1; n <= 40; ++n)
+            lines.push_back("    v" + std::to_string(p * 100 + n) + " = " + std::to_string(n));
         lines.push_back("End Sub");
     }
     openLines(lines);

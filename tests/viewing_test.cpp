@@ -140,9 +140,9 @@ TEST_F(ViewingTest, ProcedureListAndNextAndPriorProcedure) {
     // File order Zeta, Alpha, Beta; the list is sorted: <Declarations>, Alpha, Beta, Zeta.
     open("Procs.bas",
          "Option Explicit\n"
-         "Sub Zeta()\nx = 1\nEnd Sub\n"     // records 2 to 4
-         "Sub Alpha()\ny = 2\nEnd Sub\n"    // 5 to 7
-         "Sub Beta()\nz = 3\nEnd Sub\n");   // 8 to 10
+         "Sub Zeta()\nx = 1\nEnd Sub\n"    // records 2 to 4
+         "Sub Alpha()\ny = 2\nEnd Sub\n"   // 5 to 7
+         "Sub Beta()\nz = 3\nEnd Sub\n");  // 8 to 10
     SortedListModel& list = mainWindow().cboProc;
     ASSERT_EQ(list.items(), (std::vector<std::string>{"<Declarations>", "Alpha", "Beta", "Zeta"}));
 

@@ -52,7 +52,6 @@ protected:
         std::ofstream(path, std::ios::binary) << "Attribute VB_Name = \"M\"\nSub Go()\nEnd Sub\nSub Stop()\nEnd Sub\n";
         return path.string();
     }
-
 };
 
 using Names = std::vector<std::string>;
@@ -122,7 +121,8 @@ TEST_F(WindowCommandsTest, ProcedureButtonsFollowThePositionInTheList) {
     // the list stands on its entry or on none.
     showSource("decl.bas", "Attribute VB_Name = \"D\"\nOption Explicit\nDim x As Long\n");
     ASSERT_EQ(mainWindow().cboProc.ListCount(), 1);
-    for (int index : {-1, 0}) EXPECT_EQ(procSteps(index), (std::vector<bool>{true, false, false, false, false})) << index;
+    for (int index : {-1, 0})
+        EXPECT_EQ(procSteps(index), (std::vector<bool>{true, false, false, false, false})) << index;
 }
 
 TEST_F(WindowCommandsTest, FileButtonsFollowTheCurrentFile) {
@@ -229,8 +229,9 @@ TEST_F(WindowCommandsTest, ClosingAMemberAsksBeforeTheProjectCloses) {
     ui.answers = {MsgAnswer::Cancel};
     mnuFilClose_Click();
     ASSERT_EQ(ui.shown.size(), 1u);
-    EXPECT_EQ(ui.shown[0].text, "a.bas is part of the project p.vbp, which closes as a whole.\n\n"
-                                "Close the project and all its files?");
+    EXPECT_EQ(ui.shown[0].text,
+              "a.bas is part of the project p.vbp, which closes as a whole.\n\n"
+              "Close the project and all its files?");
     EXPECT_EQ(ui.shown[0].buttons, MsgButtons::OKCancel);
     EXPECT_EQ(oFile().Count(), 3);
     EXPECT_EQ(mainWindow().Caption, theAppInfo().Title + " - a.bas");
@@ -287,8 +288,8 @@ TEST_F(WindowCommandsTest, ProjectWithNoReadableMemberLeavesNothingEnabled) {
 
 // Once a command is over the status label is at rest again, unless it holds a result to read.
 TEST_F(WindowCommandsTest, StatusComesBackToReadyAfterACommand) {
-    for (const char* progress : {"Processing...", "Line:", "Line:120", " Lines parsed: 1,230 ",
-                                 "Generating HTML for file a.bas ...", ""}) {
+    for (const char* progress :
+         {"Processing...", "Line:", "Line:120", " Lines parsed: 1,230 ", "Generating HTML for file a.bas ...", ""}) {
         mainWindow().lblStatus = progress;
         settleStatusAfterCommand();
         EXPECT_EQ(mainWindow().lblStatus, "Ready") << progress;

@@ -22,7 +22,7 @@ constexpr std::int32_t kWorkTokensUBound = 2000;
 
 struct BasiclanModule {
     // Keyword tables.
-    std::vector<KeyWord> KeyWords;         // index 0 is the sentinel
+    std::vector<KeyWord> KeyWords;  // index 0 is the sentinel
     std::int32_t KeyWordTotal = 0;
     std::vector<KeyWord> DialectKeyWords;  // index 0 is the sentinel
     std::int32_t DialectKeyWordCount = 0;

@@ -19,10 +19,10 @@ namespace {
 constexpr std::size_t kBinaryLineLength = 2049;
 
 bool startsSource(const std::string& w) {
-    static const char* const kWords[] = {"BEGIN", "CONST", "DECLARE", "DEFBOOL", "DEFBYTE", "DEFCUR",
-                                         "DEFDATE", "DEFOBJ", "DEFDBL", "DEFINT", "DEFLNG", "DEFSNG",
-                                         "DEFSTR", "DEFVAR", "DIM", "FUNCTION", "GLOBAL", "OPTION",
-                                         "PRIVATE", "REDIM", "REM", "STATIC", "SUB", "TYPE"};
+    static const char* const kWords[] = {"BEGIN",   "CONST",  "DECLARE", "DEFBOOL",  "DEFBYTE", "DEFCUR",
+                                         "DEFDATE", "DEFOBJ", "DEFDBL",  "DEFINT",   "DEFLNG",  "DEFSNG",
+                                         "DEFSTR",  "DEFVAR", "DIM",     "FUNCTION", "GLOBAL",  "OPTION",
+                                         "PRIVATE", "REDIM",  "REM",     "STATIC",   "SUB",     "TYPE"};
     for (const char* word : kWords)
         if (w == word) return true;
     return false;
@@ -110,8 +110,8 @@ bool openFile(const std::string& fileName, os::InputFile& in) {
         int number = runtimeErrorFromErrno(reason);
         std::string description = describeSystemError(reason);
         if (number == 68 || number == 71 || number == 55) {
-            MsgAnswer answer = showMessage(fileName + "\n\n" + description, "BabValidateFile",
-                                           MsgButtons::RetryCancel, MsgIcon::Warning, 2);
+            MsgAnswer answer = showMessage(fileName + "\n\n" + description, "BabValidateFile", MsgButtons::RetryCancel,
+                                           MsgIcon::Warning, 2);
             if (answer == MsgAnswer::Retry) continue;
             theDebug().setStatus(kStatusDeviceGivenUp, 0);
             return false;

@@ -23,9 +23,12 @@ struct FlagRule {
     const char* allowed;
 };
 constexpr FlagRule kFlagRules[6] = {
-    {"Class-code", "-CEMDBOPVX"},     {"Indent-flag", "-NY"},
-    {"Outdent-flag", "-NY"},          {"ClassOverride-flag", "-NY"},
-    {"KeepLeadingComments-flag", "-NY"}, {"ScanForVerb-flag", "-NY"},
+        {"Class-code", "-CEMDBOPVX"},
+        {"Indent-flag", "-NY"},
+        {"Outdent-flag", "-NY"},
+        {"ClassOverride-flag", "-NY"},
+        {"KeepLeadingComments-flag", "-NY"},
+        {"ScanForVerb-flag", "-NY"},
 };
 
 KeyWord sentinelKeyWord() {
@@ -61,8 +64,8 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
 [[noreturn]] void missingKeywordFile(const std::string& path) {
     std::string directory = std::filesystem::path(path).parent_path().string();
     const std::string& title = theAppInfo().Title;
-    std::string text = std::string("The file ") + kKeywordFileName + "was not found in the directory \n" +
-                       directory + "\n\n" + kKeywordFileName + " is required for " + title +
+    std::string text = std::string("The file ") + kKeywordFileName + "was not found in the directory \n" + directory +
+                       "\n\n" + kKeywordFileName + " is required for " + title +
                        " to operate.\n\nPlease install this file in the directory " + directory;
     // The program's own data is looked for in more than one place: name them all, so that an installed copy
     // with its data folder missing says where it should be.
@@ -79,8 +82,7 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
 [[noreturn]] void keywordFileUnreadable(const std::string& path, int err) {
     BasiclanModule& m = basiclan();
     m.KeyWords.assign(1, sentinelKeyWord());
-    std::string text = "The following error occurred processing " + path + ".\n\n" +
-                       describeSystemError(err);
+    std::string text = "The following error occurred processing " + path + ".\n\n" + describeSystemError(err);
     showMessage(text, "BabInit -- I/O Error", MsgButtons::OK, MsgIcon::Warning);
     theDebug().setStatus(kStatusKeywordFileUnreadable, 0);
     raiseInternal("BabInit");
@@ -91,8 +93,8 @@ std::string parseEntry(const std::string& word, const std::string& dialect, cons
     BasiclanModule& m = basiclan();
     m.KeyWords.assign(1, sentinelKeyWord());
     m.KeyWordTotal = 0;
-    std::string text = "BabInit\n" + path + "\n\nInvalid " + fault + "\n\nRecord=" +
-                       std::to_string(entry) + " KeyWord=|" + word + "|";
+    std::string text = "BabInit\n" + path + "\n\nInvalid " + fault + "\n\nRecord=" + std::to_string(entry) +
+                       " KeyWord=|" + word + "|";
     showMessage(text, "BabInit", MsgButtons::OK, MsgIcon::Critical);
     theDebug().setStatus(kStatusReadingStopped, entry);
     raiseInternal("BabInit");
@@ -136,8 +138,7 @@ void BabInitFrom(const std::string& path) {
     m.KeyWordTotal = 0;
     m.CurrentDialect.clear();
 
-    if (!os::fileInfo(path).regular())
-        missingKeywordFile(path);
+    if (!os::fileInfo(path).regular()) missingKeywordFile(path);
     readKeywordFile(path);
     BuildKeyWordsForDialect("6");
 }

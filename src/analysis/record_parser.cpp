@@ -182,7 +182,8 @@ void LogicalLineParser::setIndents(bool hashLine) {
 void LogicalLineParser::outdent() {
     --m_.IndentLevel;
     if (m_.IndentLevel < 1) m_.InFormHeader = m_.InClassHeader = false;
-    if (lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].Text, "NEXT")) OutdentMultipleNext(m_.IndentLevel, lead_, t_);
+    if (lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].Text, "NEXT"))
+        OutdentMultipleNext(m_.IndentLevel, lead_, t_);
     if (m_.IndentLevel < 0) {
         reportInternalFault("BabParseRecord", "Indent-level < 0.");
         m_.IndentLevel = 0;

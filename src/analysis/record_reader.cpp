@@ -106,8 +106,8 @@ void recover(SourceTables& t, BasiclanModule& m, int number, const std::string& 
         message = description;
         debug.BabStatusDetail = static_cast<std::int16_t>(number);
     }
-    theLog().LogData(std::string("The following error occurred in proc ") + kProcName + " reading record:" +
-                     std::to_string(m.RecordIndex + 1) + ". \n===>" + message);
+    theLog().LogData(std::string("The following error occurred in proc ") + kProcName +
+                     " reading record:" + std::to_string(m.RecordIndex + 1) + ". \n===>" + message);
     if (t.TokenCount < kTokensLimit) ++t.TokenCount;
     if (t.TokenCount > m.TokensUBound) {
         if (++m.TokensUBound > kTokensLimit) {

@@ -19,8 +19,8 @@ const std::string& upperWordAt(const SourceTables& t, std::int32_t index, std::s
 
 // The words are compared as views: their lengths tell most of them apart at once.
 int declarationOffset(std::string_view w) {
-    static constexpr std::string_view kWords[] = {"CONST", "DECLARE", "DIM", "PRIVATE", "GLOBAL",
-                                         "PUBLIC", "REDIM", "STATIC", "EVENT"};
+    static constexpr std::string_view kWords[] = {"CONST",  "DECLARE", "DIM",    "PRIVATE", "GLOBAL",
+                                                  "PUBLIC", "REDIM",   "STATIC", "EVENT"};
     static const int kOffsets[] = {1, 2, 3, 4, 5, 5, 6, 7, 8};
     for (int i = 0; i < 9; ++i)
         if (w == kWords[i]) return kOffsets[i];
@@ -130,8 +130,8 @@ void StatementBuilder::findVerb() {
             const KeyWord& k = dialectKeyWord(token.pKeyWord);
             if (k.ClassCode != 'V') continue;
             const KeyWord& before = dialectKeyWord(i > 1 ? t_.Tokens[i - 1].pKeyWord : 0);
-            bool isVerb = i == start_ || (i == start_ + 1 && t_.Tokens[i - 1].Text == "#") ||
-                          before.ScanForVerb || before.ClassOverride;
+            bool isVerb = i == start_ || (i == start_ + 1 && t_.Tokens[i - 1].Text == "#") || before.ScanForVerb ||
+                          before.ClassOverride;
             if (!isVerb) continue;
             s_.Verb = i;
             if (!k.ClassOverride) return;
@@ -190,8 +190,7 @@ void StatementBuilder::indentFlag(const KeyWord& /*k*/, std::string_view w) {
         if (inHeader()) s_.Flags |= kFlagIndent;
     } else if (w == "IF") {
         std::string scratch;
-        if (s_.LastSignificant != 0 && upperWordAt(t_, s_.LastSignificant, scratch) == "THEN")
-            s_.Flags |= kFlagIndent;
+        if (s_.LastSignificant != 0 && upperWordAt(t_, s_.LastSignificant, scratch) == "THEN") s_.Flags |= kFlagIndent;
     } else if (!inHeader()) {
         s_.Flags |= kFlagIndent;
     }

@@ -156,9 +156,7 @@ void LineCutter::cutDelimiter(char delim) {
             cutComment(t, "'");
             store();
             return;
-        case '"':
-            cutString();
-            return;
+        case '"': cutString(); return;
         case '+':
         case '-':
         case '.':

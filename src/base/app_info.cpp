@@ -30,8 +30,7 @@ void initAppInfo(const char* argv0) {
 
 std::string settingsDirectory() {
     if (const char* dir = std::getenv("HLYD_CONFIG_DIR"); dir && *dir) return dir;
-    if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg)
-        return (fs::path(xdg) / "halyard").string();
+    if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg) return (fs::path(xdg) / "halyard").string();
     const char* home = std::getenv("HOME");
     return (fs::path(home && *home ? home : ".") / ".config" / "halyard").string();
 }

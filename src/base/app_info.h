@@ -17,7 +17,7 @@ struct cAppInfo {
     std::string EXEName;  // file name of the executable, without directory
     std::string SupportEndpoint = kDefaultSupportEndpoint;
     std::string SupportParty = "Halyard support";
-    std::string UserName;     // from the settings, for the splash and the error report
+    std::string UserName;  // from the settings, for the splash and the error report
     std::string UserCompany;
 };
 

@@ -13,9 +13,7 @@ namespace hlyd {
 namespace {
 std::unique_ptr<cLog> logObject;
 
-bool startsWith(const std::string& s, const char* prefix) {
-    return s.compare(0, std::strlen(prefix), prefix) == 0;
-}
+bool startsWith(const std::string& s, const char* prefix) { return s.compare(0, std::strlen(prefix), prefix) == 0; }
 }  // namespace
 
 cLog& theLog() {
@@ -29,8 +27,8 @@ void logBlock(const std::string& text) { theLog().LogData("=====>\n" + text + "\
 
 cLog::cLog() : callStack(101), startTicks(theClock().ticksMs()) {
     std::time_t now = theClock().now();
-    LogData("cLog.cls Version 1 Dated 8/27/98\n Date =" + formatDate(now) +
-            " Time =" + formatTime(now) + "\n Timer =" + std::to_string(theClock().ticksMs() - startTicks));
+    LogData("cLog.cls Version 1 Dated 8/27/98\n Date =" + formatDate(now) + " Time =" + formatTime(now) +
+            "\n Timer =" + std::to_string(theClock().ticksMs() - startTicks));
 }
 
 cLog::~cLog() { LogClose(); }
@@ -86,9 +84,8 @@ void cLog::LogOpen(const std::string& fileName, int mode) {
     if (logFileName.empty()) logFileName = app.Path + "/" + app.EXEName + ".LOG";
     file.close();  // the queue stays: it is what the new file must receive
     if (int reason = file.open(logFileName, mode != 1); reason != 0) {
-        std::string text = "Unable to open Log-file\n\n" + logFileName +
-                           " due to the following error:\n" + os::errorText(reason) +
-                           "\nLog-file messages will be queued";
+        std::string text = "Unable to open Log-file\n\n" + logFileName + " due to the following error:\n" +
+                           os::errorText(reason) + "\nLog-file messages will be queued";
         MessageBoxRequest box{text, app.Title + " Open Error", MsgButtons::OK, MsgIcon::Warning, 1};
         theUi().messageBox(box);
         logBlock(text);

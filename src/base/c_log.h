@@ -25,10 +25,8 @@ public:
     void setLogFileName(const std::string& name) { logFileName = name; }
     void LogGetProcs(std::string& result);
     void LogOpen(const std::string& fileName, int mode);  // mode 1 creates, any other appends
-    void LogTraceEnter(const std::string& proc, const std::string& cls = {},
-                       const std::string& info = {});
-    void LogTraceExit(const std::string& proc, const std::string& cls = {},
-                      const std::string& info = {});
+    void LogTraceEnter(const std::string& proc, const std::string& cls = {}, const std::string& info = {});
+    void LogTraceExit(const std::string& proc, const std::string& cls = {}, const std::string& info = {});
     void setQueueing(bool on) { queueing = on; }
 
     bool isOpen() const { return file.isOpen(); }

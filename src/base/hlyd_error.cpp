@@ -41,9 +41,7 @@ void raiseInternal(const std::string& source) {
     throw HlydError(kInternalError, errorDescription(kInternalError), source);
 }
 
-void raiseRuntime(int number, const std::string& source) {
-    throw HlydError(number, errorDescription(number), source);
-}
+void raiseRuntime(int number, const std::string& source) { throw HlydError(number, errorDescription(number), source); }
 
 int runtimeErrorFromErrno(int err) {
     switch (err) {

@@ -11,7 +11,9 @@ constexpr int kInternalError = 32000;
 class HlydError : public std::runtime_error {
 public:
     HlydError(int number, std::string description, std::string source = {})
-        : std::runtime_error(description), Number(number), Description(std::move(description)),
+        : std::runtime_error(description),
+          Number(number),
+          Description(std::move(description)),
           Source(std::move(source)) {}
     int Number;
     std::string Description;

@@ -10,7 +10,7 @@ std::string encodeMailBody(const std::string& body) {
     // One pass does what replacing each character in turn would: no replacement holds another
     // of the characters replaced.
     static const std::pair<char, const char*> kReplacements[] = {
-        {' ', "%20"}, {',', "%2C"}, {'?', "%3F"}, {'.', "%2E"}, {':', "%3A"}, {';', "%3B"},
+            {' ', "%20"}, {',', "%2C"}, {'?', "%3F"}, {'.', "%2E"}, {':', "%3A"}, {';', "%3B"},
     };
     std::string out;
     out.reserve(body.size());

@@ -4,8 +4,8 @@
 
 namespace hlyd {
 
-MsgAnswer showMessage(const std::string& text, const std::string& title, MsgButtons buttons,
-                      MsgIcon icon, int defaultButton) {
+MsgAnswer showMessage(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon,
+                      int defaultButton) {
     logBlock(text);
     return theUi().messageBox(MessageBoxRequest{text, title, buttons, icon, defaultButton});
 }

@@ -6,8 +6,7 @@
 
 namespace hlyd {
 
-MsgAnswer showMessage(const std::string& text, const std::string& title,
-                      MsgButtons buttons = MsgButtons::OK, MsgIcon icon = MsgIcon::None,
-                      int defaultButton = 1);
+MsgAnswer showMessage(const std::string& text, const std::string& title, MsgButtons buttons = MsgButtons::OK,
+                      MsgIcon icon = MsgIcon::None, int defaultButton = 1);
 
 }  // namespace hlyd

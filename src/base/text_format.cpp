@@ -16,13 +16,26 @@ std::string formatTimestamp(std::time_t t, const std::string& picture) {
     std::string out;
     bool afterHour = false;
     for (std::size_t i = 0; i < picture.size();) {
-        auto take = [&](const char* field) { return picture.compare(i, std::char_traits<char>::length(field), field) == 0; };
-        if (take("yyyy")) { out += zeroPad(tm.tm_year + 1900, 4); i += 4; }
-        else if (take("mm")) { out += zeroPad(afterHour ? tm.tm_min : tm.tm_mon + 1, 2); i += 2; }
-        else if (take("dd")) { out += zeroPad(tm.tm_mday, 2); i += 2; }
-        else if (take("hh")) { out += zeroPad(tm.tm_hour, 2); afterHour = true; i += 2; }
-        else if (take("ss")) { out += zeroPad(tm.tm_sec, 2); i += 2; }
-        else out += picture[i++];
+        auto take = [&](const char* field) {
+            return picture.compare(i, std::char_traits<char>::length(field), field) == 0;
+        };
+        if (take("yyyy")) {
+            out += zeroPad(tm.tm_year + 1900, 4);
+            i += 4;
+        } else if (take("mm")) {
+            out += zeroPad(afterHour ? tm.tm_min : tm.tm_mon + 1, 2);
+            i += 2;
+        } else if (take("dd")) {
+            out += zeroPad(tm.tm_mday, 2);
+            i += 2;
+        } else if (take("hh")) {
+            out += zeroPad(tm.tm_hour, 2);
+            afterHour = true;
+            i += 2;
+        } else if (take("ss")) {
+            out += zeroPad(tm.tm_sec, 2);
+            i += 2;
+        } else out += picture[i++];
     }
     return out;
 }

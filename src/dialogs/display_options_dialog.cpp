@@ -244,7 +244,8 @@ private:
         auto* dialectBox = new QVBoxLayout(dialect);
         for (int i = 0; i < 4; ++i) {
             optDialect_[i] = option(indexed("optDialect", i));
-            connect(optDialect_[i], &QRadioButton::clicked, this, [this, i] { act([this, i] { optDialect_Click(m_, i); }); });
+            connect(optDialect_[i], &QRadioButton::clicked, this,
+                    [this, i] { act([this, i] { optDialect_Click(m_, i); }); });
             dialectBox->addWidget(optDialect_[i]);
         }
         grid->addWidget(dialect, 0, 0);
@@ -375,7 +376,8 @@ private:
         QString what = foreground ? "Text Color for: " : "Background Color for: ";
         QColor chosen = QColorDialog::getColor(classicColour(foreground ? a.ForeColor : a.BackColor), this,
                                                what + fromUtf8(elementName(e)));
-        if (chosen.isValid()) act([this, e, foreground, &chosen] { setElementColour(m_, e, foreground, classicValue(chosen)); });
+        if (chosen.isValid())
+            act([this, e, foreground, &chosen] { setElementColour(m_, e, foreground, classicValue(chosen)); });
     }
     void allFonts(int index) {
         if (index == kCopyFromPrintSettings) return act([this] { copyFontsFromPrintSettings(m_); });
@@ -453,7 +455,8 @@ private:
         lblMessage_->setText(fromUtf8(m_.lblMessage));
         for (int i = 0; i < 3; ++i) {
             extList_[i]->clear();
-            for (const std::string& ext : m_.cboExtension[static_cast<std::size_t>(i)]) extList_[i]->addItem(fromCp1252(ext));
+            for (const std::string& ext : m_.cboExtension[static_cast<std::size_t>(i)])
+                extList_[i]->addItem(fromCp1252(ext));
         }
         for (int e = 1; e <= kElementCount; ++e) loadRow(e);
         loading_ = false;

@@ -15,14 +15,14 @@ namespace {
 // What each element looks like in a listing, so the sample shows the font where it will be used.
 const char* sampleText(int element) {
     switch (element) {
-    case kElemComments: return "' Totals by region";
-    case kElemIdentifiers: return "nRegion = iCount";
-    case kElemKeyWords: return "If Then Else End Sub";
-    case kElemLiterals: return "\"North\" 1024";
-    case kElemProjectFile: return "Form=frmMain.frm";
-    case kElemProcedures: return "Private Sub Form_Load()";
-    case kElemHeadersFooters: return "Page 1  Printed: 23-Nov-26";
-    default: return "00100";
+        case kElemComments: return "' Totals by region";
+        case kElemIdentifiers: return "nRegion = iCount";
+        case kElemKeyWords: return "If Then Else End Sub";
+        case kElemLiterals: return "\"North\" 1024";
+        case kElemProjectFile: return "Form=frmMain.frm";
+        case kElemProcedures: return "Private Sub Form_Load()";
+        case kElemHeadersFooters: return "Page 1  Printed: 23-Nov-26";
+        default: return "00100";
     }
 }
 

@@ -38,9 +38,9 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent) {
     close->setAutoRaise(true);
     for (QWidget* w : {static_cast<QWidget*>(label), static_cast<QWidget*>(field_)}) layout->addWidget(w);
     layout->setStretchFactor(field_, 1);
-    for (QWidget* w : {static_cast<QWidget*>(matchCase_), static_cast<QWidget*>(wholeWord_),
-                       static_cast<QWidget*>(next), static_cast<QWidget*>(previous), static_cast<QWidget*>(all),
-                       static_cast<QWidget*>(close)})
+    for (QWidget* w :
+         {static_cast<QWidget*>(matchCase_), static_cast<QWidget*>(wholeWord_), static_cast<QWidget*>(next),
+          static_cast<QWidget*>(previous), static_cast<QWidget*>(all), static_cast<QWidget*>(close)})
         layout->addWidget(w);
     connect(next, &QPushButton::clicked, this, [this] { emit findAsked(true); });
     connect(previous, &QPushButton::clicked, this, [this] { emit findAsked(false); });
@@ -68,11 +68,8 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
             emit closed();
             return;
         case Qt::Key_Return:
-        case Qt::Key_Enter:
-            emit findAsked(!(event->modifiers() & Qt::ShiftModifier));
-            return;
-        default:
-            QWidget::keyPressEvent(event);
+        case Qt::Key_Enter: emit findAsked(!(event->modifiers() & Qt::ShiftModifier)); return;
+        default: QWidget::keyPressEvent(event);
     }
 }
 

@@ -31,7 +31,8 @@ void FindHits::showHits(const QString& query, std::vector<FileHit> hits) {
     QList<QTreeWidgetItem*> items;
     for (const FileHit& hit : hits_) {
         QString line = fromCp1252(hit.line).trimmed();
-        auto* item = new QTreeWidgetItem({QFileInfo(fromUtf8(hit.fileName)).fileName(), QString::number(hit.hit.record), line});
+        auto* item = new QTreeWidgetItem(
+                {QFileInfo(fromUtf8(hit.fileName)).fileName(), QString::number(hit.hit.record), line});
         item->setToolTip(0, fromUtf8(hit.fileName));
         items << item;
     }

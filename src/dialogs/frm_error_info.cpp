@@ -64,7 +64,8 @@ FrmErrorInfo::FrmErrorInfo(const std::string& report, QWidget* parent) : QDialog
     lblStatus_->setObjectName("lblStatus");
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* cmdAll = addButton(buttons, "cmdAll", "&Copy to Clipboard", QDialogButtonBox::ActionRole);
-    QPushButton* cmdEMail = addButton(buttons, "cmdEMail", fromUtf8(model_.cmdEMailCaption()), QDialogButtonBox::ActionRole);
+    QPushButton* cmdEMail =
+            addButton(buttons, "cmdEMail", fromUtf8(model_.cmdEMailCaption()), QDialogButtonBox::ActionRole);
     QPushButton* cmdOK = addButton(buttons, "cmdOK", "OK", QDialogButtonBox::AcceptRole);
     cmdOK->setDefault(true);
     connect(cmdAll, &QPushButton::clicked, this, &FrmErrorInfo::onCopy);

@@ -23,7 +23,9 @@ QString pageAround(QWidget* widget) {
 
 }  // namespace
 
-void setHelpPage(QWidget* form, const std::string& page) { form->setProperty(kHelpPageProperty, QString::fromStdString(page)); }
+void setHelpPage(QWidget* form, const std::string& page) {
+    form->setProperty(kHelpPageProperty, QString::fromStdString(page));
+}
 
 HelpKey::HelpKey(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
 

@@ -50,10 +50,12 @@ void HlydWindow::buildEditMenu() {
     addCommand(editMenu_, "mnuEditSelectAll", "Select &All", selectAll)->setShortcut(QKeySequence::SelectAll);
     editMenu_->addSeparator();
     addCommand(editMenu_, "mnuEditFind", "&Find...", [this] { openFindBar(); })->setShortcut(QKeySequence::Find);
-    addCommand(editMenu_, "mnuEditFindNext", "Find &Next", [this] { findFromBar(true); })
-        ->setShortcut(QKeySequence(Qt::Key_F3));
-    addCommand(editMenu_, "mnuEditFindPrevious", "Find &Previous", [this] { findFromBar(false); })
-        ->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3));
+    addCommand(editMenu_, "mnuEditFindNext", "Find &Next", [this] {
+        findFromBar(true);
+    })->setShortcut(QKeySequence(Qt::Key_F3));
+    addCommand(editMenu_, "mnuEditFindPrevious", "Find &Previous", [this] {
+        findFromBar(false);
+    })->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3));
     addCommand(editMenu_, "mnuEditFindAll", "Find in All &Open Files...", [this] { findInAllFiles(); });
 }
 
@@ -111,7 +113,8 @@ void HlydWindow::findFromBar(bool forward) {
 void HlydWindow::findInAllFiles() {
     if (findBar_->text().isEmpty()) return openFindBar();
     std::vector<FileHit> hits = findInOpenFiles(toCp1252(findBar_->text()), findBar_->options());
-    mainWindow().lblStatus = std::to_string(hits.size()) + (hits.size() == 1 ? " place" : " places") + " found in the open files";
+    mainWindow().lblStatus =
+            std::to_string(hits.size()) + (hits.size() == 1 ? " place" : " places") + " found in the open files";
     findHits_->showHits(findBar_->text(), std::move(hits));
 }
 

@@ -71,8 +71,8 @@ void HlydWindow::buildFileMenu() {
     addCommand(fileMenu_, "mnuFileHTML", "Save as &HTML", HlydMNSaveAsHTML);
     fileMenu_->addSeparator();
     for (int i = 1; i <= kMruSize; ++i) {
-        QAction* item = addCommand(fileMenu_, "mnuFileMRU(" + std::to_string(i) + ")", QString(),
-                                   [i] { mnuFileMRU_Click(i); });
+        QAction* item =
+                addCommand(fileMenu_, "mnuFileMRU(" + std::to_string(i) + ")", QString(), [i] { mnuFileMRU_Click(i); });
         item->setVisible(false);
         mruItems_.push_back(item);
     }

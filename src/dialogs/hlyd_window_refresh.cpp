@@ -87,7 +87,8 @@ void HlydWindow::refreshProcList() {
         }
         // Wide enough for the longest name of the file, within limits: a name of a hundred
         // characters is cut rather than push the file buttons off the bar.
-        cboProc_->setMinimumContentsLength(static_cast<int>(std::clamp<std::size_t>(longest, kProcListMin, kProcListMax)));
+        cboProc_->setMinimumContentsLength(
+                static_cast<int>(std::clamp<std::size_t>(longest, kProcListMin, kProcListMax)));
     }
     if (cboProc_->currentIndex() != list.ListIndex) cboProc_->setCurrentIndex(list.ListIndex);
     syncing_ = false;

@@ -18,7 +18,7 @@ namespace {
 constexpr int kPadding = 3;
 // Three rows at the narrowest: the dialog then fits a small screen.
 constexpr int kFewestPerRow = 5;
-}
+}  // namespace
 
 MacroStrip::MacroStrip(std::function<void(int)> clicked, QWidget* parent)
     : QWidget(parent), clicked_(std::move(clicked)) {

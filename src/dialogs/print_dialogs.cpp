@@ -40,7 +40,6 @@ QString captionOf(const std::vector<std::pair<std::string, std::string>>& captio
 
 QString printCaption(const std::string& name) { return captionOf(printDialogCaptions(), name); }
 
-
 // HLYDPrint: the widgets mirror the model; every click stores them, runs the model's handler and
 // shows the model again.
 class PrintForm : public QDialog {
@@ -74,7 +73,8 @@ private:
         auto* frame = named("fraView", new QGroupBox(printCaption("fraView")));
         auto* box = new QVBoxLayout(frame);
         for (int i = 0; i < 4; ++i) {
-            views_[i] = named("optView" + std::to_string(i), new QRadioButton(printCaption("optView" + std::to_string(i))));
+            views_[i] =
+                    named("optView" + std::to_string(i), new QRadioButton(printCaption("optView" + std::to_string(i))));
             connect(views_[i], &QRadioButton::clicked, this, [this] { store(); });
             box->addWidget(views_[i]);
         }
@@ -94,20 +94,23 @@ private:
         for (int i = 0; i < 2; ++i) {
             std::string index = std::to_string(i);
             box->addWidget(check("chkAll" + index), 1 + i, 0);
-            connect(checks_["chkAll" + index], &QCheckBox::clicked, this, [this, i] { act([this, i] { chkAll_Click(m_, i); }); });
-            selected_[i] = named("optSelectedProcedures" + index, new QRadioButton(printCaption("optSelectedProcedures" + index)));
+            connect(checks_["chkAll" + index], &QCheckBox::clicked, this,
+                    [this, i] { act([this, i] { chkAll_Click(m_, i); }); });
+            selected_[i] = named("optSelectedProcedures" + index,
+                                 new QRadioButton(printCaption("optSelectedProcedures" + index)));
             selected_[i]->setAutoExclusive(false);
-            connect(selected_[i], &QRadioButton::clicked, this, [this, i] { act([this, i] { optSelectedProcedures_Click(m_, i); }); });
+            connect(selected_[i], &QRadioButton::clicked, this,
+                    [this, i] { act([this, i] { optSelectedProcedures_Click(m_, i); }); });
             box->addWidget(selected_[i], 3 + i, 0);
             auto* select = selects_[i] = named("cmdSelect" + index, new QPushButton("..."));
-            connect(select, &QPushButton::clicked, this, [this, i] {
-                act([this, i] { HlydHLYDPrintSelectProc(m_, i == kSelectFiles); });
-            });
+            connect(select, &QPushButton::clicked, this,
+                    [this, i] { act([this, i] { HlydHLYDPrintSelectProc(m_, i == kSelectFiles); }); });
             box->addWidget(select, 3 + i, 1);
         }
         lblProcs_ = named("lblProcs", new QLabel);
         box->addWidget(lblProcs_, 5, 0, 1, 2);
-        for (const char* name : {"chkPrintContinuous", "chkDontUpdate", "chkDontShow"}) box->addWidget(check(name), box->rowCount(), 0);
+        for (const char* name : {"chkPrintContinuous", "chkDontUpdate", "chkDontShow"})
+            box->addWidget(check(name), box->rowCount(), 0);
         return frame;
     }
     QWidget* buildHeadingAndPages() {
@@ -142,7 +145,8 @@ private:
         return panel;
     }
     QHBoxLayout* buildButtons() {
-        return okCancelHelpRow(this, [this] { okClicked(); }, "printing.html");
+        return okCancelHelpRow(
+                this, [this] { okClicked(); }, "printing.html");
     }
     void okClicked() {
         store();
@@ -318,7 +322,8 @@ private:
     // name stay in sight.
     QString elidedLines(const QString& text) const {
         QStringList lines = QString(text).replace("\r\n", "\n").split('\n');
-        for (QString& line : lines) line = page_->fontMetrics().elidedText(line, Qt::ElideMiddle, page_->maximumWidth());
+        for (QString& line : lines)
+            line = page_->fontMetrics().elidedText(line, Qt::ElideMiddle, page_->maximumWidth());
         return lines.join('\n');
     }
 

@@ -95,19 +95,26 @@ private:
             lineHow_[i] = named("optLineNumberHow" + std::to_string(i + 1), new QRadioButton(hows[i]));
             numbersBox->addRow(lineHow_[i]);
         }
-        numbersBox->addRow("&Start at:", field("txtLineNumberStart", [this] { validateLineNumberStart(m_); }, "[0-9]*"));
-        numbersBox->addRow("&Increment:", field("txtLineNumberIncrement", [this] { validateLineNumberIncrement(m_); }, "[0-9]*"));
+        numbersBox->addRow("&Start at:",
+                           field(
+                                   "txtLineNumberStart", [this] { validateLineNumberStart(m_); }, "[0-9]*"));
+        numbersBox->addRow("&Increment:",
+                           field(
+                                   "txtLineNumberIncrement", [this] { validateLineNumberIncrement(m_); }, "[0-9]*"));
         grid->addWidget(numbers, 0, 0);
 
         auto* procs = new QGroupBox("Procedures and Pages");
         auto* procsBox = new QFormLayout(procs);
-        const char* skips[] = {"New pa&ge for each procedure", "&No break before a procedure", "New col&umn for each procedure"};
+        const char* skips[] = {"New pa&ge for each procedure", "&No break before a procedure",
+                               "New col&umn for each procedure"};
         for (int i = 0; i < 3; ++i) {
             procSkip_[i] = named(std::string("optProcSkip") + kProcSkips[i], new QRadioButton(skips[i]));
             procsBox->addRow(procSkip_[i]);
         }
-        procsBox->addRow("&Orphan lines:", field("txtOrphan", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
-        procsBox->addRow(check("chkPageNumberAsk", "As&k for the first page number", &PrintOptionsValues::chkPageNumberAsk));
+        procsBox->addRow("&Orphan lines:", field(
+                                                   "txtOrphan", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
+        procsBox->addRow(
+                check("chkPageNumberAsk", "As&k for the first page number", &PrintOptionsValues::chkPageNumberAsk));
         procsBox->addRow(check("chkPageNumberContinuous", "Number pages continuousl&y across files",
                                &PrintOptionsValues::chkPageNumberContinuous));
         grid->addWidget(procs, 0, 1);
@@ -115,20 +122,28 @@ private:
         auto* format = new QGroupBox("Format");
         auto* formatBox = new QFormLayout(format);
         formatBox->addRow(check("chkIndent", "In&dent code", &PrintOptionsValues::chkIndent));
-        formatBox->addRow("Indent &amount:", field("txtIndentAmount", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
-        formatBox->addRow("&Tab width:", field("txtTabWidth", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
-        formatBox->addRow(check("chkConnectControls", "Dra&w connector lines", &PrintOptionsValues::chkConnectControls));
+        formatBox->addRow("Indent &amount:",
+                          field(
+                                  "txtIndentAmount", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
+        formatBox->addRow("&Tab width:", field(
+                                                 "txtTabWidth", [this] { validateFormatNumbers(m_); }, "[0-9]*"));
+        formatBox->addRow(
+                check("chkConnectControls", "Dra&w connector lines", &PrintOptionsValues::chkConnectControls));
         formatBox->addRow(check("chkContinueGenerate", "Break long lines with continuations",
                                 &PrintOptionsValues::chkContinueGenerate));
-        formatBox->addRow(check("chkContinueHonor", "Keep the code's own continuations", &PrintOptionsValues::chkContinueHonor));
-        formatBox->addRow(check("chkSeparator", "Separator line between procedures", &PrintOptionsValues::chkSeparator));
+        formatBox->addRow(
+                check("chkContinueHonor", "Keep the code's own continuations", &PrintOptionsValues::chkContinueHonor));
+        formatBox->addRow(
+                check("chkSeparator", "Separator line between procedures", &PrintOptionsValues::chkSeparator));
         formatBox->addRow(check("chkSeparatorBold", "Bold separator line", &PrintOptionsValues::chkSeparatorBold));
-        formatBox->addRow(check("chkSkipAttributes", "Print without fonts and colours", &PrintOptionsValues::chkSkipAttributes));
+        formatBox->addRow(
+                check("chkSkipAttributes", "Print without fonts and colours", &PrintOptionsValues::chkSkipAttributes));
         grid->addWidget(format, 1, 0);
 
         auto* history = new QGroupBox("Print History");
         auto* historyBox = new QGridLayout(history);
-        historyBox->addWidget(check("chkSaveHYInfo", "Keep a print histo&ry", &PrintOptionsValues::chkSaveHYInfo), 0, 0, 1, 2);
+        historyBox->addWidget(check("chkSaveHYInfo", "Keep a print histo&ry", &PrintOptionsValues::chkSaveHYInfo), 0, 0,
+                              1, 2);
         txtSaveHYFile_ = named("txtSaveHYFile", new QLineEdit);
         historyBox->addWidget(txtSaveHYFile_, 1, 0);
         auto* browse = named("cmdHistoryFile", new QPushButton("&Browse..."));
@@ -201,7 +216,8 @@ private:
     }
 
     QHBoxLayout* buildButtons() {
-        return okCancelHelpRow(this, [this] { okClicked(); }, "print-options.html");
+        return okCancelHelpRow(
+                this, [this] { okClicked(); }, "print-options.html");
     }
 
     void okClicked() {
@@ -281,14 +297,14 @@ private:
     std::string* textOf(const std::string& name) {
         PrintOptionsValues& v = m_.v;
         static const std::map<std::string, std::string PrintOptionsValues::*> texts = {
-            {"txtLineNumberStart", &PrintOptionsValues::txtLineNumberStart},
-            {"txtLineNumberIncrement", &PrintOptionsValues::txtLineNumberIncrement},
-            {"txtOrphan", &PrintOptionsValues::txtOrphan},
-            {"txtIndentAmount", &PrintOptionsValues::txtIndentAmount},
-            {"txtTabWidth", &PrintOptionsValues::txtTabWidth},
-            {"txtColumns", &PrintOptionsValues::txtColumns},
-            {"txtSpacing", &PrintOptionsValues::txtSpacing},
-            {"txtWidth", &PrintOptionsValues::txtWidth},
+                {"txtLineNumberStart", &PrintOptionsValues::txtLineNumberStart},
+                {"txtLineNumberIncrement", &PrintOptionsValues::txtLineNumberIncrement},
+                {"txtOrphan", &PrintOptionsValues::txtOrphan},
+                {"txtIndentAmount", &PrintOptionsValues::txtIndentAmount},
+                {"txtTabWidth", &PrintOptionsValues::txtTabWidth},
+                {"txtColumns", &PrintOptionsValues::txtColumns},
+                {"txtSpacing", &PrintOptionsValues::txtSpacing},
+                {"txtWidth", &PrintOptionsValues::txtWidth},
         };
         if (auto found = texts.find(name); found != texts.end()) return &(v.*(found->second));
         return &v.txtMargin[static_cast<std::size_t>(name.back() - '0')];

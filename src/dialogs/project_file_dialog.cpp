@@ -85,9 +85,12 @@ private:
         picOTL_->setExpandsOnDoubleClick(false);  // a click opens or closes a branch already
         picOTL_->installEventFilter(this);
         connect(picOTL_, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { clickNode(nodeOf(item)); });
-        connect(picOTL_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { m_.Outline.SetExpanded(nodeOf(item), true); });
-        connect(picOTL_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) { m_.Outline.SetExpanded(nodeOf(item), false); });
-        connect(picOTL_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) { showPanel(nodeOf(item)); });
+        connect(picOTL_, &QTreeWidget::itemExpanded, this,
+                [this](QTreeWidgetItem* item) { m_.Outline.SetExpanded(nodeOf(item), true); });
+        connect(picOTL_, &QTreeWidget::itemCollapsed, this,
+                [this](QTreeWidgetItem* item) { m_.Outline.SetExpanded(nodeOf(item), false); });
+        connect(picOTL_, &QTreeWidget::currentItemChanged, this,
+                [this](QTreeWidgetItem* item) { showPanel(nodeOf(item)); });
         panel_ = new QStackedWidget(split);
         picFileInfo_ = new QLabel(panel_);
         picFileInfo_->setObjectName("picFileInfo");
@@ -112,11 +115,14 @@ private:
         cmdDeselect_ = button("cmdDeselect", "&Deselect All");
         cmdSelectNewer_ = button("cmdSelectNewer", "Select &Updated");
         connect(cmdExpand_, &QPushButton::clicked, this, [this] { run([this] { m_.Outline.OutlineExpandAll(); }); });
-        connect(cmdCollapse_, &QPushButton::clicked, this, [this] { run([this] { m_.Outline.OutlineCollapseAll(); }); });
+        connect(cmdCollapse_, &QPushButton::clicked, this,
+                [this] { run([this] { m_.Outline.OutlineCollapseAll(); }); });
         connect(cmdSelectAll_, &QPushButton::clicked, this, [this] { run([this] { m_.Outline.SelectAll(); }); });
         connect(cmdDeselect_, &QPushButton::clicked, this, [this] { run([this] { m_.Outline.DeselectAll(); }); });
-        connect(cmdSelectNewer_, &QPushButton::clicked, this, [this] { run([this] { m_.Outline.SelectNewer(m_.Dates); }); });
-        for (QPushButton* b : {cmdExpand_, cmdCollapse_, cmdSelectAll_, cmdDeselect_, cmdSelectNewer_}) row->addWidget(b);
+        connect(cmdSelectNewer_, &QPushButton::clicked, this,
+                [this] { run([this] { m_.Outline.SelectNewer(m_.Dates); }); });
+        for (QPushButton* b : {cmdExpand_, cmdCollapse_, cmdSelectAll_, cmdDeselect_, cmdSelectNewer_})
+            row->addWidget(b);
         row->addStretch(1);
         return row;
     }
@@ -143,14 +149,16 @@ private:
         if (!hlydSettings().ToolTips) return;
         cmdExpand_->setToolTip("Expand all branches to see all files");
         cmdCollapse_->setToolTip("Collapse all branches to see all files");
-        cmdSelectNewer_->setToolTip("Select only files that have been modified since last " + fromUtf8(theAppInfo().Title));
+        cmdSelectNewer_->setToolTip("Select only files that have been modified since last " +
+                                    fromUtf8(theAppInfo().Title));
         cmdSelectAll_->setToolTip("Select all files");
         cmdDeselect_->setToolTip("Deselect all files");
         cmdHelp_->setToolTip("Display help for Project File Processing");
         cmdOK_->setToolTip("Process all selected files");
         cmdCancel_->setToolTip("Close Project dialog without any processing");
-        picOTL_->setToolTip("Click on a file to toggle the selection indicated by the red file indicator or to "
-                            "expand/collapse a branch");
+        picOTL_->setToolTip(
+                "Click on a file to toggle the selection indicated by the red file indicator or to "
+                "expand/collapse a branch");
     }
 
     // One item per node, under the node that holds it; the item knows its node's number.

@@ -16,18 +16,18 @@ struct ButtonFace {
 };
 
 constexpr ButtonFace kButtons[] = {
-    {"tbrOpen", "Open", "Open a file or project for processing", ""},
-    {"tbrClose", "Close", "Close this file", "Not available unless a file is open"},
-    {"tbrPrint", "Print", "Print this file", "Printing not currently available"},
-    {"tbrPrintOptions", "Print Options", "Set Halyard Print Options ", ""},
-    {"tbrDisplayOptions", "Display Options", "Set Halyard Display Options ", ""},
-    {"tbrPriorProcedure", "Prior Procedure", "Display the Prior procedure in File", "Not available"},
-    {"tbrNextProcedure", "Next Procedure", "Display the Next procedure in File", "Not available"},
-    {"tbrPrintThisProcedure", "Print This Procedure", "Print the current procedure ", "Not available"},
-    {"tbrProcedures", "Procedures", "Select Procedure to View", "Not available"},
-    {"tbrPriorFile", "Prior File", "Display the Prior File in list", "Not available"},
-    {"tbrNextFile", "Next File", "Display the Next File in list", "Not available"},
-    {"tbrHelp", "Help", "Help", "Not available - Help file Missing"},
+        {"tbrOpen", "Open", "Open a file or project for processing", ""},
+        {"tbrClose", "Close", "Close this file", "Not available unless a file is open"},
+        {"tbrPrint", "Print", "Print this file", "Printing not currently available"},
+        {"tbrPrintOptions", "Print Options", "Set Halyard Print Options ", ""},
+        {"tbrDisplayOptions", "Display Options", "Set Halyard Display Options ", ""},
+        {"tbrPriorProcedure", "Prior Procedure", "Display the Prior procedure in File", "Not available"},
+        {"tbrNextProcedure", "Next Procedure", "Display the Next procedure in File", "Not available"},
+        {"tbrPrintThisProcedure", "Print This Procedure", "Print the current procedure ", "Not available"},
+        {"tbrProcedures", "Procedures", "Select Procedure to View", "Not available"},
+        {"tbrPriorFile", "Prior File", "Display the Prior File in list", "Not available"},
+        {"tbrNextFile", "Next File", "Display the Next File in list", "Not available"},
+        {"tbrHelp", "Help", "Help", "Not available - Help file Missing"},
 };
 
 const ButtonFace* buttonFace(const std::string& name) {

@@ -43,7 +43,8 @@ std::vector<float> measureEdges(Surface& surface, const std::string& source, std
     std::vector<float> edges;
     edges.reserve(length + 1);
     edges.push_back(x);
-    for (std::size_t k = 1; k <= length; ++k) edges.push_back(x + surface.textWidth(visibleText(source.substr(from, k), column, tabWidth)));
+    for (std::size_t k = 1; k <= length; ++k)
+        edges.push_back(x + surface.textWidth(visibleText(source.substr(from, k), column, tabWidth)));
     return edges;
 }
 
@@ -54,12 +55,13 @@ const std::vector<float>& stretchEdges(const DrawnStretch& s) {
     if (s.attributes && surface) {
         setAttributesOn(*surface, const_cast<AttributeRecord&>(*s.attributes));
         std::string line(theSourceTables().Texts->line(s.record));
-        s.edges = measureEdges(*surface, line, std::min(line.size(), static_cast<std::size_t>(s.column)), length, s.left,
-                               s.shownColumn, s.tabWidth);
+        s.edges = measureEdges(*surface, line, std::min(line.size(), static_cast<std::size_t>(s.column)), length,
+                               s.left, s.shownColumn, s.tabWidth);
         s.edges.resize(length + 1, s.right);
     } else {
         for (std::size_t k = 0; k <= length; ++k)
-            s.edges.push_back(s.left + (s.right - s.left) * static_cast<float>(k) / static_cast<float>(std::max<std::size_t>(1, length)));
+            s.edges.push_back(s.left + (s.right - s.left) * static_cast<float>(k) /
+                                               static_cast<float>(std::max<std::size_t>(1, length)));
     }
     return s.edges;
 }

@@ -16,8 +16,8 @@ class Surface;
 
 struct DrawnStretch {
     std::int32_t record = 0;
-    std::int32_t column = 0;   // the first byte's offset in the line
-    std::int32_t length = 0;   // bytes of the line
+    std::int32_t column = 0;    // the first byte's offset in the line
+    std::int32_t length = 0;    // bytes of the line
     float top = 0, bottom = 0;  // the screen line it stands on, in twips
     float left = 0, right = 0;
     // The font it was drawn in; none for the blanks between tokens, which share their room evenly.

@@ -54,11 +54,11 @@ private:
 
 void traceMetrics() {
     const LayoutMetrics& m = metrics;
-    theLog().LogData("ConnectorSize=" + numberText(m.ConnectorSize[1]) + "\r\n ContinueSize=" +
-                     numberText(m.ContinueSize[1]) + "\r\n IndentSize=" + numberText(m.IndentSize[1]) +
-                     "\r\n MaxFontHeight=" + numberText(m.MaxFontHeight[1]) + "\r\n WhiteSpaceSize=" +
-                     numberText(m.WhiteSpaceSize[1]) + "\r\n TwipsPerPixelX=" + numberText(m.TwipsPerPixelX) +
-                     "\r\n TwipsPerPixelY=" + numberText(m.TwipsPerPixelY));
+    theLog().LogData(
+            "ConnectorSize=" + numberText(m.ConnectorSize[1]) + "\r\n ContinueSize=" + numberText(m.ContinueSize[1]) +
+            "\r\n IndentSize=" + numberText(m.IndentSize[1]) + "\r\n MaxFontHeight=" + numberText(m.MaxFontHeight[1]) +
+            "\r\n WhiteSpaceSize=" + numberText(m.WhiteSpaceSize[1]) + "\r\n TwipsPerPixelX=" +
+            numberText(m.TwipsPerPixelX) + "\r\n TwipsPerPixelY=" + numberText(m.TwipsPerPixelY));
 }
 
 }  // namespace

@@ -39,7 +39,9 @@ std::int32_t linesPerViewAtEnd(long lines) {
 float bottomAtEnd(float height) { return height - std::min(kEndRoomTwips, height / 2); }
 // The last screen is found by stepping back a page and forward again by a small margin; the step
 // forward stays within half a page, or in a small view it would pass the end of the file.
-std::int32_t stepForwardAtEnd(std::int32_t margin, std::int32_t page) { return std::min(margin, std::max(0, page / 2)); }
+std::int32_t stepForwardAtEnd(std::int32_t margin, std::int32_t page) {
+    return std::min(margin, std::max(0, page / 2));
+}
 
 AttributeRecord& screenAttributes(int element) { return displayAttributes().Elements[element].slot[kDisplay]; }
 
@@ -79,7 +81,8 @@ std::int32_t EmitProjectRecord(Surface& s, const std::string& text, AreaRecord& 
 
 class ScreenEmission {
 public:
-    ScreenEmission(Surface& s, std::int32_t& record) : s_(s), record_(record), f_(displayAttributes().Format[kDisplay]) {}
+    ScreenEmission(Surface& s, std::int32_t& record)
+        : s_(s), record_(record), f_(displayAttributes().Format[kDisplay]) {}
     void run();
 
 private:
@@ -183,12 +186,12 @@ void ScreenEmission::EmitCodeRecord(std::int32_t r) {
     hooks.beforeFirstToken = [&](std::int32_t rec) {
         if (s_.currentY() < static_cast<float>(state.ViewHeight)) state.LastRecord = rec;
     };
-    hooks.connectors = [&](const AreaRecord& pos, float lineHeight, std::int32_t wraps, std::int32_t rec, float xToken) {
+    hooks.connectors = [&](const AreaRecord& pos, float lineHeight, std::int32_t wraps, std::int32_t rec,
+                           float xToken) {
         AreaRecord next = pos;
         next.Top = pos.Top + lineHeight;
         float xOffset = 0;
-        HlydCLBeginOrEnd(kDisplay, pos, theSourceTables().Records[rec].Indent, next, wraps,
-                         rec, xToken, f_, xOffset);
+        HlydCLBeginOrEnd(kDisplay, pos, theSourceTables().Records[rec].Indent, next, wraps, rec, xToken, f_, xOffset);
     };
     hooks.stretchDrawn = [](DrawnStretch stretch) { viewMap().stretches.push_back(std::move(stretch)); };
     layoutRecord(kDisplay, r, pos_, hooks);
@@ -210,8 +213,7 @@ void ScreenEmission::emitSource() {
             pos_.Left = f_.ConnectControls ? 2 * layoutMetrics().ConnectorSize[kDisplay] : 0;
             if (firstEmitted_ == 0) {
                 firstEmitted_ = counter;
-                if (f_.ConnectControls)
-                    HlydCLContinueBeforeTop(kDisplay, pos_, t.Records[counter].Indent, 0);
+                if (f_.ConnectControls) HlydCLContinueBeforeTop(kDisplay, pos_, t.Records[counter].Indent, 0);
             }
             EmitCodeRecord(counter);
             lastEmitted_ = counter;
@@ -246,7 +248,9 @@ void ScreenEmission::sourceScrollRange() {
     SourceFile& file = fileTable().source;
     bool atEnd = lastFetched_ >= 1 && t.Records[lastFetched_].FirstT == 0;
     if (!atEnd && file.isOpen() && file.offset() > 0) {
-        double estimate = static_cast<double>(t.RecordCount) * static_cast<double>(file.size()) / static_cast<double>(file.offset()) + bar.LargeChange;
+        double estimate = static_cast<double>(t.RecordCount) * static_cast<double>(file.size()) /
+                                  static_cast<double>(file.offset()) +
+                          bar.LargeChange;
         bar.Max = estimate > kScrollLimit ? kScrollLimit : static_cast<std::int32_t>(std::nearbyint(estimate));
     } else if (!state.LinesKnown) {
         state.LinesKnown = true;
@@ -284,7 +288,8 @@ void ScreenEmission::scrollBarAndList() {
         if (!state.LinesKnown) {
             state.LinesKnown = true;
             bar.Max = projectLines_ + 1;
-            if (state.LastRecord - state.FirstRecord - 1 > 0) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
+            if (state.LastRecord - state.FirstRecord - 1 > 0)
+                bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
         }
         showFirstRecordOnBar();
         return;

@@ -36,11 +36,15 @@ class BufferSearch {
 public:
     BufferSearch(const RecordTexts& texts, std::string_view query, const SearchOptions& options,
                  const RecordFilter& searched)
-        : texts_(texts), buffer_(texts.buffer()), query_(query), reversed_(query.rbegin(), query.rend()),
-          options_(options), searched_(searched),
+        : texts_(texts),
+          buffer_(texts.buffer()),
+          query_(query),
+          reversed_(query.rbegin(), query.rend()),
+          options_(options),
+          searched_(searched),
           ahead_(query_.begin(), query_.end(), FoldedHash{!options.matchCase}, FoldedEqual{!options.matchCase}),
-          behind_(reversed_.begin(), reversed_.end(), FoldedHash{!options.matchCase},
-                  FoldedEqual{!options.matchCase}) {}
+          behind_(reversed_.begin(), reversed_.end(), FoldedHash{!options.matchCase}, FoldedEqual{!options.matchCase}) {
+    }
 
     // The first acceptable hit starting in [from, to).
     std::size_t next(std::size_t from, std::size_t to) const {

@@ -39,8 +39,8 @@ using RecordFilter = std::function<bool(std::int32_t record)>;
 // Forward: the first hit that starts at `from` or after it; backward: the last that ends before
 // `from` (so that a hit is passed over as a whole). Either goes on from the other end of the
 // file when it finds none on its way.
-FindOutcome findFrom(const RecordTexts& texts, std::string_view query, const SearchOptions& options,
-                     TextPlace from, bool forward, const RecordFilter& searched = {});
+FindOutcome findFrom(const RecordTexts& texts, std::string_view query, const SearchOptions& options, TextPlace from,
+                     bool forward, const RecordFilter& searched = {});
 
 // Every hit in file order, each after the one before it.
 std::vector<TextHit> findAll(const RecordTexts& texts, std::string_view query, const SearchOptions& options,

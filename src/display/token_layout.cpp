@@ -34,7 +34,9 @@ constexpr std::int32_t kMostSharedLevels = 24;
 constexpr int kLeastDistinctLevels = 12;
 
 // The destination's indent unit: IndentAmount blanks of IndentSize.
-float indentUnit(int dest) { return static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest); }
+float indentUnit(int dest) {
+    return static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest);
+}
 
 // Connector lines closer than a third of a blank could not be told apart on paper.
 float leastIndentUnit(int dest) { return layoutMetrics().WhiteSpaceSize.at(dest) / 3; }
@@ -60,8 +62,14 @@ constexpr std::uint32_t kWrapMarkColour = 0x767676;  // 4.5:1 on white: quiet, y
 class RecordPainter {
 public:
     RecordPainter(int dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks)
-        : dest_(dest), s_(*surfaceFor(dest)), t_(theSourceTables()), record_(record), pos_(pos), hooks_(hooks),
-          f_(formatOf(dest)), m_(layoutMetrics()) {}
+        : dest_(dest),
+          s_(*surfaceFor(dest)),
+          t_(theSourceTables()),
+          record_(record),
+          pos_(pos),
+          hooks_(hooks),
+          f_(formatOf(dest)),
+          m_(layoutMetrics()) {}
 
     std::int32_t run();
 
@@ -110,13 +118,13 @@ private:
     AttributeRecord markAttributes_;
     const AttributeRecord* markFor_ = nullptr;  // the attributes the mark's were made from
     float markRoom_ = 0;                        // the mark and a blank in them
-    std::size_t lastLength_ = 0;  // characters shown of the token drawn last
+    std::size_t lastLength_ = 0;                // characters shown of the token drawn last
     // The source text of a token shown with control characters in caret notation, the place in
     // it that the next piece drawn starts from, and whether a caret pair was cut between pieces.
     const std::string_view* source_ = nullptr;
     std::size_t sourcePos_ = 0;
     std::size_t tokenColumn_ = 0, shownPos_ = 0;  // where the token's shown text starts, and how much of it is out
-    std::size_t pendingShown_ = 0;               // characters of a byte's showing that a split sent to the next piece
+    std::size_t pendingShown_ = 0;                // characters of a byte's showing that a split sent to the next piece
     std::int32_t wraps_ = 0;
     std::int32_t column_ = 0;  // characters since the code's start, for tab stops
     // For the stretches told to the view: where each token starts in the line, the token being
@@ -174,9 +182,17 @@ void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, con
     std::size_t to = sourceBytesOfShown(text, stretchShown_, tokenColumn_, f_.TabWidth);
     std::size_t index = static_cast<std::size_t>(stretchToken_ - t_.Records[record_].FirstT);
     if (!drawable() || to == from || index >= lineColumns_.size()) return;
-    DrawnStretch stretch{record_, lineColumns_.at(index) + static_cast<std::int32_t>(from),
-                         static_cast<std::int32_t>(to - from), yNext_ - lineHeight_, yNext_, x, x + width, a,
-                         shownColumn, f_.TabWidth, {}};
+    DrawnStretch stretch{record_,
+                         lineColumns_.at(index) + static_cast<std::int32_t>(from),
+                         static_cast<std::int32_t>(to - from),
+                         yNext_ - lineHeight_,
+                         yNext_,
+                         x,
+                         x + width,
+                         a,
+                         shownColumn,
+                         f_.TabWidth,
+                         {}};
     hooks_.stretchDrawn(std::move(stretch));
 }
 
@@ -185,9 +201,17 @@ void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, con
 void RecordPainter::tellGap(std::int32_t next, std::size_t blanks, float xFrom) {
     std::size_t index = static_cast<std::size_t>(next - t_.Records[record_].FirstT);
     if (!hooks_.stretchDrawn || !drawable() || blanks == 0 || index >= lineColumns_.size()) return;
-    DrawnStretch stretch{record_, std::max(0, lineColumns_.at(index) - static_cast<std::int32_t>(blanks)),
-                         static_cast<std::int32_t>(blanks), yNext_ - lineHeight_, yNext_, xFrom, x_, nullptr,
-                         0, 0, {}};
+    DrawnStretch stretch{record_,
+                         std::max(0, lineColumns_.at(index) - static_cast<std::int32_t>(blanks)),
+                         static_cast<std::int32_t>(blanks),
+                         yNext_ - lineHeight_,
+                         yNext_,
+                         xFrom,
+                         x_,
+                         nullptr,
+                         0,
+                         0,
+                         {}};
     hooks_.stretchDrawn(std::move(stretch));
 }
 
@@ -323,7 +347,8 @@ void RecordPainter::firstTokenStart(const Token& token) {
         // The source's own indentation, blank by blank in the first token's font and tabs to
         // their stops, counted from the line's start, as the editor it was typed in showed it.
         std::int32_t columns = 0;
-        for (char c : token.LeadingSpace) columns += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - columns % f_.TabWidth : 1;
+        for (char c : token.LeadingSpace)
+            columns += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - columns % f_.TabWidth : 1;
         x_ += static_cast<float>(columns) * static_cast<float>(attributesOf(elementOf(first), dest_).SpaceWidth);
         column_ = columns;
     }
@@ -474,7 +499,8 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
         return static_cast<float>(attributesOf(e, dest).Height);
     };
     height = heightOf(firstToken);
-    for (std::int32_t i = firstToken + 1; i <= lastToken && height < ceiling; ++i) height = std::max(height, heightOf(i));
+    for (std::int32_t i = firstToken + 1; i <= lastToken && height < ceiling; ++i)
+        height = std::max(height, heightOf(i));
     if (theDebug().TraceApplication) theLog().LogData("MaxHeight=" + numberText(height));
 }
 
@@ -498,11 +524,14 @@ void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pie
                 break;
             }
         }
-        auto widthOf = [&](long length) { return s.textWidth(text.substr(position, static_cast<std::size_t>(length))); };
+        auto widthOf = [&](long length) {
+            return s.textWidth(text.substr(position, static_cast<std::size_t>(length)));
+        };
         long length = std::lround(width / restWidth * static_cast<double>(restLength));
         length = std::clamp(length, 1L, static_cast<long>(restLength));
         float pieceWidth = -1;  // the width of the longest length measured to fit
-        for (float w; length <= static_cast<long>(restLength) && (w = widthOf(length)) <= width; ++length) pieceWidth = w;
+        for (float w; length <= static_cast<long>(restLength) && (w = widthOf(length)) <= width; ++length)
+            pieceWidth = w;
         --length;
         // Only an estimate that was too long already has to step down.
         if (pieceWidth < 0)

@@ -65,7 +65,7 @@ struct RecordLayoutHooks {
     std::function<void(std::int32_t record)> beforeFirstToken;
     // The connector call for the record's first token (already tested to qualify).
     std::function<void(const AreaRecord& pos, float lineHeight, std::int32_t wraps, std::int32_t record, float xToken)>
-        connectors;
+            connectors;
     // When set, told where each piece of the line's text and each gap between tokens was drawn, so
     // that the view can map a pointer to the line and a part of the line to the view.
     std::function<void(DrawnStretch stretch)> stretchDrawn;

@@ -19,7 +19,8 @@ const RecordTexts& shownTexts() { return *theSourceTables().Texts; }
 // A project's listing is no source to search; a member of it shown is.
 bool sourceShown() {
     const FileTableModule& f = fileTable();
-    return f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count() && f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
+    return f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count() &&
+           f.oFile.Item(f.wCurrentFile).FileType == kFileSource;
 }
 
 bool sameSearch(const std::string& query, const SearchOptions& options) {
@@ -30,8 +31,7 @@ bool sameSearch(const std::string& query, const SearchOptions& options) {
 // Forward from just after the current hit's start, backward from its start; a new search starts
 // at the selection, or at the top of the view.
 TextPlace searchStart(const std::string& query, const SearchOptions& options, bool forward) {
-    if (sameSearch(query, options))
-        return {state.current.record, state.current.column + (forward ? 1 : 0)};
+    if (sameSearch(query, options)) return {state.current.record, state.current.column + (forward ? 1 : 0)};
     if (!selectionEmpty()) return selectionStart();
     return {std::max(1, emitterState().FirstRecord), 0};
 }

@@ -75,8 +75,7 @@ std::vector<TwipBox> boxesOf(const ViewMap& m, TextPlace from, TextPlace to) {
         if (!boxes.empty() && boxes.back().top == box.top && boxes.back().bottom == box.bottom &&
             std::abs(boxes.back().right - box.left) < 1)
             boxes.back().right = box.right;
-        else
-            boxes.push_back(box);
+        else boxes.push_back(box);
     }
     return boxes;
 }

@@ -39,7 +39,8 @@ TextPlace moved(TextPlace place, CaretMove move) {
             return place;
         case CaretMove::Up:
         case CaretMove::Down: {
-            std::int32_t r = shownRecord(place.record + (move == CaretMove::Up ? -1 : 1), move == CaretMove::Up ? -1 : 1);
+            std::int32_t r =
+                    shownRecord(place.record + (move == CaretMove::Up ? -1 : 1), move == CaretMove::Up ? -1 : 1);
             return r ? TextPlace{r, std::min(place.column, lineLength(r))} : place;
         }
     }
@@ -101,7 +102,8 @@ void selectWordAt(TextPlace place) {
         while (begin > 0 && isWord(begin - 1)) --begin;
         while (isWord(end)) ++end;
     }
-    selection = ViewSelection{{place.record, static_cast<std::int32_t>(begin)}, {place.record, static_cast<std::int32_t>(end)}, &texts()};
+    selection = ViewSelection{
+            {place.record, static_cast<std::int32_t>(begin)}, {place.record, static_cast<std::int32_t>(end)}, &texts()};
 }
 
 bool scrollForDrag(bool down) {
@@ -146,7 +148,8 @@ void revealPlace(TextPlace place) {
     const EmitterState& view = emitterState();
     std::int32_t shownLines = std::max(1, view.LastRecord - view.FirstRecord);
     if (place.record <= view.FirstRecord || view.FirstRecord < 1 || place.record > view.LastRecord + 2) {
-        std::int32_t record = place.record <= view.FirstRecord ? place.record : std::max(1, place.record - shownLines / 2);
+        std::int32_t record =
+                place.record <= view.FirstRecord ? place.record : std::max(1, place.record - shownLines / 2);
         HlydDSEmitRequestedData(record);
         if (placeShown(viewMap(), place, viewBottom())) return;
     }

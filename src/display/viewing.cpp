@@ -20,9 +20,10 @@ ViewingState viewing;
 constexpr const char* kMoreProcedures = " ...";
 
 [[noreturn]] void procListAssertion(const SortedListModel& list, const std::string& text) {
-    logBlock(" -- Assertion Failure\nListIndex > UBound(colProc) and either ListCount <= 2 or Value <> | ...|\nListIndex =" +
-             std::to_string(list.ListIndex) + "\nListCount =" + std::to_string(list.ListCount()) +
-             "\nUBound(colProc) =" + std::to_string(static_cast<int>(yProc().size()) - 1) + "\nValue =|" + text + "|");
+    logBlock(
+            " -- Assertion Failure\nListIndex > UBound(colProc) and either ListCount <= 2 or Value <> | ...|\nListIndex =" +
+            std::to_string(list.ListIndex) + "\nListCount =" + std::to_string(list.ListCount()) +
+            "\nUBound(colProc) =" + std::to_string(static_cast<int>(yProc().size()) - 1) + "\nValue =|" + text + "|");
     theDebug().BabStatus = kStatusAssertionFailed;
     raiseInternal("cboProc_Click");
 }

@@ -7,7 +7,8 @@ namespace hlyd {
 bool invisibleControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
 
 std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWidth) {
-    if (c == '\t') return tabWidth > 0 ? static_cast<std::size_t>(tabWidth) - column % static_cast<std::size_t>(tabWidth) : 1;
+    if (c == '\t')
+        return tabWidth > 0 ? static_cast<std::size_t>(tabWidth) - column % static_cast<std::size_t>(tabWidth) : 1;
     return invisibleControl(c) ? 2 : 1;
 }
 

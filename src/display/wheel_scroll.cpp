@@ -50,7 +50,8 @@ WheelSteps wheelSteps(const WheelTurn& turn, int linePixels) {
 }
 
 int wheelScrollValue(int value, int minimum, int maximum, int largeChange, const WheelSteps& steps) {
-    long long target = static_cast<long long>(value) + steps.records + static_cast<long long>(steps.pages) * largeChange;
+    long long target =
+            static_cast<long long>(value) + steps.records + static_cast<long long>(steps.pages) * largeChange;
     return static_cast<int>(std::clamp<long long>(target, minimum, std::max(minimum, maximum)));
 }
 

@@ -18,7 +18,8 @@ namespace {
 constexpr const char* kLoadDialect = "6";
 
 [[noreturn]] void indexOutOfBounds(std::int16_t wWhich) {
-    logBlock(std::string("ProcessSelectedFile -- Assertion Failure\nSpecified File-index not within bounds of oFile()\n") +
+    logBlock(std::string(
+                     "ProcessSelectedFile -- Assertion Failure\nSpecified File-index not within bounds of oFile()\n") +
              "Specified File-index =" + std::to_string(wWhich) + "\noFile() bounds = (1," +
              std::to_string(oFile().Count()) + ")");
     theDebug().setStatus(kStatusAssertionFailed, 0);

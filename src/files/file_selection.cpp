@@ -69,7 +69,8 @@ std::vector<std::string> namesFromDialog(const std::vector<std::string>& chosen)
     ParseLine(chosen.front(), '\0', parts);
     if (parts.size() <= 1) return parts;
     std::string directory = parts.front();
-    if (!directory.empty() && directory.back() != '\\' && directory.back() != '/') directory += std::filesystem::path::preferred_separator;
+    if (!directory.empty() && directory.back() != '\\' && directory.back() != '/')
+        directory += std::filesystem::path::preferred_separator;
     std::vector<std::string> names;
     for (std::size_t i = 1; i < parts.size(); ++i)
         if (!parts[i].empty()) names.push_back(directory + parts[i]);
@@ -110,8 +111,9 @@ NameKinds sortNames(const std::vector<std::string>& names) {
 void openResourceFiles(const std::vector<std::string>& names, const NameKinds& kinds) {
     const std::string& title = theAppInfo().Title;
     if (oFile().Count() > 0) {
-        std::string text = "Resource files were selected.\n\nOther files must be closed before proceeding.\n\n"
-                           "Click OK to close currently loaded file(s).";
+        std::string text =
+                "Resource files were selected.\n\nOther files must be closed before proceeding.\n\n"
+                "Click OK to close currently loaded file(s).";
         if (showMessage(text, title, MsgButtons::OKCancel, MsgIcon::Warning) == MsgAnswer::Cancel) return;
         cHLYD::CloseFiles();
     }

@@ -56,11 +56,11 @@ struct FileTableModule {
     SourceFile source;  // wFileHandle: open only while the file is being read
     std::string sVBName;
     bool bInConditional = false;
-    bool projectOpen = false;                   // a project or group is being shown
-    std::string openFailure;                    // why the last load could not open its file
-    std::string readingCut;                     // what a limit of the reader left out of the loaded file
+    bool projectOpen = false;                    // a project or group is being shown
+    std::string openFailure;                     // why the last load could not open its file
+    std::string readingCut;                      // what a limit of the reader left out of the loaded file
     std::vector<std::int32_t> TokenElements{0};  // element row of each token, from 1
-    std::vector<ProcEntry> yProc{ProcEntry{}};  // from 0
+    std::vector<ProcEntry> yProc{ProcEntry{}};   // from 0
 };
 
 FileTableModule& fileTable();

@@ -11,9 +11,7 @@ namespace {
 std::unique_ptr<MainWindowModel> model = std::make_unique<MainWindowModel>();
 
 // The order of a sorted list box: letter case does not count.
-bool sortsBefore(const std::string& a, const std::string& b) {
-    return upperCase(a) < upperCase(b);
-}
+bool sortsBefore(const std::string& a, const std::string& b) { return upperCase(a) < upperCase(b); }
 }  // namespace
 
 int SortedListModel::AddItem(const std::string& text) {

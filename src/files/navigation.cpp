@@ -12,7 +12,7 @@ namespace hlyd {
 
 namespace {
 NavigationState state;
-constexpr std::int32_t kCaptionJump = 26;    // smaller jumps would make the caption flicker
+constexpr std::int32_t kCaptionJump = 26;  // smaller jumps would make the caption flicker
 constexpr std::int32_t kStatusEvery = 50;
 }  // namespace
 

@@ -147,8 +147,8 @@ std::string outputsRefusal(const std::vector<OutputTarget>& targets, const std::
             bool same = a.exists() ? a.sameFileAs(os::fileInfo(targets[j].path))
                                    : os::absolutePath(targets[i].path) == os::absolutePath(targets[j].path);
             if (same)
-                return message(targets[j],
-                               "is also the " + std::string(kindName(targets[i].kind)) + " named by " + targets[i].namedBy);
+                return message(targets[j], "is also the " + std::string(kindName(targets[i].kind)) + " named by " +
+                                                   targets[i].namedBy);
         }
     return {};
 }

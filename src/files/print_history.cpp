@@ -26,9 +26,7 @@ cINIHandler openHistory(const char* section = kHistorySection) {
     return history;
 }
 
-std::string symbolText(const char* symbol, const char* fallback) {
-    return symbol && *symbol ? symbol : fallback;
-}
+std::string symbolText(const char* symbol, const char* fallback) { return symbol && *symbol ? symbol : fallback; }
 
 AmPmSymbols symbolsOfUserLocale() {
     os::LocaleFacts facts = os::userLocale();
@@ -44,8 +42,8 @@ std::string formatDate(std::time_t t, const char* pattern, const AmPmSymbols& sy
     std::tm tm = localTime(t);
     const std::string& half = tm.tm_hour < 12 ? symbols.am : symbols.pm;
     char buffer[96];
-    std::snprintf(buffer, sizeof buffer, pattern, tm.tm_mon + 1, tm.tm_mday, tm.tm_year + 1900,
-                  twelveHour(tm.tm_hour), tm.tm_min, tm.tm_sec, half.c_str());
+    std::snprintf(buffer, sizeof buffer, pattern, tm.tm_mon + 1, tm.tm_mday, tm.tm_year + 1900, twelveHour(tm.tm_hour),
+                  tm.tm_min, tm.tm_sec, half.c_str());
     return buffer;
 }
 
@@ -147,8 +145,7 @@ std::optional<DateFields> scanDate(const std::string& text, const AmPmSymbols& s
 
 bool fieldsValid(const DateFields& f) {
     return f.half != Half::Unknown && f.month >= 1 && f.month <= 12 && f.day >= 1 &&
-           f.day <= daysInMonth(f.month, f.year) && hourOfDay(f.hour, f.half) >= 0 && f.minute <= 59 &&
-           f.second <= 59;
+           f.day <= daysInMonth(f.month, f.year) && hourOfDay(f.hour, f.half) >= 0 && f.minute <= 59 && f.second <= 59;
 }
 
 std::time_t fileTime(const std::string& fileName, const char* source) {

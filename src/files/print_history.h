@@ -65,8 +65,7 @@ std::string formatDefaultDateTime(std::time_t t, const AmPmSymbols& symbols = lo
 // A local date and time as either format writes it: month, day and hour of one or two digits,
 // a four-digit year, seconds optional, then the locale's symbol or a plain "AM"/"PM" in any
 // case; without a symbol the hour counts from 0 to 23. Nothing when the text is not a date.
-std::optional<std::time_t> parseHistoryDate(const std::string& text,
-                                            const AmPmSymbols& symbols = localeAmPm());
+std::optional<std::time_t> parseHistoryDate(const std::string& text, const AmPmSymbols& symbols = localeAmPm());
 
 // The file's last-saved time in whole seconds; raises the platform's file error (53 for a
 // missing file) when the file cannot be asked.

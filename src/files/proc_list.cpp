@@ -143,7 +143,8 @@ bool entryDue(std::int32_t r, NewEntry& e) {
         e = {kDesignerDefinition, "M"};
         return true;
     }
-    bool afterDefinition = r > 1 && (t.Statements[t.Records[r - 1].FirstS].Flags & kFlagFormDescription) && !formDefinition;
+    bool afterDefinition =
+            r > 1 && (t.Statements[t.Records[r - 1].FirstS].Flags & kFlagFormDescription) && !formDefinition;
     if (r == 1 || afterDefinition) {
         e = {kDeclarations, "D"};
         return true;

@@ -43,9 +43,9 @@ void tellLinesBeyondTheTree() {
             if (project.ProjectRecords[n - 1].Key) ++beyond;
         if (beyond == 0) continue;
         tellCut(CutKind::ListingBound, project.FileName + ": the Project File dialog lists the first " +
-                                           std::to_string(kLinesPerProject - 1) + " of its " + std::to_string(lines) +
-                                           " lines; " + std::to_string(beyond) +
-                                           " members named after them cannot be chosen here");
+                                               std::to_string(kLinesPerProject - 1) + " of its " +
+                                               std::to_string(lines) + " lines; " + std::to_string(beyond) +
+                                               " members named after them cannot be chosen here");
     }
 }
 

@@ -62,19 +62,74 @@ std::string formModuleName(cProjectLine& line) {
 }  // namespace
 
 const std::array<const char*, 68>& projectKeywords() {
-    static const std::array<const char*, 68> kTable = {
-        "",
-        "AUTOINCREMENTVER", "AUTOREFRESH", "BOUNDSCHECK", "CLASS", "CODEVIEWDEBUGINFO", "COMMAND", "COMMAND32",
-        "COMPATIBLEEXE", "COMPATIBLEEXE32", "COMPATIBLEMODE", "COMPILATIONTYPE", "CONDCOMP", "CONTROL",
-        "DEBUGSTARTUPCOMPONENT", "DEBUGSTARTUPOPTION", "DESCRIPTION", "DESIGNER", "DLLBASEADDRESS", "EXENAME",
-        "EXENAME32", "FAVORPENTIUMPRO", "FDIVCHECK", "FLPOINTCHECK", "FORM", "HELPCONTEXTID", "HELPFILE",
-        "ICONFORM", "MAJORVER", "MAXNUMBEROFTHREADS", "MINORVER", "MODULE", "NAME", "NOALIASING", "OBJECT",
-        "OPTIMIZATIONTYPE", "OVERFLOWCHECK", "PATH", "PATH32", "PROJWINSHOW", "PROJWINSIZE", "PROPERTYPAGE",
-        "REFERENCE", "RELATEDDOC", "RESFILE16", "RESFILE32", "RETAINED", "REVISIONVER", "SERVERSUPPORTFILES",
-        "STARTMODE", "STARTUP", "THREADINGMODEL", "THREADPEROBJECT", "TITLE", "TYPE", "UNATTENDED", "UNROUNDEDFP",
-        "USEEXISTINGBROWSER", "USERCONTROL", "USERDOCUMENT", "VERSIONCOMMENTS", "VERSIONCOMPANYNAME",
-        "VERSIONCOMPATIBLE", "VERSIONCOMPATIBLE32", "VERSIONFILEDESCRIPTION", "VERSIONLEGALCOPYRIGHT",
-        "VERSIONLEGALTRADEMARKS", "VERSIONPRODUCTNAME"};
+    static const std::array<const char*, 68> kTable = {"",
+                                                       "AUTOINCREMENTVER",
+                                                       "AUTOREFRESH",
+                                                       "BOUNDSCHECK",
+                                                       "CLASS",
+                                                       "CODEVIEWDEBUGINFO",
+                                                       "COMMAND",
+                                                       "COMMAND32",
+                                                       "COMPATIBLEEXE",
+                                                       "COMPATIBLEEXE32",
+                                                       "COMPATIBLEMODE",
+                                                       "COMPILATIONTYPE",
+                                                       "CONDCOMP",
+                                                       "CONTROL",
+                                                       "DEBUGSTARTUPCOMPONENT",
+                                                       "DEBUGSTARTUPOPTION",
+                                                       "DESCRIPTION",
+                                                       "DESIGNER",
+                                                       "DLLBASEADDRESS",
+                                                       "EXENAME",
+                                                       "EXENAME32",
+                                                       "FAVORPENTIUMPRO",
+                                                       "FDIVCHECK",
+                                                       "FLPOINTCHECK",
+                                                       "FORM",
+                                                       "HELPCONTEXTID",
+                                                       "HELPFILE",
+                                                       "ICONFORM",
+                                                       "MAJORVER",
+                                                       "MAXNUMBEROFTHREADS",
+                                                       "MINORVER",
+                                                       "MODULE",
+                                                       "NAME",
+                                                       "NOALIASING",
+                                                       "OBJECT",
+                                                       "OPTIMIZATIONTYPE",
+                                                       "OVERFLOWCHECK",
+                                                       "PATH",
+                                                       "PATH32",
+                                                       "PROJWINSHOW",
+                                                       "PROJWINSIZE",
+                                                       "PROPERTYPAGE",
+                                                       "REFERENCE",
+                                                       "RELATEDDOC",
+                                                       "RESFILE16",
+                                                       "RESFILE32",
+                                                       "RETAINED",
+                                                       "REVISIONVER",
+                                                       "SERVERSUPPORTFILES",
+                                                       "STARTMODE",
+                                                       "STARTUP",
+                                                       "THREADINGMODEL",
+                                                       "THREADPEROBJECT",
+                                                       "TITLE",
+                                                       "TYPE",
+                                                       "UNATTENDED",
+                                                       "UNROUNDEDFP",
+                                                       "USEEXISTINGBROWSER",
+                                                       "USERCONTROL",
+                                                       "USERDOCUMENT",
+                                                       "VERSIONCOMMENTS",
+                                                       "VERSIONCOMPANYNAME",
+                                                       "VERSIONCOMPATIBLE",
+                                                       "VERSIONCOMPATIBLE32",
+                                                       "VERSIONFILEDESCRIPTION",
+                                                       "VERSIONLEGALCOPYRIGHT",
+                                                       "VERSIONLEGALTRADEMARKS",
+                                                       "VERSIONPRODUCTNAME"};
     return kTable;
 }
 
@@ -85,8 +140,8 @@ std::unique_ptr<cProjectFiles> replaceProjectFiles(std::unique_ptr<cProjectFiles
     return next;
 }
 
-void ParseFileName(const std::string& file, std::string& drive, std::string& path, std::string& base,
-                   std::string& ext, bool& bad) {
+void ParseFileName(const std::string& file, std::string& drive, std::string& path, std::string& base, std::string& ext,
+                   bool& bad) {
     std::string rest = trimSpaces(file);
     if (rest.empty()) {
         bad = true;
@@ -125,9 +180,11 @@ bool cProjectFile::openForReading(const std::string& fileName, LineReader& in) {
         int number = runtimeErrorFromErrno(reason);
         theDebug().setStatus(kStatusProjectUnreadable, number);
         logBlock("VBErr=" + std::to_string(number));
-        std::string text = "The following error occurred processing " + fileName + ".\n\n" + describeSystemError(reason);
+        std::string text =
+                "The following error occurred processing " + fileName + ".\n\n" + describeSystemError(reason);
         MsgButtons buttons = number == 53 ? MsgButtons::RetryCancel : MsgButtons::OK;
-        if (theUi().messageBox({text, theAppInfo().Title, buttons, MsgIcon::Warning, 1}) != MsgAnswer::Retry) return false;
+        if (theUi().messageBox({text, theAppInfo().Title, buttons, MsgIcon::Warning, 1}) != MsgAnswer::Retry)
+            return false;
     }
 }
 
@@ -135,7 +192,8 @@ void cProjectFile::ProcessProjectFile(const std::string& fileName, std::string f
     TraceScope trace(theDebug().TraceApplication, "ProcessProjectFile");
     if (fileName.empty()) throw HlydError(kProjectArgumentError, "Invalid FileName", "ProcessProjectFile");
     const std::string& checked = formExt.empty() ? moduleExt : formExt;
-    if (!checked.empty() && checked[0] != '.') throw HlydError(kProjectArgumentError, "Invalid FileExt", "ProcessProjectFile");
+    if (!checked.empty() && checked[0] != '.')
+        throw HlydError(kProjectArgumentError, "Invalid FileExt", "ProcessProjectFile");
     Dialect = "6";
     FileName = fileName;
     FileType = 1;

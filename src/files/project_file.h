@@ -109,8 +109,8 @@ std::unique_ptr<cProjectFiles> replaceProjectFiles(std::unique_ptr<cProjectFiles
 
 // Splits a name into drive (with its colon), path (with its separator), base and extension
 // (with its point); "\" and "/" both separate directories.
-void ParseFileName(const std::string& file, std::string& drive, std::string& path, std::string& base,
-                   std::string& ext, bool& bad);
+void ParseFileName(const std::string& file, std::string& drive, std::string& path, std::string& base, std::string& ext,
+                   bool& bad);
 
 // The keyword of a project line and its index, 1 to 67.
 const std::array<const char*, 68>& projectKeywords();

@@ -76,8 +76,8 @@ void traceLine(const cProjectLine& line) {
 }  // namespace
 
 // An old project names its members bare, one file name to a line.
-static void oldFormLine(cProjectFile& project, cProjectLine& line, const std::string& text,
-                        const std::string& formExt, const std::string& moduleExt) {
+static void oldFormLine(cProjectFile& project, cProjectLine& line, const std::string& text, const std::string& formExt,
+                        const std::string& moduleExt) {
     if (text.find(' ') != std::string::npos) {
         line.SyntaxError = true;
         return;
@@ -139,7 +139,8 @@ void cProjectFile::parseValues(cProjectLine& line, const std::string& value) {
         } else {
             std::vector<std::string>& words = line.Value;
             std::size_t semicolon = value.find(';');
-            if (words.empty() || words[0].empty() || words[0].back() != ';' || words.size() < 2 || semicolon == std::string::npos) {
+            if (words.empty() || words[0].empty() || words[0].back() != ';' || words.size() < 2 ||
+                semicolon == std::string::npos) {
                 line.SyntaxError = true;
                 return;
             }

@@ -21,7 +21,6 @@ namespace hlyd {
 
 namespace {
 
-
 std::string pointList(const std::string& barList) {
     std::string list = "." + barList;
     for (char& c : list)
@@ -62,8 +61,8 @@ bool seenBefore(const std::vector<os::FileInfo>& walked, const os::FileInfo& inf
 }
 
 void tellReadFailure(const std::string& name) {
-    std::string text = theDebug().BabStatusDetail == 1 ? "Unable to open " + name + "."
-                                                       : "Error occurred reading " + name + ".";
+    std::string text =
+            theDebug().BabStatusDetail == 1 ? "Unable to open " + name + "." : "Error occurred reading " + name + ".";
     showMessage(text, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 

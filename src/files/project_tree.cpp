@@ -22,9 +22,9 @@ struct MemberKind {
 // The order of the branches under a project. A member that is not there keeps its keyword, so it
 // stays under its kind although its line type is gone.
 constexpr MemberKind kKinds[] = {
-    {"Forms", {24, -24}},         {"Modules", {31, -31}},       {"Classes", {4, 0}},
-    {"User Controls", {58, 0}},   {"Property Pages", {41, 0}},  {"User Documents", {59, 0}},
-    {"Designers", {17, 0}},       {"Objects", {34, -34}, false}, {"References", {42, 0}, false},
+        {"Forms", {24, -24}},       {"Modules", {31, -31}},        {"Classes", {4, 0}},
+        {"User Controls", {58, 0}}, {"Property Pages", {41, 0}},   {"User Documents", {59, 0}},
+        {"Designers", {17, 0}},     {"Objects", {34, -34}, false}, {"References", {42, 0}, false},
 };
 
 bool ofKind(const cProjectLine& line, const MemberKind& kind) {
@@ -80,12 +80,12 @@ void cotlControl::addProject(cProjectFiles& projects, int position) {
         for (int n : linesOfKind(project, kind, lines)) {
             const cProjectLine& line = project.line(n);
             bool there = isMemberType(line.FileType);
-            members.push_back({2, kind.files ? memberText(line) : otherText(line), there && kind.files, false, kind.files,
-                               position * kLinesPerProject + n});
+            members.push_back({2, kind.files ? memberText(line) : otherText(line), there && kind.files, false,
+                               kind.files, position * kLinesPerProject + n});
         }
         if (members.empty()) continue;
-        nodes_.push_back({1, std::string(kind.name) + " (" + std::to_string(members.size()) + ")", false, true,
-                          false, 0});
+        nodes_.push_back(
+                {1, std::string(kind.name) + " (" + std::to_string(members.size()) + ")", false, true, false, 0});
         nodes_.insert(nodes_.end(), members.begin(), members.end());
     }
 }

@@ -19,7 +19,7 @@ const char* const kLineEnd = "\r\n";
 }  // namespace
 
 const char* htmlClassName(int element) {
-    static const char* const kNames[] = {"Comment", "Identifier", "KeyWord", "Literal",
+    static const char* const kNames[] = {"Comment", "Identifier", "KeyWord",  "Literal",
                                          "Project", "Proc",       "PageHead", "LineNo"};
     if (element >= 1 && element <= 8) return kNames[element - 1];
     return element == 99 ? "a:link" : "Unknown";
@@ -76,7 +76,8 @@ void cGenHTML::InitDoc(const std::string& title, const std::string& fileName, co
     subTitle1_ = subTitle1;
     subTitle2_ = subTitle2;
     // Never over a file of the user's or over a device or FIFO; through a link, to its target.
-    if (std::string refusal = outputRefusal({outputPath_, OutputKind::Html, "the Save as HTML dialog"}); !refusal.empty()) {
+    if (std::string refusal = outputRefusal({outputPath_, OutputKind::Html, "the Save as HTML dialog"});
+        !refusal.empty()) {
         showMessage(theAppInfo().Title + " " + refusal, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
         Cancelled = true;
         return;

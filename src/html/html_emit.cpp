@@ -39,7 +39,8 @@ Emission emission;
 bool isNumericText(std::string_view text) {
     std::size_t i = 0, n = text.size();
     while (i < n && text[i] == ' ') ++i;
-    if (i + 1 < n && text[i] == '&' && (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
+    if (i + 1 < n && text[i] == '&' &&
+        (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
         return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string_view::npos;
     if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
     bool digits = false;
@@ -85,7 +86,8 @@ std::string withoutDirectory(const std::string& full) {
 
 bool shownByView(const Statement& s) {
     const HlydSettings& settings = hlydSettings();
-    return (s.Flags & kFlagFormDescription) ? settings.ViewFormDef[kHTMLDestination] : settings.ViewCode[kHTMLDestination];
+    return (s.Flags & kFlagFormDescription) ? settings.ViewFormDef[kHTMLDestination]
+                                            : settings.ViewCode[kHTMLDestination];
 }
 
 void emitSourceRecords() {
@@ -126,8 +128,8 @@ namespace hlydHTML {
 // Spaces ahead of a token: the source's own gap, or for the first token that counts the
 // analysed indentation (a line number before it keeps its place). `blankAfter` tells that a line
 // number is followed by a blank.
-static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToken, const Statement& s,
-                     int spaces, bool& blankAfter) {
+static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToken, const Statement& s, int spaces,
+                     bool& blankAfter) {
     const SourceTables& t = theSourceTables();
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
     const Token& tok = t.Tokens[token];

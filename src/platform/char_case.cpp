@@ -33,8 +33,7 @@ std::string upperCase(std::string_view text) {
 bool equalsUpper(std::string_view text, std::string_view upperWord) {
     if (text.size() != upperWord.size()) return false;
     for (std::size_t i = 0; i < text.size(); ++i)
-        if (kUpper[static_cast<unsigned char>(text[i])] != static_cast<unsigned char>(upperWord[i]))
-            return false;
+        if (kUpper[static_cast<unsigned char>(text[i])] != static_cast<unsigned char>(upperWord[i])) return false;
     return true;
 }
 

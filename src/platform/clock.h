@@ -8,7 +8,7 @@ namespace hlyd {
 class Clock {
 public:
     virtual ~Clock() = default;
-    virtual std::time_t now() const = 0;     // seconds since the epoch
+    virtual std::time_t now() const = 0;       // seconds since the epoch
     virtual std::int64_t ticksMs() const = 0;  // a monotonic millisecond counter
 };
 

@@ -6,12 +6,12 @@ namespace hlyd {
 
 MsgAnswer defaultAnswer(const MessageBoxRequest& request) {
     static const MsgAnswer answers[][3] = {
-        {MsgAnswer::OK, MsgAnswer::OK, MsgAnswer::OK},
-        {MsgAnswer::OK, MsgAnswer::Cancel, MsgAnswer::Cancel},
-        {MsgAnswer::Abort, MsgAnswer::Retry, MsgAnswer::Ignore},
-        {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::Cancel},
-        {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::No},
-        {MsgAnswer::Retry, MsgAnswer::Cancel, MsgAnswer::Cancel},
+            {MsgAnswer::OK, MsgAnswer::OK, MsgAnswer::OK},
+            {MsgAnswer::OK, MsgAnswer::Cancel, MsgAnswer::Cancel},
+            {MsgAnswer::Abort, MsgAnswer::Retry, MsgAnswer::Ignore},
+            {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::Cancel},
+            {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::No},
+            {MsgAnswer::Retry, MsgAnswer::Cancel, MsgAnswer::Cancel},
     };
     int which = request.defaultButton;
     if (which < 1 || which > 3) which = 1;
@@ -29,8 +29,7 @@ MsgAnswer windowlessAnswer(const MessageBoxRequest& request, std::FILE* note) {
 }
 
 MsgAnswer ConsoleUi::messageBox(const MessageBoxRequest& request) {
-    std::fprintf(stderr, "%s%s%s\n", request.title.c_str(), request.title.empty() ? "" : ": ",
-                 request.text.c_str());
+    std::fprintf(stderr, "%s%s%s\n", request.title.c_str(), request.title.empty() ? "" : ": ", request.text.c_str());
     return windowlessAnswer(request, stderr);
 }
 

@@ -16,7 +16,7 @@ public:
     // for the caller to see that it is too long; the rest of it is skipped.
     explicit LineReader(std::size_t longestLine, std::size_t chunk = std::size_t{64} * 1024);
 
-    int open(const std::string& path);  // 0 or the errno (os::kNotRegularFile for no regular file)
+    int open(const std::string& path);   // 0 or the errno (os::kNotRegularFile for no regular file)
     void openText(std::string content);  // for tests and tools: a file held in memory
     void close();
 
@@ -42,7 +42,7 @@ private:
     std::size_t chunk_;
     os::InputFile file_;
     std::string buffer_;
-    std::string line_;  // a cut or last line handed out, a copy, since a fill would move its bytes
+    std::string line_;       // a cut or last line handed out, a copy, since a fill would move its bytes
     std::size_t start_ = 0;  // first unread byte
     std::size_t end_ = 0;    // one past the last byte read into the buffer
     std::uint64_t consumed_ = 0;

@@ -178,7 +178,7 @@ struct LocaleFacts {
     std::string am, pm;
     std::array<std::string, 12> monthAbbreviations;  // January first; empty when the locale does not say
     std::string timeSeparator;                       // between hours and minutes; empty when not said
-    std::string digitGroup;  // between groups of digits in plain numbers (UTF-8); empty for none
+    std::string digitGroup;   // between groups of digits in plain numbers (UTF-8); empty for none
     std::string paperLocale;  // the locale's name for paper sizes: "en_US.UTF-8", "de-DE", "C"
 };
 LocaleFacts userLocale();

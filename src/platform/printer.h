@@ -13,7 +13,7 @@ namespace hlyd {
 
 // The device's own figures, in its pixels: what the page geometry is computed from.
 struct PrinterCaps {
-    std::int32_t PhysicalWidth = 0;    // the whole sheet
+    std::int32_t PhysicalWidth = 0;  // the whole sheet
     std::int32_t PhysicalHeight = 0;
     std::int32_t PhysicalOffsetX = 0;  // the unprintable strip at the left and at the top
     std::int32_t PhysicalOffsetY = 0;
@@ -69,8 +69,14 @@ public:
     // otherwise: then nothing is left behind, and an existing file stays as it was). beginJob is
     // false when the job cannot even begin (the file cannot be made where it is to go): the run
     // then ends before its first page instead of after its last.
-    virtual bool beginJob(const std::string& outputPath) { (void)outputPath; return true; }
-    virtual bool endJob(bool keep) { (void)keep; return true; }
+    virtual bool beginJob(const std::string& outputPath) {
+        (void)outputPath;
+        return true;
+    }
+    virtual bool endJob(bool keep) {
+        (void)keep;
+        return true;
+    }
     // Why the job could not begin, or why the last endJob failed, for the message the user gets.
     virtual std::string jobError() const { return {}; }
     // Pages that reached the device or file so far: the count the user is told after a run.

@@ -95,7 +95,9 @@ bool CodeListing::breakBefore(std::int32_t record) {
 void CodeListing::separator(std::int32_t record) {
     Printer& printer = *currentPrinter();
     const LayoutMetrics& m = layoutMetrics();
-    if (pos_.TopPos + 5.0f * static_cast<float>(m.PrintTwipsPerPixelY) > p_.UsableArea.Bottom && f_.SeparatorBold && !breakBefore(record)) return;
+    if (pos_.TopPos + 5.0f * static_cast<float>(m.PrintTwipsPerPixelY) > p_.UsableArea.Bottom && f_.SeparatorBold &&
+        !breakBefore(record))
+        return;
     if (f_.SeparatorBold) printer.setDrawWidth(5);
     printer.line(pos_.LeftPos, pos_.TopPos, pos_.RightPos, pos_.TopPos,
                  displayAttributes().Elements[kElemKeyWords].slot[kPrint].ForeColor);
@@ -149,7 +151,7 @@ bool CodeListing::printRecord(std::int32_t record) {
     bool procStart = entry >= 0 && name != kDeclarations && name != kDesignerObject;
     if (!wanted(record) || (!procStart && blankAt(record))) return true;
     bool orphan = pos_.TopPos + static_cast<float>(orphanLines(record, entry, procStart)) *
-                                     layoutMetrics().MaxFontHeight[kPrint] >
+                                        layoutMetrics().MaxFontHeight[kPrint] >
                   p_.UsableArea.Bottom;
     bool skip = f_.ProcSkip == 'P' || f_.ProcSkip == 'C' || orphan;
     if (((skip && procStart) || p_.PageNumber == 0) && !breakBefore(record)) return false;

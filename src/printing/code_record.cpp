@@ -112,8 +112,8 @@ void RecordOnPaper::connectors(const AreaRecord& area, float lineHeight, std::in
     AreaRecord next = at;
     next.Top = at.Top + lineHeight;
     float xOffset = numberWidth_;
-    HlydCLBeginOrEnd(kPrint, at, theSourceTables().Records[record_].Indent, next, wraps,
-                     record_, xToken, displayAttributes().Format[kPrint], xOffset);
+    HlydCLBeginOrEnd(kPrint, at, theSourceTables().Records[record_].Indent, next, wraps, record_, xToken,
+                     displayAttributes().Format[kPrint], xOffset);
 }
 
 std::int32_t RecordOnPaper::run(std::string& text) {

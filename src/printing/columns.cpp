@@ -47,9 +47,10 @@ bool columnFits(wPos& pos, std::int32_t record) {
     PrintState& p = printState();
     float right = p.Column.XColumn + static_cast<float>(p.Columns.Width);
     if (right <= p.UsableArea.Right) return true;
-    theLog().LogData(" -- Assertion failure\r\nColumn's LeftPos+Column's Width > Page's RightPos\r\nColumn's LeftPos =" +
-                     numberText(p.Column.XColumn) + "\r\nColumn's Width =" + std::to_string(p.Columns.Width) +
-                     "\r\nPage's RightPos =" + numberText(p.UsableArea.Right));
+    theLog().LogData(
+            " -- Assertion failure\r\nColumn's LeftPos+Column's Width > Page's RightPos\r\nColumn's LeftPos =" +
+            numberText(p.Column.XColumn) + "\r\nColumn's Width =" + std::to_string(p.Columns.Width) +
+            "\r\nPage's RightPos =" + numberText(p.UsableArea.Right));
     if (theDebug().DontTrapErrors) {
         p.PrintStatus = kPrintAssertFailed;
         raiseInternal("HlydPAPointNextColumn");

@@ -32,8 +32,12 @@ void newContentsPage(wPos& pos, std::int32_t& contentsPages, bool project) {
 class ProcedureTable {
 public:
     ProcedureTable(Printer& printer, wPos& pos, std::int32_t& contentsPages, bool project)
-        : printer_(printer), pos_(pos), contentsPages_(contentsPages), project_(project),
-          a_(printAttributes(kElemProcedures)), height_(static_cast<float>(a_.Height)) {}
+        : printer_(printer),
+          pos_(pos),
+          contentsPages_(contentsPages),
+          project_(project),
+          a_(printAttributes(kElemProcedures)),
+          height_(static_cast<float>(a_.Height)) {}
     void print(const std::vector<ProcEntry>& procs);
 
 private:

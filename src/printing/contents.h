@@ -18,7 +18,7 @@ constexpr std::int16_t kTocProcedure = 3;
 struct TocEntry {
     std::int16_t Type = kTocBlank;
     std::string Text;
-    std::string Page;  // the printed page number and two blanks
+    std::string Page;         // the printed page number and two blanks
     std::string Destination;  // the place the entry links to; none for a blank line
 };
 

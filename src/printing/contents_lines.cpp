@@ -69,7 +69,8 @@ std::string shortenPathToWidth(const std::string& path, float room, const Measur
     std::string head = path.substr(0, nameAt);
     const std::string dots = "...";
     if (width(dots + name) <= room) {
-        std::size_t kept = longestThatFits(head.size(), [&](std::size_t n) { return width(head.substr(0, n) + dots + name) <= room; });
+        std::size_t kept = longestThatFits(
+                head.size(), [&](std::size_t n) { return width(head.substr(0, n) + dots + name) <= room; });
         return head.substr(0, kept) + dots + name;
     }
     // The name's end (its extension) is worth as much as its start.

@@ -39,7 +39,7 @@ std::string currentProjectName() {
 
 std::string askRoutineDescription(const std::string& procedure) {
     std::optional<std::string> answer =
-        theUi().inputBox({"Enter a description for the routine\n" + procedure, "Enter Description", ""});
+            theUi().inputBox({"Enter a description for the routine\n" + procedure, "Enter Description", ""});
     return answer.value_or(std::string());
 }
 

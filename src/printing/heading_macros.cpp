@@ -22,7 +22,7 @@ struct RomanStep {
     const char* numeral;
 };
 constexpr RomanStep kRomanSteps[] = {{1000, "m"}, {900, "cm"}, {500, "d"}, {400, "cd"}, {100, "c"},
-                                     {90, "xc"},  {50, "l"},   {40, "xl"},  {10, "x"},   {9, "ix"},
+                                     {90, "xc"},  {50, "l"},   {40, "xl"}, {10, "x"},   {9, "ix"},
                                      {5, "v"},    {4, "iv"},   {1, "i"}};
 
 struct FilePath {
@@ -52,27 +52,31 @@ struct Macro {
 };
 
 const Macro kMacros[] = {
-    {"@date", false, [](const HeadingMacroContext&) { return mediumDateText(theClock().now()) + " "; }},
-    {"@time", false, [](const HeadingMacroContext&) { return shortTimeText(theClock().now()) + " "; }},
-    {"@page", true, [](const HeadingMacroContext& c) { return pageNumberText(c.page, c.printAsRoman) + " "; }},
-    {"@filedate", false,
-     [](const HeadingMacroContext&) { return mediumDateText(static_cast<std::time_t>(currentFileSavedAt())) + " "; }},
-    {"@filetime", false,
-     [](const HeadingMacroContext&) { return shortTimeText(static_cast<std::time_t>(currentFileSavedAt())) + " "; }},
-    {"@user", false, [](const HeadingMacroContext&) { return theAppInfo().UserName; }},
-    {"@company", false, [](const HeadingMacroContext&) { return theAppInfo().UserCompany; }},
-    // A contents page belongs to no one file or project.
-    {"@filename", true,
-     [](const HeadingMacroContext& c) { return c.printAsRoman ? std::string() : currentFilePath().name; }},
-    {"@filepath", false, [](const HeadingMacroContext&) { return headingCurrentFile().FileName; }},
-    {"@vbname", true, [](const HeadingMacroContext&) { return fileTable().sVBName; }},
-    {"@procname", true, procName},
-    {"@project", true,
-     [](const HeadingMacroContext& c) { return c.printAsRoman ? std::string() : currentProjectName(); }},
-    {"@path", false, [](const HeadingMacroContext&) { return currentFilePath().directory; }},
-    {"@ask", false,
-     [](const HeadingMacroContext& c) { return askRoutineDescription(procedureNameAt(c.currentRecord)); }},
-    {"|", false, [](const HeadingMacroContext&) { return std::string(); }},
+        {"@date", false, [](const HeadingMacroContext&) { return mediumDateText(theClock().now()) + " "; }},
+        {"@time", false, [](const HeadingMacroContext&) { return shortTimeText(theClock().now()) + " "; }},
+        {"@page", true, [](const HeadingMacroContext& c) { return pageNumberText(c.page, c.printAsRoman) + " "; }},
+        {"@filedate", false,
+         [](const HeadingMacroContext&) {
+             return mediumDateText(static_cast<std::time_t>(currentFileSavedAt())) + " ";
+         }},
+        {"@filetime", false,
+         [](const HeadingMacroContext&) {
+             return shortTimeText(static_cast<std::time_t>(currentFileSavedAt())) + " ";
+         }},
+        {"@user", false, [](const HeadingMacroContext&) { return theAppInfo().UserName; }},
+        {"@company", false, [](const HeadingMacroContext&) { return theAppInfo().UserCompany; }},
+        // A contents page belongs to no one file or project.
+        {"@filename", true,
+         [](const HeadingMacroContext& c) { return c.printAsRoman ? std::string() : currentFilePath().name; }},
+        {"@filepath", false, [](const HeadingMacroContext&) { return headingCurrentFile().FileName; }},
+        {"@vbname", true, [](const HeadingMacroContext&) { return fileTable().sVBName; }},
+        {"@procname", true, procName},
+        {"@project", true,
+         [](const HeadingMacroContext& c) { return c.printAsRoman ? std::string() : currentProjectName(); }},
+        {"@path", false, [](const HeadingMacroContext&) { return currentFilePath().directory; }},
+        {"@ask", false,
+         [](const HeadingMacroContext& c) { return askRoutineDescription(procedureNameAt(c.currentRecord)); }},
+        {"|", false, [](const HeadingMacroContext&) { return std::string(); }},
 };
 
 // "@path<n>": the directory in at most n characters. Without a ">" after the number, or with

@@ -117,8 +117,7 @@ void HeadingExtract(const std::string& sectionText, std::int16_t section, cHeadi
     std::vector<std::string> lines = splitOn(sectionText, '|');
     std::int16_t count = int16Of(static_cast<std::int64_t>(lines.size()), "HeadingExtract");
     if (count > headings.TotalLines) headings.TotalLines = count;
-    for (std::int16_t line = 1; line <= count; ++line)
-        headings.Add(line, section, splitOn(lines[line - 1], ';'));
+    for (std::int16_t line = 1; line <= count; ++line) headings.Add(line, section, splitOn(lines[line - 1], ';'));
 }
 
 }  // namespace hlyd

@@ -315,8 +315,8 @@ std::int32_t startPageNumber(std::int32_t printed) {
     if (!hlydSettings().PageNumberAsk) return printed;
     std::string shown = printed == 0 ? "1" : std::to_string(printed);
     std::optional<std::string> answer =
-        theUi().inputBox({"Enter starting page number for module \r\n" + std::to_string(fileTable().wCurrentFile),
-                          "Starting Page Number", shown});
+            theUi().inputBox({"Enter starting page number for module \r\n" + std::to_string(fileTable().wCurrentFile),
+                              "Starting Page Number", shown});
     if (!answer || !isNumeric(*answer)) return printed;
     // The Print dialog takes page numbers of up to nine digits; an answer beyond them would
     // overflow the page counter as the pages go on, and counts as no number at all.

@@ -94,9 +94,8 @@ bool isPageNumber(const std::string& text) {
     if (first == std::string::npos) return false;
     auto last = text.find_last_not_of(' ');
     std::string digits = text.substr(first, last - first + 1);
-    return digits.size() <= 9 && std::all_of(digits.begin(), digits.end(), [](unsigned char c) {
-               return std::isdigit(c) != 0;
-           });
+    return digits.size() <= 9 &&
+           std::all_of(digits.begin(), digits.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
 // The first page field that holds no number, empty when all do.
@@ -112,33 +111,33 @@ std::string badPageField(const PrintDialogModel& m) {
 
 const std::vector<std::pair<std::string, std::string>>& printDialogCaptions() {
     static const std::vector<std::pair<std::string, std::string>> captions = {
-        {"HLYDPrint", "Print"},
-        {"fraView", "Print What"},
-        {"optView0", "&Form Definition Only"},
-        {"optView1", "C&ode Only"},
-        {"optView2", "&Both "},
-        {"optView3", "&Neither"},
-        {"chkSkipAttributes", "S&kip Attributes"},
-        {"chkTOC", "Tab&le of Contents"},
-        {"chkProcContents", "P&rocedure Table of Contents"},
-        {"lblPageNumberStart", "S&tarting Page Number"},
-        {"fraHeading", "Optional A&dditional Heading Line"},
-        {"lblPrinter", "Name of current printer"},
-        {"cmdSelectPrinter", "S&elect Printer..."},
-        {"cmdOptions", "Options..."},
-        {"fraPrintWhat", "Print "},
-        {"chkCurrent", "&Current File"},
-        {"chkAll0", "&All Files"},
-        {"chkAll1", "Ne&wer Files"},
-        {"optSelectedProcedures0", "&Selected Files"},
-        {"optSelectedProcedures1", "Selected &Procedures"},
-        {"optPageRange", "Pa&ges"},
-        {"chkPrintContinuous", "Pr&int Continuous"},
-        {"chkDontUpdate", "Do Not &Update History"},
-        {"chkDontShow", "Don't Show Again"},
-        {"cmdOK", "OK"},
-        {"cmdCancel", "Cancel"},
-        {"cmdHelp", "&Help"},
+            {"HLYDPrint", "Print"},
+            {"fraView", "Print What"},
+            {"optView0", "&Form Definition Only"},
+            {"optView1", "C&ode Only"},
+            {"optView2", "&Both "},
+            {"optView3", "&Neither"},
+            {"chkSkipAttributes", "S&kip Attributes"},
+            {"chkTOC", "Tab&le of Contents"},
+            {"chkProcContents", "P&rocedure Table of Contents"},
+            {"lblPageNumberStart", "S&tarting Page Number"},
+            {"fraHeading", "Optional A&dditional Heading Line"},
+            {"lblPrinter", "Name of current printer"},
+            {"cmdSelectPrinter", "S&elect Printer..."},
+            {"cmdOptions", "Options..."},
+            {"fraPrintWhat", "Print "},
+            {"chkCurrent", "&Current File"},
+            {"chkAll0", "&All Files"},
+            {"chkAll1", "Ne&wer Files"},
+            {"optSelectedProcedures0", "&Selected Files"},
+            {"optSelectedProcedures1", "Selected &Procedures"},
+            {"optPageRange", "Pa&ges"},
+            {"chkPrintContinuous", "Pr&int Continuous"},
+            {"chkDontUpdate", "Do Not &Update History"},
+            {"chkDontShow", "Don't Show Again"},
+            {"cmdOK", "OK"},
+            {"cmdCancel", "Cancel"},
+            {"cmdHelp", "&Help"},
     };
     return captions;
 }

@@ -29,7 +29,7 @@ struct PrintDialogModel {
     std::string txtPageNumberStart = "1";
     std::string txtHeading;
     bool chkCurrent = true;
-    std::array<bool, 2> chkAll{};                // All Files, Newer Files
+    std::array<bool, 2> chkAll{};                 // All Files, Newer Files
     std::array<bool, 2> optSelectedProcedures{};  // Selected Files, Selected Procedures
     bool optPageRange = false;
     std::array<std::string, 2> txtPageRange{};  // from, to
@@ -38,7 +38,7 @@ struct PrintDialogModel {
     bool chkDontUpdate = false;
     bool chkDontShow = false;
     bool projectShown = false;  // a project or group is shown: it has no procedures to choose
-    std::string focus;         // the field that OK refused, to be focused with its text selected
+    std::string focus;          // the field that OK refused, to be focused with its text selected
 };
 
 // Every control's name and caption ("&" marks the access key), the frames and labels included.

@@ -71,10 +71,10 @@ struct MarginField {
 };
 
 constexpr std::array<MarginField, 4> kMarginFields = {{
-    {"TOP", "Top", kMarginTop, false},
-    {"BOTTOM", "Bottom", kMarginBottom, false},
-    {"LEFT", "Left", kMarginLeft, true},
-    {"RIGHT", "Right", kMarginRight, true},
+        {"TOP", "Top", kMarginTop, false},
+        {"BOTTOM", "Bottom", kMarginBottom, false},
+        {"LEFT", "Left", kMarginLeft, true},
+        {"RIGHT", "Right", kMarginRight, true},
 }};
 
 std::int32_t& marginOf(MarginRecord& margins, int index) {
@@ -93,9 +93,9 @@ std::int32_t smallestMargin(bool horizontal) {
     return horizontal ? info.XOffsetIN() : info.YOffsetIN();
 }
 
-constexpr const char* kKnownMacros[] = {"@date",     "@time",     "@page",  "@filedate", "@filetime",
-                                        "@user",     "@company",  "@filename", "@filepath", "@vbname",
-                                        "@procname", "@project",  "@path",  "@ask"};
+constexpr const char* kKnownMacros[] = {"@date",     "@time",    "@page",     "@filedate", "@filetime",
+                                        "@user",     "@company", "@filename", "@filepath", "@vbname",
+                                        "@procname", "@project", "@path",     "@ask"};
 
 bool knownMacro(const std::string& lower) {
     if (lower.rfind("@path<", 0) == 0) return true;
@@ -208,8 +208,8 @@ bool sbPageLayoutUpdateColSpecs(PrintOptionsModel& m) {
 
 bool acceptsLineNumberKey(char key) {
     constexpr char kBackspace = 8, kTab = 9, kReturn = 13, kDelete = 127;
-    return std::isdigit(static_cast<unsigned char>(key)) != 0 || key == kBackspace || key == kTab ||
-           key == kReturn || key == kDelete;
+    return std::isdigit(static_cast<unsigned char>(key)) != 0 || key == kBackspace || key == kTab || key == kReturn ||
+           key == kDelete;
 }
 
 bool validateLineNumberIncrement(PrintOptionsModel& m) {
@@ -239,7 +239,7 @@ bool validateHeadingTemplates(PrintOptionsModel& m) {
         // Refused rather than printed as it stands: a mistyped macro would only show on paper.
         return refuse(m, "txtHeading" + std::to_string(section),
                       std::string(headingSectionName(section)) + " has an unknown field " + bad +
-                          ". Enclose text to be printed as it stands in < >.");
+                              ". Enclose text to be printed as it stands in < >.");
     }
     return accept(m);
 }

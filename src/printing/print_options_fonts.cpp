@@ -22,8 +22,13 @@ double wholePart(double value) { return std::floor(value + 0.5); }
 class KeptPrinterFont {
 public:
     explicit KeptPrinterFont(Printer& p)
-        : p_(p), name_(p.fontName()), size_(p.fontSize()), bold_(p.fontBold()), italic_(p.fontItalic()),
-          underline_(p.fontUnderline()), strike_(p.fontStrikethrough()) {}
+        : p_(p),
+          name_(p.fontName()),
+          size_(p.fontSize()),
+          bold_(p.fontBold()),
+          italic_(p.fontItalic()),
+          underline_(p.fontUnderline()),
+          strike_(p.fontStrikethrough()) {}
     ~KeptPrinterFont() {
         p_.setFontName(name_);
         p_.setFontSize(size_);

@@ -10,8 +10,8 @@ namespace {
 
 // Ten characters to a button.
 constexpr const char* kStrip =
-    "< >       @Date     @Time     @Page     @FileDate @FileTime @User     @Company  @FileName @Path< >  "
-    "@ProcName @VBName   @Project  @Ask      |         ";
+        "< >       @Date     @Time     @Page     @FileDate @FileTime @User     @Company  @FileName @Path< >  "
+        "@ProcName @VBName   @Project  @Ask      |         ";
 constexpr std::size_t kCaptionWidth = 10;
 constexpr int kFirstTip = 201;
 
@@ -37,8 +37,8 @@ const char* macroButtonTip(int button) { return headingMacroTip(kFirstTip + butt
 
 const std::string& macroStripHint() {
     static const std::string hint =
-        "Select a Header or Footer Section, Then click on the desired button. \n"
-        "Position the mouse over the button to determine the button function.";
+            "Select a Header or Footer Section, Then click on the desired button. \n"
+            "Position the mouse over the button to determine the button function.";
     return hint;
 }
 

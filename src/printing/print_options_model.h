@@ -77,9 +77,9 @@ struct PrintOptionsModel {
     std::string fraMargins;
     std::string lblPrinter;  // the printer the lengths are checked against, or why they are not
     std::string lblMessage;
-    std::string focus;          // the field a refusal leaves the focus in
-    int focusedSection = -1;    // the header or footer section that has the focus, -1 none
-    std::size_t cursor = 0;     // the insertion point in that section
+    std::string focus;        // the field a refusal leaves the focus in
+    int focusedSection = -1;  // the header or footer section that has the focus, -1 none
+    std::size_t cursor = 0;   // the insertion point in that section
     std::int32_t PrintStatus = 0;
 };
 

@@ -121,12 +121,13 @@ void tellFailedJob(const PrintRunResult& result, const std::string& outputPath) 
         return;
     }
     const FileTableModule& f = fileTable();
-    std::string file = f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count() ? f.oFile.Item(f.wCurrentFile).FileName : "";
+    std::string file =
+            f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count() ? f.oFile.Item(f.wCurrentFile).FileName : "";
     printState().PrinterValid = false;
     showMessage("A problem has been detected in printing " + file +
-                    "\r\nHalyard's Printing functions are disabled.\r\n"
-                    "In order to print choose the Printer with File/Print Setup\r\n"
-                    "Then, set fonts using the Print Options dialog.",
+                        "\r\nHalyard's Printing functions are disabled.\r\n"
+                        "In order to print choose the Printer with File/Print Setup\r\n"
+                        "Then, set fonts using the Print Options dialog.",
                 theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 
@@ -147,8 +148,9 @@ bool outputsAllowed(const PrintDialogRequest& r, const std::string& outputPath) 
 void tellStoppedJob(const PrintRunResult& result, const std::string& outputPath) {
     if (result.printStatus != kPrintStopped || printState().Stop != StopKind::UserStop) return;
     std::string where = outputPath.empty() ? std::string() : " in " + outputPath;
-    mainWindow().lblStatus = result.written ? "Printing stopped: the pages printed before the stop are kept" + where + "."
-                                            : "Printing stopped: nothing was printed.";
+    mainWindow().lblStatus = result.written
+                                     ? "Printing stopped: the pages printed before the stop are kept" + where + "."
+                                     : "Printing stopped: nothing was printed.";
 }
 
 void tellCancelled() { mainWindow().lblStatus = "Cancelled"; }
@@ -162,8 +164,8 @@ void tellFinishedJob(const PrintRunResult& result, const std::string& outputPath
     if (!result.written || (result.printStatus == kPrintStopped && p.Stop == StopKind::UserStop)) return;
     Printer* printer = currentPrinter();
     std::string where = !outputPath.empty() ? outputPath : printer ? printer->deviceName() : std::string();
-    mainWindow().lblStatus = "Printed " + groupedNumber(result.pages) + (result.pages == 1 ? " page" : " pages") +
-                             " to " + where;
+    mainWindow().lblStatus =
+            "Printed " + groupedNumber(result.pages) + (result.pages == 1 ? " page" : " pages") + " to " + where;
 }
 
 void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
@@ -213,8 +215,8 @@ void printThisProcedure() {
 }
 
 void stopPrinting() {
-    MsgAnswer answer = showMessage("Are you sure you want to stop?", theAppInfo().Title, MsgButtons::YesNo,
-                                   MsgIcon::Question);
+    MsgAnswer answer =
+            showMessage("Are you sure you want to stop?", theAppInfo().Title, MsgButtons::YesNo, MsgIcon::Question);
     if (answer != MsgAnswer::Yes) return;
     // The stop lands at the next page change rather than at once: the page in progress is then
     // finished, and the document kept holds whole pages only, never one with just its heading.

@@ -40,7 +40,7 @@ bool printerReadyForRun(PrintRunResult& result) {
     if (p.AreaError == kAreaOk) return true;
     result.written = false;
     result.error =
-        "The margins and columns in force leave no room to print on the page of " + printer->deviceName() + ".";
+            "The margins and columns in force leave no room to print on the page of " + printer->deviceName() + ".";
     showMessage(result.error + "\nChoose other margins or fewer columns in the print options.", theAppInfo().Title,
                 MsgButtons::OK, MsgIcon::Warning);
     return false;

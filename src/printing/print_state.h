@@ -71,7 +71,7 @@ struct PrintState {
     AreaRecord UsableArea;   // the area in force
     float SavedTop = 0;      // the area's limits as the geometry set them, before headings
     float SavedBottom = 0;
-    ColumnSpec Columns;      // the column layout in force
+    ColumnSpec Columns;  // the column layout in force
     ColumnPosition Column;
     float LineNumberWidth = 0;  // the width of the line-number column
 

@@ -15,9 +15,9 @@ constexpr int kPrinterError = 482;
 MsgAnswer askWhatToDo(const HlydError& error) {
     Printer* printer = currentPrinter();
     std::string name = printer ? printer->deviceName() : std::string();
-    return showMessage("There is an error writing to printer " + name + "\r\n" + error.Description +
-                           "What should we do?",
-                       "", MsgButtons::AbortRetryIgnore, MsgIcon::Question);
+    return showMessage(
+            "There is an error writing to printer " + name + "\r\n" + error.Description + "What should we do?", "",
+            MsgButtons::AbortRetryIgnore, MsgIcon::Question);
 }
 
 }  // namespace

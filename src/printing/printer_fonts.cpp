@@ -36,7 +36,9 @@ void tell(const std::string& text, MsgIcon icon = MsgIcon::None) {
 class PrintFontCheck {
 public:
     PrintFontCheck(Printer& printer, FontSpec& font, std::string name)
-        : p_(printer), f_(font), name_(std::move(name)),
+        : p_(printer),
+          f_(font),
+          name_(std::move(name)),
           head_("The selected printer (Windows default printer) -- \n" + printer.deviceName() +
                 "\n -- does not support font \n" + name_) {}
 
@@ -81,7 +83,7 @@ private:
             theLog().LogData(" Unpopulated FontSize set to" + numberText(f_.Size));
         } else if (f_.Size > 100) {
             tell("Font-size specified as" + numberText(f_.Size) + ". " +
-                     "Maximum allowed is 100 which is what will be used.",
+                         "Maximum allowed is 100 which is what will be used.",
                  MsgIcon::Warning);
             f_.Size = 100;
         }
@@ -184,15 +186,14 @@ void HlydPAValidateFont(AttributeRecord& element, const std::string& wantedName,
         check.run();
         success = true;
         return;
-    } catch (const HlydError&) {
-    }
+    } catch (const HlydError&) {}
     if (verbose) {
         tell(check.head(), MsgIcon::Warning);
         logFontSettings(font);
     }
     state.PrinterValid = false;
-    tell(std::string(kPrintingDisabled) + "\n" + kChooseFonts + "\nchoose a different printer with File/Print Setup or " +
-         "\ninstall the desired font(s).");
+    tell(std::string(kPrintingDisabled) + "\n" + kChooseFonts +
+         "\nchoose a different printer with File/Print Setup or " + "\ninstall the desired font(s).");
 }
 
 void HlydPAValidateFonts(bool verbose) {

@@ -78,15 +78,14 @@ int printableFontCount(const std::string& wantedPrinter) {
         int count = fontCount(*currentPrinter());
         if (count == 0)
             tell("There are no fonts defined for the printer (" + state.PrinterName + ").\n" +
-                     "Printing and related functions disabled until a Printer is selected.",
+                         "Printing and related functions disabled until a Printer is selected.",
                  MsgIcon::Warning);
         return count;
     }
     // Told once: the flag keeps a second start of the printer quiet.
     if (!state.NoDefaultPrinter) {
         const std::string& name = wantedPrinter.empty() ? state.PrinterName : wantedPrinter;
-        tell("The printer " + name + " is not a valid printer!\n\n" + kPrintingDisabled + "\n" +
-                 kChooseValidPrinter,
+        tell("The printer " + name + " is not a valid printer!\n\n" + kPrintingDisabled + "\n" + kChooseValidPrinter,
              MsgIcon::None, "Invalid printer");
         state.NoDefaultPrinter = true;
     }
@@ -132,7 +131,8 @@ PrinterDialogRequest dialogRequest(bool listPrinters) {
 }
 
 void tellNoPrinter(const std::string& name) {
-    tell(name.empty() ? std::string("No default Printer defined.") : name + " is the default Printer.\nNo Printer defined.");
+    tell(name.empty() ? std::string("No default Printer defined.")
+                      : name + " is the default Printer.\nNo Printer defined.");
 }
 
 // The dialog's choice: another printer replaces the one in force, and its job properties go into
@@ -156,12 +156,13 @@ void reportSetupError(int number) {
 void assignSetupJobProperties(Printer& printer) {
     HlydSettings& s = hlydSettings();
     int refused = printer.setJobProperty(JobProperty::Orientation, s.Orientation);
-    if (refused == 380 || refused == 483) s.Orientation = static_cast<std::int16_t>(printer.jobProperty(JobProperty::Orientation));
+    if (refused == 380 || refused == 483)
+        s.Orientation = static_cast<std::int16_t>(printer.jobProperty(JobProperty::Orientation));
     else if (refused != 0) reportSetupError(refused);
     const std::pair<JobProperty, std::int16_t> rest[] = {{JobProperty::Copies, s.Copies},
-                                                          {JobProperty::Duplex, s.Duplex},
-                                                          {JobProperty::PrintQuality, s.PrintQuality},
-                                                          {JobProperty::PaperSize, s.PaperSize}};
+                                                         {JobProperty::Duplex, s.Duplex},
+                                                         {JobProperty::PrintQuality, s.PrintQuality},
+                                                         {JobProperty::PaperSize, s.PaperSize}};
     for (const auto& [which, value] : rest)
         if (int error = printer.setJobProperty(which, value)) reportSetupError(error);
 }
@@ -172,11 +173,10 @@ std::string GetDefaultPrinter() {
     PrinterSystem* system = printerSystem();
     std::string name = system ? system->defaultPrinterName() : std::string();
     if (!name.empty()) return name;
-    tell(
-        "No default Printer specified.\nUse Windows Print Manager to set the default Printer.\n"
-        "Printing and related functions disabled.\nIn order to Print you will have to \n"
-        "1) use Windows Print Manager to select the \ndefault Printer\n2) select File / Print Setup",
-        MsgIcon::Warning);
+    tell("No default Printer specified.\nUse Windows Print Manager to set the default Printer.\n"
+         "Printing and related functions disabled.\nIn order to Print you will have to \n"
+         "1) use Windows Print Manager to select the \ndefault Printer\n2) select File / Print Setup",
+         MsgIcon::Warning);
     PrintState& state = printState();
     state.NoDefaultPrinter = true;
     state.PrinterName.clear();
@@ -199,8 +199,8 @@ void InitPrinter() {
     } catch (const HlydError& e) {
         state.PrinterValid = false;
         tell("Error initializing printer " + state.PrinterName + "\n\nError: " + std::to_string(e.Number) + " " +
-                 e.Description + " at line " + std::to_string(step) + "\n" + kPrintingDisabled + "\n" +
-                 kChooseValidPrinter,
+                     e.Description + " at line " + std::to_string(step) + "\n" + kPrintingDisabled + "\n" +
+                     kChooseValidPrinter,
              MsgIcon::None, "Printer Initialization");
     }
 }

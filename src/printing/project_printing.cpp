@@ -59,10 +59,12 @@ void EmitProjectRecord(const std::string& line, wPos& pos) {
     float x = white + pos.LeftPos;
     float h = static_cast<float>(a.Height);
     std::vector<std::string> pieces{line};
-    if (x + printer.textWidth(line) > pos.RightPos) HlydTKSplitForOutput(line, pieces, pos.RightPos - (white + x) + 1, kPrint);
+    if (x + printer.textWidth(line) > pos.RightPos)
+        HlydTKSplitForOutput(line, pieces, pos.RightPos - (white + x) + 1, kPrint);
     for (const std::string& piece : pieces) {
         if (pos.TopPos > p.UsableArea.Bottom && !newProjectPage(pos)) return;
-        if (a.BackColor != kWhite) printer.filledBox(x, pos.TopPos, x + printer.textWidth(piece), pos.TopPos + h, a.BackColor);
+        if (a.BackColor != kWhite)
+            printer.filledBox(x, pos.TopPos, x + printer.textWidth(piece), pos.TopPos + h, a.BackColor);
         printer.setCurrentX(x);
         printer.setCurrentY(pos.TopPos);
         printer.print(piece);

@@ -17,8 +17,8 @@ namespace hlyd {
 // One call that reached the paper, a page or document boundary, or a place named or linked to.
 struct PrintEvent {
     enum Kind { PageStart, Text, Line, EndDoc, KillDoc, Destination, Link } kind = Text;
-    std::int32_t doc = 0;   // from 1
-    std::int32_t page = 0;  // the physical page of the document, from 1
+    std::int32_t doc = 0;                  // from 1
+    std::int32_t page = 0;                 // the physical page of the document, from 1
     float x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // the pen before a text; the ends of a line
     std::string font;
     double size = 0;
@@ -93,7 +93,7 @@ public:
     int setJobProperty(JobProperty which, std::int32_t value) override;
 
 private:
-    void ensurePage();  // a page begins with the first thing drawn on it
+    void ensurePage();        // a page begins with the first thing drawn on it
     void send(PrintEvent e);  // not "emit": the window layer's headers take that word
 
     std::string name_;

@@ -54,7 +54,7 @@ std::string countLine(bool files, std::int32_t count, std::size_t all) {
 
 const std::vector<std::pair<std::string, std::string>>& selectProcCaptions() {
     static const std::vector<std::pair<std::string, std::string>> captions = {
-        {"cmdAll", "&All"}, {"cmdNone", "&None"}, {"cmdOK", "OK"}, {"cmdCancel", "Cancel"}, {"cmdHelp", "&Help"},
+            {"cmdAll", "&All"}, {"cmdNone", "&None"}, {"cmdOK", "OK"}, {"cmdCancel", "Cancel"}, {"cmdHelp", "&Help"},
     };
     return captions;
 }
@@ -87,8 +87,8 @@ std::int32_t HlydHLYDPrintSelectProc(PrintDialogModel& dialog, bool files) {
         for (int i = 1; i <= list.Count(); ++i) count += list.Item(i).IsSelected ? 1 : 0;
     } else {
         all = p.SelectedProcs.size();
-        count = static_cast<std::int32_t>(std::count_if(p.SelectedProcs.begin(), p.SelectedProcs.end(),
-                                                        [](std::int16_t s) { return s != 0; }));
+        count = static_cast<std::int32_t>(
+                std::count_if(p.SelectedProcs.begin(), p.SelectedProcs.end(), [](std::int16_t s) { return s != 0; }));
     }
     dialog.lblProcs = countLine(files, count, all);
     return count;

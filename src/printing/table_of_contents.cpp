@@ -25,7 +25,10 @@ std::vector<TocEntry> toc(1);
 class TocPages {
 public:
     TocPages(Printer& printer, wPos& pos, std::int32_t& contentsPages)
-        : printer_(printer), pos_(pos), contentsPages_(contentsPages), a_(displayAttributes().Elements[kElemProjectFile].slot[kPrint]) {}
+        : printer_(printer),
+          pos_(pos),
+          contentsPages_(contentsPages),
+          a_(displayAttributes().Elements[kElemProjectFile].slot[kPrint]) {}
     void print();
 
 private:
@@ -94,7 +97,7 @@ void TocPages::heading(const TocEntry& entry, bool more) {
 void TocPages::procedure(const TocEntry& entry) {
     float room = contentsRightEdge() - pos_.LeftPos - column_;
     std::vector<std::string> lines =
-        wrapAtBlanks(entry.Text, 6, 10, room, [this](const std::string& t) { return width(t); });
+            wrapAtBlanks(entry.Text, 6, 10, room, [this](const std::string& t) { return width(t); });
     keepWhole(lines.size());
     for (std::size_t i = 0; i < lines.size() && printState().PrintStatus != kPrintStopped; ++i) {
         if (i > 0) endLine(true);

@@ -54,7 +54,7 @@ void HlydPASetDefaultUsableArea(AreaRecord& area) {
     } catch (const HlydError&) {
         printState().PrinterValid = false;
         showMessage("Unable to set Printable area on the " + printState().PrinterName + ".\n" +
-                        "Printing will be disabled until another Printer is selected.",
+                            "Printing will be disabled until another Printer is selected.",
                     theAppInfo().Title);
     }
 }

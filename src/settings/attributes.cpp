@@ -5,9 +5,9 @@
 namespace hlyd {
 
 namespace {
-const std::array<std::string, kElementCount + 1> kElementNames = {
-    "", "Comments", "Identifiers", "KeyWords", "Literals", "Project File", "Procedures", "Headers/Footers",
-    "Line Numbers"};
+const std::array<std::string, kElementCount + 1> kElementNames = {"",           "Comments",        "Identifiers",
+                                                                  "KeyWords",   "Literals",        "Project File",
+                                                                  "Procedures", "Headers/Footers", "Line Numbers"};
 
 std::unique_ptr<DisplayAttributes> makeAttributes() {
     auto a = std::make_unique<DisplayAttributes>();

@@ -103,8 +103,8 @@ void cINIHandler::logOutOfRange(const std::string& key, const std::string& text,
                      resolvedPath() + "; " + used + " is used");
 }
 
-std::string cINIHandler::ReadString(const std::string& key, const std::string& defaultValue,
-                                    const std::string& section, bool useSystem) {
+std::string cINIHandler::ReadString(const std::string& key, const std::string& defaultValue, const std::string& section,
+                                    bool useSystem) {
     if (!section.empty()) section_ = section;
     return readRaw(key, defaultValue, useSystem);
 }

@@ -172,8 +172,10 @@ void insertLine(ProfileDocument& doc, std::size_t at, std::string text) {
 }
 
 void eraseLines(ProfileDocument& doc, std::size_t from, std::size_t to) {
-    doc.lines.erase(doc.lines.begin() + static_cast<std::ptrdiff_t>(from), doc.lines.begin() + static_cast<std::ptrdiff_t>(to));
-    doc.ends.erase(doc.ends.begin() + static_cast<std::ptrdiff_t>(from), doc.ends.begin() + static_cast<std::ptrdiff_t>(to));
+    doc.lines.erase(doc.lines.begin() + static_cast<std::ptrdiff_t>(from),
+                    doc.lines.begin() + static_cast<std::ptrdiff_t>(to));
+    doc.ends.erase(doc.ends.begin() + static_cast<std::ptrdiff_t>(from),
+                   doc.ends.begin() + static_cast<std::ptrdiff_t>(to));
 }
 
 void appendKey(ProfileDocument& doc, const std::string& section, const std::string& key, const std::string& value) {
@@ -249,8 +251,8 @@ std::string getProfileString(const std::string& file, const std::string& section
     return unquote(value);
 }
 
-bool writeProfileString(const std::string& file, const std::string& section,
-                        const std::optional<std::string>& key, const std::optional<std::string>& value) {
+bool writeProfileString(const std::string& file, const std::string& section, const std::optional<std::string>& key,
+                        const std::optional<std::string>& value) {
     ProfileDocument* doc = load(file);
     if (!doc) return false;
     // A file written with what it holds already is left alone: every run saves its printer and

@@ -14,8 +14,8 @@ std::string getProfileString(const std::string& file, const std::string& section
 
 // Sets the key; with no value the key is deleted, with no key the whole section. Returns false
 // when the file could not be written (the old file then stands unchanged).
-bool writeProfileString(const std::string& file, const std::string& section,
-                        const std::optional<std::string>& key, const std::optional<std::string>& value);
+bool writeProfileString(const std::string& file, const std::string& section, const std::optional<std::string>& key,
+                        const std::optional<std::string>& value);
 
 // Writes to the file between these two calls are collected and written once, at the end; a
 // save of many keys then replaces the file one time. The begin returns false when the file

@@ -27,23 +27,27 @@ public:
     explicit KeyList(std::vector<SettingKey>& keys) : keys_(keys) {}
 
     void boolean(const std::string& section, const std::string& key, bool& ref, unsigned groups) {
-        add(section, key, groups, [&ref, key](cINIHandler& ini) { ini.WriteBool(key, ref); },
-            [&ref, section, key] { return shownBool(section, key, ref); });
+        add(
+                section, key, groups, [&ref, key](cINIHandler& ini) { ini.WriteBool(key, ref); },
+                [&ref, section, key] { return shownBool(section, key, ref); });
     }
     template <class Number>
     void number(const std::string& section, const std::string& key, Number& ref, unsigned groups) {
-        add(section, key, groups, [&ref, key](cINIHandler& ini) { ini.WriteNumber(key, static_cast<double>(ref)); },
-            [&ref, section, key] { return shownNumber(section, key, static_cast<double>(ref)); });
+        add(
+                section, key, groups, [&ref, key](cINIHandler& ini) { ini.WriteNumber(key, static_cast<double>(ref)); },
+                [&ref, section, key] { return shownNumber(section, key, static_cast<double>(ref)); });
     }
     void text(const std::string& section, const std::string& key, std::string& ref, unsigned groups) {
-        add(section, key, groups, [&ref, key](cINIHandler& ini) { ini.WriteString(key, ref); },
-            [&ref, section, key] { return shownText(section, key, ref); });
+        add(
+                section, key, groups, [&ref, key](cINIHandler& ini) { ini.WriteString(key, ref); },
+                [&ref, section, key] { return shownText(section, key, ref); });
     }
     // A value whose text form is computed; it is shown as that text.
     void computed(const std::string& section, const std::string& key, unsigned groups,
                   const std::function<std::string()>& textOf) {
-        add(section, key, groups, [textOf, key](cINIHandler& ini) { ini.WriteString(key, textOf()); },
-            [textOf, section, key] { return shownText(section, key, textOf()); });
+        add(
+                section, key, groups, [textOf, key](cINIHandler& ini) { ini.WriteString(key, textOf()); },
+                [textOf, section, key] { return shownText(section, key, textOf()); });
     }
     void add(const std::string& section, const std::string& key, unsigned groups,
              std::function<void(cINIHandler&)> write, std::function<SettingShown()> show) {
@@ -130,9 +134,10 @@ void debugKeys(KeyList& k, HlydSettings& s) {
 void dialectAndFileKeys(KeyList& k, HlydSettings& s) {
     k.text("Dialect", "Dialect", s.Dialect, kSaveNever);
     k.text("Dialect", "Default", s.Dialect, kSaveDisplay);
-    k.add("Dialect", "Detect", kSaveDisplay,
-          [&s](cINIHandler& ini) { ini.WriteString("Detect", s.DetectDialect ? "AUTO" : "MANUAL"); },
-          [&s] { return shownBool("Dialect", "Detect", s.DetectDialect); });
+    k.add(
+            "Dialect", "Detect", kSaveDisplay,
+            [&s](cINIHandler& ini) { ini.WriteString("Detect", s.DetectDialect ? "AUTO" : "MANUAL"); },
+            [&s] { return shownBool("Dialect", "Detect", s.DetectDialect); });
     k.text("Files", "BasicExtNew", s.BasicExt, kSaveDisplay);
     k.text("Files", "FormExtNew", s.FormExt, kSaveDisplay);
     k.text("Files", "ProjectExtNew", s.ProjectExt, kSaveDisplay);
@@ -146,8 +151,9 @@ void formatKeys(KeyList& k, int dest) {
     unsigned printerOnly = screen ? kSaveFullOnly : kSavePrintOptions;
     auto flag = [&](const char* key, std::int16_t& ref, unsigned groups) {
         std::string name = key + d;
-        k.add("Format", name, groups, [&ref, name](cINIHandler& ini) { ini.WriteBool(name, ref != 0); },
-              [&ref, name] { return shownBool("Format", name, ref != 0); });
+        k.add(
+                "Format", name, groups, [&ref, name](cINIHandler& ini) { ini.WriteBool(name, ref != 0); },
+                [&ref, name] { return shownBool("Format", name, ref != 0); });
     };
     flag("SkipAttributes", f.SkipAttributes, mine | (screen ? 0u : unsigned{kSavePrint}));
     flag("ConnectControls", f.ConnectControls, mine);

@@ -29,8 +29,7 @@ std::unique_ptr<cINIHandler> ini;
 std::int32_t screenWidthTwips = 1920 * 15;
 std::int32_t screenHeightTwips = 1080 * 15;
 
-const char* const kHeadingDefaults[3] = {"@FileName;|;<File Date: >; @FileDate; @FileTime",
-                                         "@VBName ;|; @ProcName",
+const char* const kHeadingDefaults[3] = {"@FileName;|;<File Date: >; @FileDate; @FileTime", "@VBName ;|; @ProcName",
                                          "<Page >; @Page ;|<Printed: >;@Date; @Time"};
 const char* const kFootingCenterDefault = "<Listed by Halyard>|<Visual Basic source, as it stands>";
 const char* const kDisplayFontName = "Courier New";
@@ -299,7 +298,7 @@ void readElements(int dest, const std::string& section, const std::string& defau
         a.FontName = i.ReadString("FontName." + name, defaultFont);
         double elementSize = dest == kPrint && e == kElemHeadersFooters ? kPaperHeadingSize : defaultSize;
         std::string defaults =
-            std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(elementSize);
+                std::string(bold ? "Yes" : "No") + (green ? " Yes" : " No") + " No No " + numberText(elementSize);
         std::vector<std::string> words = i.ReadWords("FontAttr." + name, defaults, section);
         std::vector<std::string> fallback = splitOn(defaults, ' ');
         auto word = [&](int k) { return k < static_cast<int>(words.size()) ? words[k] : fallback[k]; };

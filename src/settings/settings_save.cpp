@@ -55,7 +55,9 @@ std::string saveFailureReason(const std::string& path) {
 void sbDisplayINISave() { writeSettingGroups(kSaveDisplay); }
 void sbPrintINISave() { writeSettingGroups(kSavePrint); }
 void sbPrintOptionsINISave() { writeSettingGroups(kSavePrintOptions); }
-void saveElementAttributes(int displayOrPrint, int element) { writeSettingGroups(kSaveElement, displayOrPrint, element); }
+void saveElementAttributes(int displayOrPrint, int element) {
+    writeSettingGroups(kSaveElement, displayOrPrint, element);
+}
 void saveDebugSettings() { writeSettingGroups(kSaveDebug); }
 void saveWindowState() { writeSettingGroups(kSaveWindow); }
 void savePrinterState() { writeSettingGroups(kSavePrinterState); }
@@ -95,9 +97,10 @@ void loadSettingsAtStartup() {
     theLog().setLogFileName(s.LogFile);
     s.Version = ini.ReadString("Version", "", "General");
     if (!s.SettingsWritable) {
-        tellSettingsNotKept(settingsDirectory(), problem,
-                            theAppInfo().Title +
-                                " starts with the settings it can read, and changes made in this run will not be kept.");
+        tellSettingsNotKept(
+                settingsDirectory(), problem,
+                theAppInfo().Title +
+                        " starts with the settings it can read, and changes made in this run will not be kept.");
     } else if (s.Version != theAppInfo().Version) {
         saveAllSettings();
     }

@@ -190,8 +190,8 @@ void InitApp() {
         theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
         queryLocaleSeparators();
         mainState.HelpFile = helpIndexPath();
-        mainState.ElementClassNames = {"Display",         "Print",        "Comments",   "Identifiers", "KeyWords",
-                                       "Literals",        "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
+        mainState.ElementClassNames = {"Display",  "Print",           "Comments",     "Identifiers", "KeyWords",
+                                       "Literals", "Headers/Footers", "Project File", "Procedures",  "Line Numbers"};
         loadSettingsAtStartup();
         openSettingsLog();
         TraceScope trace(theDebug().TraceApplication, "InitApp");

@@ -11,7 +11,7 @@ namespace hlyd {
 struct HlydMainState {
     std::int32_t StartMode = 0;
     std::string CommandLine;
-    long StartTime = 0;  // seconds since midnight
+    long StartTime = 0;           // seconds since midnight
     std::int64_t StartTicks = 0;  // the clock's milliseconds at the start, for the splash's wait
     std::string HelpFile;
     std::vector<std::string> ElementClassNames;

@@ -9,11 +9,11 @@
 namespace hlyd {
 
 struct BatchOptions {
-    std::string pdfOut;   // print on the PDF printer into this file
-    std::string htmlOut;  // export the HTML document into this file
-    std::string printer;  // print on this printer
+    std::string pdfOut;                  // print on the PDF printer into this file
+    std::string htmlOut;                 // export the HTML document into this file
+    std::string printer;                 // print on this printer
     std::vector<std::string> openFiles;  // show these in the window (what a desktop's double-click asks)
-    bool quiet = false;   // no line per file on standard error
+    bool quiet = false;                  // no line per file on standard error
     bool help = false;
     bool version = false;
     std::vector<std::string> files;  // the files to print, as given (patterns not yet expanded)

@@ -107,8 +107,10 @@ void printForCommandLine(const std::string& source) {
         if (!commandLineJob().options.quiet) jobErr() << "halyard: printing " << file << '\n';
     };
     PrintRunResult result = runPrint(request);
-    for (const std::string& skipped : result.skipped) failJob(kExitUnreadable, "skipped " + skipped + ": cannot be read");
-    if (!result.written) failJob(kExitUnwritable, "cannot print" + (output.empty() ? "" : " " + output) + ": " + result.error);
+    for (const std::string& skipped : result.skipped)
+        failJob(kExitUnreadable, "skipped " + skipped + ": cannot be read");
+    if (!result.written)
+        failJob(kExitUnwritable, "cannot print" + (output.empty() ? "" : " " + output) + ": " + result.error);
     else if (!output.empty()) jobOut() << output << '\n';
 }
 

@@ -60,10 +60,9 @@ void HlydCMProcess(const std::vector<std::string>& names) {
         std::vector<std::string> files = filesToPrint(names);
         // One document holds one file, project or group.
         if (files.size() > 1 && !commandLineJob().options.htmlOut.empty())
-            failJob(kExitUsage, "--html exports one file, project or group; " + std::to_string(files.size()) +
-                                    " are named");
-        else if (!files.empty())
-            printNamedFiles(files);
+            failJob(kExitUsage,
+                    "--html exports one file, project or group; " + std::to_string(files.size()) + " are named");
+        else if (!files.empty()) printNamedFiles(files);
         mainWindow().enableControls();
         theUi().setBusy(false);
         finished = true;

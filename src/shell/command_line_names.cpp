@@ -59,7 +59,7 @@ void tellMissing(const std::string& name) {
     CommandLineJob& job = commandLineJob();
     if (job.exitStatus == 0) job.exitStatus = kExitUnreadable;
     showMessage("Halyard cannot print the requested file\n\nThe file does not exist.\n" + name +
-                    "\nPlease check your request",
+                        "\nPlease check your request",
                 theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }
 

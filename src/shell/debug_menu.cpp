@@ -52,7 +52,7 @@ bool openLogChecked(const OutputTarget& log, bool forAppend, const std::vector<s
         return true;
     }
     std::string text =
-        "Unable to open Log-file\n\n" + theAppInfo().Title + " " + refusal + "\nLog-file messages will be queued";
+            "Unable to open Log-file\n\n" + theAppInfo().Title + " " + refusal + "\nLog-file messages will be queued";
     if (tell) showMessage(text, theAppInfo().Title + " Open Error", MsgButtons::OK, MsgIcon::Warning);
     logBlock(text);
     return false;
@@ -60,16 +60,16 @@ bool openLogChecked(const OutputTarget& log, bool forAppend, const std::vector<s
 
 const std::vector<DebugMenuItem>& debugMenuItems() {
     static const std::vector<DebugMenuItem> items{
-        {"mnuDebugLogOpen", "&Open Log File...", nullptr, mnuDebugLogOpen_Click},
-        {"mnuDebugOpenAppendLog", "Open Log File to &Append...", nullptr, mnuDebugOpenAppendLog_Click},
-        {"mnuDebugLogClose", "&Close Log File", nullptr, mnuDebugLogClose_Click},
-        {"mnuDebugDisableErrorTraps", "Disable &Error Traps", &cDebug::DontTrapErrors, nullptr},
-        {"mnuDebugDisableFixDataErrors", "Disable &Fixing of Data Errors", &cDebug::DontFixDataErrors, nullptr},
-        {"mnuDebugTraceApp", "Trace &Application", &cDebug::TraceApplication, nullptr},
-        {"mnuDebugLogEvents", "Log E&vents", &cDebug::TraceEvents, nullptr},
-        {"mnuDebugMouseEvents", "Log &Mouse Events", &cDebug::TraceMouseMove, nullptr},
-        {"mnuDebugLogClasses", "Log C&lasses", &cDebug::TraceClasses, nullptr},
-        {"mnuDebugLogTracePackages", "Log &Packages", &cDebug::TracePackages, nullptr},
+            {"mnuDebugLogOpen", "&Open Log File...", nullptr, mnuDebugLogOpen_Click},
+            {"mnuDebugOpenAppendLog", "Open Log File to &Append...", nullptr, mnuDebugOpenAppendLog_Click},
+            {"mnuDebugLogClose", "&Close Log File", nullptr, mnuDebugLogClose_Click},
+            {"mnuDebugDisableErrorTraps", "Disable &Error Traps", &cDebug::DontTrapErrors, nullptr},
+            {"mnuDebugDisableFixDataErrors", "Disable &Fixing of Data Errors", &cDebug::DontFixDataErrors, nullptr},
+            {"mnuDebugTraceApp", "Trace &Application", &cDebug::TraceApplication, nullptr},
+            {"mnuDebugLogEvents", "Log E&vents", &cDebug::TraceEvents, nullptr},
+            {"mnuDebugMouseEvents", "Log &Mouse Events", &cDebug::TraceMouseMove, nullptr},
+            {"mnuDebugLogClasses", "Log C&lasses", &cDebug::TraceClasses, nullptr},
+            {"mnuDebugLogTracePackages", "Log &Packages", &cDebug::TracePackages, nullptr},
     };
     return items;
 }

@@ -51,8 +51,8 @@ void validateFontsTellingReplacements() {
         const std::string& now = displayAttributes().Elements[e].slot[kDisplay].FontName;
         const std::string& wanted = asked[static_cast<std::size_t>(e - 1)];
         if (now != wanted)
-            told += (told.empty() ? "" : "\n") + elementName(e) + ": " + wanted +
-                    " is not a valid display font; " + now + " is used instead.";
+            told += (told.empty() ? "" : "\n") + elementName(e) + ": " + wanted + " is not a valid display font; " +
+                    now + " is used instead.";
     }
     if (!told.empty()) showMessage(told, theAppInfo().Title, MsgButtons::OK, MsgIcon::Warning);
 }

@@ -16,11 +16,11 @@ namespace hlyd {
 namespace {
 
 const char* const kFontsUnsuitable =
-    "Invalid font(s) selected for the chosen printer -- \r\n"
-    "Halyard's Printing functions are disabled.\r\n"
-    "In order to print either select different fonts using \r\n"
-    "View Print Option/Fonts or choose a different printer with File/Print \r\n"
-    "Setup or install the desired font(s).";
+        "Invalid font(s) selected for the chosen printer -- \r\n"
+        "Halyard's Printing functions are disabled.\r\n"
+        "In order to print either select different fonts using \r\n"
+        "View Print Option/Fonts or choose a different printer with File/Print \r\n"
+        "Setup or install the desired font(s).";
 
 std::string shownFileName() {
     const FileTableModule& f = fileTable();

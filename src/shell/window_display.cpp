@@ -26,9 +26,7 @@ bool needsDisplayServer(std::string_view platform) {
 
 }  // namespace
 
-std::string noDisplayHint() {
-    return "To print without a window, name the file: halyard --pdf OUT.pdf FILE\n";
-}
+std::string noDisplayHint() { return "To print without a window, name the file: halyard --pdf OUT.pdf FILE\n"; }
 
 std::string noDisplayProblem(const EnvironmentReader& environment) {
 #if defined(_WIN32) || defined(__APPLE__)

@@ -47,7 +47,9 @@ int runPart(const char* part, const char* entryName, const char* what, int argc,
 
 }  // namespace
 
-int runWindowPart(int argc, char** argv) { return runPart(HLYD_WINDOW_PART, kWindowPartEntry, "window part", argc, argv); }
+int runWindowPart(int argc, char** argv) {
+    return runPart(HLYD_WINDOW_PART, kWindowPartEntry, "window part", argc, argv);
+}
 
 bool printsToPdfAlone(const BatchOptions& options) {
     if (!runPrints(options) || !options.openFiles.empty()) return false;

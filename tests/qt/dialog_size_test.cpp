@@ -78,7 +78,8 @@ TEST_F(DialogPlaceTest, PrintOptionsOpensOverTheMainWindowAtASizeTheScreenHolds)
         auto* macros = dialog->findChild<MacroStrip*>("picMacros");
         for (int i = 0; i < kMacroButtons; ++i) {
             QString caption = QString::fromStdString(macroButtonCaptions()[static_cast<std::size_t>(i)]);
-            captionsFit = captionsFit && macros->buttonRect(i).width() >= macros->fontMetrics().horizontalAdvance(caption);
+            captionsFit =
+                    captionsFit && macros->buttonRect(i).width() >= macros->fontMetrics().horizontalAdvance(caption);
             captionsFit = captionsFit && macros->rect().contains(macros->buttonRect(i));
         }
         dialog->findChild<QPushButton*>("cmdCancel")->click();
@@ -88,7 +89,8 @@ TEST_F(DialogPlaceTest, PrintOptionsOpensOverTheMainWindowAtASizeTheScreenHolds)
     // The macro buttons wrap into rows, so the form need not be as wide as all fifteen in one.
     EXPECT_LE(least, screen.width());
     EXPECT_LE(width, std::max(screen.width() * 2 / 3, least));
-    EXPECT_NEAR(form.center().x(), std::clamp(main.center().x(), screen.left() + form.width() / 2, screen.right() - form.width() / 2), 2);
+    EXPECT_NEAR(form.center().x(),
+                std::clamp(main.center().x(), screen.left() + form.width() / 2, screen.right() - form.width() / 2), 2);
     EXPECT_TRUE(captionsFit);
 }
 

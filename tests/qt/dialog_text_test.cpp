@@ -81,7 +81,9 @@ TEST_F(DialogTextTest, TheDisplayOptionsKeepTheUsersNames) {
     hlydSettings().UserCompany = high;
     saveThrough("mnuOptionsDisplay", "txtUser0", "Ren\u00E9e \u0160", "cmdOk");
     EXPECT_EQ(hlydSettings().UserCompany, high);
-    EXPECT_EQ(hlydSettings().UserName, "Ren\xE9" "e \x8A");
+    EXPECT_EQ(hlydSettings().UserName,
+              "Ren\xE9"
+              "e \x8A");
     EXPECT_TRUE(inSettingsFile("User Company", high));
 }
 

@@ -30,10 +30,12 @@
 namespace hlyd {
 namespace {
 
-const std::string kLong = "    total = total + alpha * beta + gamma * delta + epsilon * zeta + eta * theta + iota * kappa "
-                          "+ lambda * mu + nu * xi + omicron * pi + rho * sigma + tau * upsilon ' long";
+const std::string kLong =
+        "    total = total + alpha * beta + gamma * delta + epsilon * zeta + eta * theta + iota * kappa "
+        "+ lambda * mu + nu * xi + omicron * pi + rho * sigma + tau * upsilon ' long";
 const std::vector<std::string> kLines = {
-    "Option Explicit", "Sub Compute()", "\tIf total > 0 Then", "   total = 0   ' reset", "\tEnd If", kLong, "End Sub",
+        "Option Explicit", "Sub Compute()", "\tIf total > 0 Then", "   total = 0   ' reset", "\tEnd If", kLong,
+        "End Sub",
 };
 
 std::string joined(std::size_t from, std::size_t to) {

@@ -23,7 +23,9 @@ namespace {
 
 using test::run;
 
-bool havePoppler() { return std::system("command -v pdftotext >/dev/null 2>&1 && command -v pdfinfo >/dev/null 2>&1") == 0; }
+bool havePoppler() {
+    return std::system("command -v pdftotext >/dev/null 2>&1 && command -v pdfinfo >/dev/null 2>&1") == 0;
+}
 
 class PdfPrintRunTest : public test::ProgramTest {
 protected:

@@ -92,7 +92,7 @@ TEST_F(PrintDialogWindowTest, StopInThePrintStatusDialogKeepsThePagesPrinted) {
     EXPECT_TRUE(test::eventsOf(events, PrintEvent::KillDoc).empty());
     EXPECT_FALSE(test::eventsOf(events, PrintEvent::EndDoc).empty());
     EXPECT_EQ(mainWindow().lblStatus.rfind("Printing stopped: the pages printed before the stop are kept", 0), 0u)
-        << mainWindow().lblStatus;
+            << mainWindow().lblStatus;
 }
 
 }  // namespace

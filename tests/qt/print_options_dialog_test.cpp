@@ -60,7 +60,8 @@ TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
         footer->setFocus();
         footer->setCursorPosition(0);
         auto* strip = form->findChild<MacroStrip*>("picMacros");
-        QHelpEvent help(QEvent::ToolTip, strip->buttonRect(3).center(), strip->mapToGlobal(strip->buttonRect(3).center()));
+        QHelpEvent help(QEvent::ToolTip, strip->buttonRect(3).center(),
+                        strip->mapToGlobal(strip->buttonRect(3).center()));
         QApplication::sendEvent(strip, &help);
         tip = QToolTip::text().toStdString();
         QToolTip::hideText();

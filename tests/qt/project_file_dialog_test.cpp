@@ -45,7 +45,8 @@ protected:
         write("Main.frm", "VERSION 5.00\nBegin VB.Form frmMain\nEnd\n");
         write("Sample.bas", "Attribute VB_Name = \"modSample\"\nOption Explicit\n");
         write("Counter.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"Counter\"\n");
-        return write("Sample.vbp", "Type=Exe\nForm=Main.frm\nModule=modSample; Sample.bas\nClass=Counter; Counter.cls\n");
+        return write("Sample.vbp",
+                     "Type=Exe\nForm=Main.frm\nModule=modSample; Sample.bas\nClass=Counter; Counter.cls\n");
     }
     std::vector<std::string> tableNames() const {
         std::vector<std::string> names;
@@ -82,16 +83,16 @@ TEST_F(ProjectFileWindowTest, UncheckedMemberStaysClosedAndTheWindowMenuShowsThe
     ui.openAnswers.push_back(std::vector<std::string>{vbp});
     std::string title, panel, tip;
     withDialog(
-        [&](QWidget* form) {
-            title = form->windowTitle().toStdString();
-            auto* tree = form->findChild<QTreeWidget*>("picOTL");
-            tip = form->findChild<QPushButton*>("cmdSelectNewer")->toolTip().toStdString();
-            tree->setCurrentItem(itemNamed(tree, "modSample"));
-            panel = form->findChild<QLabel*>("picFileInfo")->text().toStdString();
-            QTest::keyClick(tree, Qt::Key_Space);  // unchecks the member under the cursor
-            QTest::keyClick(tree, Qt::Key_Return);
-        },
-        "mnuFilOpen");
+            [&](QWidget* form) {
+                title = form->windowTitle().toStdString();
+                auto* tree = form->findChild<QTreeWidget*>("picOTL");
+                tip = form->findChild<QPushButton*>("cmdSelectNewer")->toolTip().toStdString();
+                tree->setCurrentItem(itemNamed(tree, "modSample"));
+                panel = form->findChild<QLabel*>("picFileInfo")->text().toStdString();
+                QTest::keyClick(tree, Qt::Key_Space);  // unchecks the member under the cursor
+                QTest::keyClick(tree, Qt::Key_Return);
+            },
+            "mnuFilOpen");
     EXPECT_EQ(title, "Project File - " + vbp);
     EXPECT_EQ(panel.rfind("File = Sample.bas\nDate Updated = ", 0), 0u) << panel;
     EXPECT_EQ(tip, "Select only files that have been modified since last Halyard");
@@ -102,19 +103,22 @@ TEST_F(ProjectFileWindowTest, UncheckedMemberStaysClosedAndTheWindowMenuShowsThe
     EXPECT_NE(settings.find("Sample.vbp"), std::string::npos);  // the recent files
     bool wasChecked = true;
     withDialog(
-        [&](QWidget* form) {
-            auto* tree = form->findChild<QTreeWidget*>("picOTL");
-            wasChecked = itemNamed(tree, "modSample")->checkState(0) == Qt::Checked;
-            form->findChild<QPushButton*>("cmdSelectAll")->click();
-            QTest::keyClick(tree, Qt::Key_Escape);
-        },
-        "mnuWinProjectWindow");
+            [&](QWidget* form) {
+                auto* tree = form->findChild<QTreeWidget*>("picOTL");
+                wasChecked = itemNamed(tree, "modSample")->checkState(0) == Qt::Checked;
+                form->findChild<QPushButton*>("cmdSelectAll")->click();
+                QTest::keyClick(tree, Qt::Key_Escape);
+            },
+            "mnuWinProjectWindow");
     EXPECT_FALSE(wasChecked);
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Counter.cls"}));
 
-    withDialog([](QWidget* form) { form->findChild<QPushButton*>("cmdSelectAll")->click();
-                                   form->findChild<QPushButton*>("cmdOK")->click(); },
-               "mnuWinProjectWindow");
+    withDialog(
+            [](QWidget* form) {
+                form->findChild<QPushButton*>("cmdSelectAll")->click();
+                form->findChild<QPushButton*>("cmdOK")->click();
+            },
+            "mnuWinProjectWindow");
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Sample.bas", "Counter.cls"}));
     EXPECT_EQ(settingsText(), settings);
 

@@ -92,13 +92,13 @@ TEST_F(ProjectPrintTest, AGroupOnScreenPrintsEveryMemberWithOneOk) {
     bool allChecked = false, procsEnabled = true;
     std::string selection;
     withDialog(
-        [&](QWidget* form) {
-            allChecked = form->findChild<QCheckBox*>("chkAll0")->isChecked();
-            procsEnabled = form->findChild<QRadioButton*>("optSelectedProcedures1")->isEnabled();
-            selection = form->findChild<QLabel*>("lblProcs")->text().toStdString();
-            form->findChild<QPushButton*>("cmdOK")->click();
-        },
-        "mnuFilPrint");
+            [&](QWidget* form) {
+                allChecked = form->findChild<QCheckBox*>("chkAll0")->isChecked();
+                procsEnabled = form->findChild<QRadioButton*>("optSelectedProcedures1")->isEnabled();
+                selection = form->findChild<QLabel*>("lblProcs")->text().toStdString();
+                form->findChild<QPushButton*>("cmdOK")->click();
+            },
+            "mnuFilPrint");
     EXPECT_TRUE(allChecked);
     EXPECT_FALSE(procsEnabled);  // a group has no procedures of its own
     EXPECT_EQ(selection, "All files selected");
@@ -116,11 +116,11 @@ TEST_F(ProjectPrintTest, CurrentFilePrintsTheGroupListingAlone) {
     std::string pdf = dir + "/Listing.pdf";
     ui.saveAnswer = pdf;
     withDialog(
-        [](QWidget* form) {
-            form->findChild<QCheckBox*>("chkCurrent")->click();
-            form->findChild<QPushButton*>("cmdOK")->click();
-        },
-        "mnuFilPrint");
+            [](QWidget* form) {
+                form->findChild<QCheckBox*>("chkCurrent")->click();
+                form->findChild<QPushButton*>("cmdOK")->click();
+            },
+            "mnuFilPrint");
     std::string text = test::run("pdftotext -layout '" + pdf + "' -");
     EXPECT_NE(text.find("Two.vbp"), std::string::npos) << text;
     EXPECT_EQ(text.find("SecondMemberSub"), std::string::npos) << text;

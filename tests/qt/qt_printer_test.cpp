@@ -30,10 +30,12 @@ namespace fs = std::filesystem;
 
 using test::run;
 
-bool haveTool(const char* tool) { return std::system((std::string("command -v ") + tool + " >/dev/null 2>&1").c_str()) == 0; }
+bool haveTool(const char* tool) {
+    return std::system((std::string("command -v ") + tool + " >/dev/null 2>&1").c_str()) == 0;
+}
 
-#define NEED_POPPLER()                                                                          \
-    if (!haveTool("pdftotext") || !haveTool("pdffonts"))                                       \
+#define NEED_POPPLER()                                   \
+    if (!haveTool("pdftotext") || !haveTool("pdffonts")) \
     GTEST_SKIP() << "poppler-utils (pdftotext, pdffonts) is not installed: the PDF cannot be read back"
 
 std::string slurp(const std::string& path) {
@@ -206,11 +208,15 @@ TEST_F(QtPrinterTest, EveryWordStandsWhereItWasPrintedAndReadsBack) {
         const char* text;
     };
     const std::vector<std::vector<Token>> lines = {
-        {{"Courier New", true, 0x800000, 360, "Dim"}, {"Courier New", false, 0, 1003.5f, "total"},
-         {"Courier New", true, 0x800000, 1877, "As"}, {"Courier New", true, 0x800000, 2317, "Long"}},
-        {{"Courier New", false, 0, 727, "Call"}, {"Arial", false, 0x008000, 1500.25f, "Foo"},
-         {"Courier New", true, 0x800000, -1, "("}, {"Courier New", false, 0, 3333, "x"}},
-        {{"Arial", false, 0, 5, "End"}, {"Courier New", false, 0x008000, 9000, "Sub"}},
+            {{"Courier New", true, 0x800000, 360, "Dim"},
+             {"Courier New", false, 0, 1003.5f, "total"},
+             {"Courier New", true, 0x800000, 1877, "As"},
+             {"Courier New", true, 0x800000, 2317, "Long"}},
+            {{"Courier New", false, 0, 727, "Call"},
+             {"Arial", false, 0x008000, 1500.25f, "Foo"},
+             {"Courier New", true, 0x800000, -1, "("},
+             {"Courier New", false, 0, 3333, "x"}},
+            {{"Arial", false, 0, 5, "End"}, {"Courier New", false, 0x008000, 9000, "Sub"}},
     };
     struct Placed {
         std::string text;
@@ -297,7 +303,7 @@ TEST_F(QtPrinterTest, TokensABlankApartGoOnInOneStringAndLinesMoveByTheLeading) 
         const char* text;
     };
     const std::vector<Token> tokens = {
-        {true, 0x800000, 0, "Dim"}, {false, 0, 1, "total"}, {true, 0x800000, 1, "As"}, {true, 0x800000, 2, "Long"}};
+            {true, 0x800000, 0, "Dim"}, {false, 0, 1, "total"}, {true, 0x800000, 1, "As"}, {true, 0x800000, 2, "Long"}};
     struct Placed {
         std::string text;
         double x0, top;  // points from the sheet's edge
@@ -378,7 +384,8 @@ TEST_F(QtPrinterTest, FacesWithoutTrueTypeOutlinesAreDrawnAndRead) {
         printLinesAt(p, y, {"' italic \x80 \x93quoted\x94"});
         ASSERT_TRUE(p.endJob(true)) << p.jobError();
 
-        std::string complaints = run("pdftoppm -r 72 -gray -singlefile '" + pdf("face.pdf") + "' '" + pdf("page") + "' 2>&1");
+        std::string complaints =
+                run("pdftoppm -r 72 -gray -singlefile '" + pdf("face.pdf") + "' '" + pdf("page") + "' 2>&1");
         EXPECT_EQ(complaints, "");
         EXPECT_GT(darkPixels(slurp(pdf("page.pgm"))), 400);
         auto pages = pagesOf(run("pdftotext -layout '" + pdf("face.pdf") + "' - 2>&1"));
@@ -446,13 +453,15 @@ TEST_F(QtPrinterTest, APdfJobKeepsThePagesNumbersPlacesAndLinks) {
     page(0, 3, "contents without a numeral");
     ASSERT_TRUE(p.endJob(true)) << p.jobError();
 
-    QJsonObject json = QJsonDocument::fromJson(QByteArray::fromStdString(run("qpdf --json '" + pdf("marks.pdf") + "'"))).object();
+    QJsonObject json =
+            QJsonDocument::fromJson(QByteArray::fromStdString(run("qpdf --json '" + pdf("marks.pdf") + "'"))).object();
     std::string labels;
     for (const QJsonValue& range : json["pagelabels"].toArray()) {
         QJsonObject label = range.toObject()["label"].toObject();
         labels += std::to_string(range.toObject()["index"].toInt()) + ":" +
                   (label.contains("/S") ? label["/S"].toString().toStdString() + std::to_string(label["/St"].toInt())
-                                        : std::string("none")) + " ";
+                                        : std::string("none")) +
+                  " ";
     }
     EXPECT_EQ(labels, "0:/D1 2:/r1 4:/D7 5:none ");
 
@@ -612,7 +621,8 @@ TEST_F(QtPrinterTest, AStyleSetAtOnceMeasuresAsItsPropertiesOneByOne) {
         for (double points : {8.0, 10.0, 12.5})
             for (int flags : {0, 1, 2, 5, 10}) {
                 bool bold = flags & 1, italic = flags & 2, underline = flags & 4, strike = flags & 8;
-                styles.push_back({name, points, bold, italic, underline, strike, 0x00800000u + static_cast<unsigned>(flags)});
+                styles.push_back(
+                        {name, points, bold, italic, underline, strike, 0x00800000u + static_cast<unsigned>(flags)});
             }
     const std::string text = "Dim total As Currency";
     std::vector<std::pair<std::string, float>> expected;  // the name read back and the width
@@ -630,7 +640,8 @@ TEST_F(QtPrinterTest, AStyleSetAtOnceMeasuresAsItsPropertiesOneByOne) {
     for (int round = 0; round < 2; ++round) {
         for (std::size_t i = 0; i < styles.size(); ++i) {
             const TextStyle& style = styles[i];
-            SCOPED_TRACE(std::string(style.fontName) + " " + std::to_string(style.points) + " round " + std::to_string(round));
+            SCOPED_TRACE(std::string(style.fontName) + " " + std::to_string(style.points) + " round " +
+                         std::to_string(round));
             p.setTextStyle(style);
             EXPECT_EQ(p.fontName(), expected[i].first);
             EXPECT_EQ(p.fontSize(), style.points);

@@ -15,7 +15,8 @@ namespace hlyd {
 namespace {
 
 std::uint32_t be16(const std::string& s, std::size_t at) {
-    return static_cast<std::uint32_t>(static_cast<unsigned char>(s.at(at)) << 8 | static_cast<unsigned char>(s.at(at + 1)));
+    return static_cast<std::uint32_t>(static_cast<unsigned char>(s.at(at)) << 8 |
+                                      static_cast<unsigned char>(s.at(at + 1)));
 }
 std::uint32_t be32(const std::string& s, std::size_t at) { return be16(s, at) << 16 | be16(s, at + 2); }
 
@@ -64,7 +65,10 @@ TEST(TrueTypeSubset, KeepsTheGlyphsUsedAndThePiecesTheyAreBuiltFrom) {
 // A CFF table of one font named "A" whose top DICT is `dict`.
 std::string cffWithTopDict(const std::string& dict) {
     std::string cff("\x01\x00\x04\x01", 4);
-    cff += std::string("\x00\x01\x01\x01\x02" "A", 6);
+    cff += std::string(
+            "\x00\x01\x01\x01\x02"
+            "A",
+            6);
     cff += std::string("\x00\x01\x01\x01", 4) + static_cast<char>(dict.size() + 1) + dict;
     return cff;
 }

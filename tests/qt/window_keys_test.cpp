@@ -138,7 +138,8 @@ std::vector<std::string> accessKeyFaults(QWidget* form) {
         while (at >= 0 && at + 1 < text.size() && text[at + 1] == '&') at = text.indexOf('&', at + 2);
         if (at < 0 || at + 1 >= text.size()) return;
         QChar letter = text[at + 1].toLower();
-        if (used.count(letter)) faults.push_back(("'" + QString(letter) + "' of " + owner + " and " + used[letter]).toStdString());
+        if (used.count(letter))
+            faults.push_back(("'" + QString(letter) + "' of " + owner + " and " + used[letter]).toStdString());
         used[letter] = owner;
     };
     for (QWidget* w : form->findChildren<QWidget*>()) {
@@ -166,7 +167,8 @@ TEST_F(WindowKeysTest, EveryDialogsAccessKeysReachOneControlEach) {
             for (int page = 0; page < (tabs ? tabs->count() : 1); ++page) {
                 if (tabs) tabs->setCurrentIndex(page);
                 QApplication::processEvents();
-                for (const std::string& fault : accessKeyFaults(form)) ADD_FAILURE() << command << " " << page << ": " << fault;
+                for (const std::string& fault : accessKeyFaults(form))
+                    ADD_FAILURE() << command << " " << page << ": " << fault;
             }
         });
     // The Project File dialog, as opening a project brings it up.

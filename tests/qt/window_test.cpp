@@ -146,7 +146,8 @@ TEST_F(WindowTest, ToolTipsOffShowNoTip) {
     EXPECT_EQ(tipOf("tbrOpen"), "Open a file or project for processing");
     window->action("mnuViewToolTips")->trigger();
     ASSERT_FALSE(hlydSettings().ToolTips);
-    for (const char* name : {"tbrOpen", "tbrClose", "tbrNextFile", "tbrPrintOptions"}) EXPECT_EQ(tipOf(name), "") << name;
+    for (const char* name : {"tbrOpen", "tbrClose", "tbrNextFile", "tbrPrintOptions"})
+        EXPECT_EQ(tipOf(name), "") << name;
 }
 
 // The list is as wide as the longest procedure name, and at 800 pixels the file buttons still
@@ -154,7 +155,7 @@ TEST_F(WindowTest, ToolTipsOffShowNoTip) {
 TEST_F(WindowTest, ProcedureListFitsItsNamesAndTheFileButtonsStayOnTheBar) {
     const std::string longName = "CalculateTheQuarterlyTotals";
     std::string module = test::writeTempFile(
-        "Wide.bas", "Attribute VB_Name = \"W\"\nSub " + longName + "()\nEnd Sub\nSub A()\nEnd Sub\n");
+            "Wide.bas", "Attribute VB_Name = \"W\"\nSub " + longName + "()\nEnd Sub\nSub A()\nEnd Sub\n");
     window->resize(800, 600);
     open(module);
     QApplication::processEvents();
@@ -244,11 +245,12 @@ TEST_F(WindowTest, DraggingTheThumbScrollsLive) {
 // Every procedure chosen from the list is drawn, from the first of the file to the last, in the
 // list's order and back.
 TEST_F(WindowTest, EveryProcedureChosenFromTheListIsDrawn) {
-    std::string text = "VERSION 5.00\nBegin VB.UserControl Tree\n   ClientHeight = 1800\nEnd\n"
-                       "Attribute VB_Name = \"Tree\"\nOption Explicit\n";
+    std::string text =
+            "VERSION 5.00\nBegin VB.UserControl Tree\n   ClientHeight = 1800\nEnd\n"
+            "Attribute VB_Name = \"Tree\"\nOption Explicit\n";
     for (int p = 1; p <= 60; ++p)
-        text += "Public Property Get P" + std::to_string(p) + "() As Long\n    P" + std::to_string(p) +
-                " = " + std::to_string(p) + "\nEnd Property\n";
+        text += "Public Property Get P" + std::to_string(p) + "() As Long\n    P" + std::to_string(p) + " = " +
+                std::to_string(p) + "\nEnd Property\n";
     open(test::writeTempFile("Tree.ctl", text));
     QComboBox* list = window->cboProc();
     ASSERT_GT(list->count(), 60);
@@ -340,8 +342,9 @@ TEST_F(WindowTest, TheHelpButtonAndMenuOpenTheProgramsPagesAndThePopupHasEveryIt
     QStringList items;
     for (QAction* item : window->findChild<QMenu*>("mnuPopupMenu")->actions())
         items << (item->isSeparator() ? "-" : item->text());
-    EXPECT_EQ(items.join("|"), "Copy|-|Open|Close |-|Print|Display Options|-|Next Procedure|Prior Procedure|Next File|"
-                               "Prior File|-|Project Window|-|Close Halyard");
+    EXPECT_EQ(items.join("|"),
+              "Copy|-|Open|Close |-|Print|Display Options|-|Next Procedure|Prior Procedure|Next File|"
+              "Prior File|-|Project Window|-|Close Halyard");
 }
 
 TEST_F(WindowTest, TheDebugMenuHoldsItsItemsWhenTheSettingAsks) {
@@ -366,7 +369,8 @@ TEST_F(WindowTest, TheDebugMenuHoldsItsItemsWhenTheSettingAsks) {
 }
 
 TEST_F(WindowTest, ABinaryFileIsRefusedAndTheWindowStaysUsable) {
-    std::string binary = test::writeTempFile("Binary.bas", std::string("\x00\x01\x02\xff\xfe", 5) + std::string(600, '\0'));
+    std::string binary =
+            test::writeTempFile("Binary.bas", std::string("\x00\x01\x02\xff\xfe", 5) + std::string(600, '\0'));
     open(binary);
     EXPECT_FALSE(ui.shown.empty());
     open(kSampleModule);
@@ -410,7 +414,8 @@ TEST_F(WindowedStartTest, ClosingTheWindowKeepsItsPlaceInTheSettings) {
     EXPECT_EQ(hlydSettings().Screen, expected);
     std::ifstream ini(dir + "/HLYD.INI");
     std::string text((std::istreambuf_iterator<char>(ini)), std::istreambuf_iterator<char>());
-    EXPECT_NE(text.find("Screen=" + std::to_string(expected[0]) + " " + std::to_string(expected[1])), std::string::npos);
+    EXPECT_NE(text.find("Screen=" + std::to_string(expected[0]) + " " + std::to_string(expected[1])),
+              std::string::npos);
 }
 
 // Settings that cannot be kept do not stop the window: the user is told why, once, and works on.
@@ -451,12 +456,14 @@ qint64 startAndDismiss(Dismissal how, bool& commandsWaited, Ui& restored) {
             if (top->objectName() == "frmSplash" && top->isVisible() && windowedMainWindow()) {
                 commandsWaited = !mainWindow().controlsEnabled;
                 if (how == Dismissal::ClickOnWindow) QTest::mouseClick(windowedMainWindow()->picShow(), Qt::LeftButton);
-                else QTest::keyClick(how == Dismissal::KeyOnSplash ? top : windowedMainWindow()->picShow(), Qt::Key_Space);
+                else
+                    QTest::keyClick(how == Dismissal::KeyOnSplash ? top : windowedMainWindow()->picShow(),
+                                    Qt::Key_Space);
                 press.stop();
             }
     });
     press.start(20);
-    QObject guard;  // the timer ends with the start
+    QObject guard;                                              // the timer ends with the start
     QTimer::singleShot(5000, &guard, [] { endSplashWait(); });  // the test fails rather than hang
     QElapsedTimer started;
     started.start();

@@ -126,7 +126,7 @@ std::string benchProject(const std::string& folder, const std::string& member, c
         std::string n = std::to_string(i);
         vbp << "Module=" << member << n << "; " << member << n << ".bas\r\n";
         std::ofstream(dir / (file + n + ".bas"), std::ios::binary)
-            << "Attribute VB_Name = \"" << file << n << "\"\r\nOption Explicit\r\n";
+                << "Attribute VB_Name = \"" << file << n << "\"\r\nOption Explicit\r\n";
     }
     return (dir / "Big.vbp").string();
 }
@@ -210,8 +210,8 @@ void BM_HtmlWholeProcessRealShaped(benchmark::State& state) {
     std::string out = (std::filesystem::temp_directory_path() / "hlyd-bench-whole.html").string();
     std::string config = (std::filesystem::temp_directory_path() / "hlyd-bench-config").string();
     std::string command = "rm -rf '" + config + "' && mkdir '" + config + "' && HLYD_CONFIG_DIR='" + config +
-                          "' QT_QPA_PLATFORM=offscreen '" HLYD_PROGRAM_PATH "' --quiet --html '" + out + "' '" +
-                          path + "' >/dev/null";
+                          "' QT_QPA_PLATFORM=offscreen '" HLYD_PROGRAM_PATH "' --quiet --html '" + out + "' '" + path +
+                          "' >/dev/null";
     int failures = 0;
     for (auto _ : state) failures += std::system(command.c_str()) != 0;
     auto size = std::filesystem::file_size(path);

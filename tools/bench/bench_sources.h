@@ -36,7 +36,8 @@ inline std::string realShapedModule(std::size_t bytes) {
         s += "'Given a source image and a palette, remap every pixel of the image to its nearest palette entry.\r\n";
         s += "' The palette is searched through a tree, so that large palettes cost little more than small ones;\r\n";
         s += "' the caller owns both images and must have sized the destination to match the source beforehand.\r\n";
-        s += "Public Function RemapPixelsToPalette" + n + "(ByRef sourceImage As pdDIB, sourcePalette() As RGBQuad) As Long\r\n";
+        s += "Public Function RemapPixelsToPalette" + n +
+             "(ByRef sourceImage As pdDIB, sourcePalette() As RGBQuad) As Long\r\n";
         s += "    \r\n";
         s += "    Dim pixelX As Long, pixelY As Long, finalX As Long, finalY As Long\r\n";
         s += "    Dim redValue As Long, greenValue As Long, blueValue As Long\r\n";

@@ -30,8 +30,11 @@ std::optional<std::vector<std::uint32_t>> utf8CodePoints(std::string_view text) 
     for (std::size_t i = 0; i < text.size();) {
         auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
         unsigned char lead = byte(i);
-        int extra = lead < 0x80 ? 0 : lead >= 0xC2 && lead <= 0xDF ? 1 : lead >= 0xE0 && lead <= 0xEF ? 2
-                  : lead >= 0xF0 && lead <= 0xF4 ? 3 : -1;
+        int extra = lead < 0x80                    ? 0
+                    : lead >= 0xC2 && lead <= 0xDF ? 1
+                    : lead >= 0xE0 && lead <= 0xEF ? 2
+                    : lead >= 0xF0 && lead <= 0xF4 ? 3
+                                                   : -1;
         if (extra < 0 || text.size() - i <= static_cast<std::size_t>(extra)) return std::nullopt;
         std::uint32_t cp = extra == 0 ? lead : lead & (0x3F >> extra);
         for (int k = 1; k <= extra; ++k) {

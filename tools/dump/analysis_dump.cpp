@@ -15,36 +15,63 @@ namespace hlyd {
 namespace {
 
 void dumpRecord(const Record& r, std::int32_t n, std::ostream& out) {
-    out << JsonObject("record").add("n", n).add("FirstS", r.FirstS).add("LastS", r.LastS).add("FirstT", r.FirstT)
-               .add("LastT", r.LastT).add("Indent", r.Indent).add("TiedTo", r.TiedTo).add("TiedStart", r.TiedStart)
-               .str()
+    out << JsonObject("record")
+                    .add("n", n)
+                    .add("FirstS", r.FirstS)
+                    .add("LastS", r.LastS)
+                    .add("FirstT", r.FirstT)
+                    .add("LastT", r.LastT)
+                    .add("Indent", r.Indent)
+                    .add("TiedTo", r.TiedTo)
+                    .add("TiedStart", r.TiedStart)
+                    .str()
         << '\n';
 }
 
 void dumpStatement(const Statement& s, std::int32_t n, std::ostream& out) {
-    out << JsonObject("statement").add("n", n).add("Class", s.Class).add("Detail", s.Detail).add("Flags", s.Flags)
-               .add("FirstToken", s.FirstToken).add("LastToken", s.LastToken).add("LastSignificant", s.LastSignificant)
-               .add("FirstRecord", s.FirstRecord).add("LastRecord", s.LastRecord).add("Verb", s.Verb)
-               .str()
+    out << JsonObject("statement")
+                    .add("n", n)
+                    .add("Class", s.Class)
+                    .add("Detail", s.Detail)
+                    .add("Flags", s.Flags)
+                    .add("FirstToken", s.FirstToken)
+                    .add("LastToken", s.LastToken)
+                    .add("LastSignificant", s.LastSignificant)
+                    .add("FirstRecord", s.FirstRecord)
+                    .add("LastRecord", s.LastRecord)
+                    .add("Verb", s.Verb)
+                    .str()
         << '\n';
 }
 
 void dumpToken(const Token& t, std::int32_t n, std::ostream& out) {
-    out << JsonObject("token").add("n", n).add("Class", t.Class).add("Detail", t.Detail).add("Flags", t.Flags)
-               .add("Continued", t.Continued).add("KeyWordSeen", t.KeyWordSeen).add("pKeyWord", t.pKeyWord)
-               .add("KeyWord", t.pKeyWord == 0 ? std::string() : dialectKeyWord(t.pKeyWord).Word)
-               .add("Statement", t.Statement).add("Column", t.Column).add("Text", t.Text)
-               .add("LeadingSpace", t.LeadingSpace)
-               .str()
+    out << JsonObject("token")
+                    .add("n", n)
+                    .add("Class", t.Class)
+                    .add("Detail", t.Detail)
+                    .add("Flags", t.Flags)
+                    .add("Continued", t.Continued)
+                    .add("KeyWordSeen", t.KeyWordSeen)
+                    .add("pKeyWord", t.pKeyWord)
+                    .add("KeyWord", t.pKeyWord == 0 ? std::string() : dialectKeyWord(t.pKeyWord).Word)
+                    .add("Statement", t.Statement)
+                    .add("Column", t.Column)
+                    .add("Text", t.Text)
+                    .add("LeadingSpace", t.LeadingSpace)
+                    .str()
         << '\n';
 }
 
 void dumpEnd(const SourceTables& t, std::ostream& out) {
     const cDebug& d = theDebug();
-    out << JsonObject("end").add("BabStatus", d.BabStatus).add("BabStatusDetail", d.BabStatusDetail)
-               .add("Dialect", basiclan().CurrentDialect).add("RecordCount", t.RecordCount)
-               .add("StatementCount", t.StatementCount).add("TokenCount", t.TokenCount)
-               .str()
+    out << JsonObject("end")
+                    .add("BabStatus", d.BabStatus)
+                    .add("BabStatusDetail", d.BabStatusDetail)
+                    .add("Dialect", basiclan().CurrentDialect)
+                    .add("RecordCount", t.RecordCount)
+                    .add("StatementCount", t.StatementCount)
+                    .add("TokenCount", t.TokenCount)
+                    .str()
         << '\n';
 }
 
@@ -53,8 +80,11 @@ std::string validate(const std::string& path, std::ostream& out) {
     std::string dialect = "?";
     BabValidateFile(path, dialect);
     const cDebug& d = theDebug();
-    out << JsonObject("validate").add("BabStatus", d.BabStatus).add("BabStatusDetail", d.BabStatusDetail)
-               .add("Dialect", dialect).str()
+    out << JsonObject("validate")
+                    .add("BabStatus", d.BabStatus)
+                    .add("BabStatusDetail", d.BabStatusDetail)
+                    .add("Dialect", dialect)
+                    .str()
         << '\n';
     return dialect == "?" ? "6" : dialect;
 }

@@ -13,8 +13,7 @@ struct AnalysisDumpOptions {
 };
 
 // Analyses the file and writes the lines; returns the exit status (0, or 2 when it cannot be opened).
-int dumpFileAnalysis(const std::string& path, const AnalysisDumpOptions& options, std::ostream& out,
-                     std::ostream& err);
+int dumpFileAnalysis(const std::string& path, const AnalysisDumpOptions& options, std::ostream& out, std::ostream& err);
 
 // The record, statement and token lines of the tables as they stand.
 void dumpTables(const SourceTables& tables, std::ostream& out);

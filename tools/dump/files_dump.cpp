@@ -41,24 +41,41 @@ std::string jsonArray(const std::vector<std::string>& items) {
 
 std::string numberArray(const std::vector<std::int16_t>& items, int count) {
     std::string text = "[";
-    for (int i = 1; i <= count && i < static_cast<int>(items.size()); ++i) text += (i > 1 ? "," : "") + std::to_string(items[i]);
+    for (int i = 1; i <= count && i < static_cast<int>(items.size()); ++i)
+        text += (i > 1 ? "," : "") + std::to_string(items[i]);
     return text + "]";
 }
 
 void dumpProjectFile(cProjectFile& p, int i, std::ostream& out) {
-    out << JsonObject("project").add("i", i).add("FileName", p.FileName).add("FileType", p.FileType)
-               .add("Records", p.Records).add("FormCount", p.FormCount).add("ClassCount", p.ClassCount)
-               .add("ModuleCount", p.ModuleCount).add("ObjectCount", p.ObjectCount)
-               .add("ReferenceCount", p.ReferenceCount).addRaw("Forms", numberArray(p.Forms, p.FormCount))
-               .addRaw("Classes", numberArray(p.Classes, p.ClassCount))
-               .addRaw("Modules", numberArray(p.Modules, p.ModuleCount)).str()
+    out << JsonObject("project")
+                    .add("i", i)
+                    .add("FileName", p.FileName)
+                    .add("FileType", p.FileType)
+                    .add("Records", p.Records)
+                    .add("FormCount", p.FormCount)
+                    .add("ClassCount", p.ClassCount)
+                    .add("ModuleCount", p.ModuleCount)
+                    .add("ObjectCount", p.ObjectCount)
+                    .add("ReferenceCount", p.ReferenceCount)
+                    .addRaw("Forms", numberArray(p.Forms, p.FormCount))
+                    .addRaw("Classes", numberArray(p.Classes, p.ClassCount))
+                    .addRaw("Modules", numberArray(p.Modules, p.ModuleCount))
+                    .str()
         << '\n';
     for (int n = 1; n <= static_cast<int>(p.ProjectRecords.size()); ++n) {
         const cProjectLine& l = p.line(n);
-        out << JsonObject("projectline").add("n", n).add("AsRecord", l.AsRecord).add("KeyWord", l.KeyWord)
-                   .add("FileType", l.FileType).add("SyntaxError", l.SyntaxError).add("ValueCount", l.ValueCount)
-                   .addRaw("Values", jsonArray(l.Value)).add("FileName", l.FileName).add("WholeFile", l.WholeFile)
-                   .add("VBName", l.VBName).str()
+        out << JsonObject("projectline")
+                        .add("n", n)
+                        .add("AsRecord", l.AsRecord)
+                        .add("KeyWord", l.KeyWord)
+                        .add("FileType", l.FileType)
+                        .add("SyntaxError", l.SyntaxError)
+                        .add("ValueCount", l.ValueCount)
+                        .addRaw("Values", jsonArray(l.Value))
+                        .add("FileName", l.FileName)
+                        .add("WholeFile", l.WholeFile)
+                        .add("VBName", l.VBName)
+                        .str()
             << '\n';
     }
 }
@@ -82,9 +99,14 @@ int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err
     const SourceTables& t = theSourceTables();
     dumpTables(t, out);
     const cDebug& d = theDebug();
-    out << JsonObject("end").add("BabStatus", d.BabStatus).add("BabStatusDetail", d.BabStatusDetail)
-               .add("Dialect", basiclan().CurrentDialect).add("RecordCount", t.RecordCount)
-               .add("StatementCount", t.StatementCount).add("TokenCount", t.TokenCount).str()
+    out << JsonObject("end")
+                    .add("BabStatus", d.BabStatus)
+                    .add("BabStatusDetail", d.BabStatusDetail)
+                    .add("Dialect", basiclan().CurrentDialect)
+                    .add("RecordCount", t.RecordCount)
+                    .add("StatementCount", t.StatementCount)
+                    .add("TokenCount", t.TokenCount)
+                    .str()
         << '\n';
     const std::vector<std::int32_t>& elements = fileTable().TokenElements;
     for (std::int32_t i = 1; i <= t.TokenCount && i < static_cast<std::int32_t>(elements.size()); ++i)
@@ -92,11 +114,18 @@ int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err
     const std::vector<ProcEntry>& procs = yProc();
     for (std::size_t i = 0; i < procs.size(); ++i) {
         const ProcEntry& p = procs[i];
-        out << JsonObject("proc").add("i", static_cast<std::int64_t>(i)).add("Name", p.Name).add("Type", p.Type)
-                   .add("FirstRecord", p.FirstRecord).add("LastRecord", p.LastRecord)
-                   .add("FirstStatement", p.FirstStatement).add("LastStatement", p.LastStatement)
-                   .add("IsPublic", p.IsPublic).add("IsEvent", static_cast<std::int32_t>(p.IsEvent))
-                   .add("ListIndex", p.ListIndex).str()
+        out << JsonObject("proc")
+                        .add("i", static_cast<std::int64_t>(i))
+                        .add("Name", p.Name)
+                        .add("Type", p.Type)
+                        .add("FirstRecord", p.FirstRecord)
+                        .add("LastRecord", p.LastRecord)
+                        .add("FirstStatement", p.FirstStatement)
+                        .add("LastStatement", p.LastStatement)
+                        .add("IsPublic", p.IsPublic)
+                        .add("IsEvent", static_cast<std::int32_t>(p.IsEvent))
+                        .add("ListIndex", p.ListIndex)
+                        .str()
             << '\n';
     }
     return 0;
@@ -115,9 +144,13 @@ int dumpProject(const std::string& path, std::ostream& out, std::ostream& err) {
     for (int i = 1; i <= oProjectFiles().Count(); ++i) dumpProjectFile(oProjectFiles().Item(i), i, out);
     for (const std::string& text : ui.texts) out << JsonObject("message").add("text", text).str() << '\n';
     for (const cFileDesc& f : oFile())
-        out << JsonObject("file").add("FileName", f.FileName).add("FileType", static_cast<std::int32_t>(f.FileType))
-                   .add("IsSelected", f.IsSelected).add("WhichProject", static_cast<std::int32_t>(f.WhichProject))
-                   .add("WhichFile", static_cast<std::int32_t>(f.WhichFile)).str()
+        out << JsonObject("file")
+                        .add("FileName", f.FileName)
+                        .add("FileType", static_cast<std::int32_t>(f.FileType))
+                        .add("IsSelected", f.IsSelected)
+                        .add("WhichProject", static_cast<std::int32_t>(f.WhichProject))
+                        .add("WhichFile", static_cast<std::int32_t>(f.WhichFile))
+                        .str()
             << '\n';
     return 0;
 }

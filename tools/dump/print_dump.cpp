@@ -52,51 +52,56 @@ std::string colour(std::uint32_t bgr) {
 std::string eventJson(const PrintEvent& e) {
     switch (e.kind) {
         case PrintEvent::PageStart:
-            return JsonObject("page").add("doc", e.doc).add("page", e.page).add("printed", e.printed).add("type", e.type).str();
+            return JsonObject("page")
+                    .add("doc", e.doc)
+                    .add("page", e.page)
+                    .add("printed", e.printed)
+                    .add("type", e.type)
+                    .str();
         case PrintEvent::Text:
             return JsonObject("text")
-                .add("doc", e.doc)
-                .add("page", e.page)
-                .addRaw("x", number(e.x1))
-                .addRaw("y", number(e.y1))
-                .add("font", e.font)
-                .addRaw("size", number(e.size))
-                .add("bold", e.bold)
-                .add("italic", e.italic)
-                .add("underline", e.underline)
-                .add("colour", colour(e.colour))
-                .add("text", e.text)
-                .str();
+                    .add("doc", e.doc)
+                    .add("page", e.page)
+                    .addRaw("x", number(e.x1))
+                    .addRaw("y", number(e.y1))
+                    .add("font", e.font)
+                    .addRaw("size", number(e.size))
+                    .add("bold", e.bold)
+                    .add("italic", e.italic)
+                    .add("underline", e.underline)
+                    .add("colour", colour(e.colour))
+                    .add("text", e.text)
+                    .str();
         case PrintEvent::Line:
             return JsonObject("line")
-                .add("doc", e.doc)
-                .add("page", e.page)
-                .addRaw("x1", number(e.x1))
-                .addRaw("y1", number(e.y1))
-                .addRaw("x2", number(e.x2))
-                .addRaw("y2", number(e.y2))
-                .add("width", e.width)
-                .add("colour", colour(e.colour))
-                .str();
+                    .add("doc", e.doc)
+                    .add("page", e.page)
+                    .addRaw("x1", number(e.x1))
+                    .addRaw("y1", number(e.y1))
+                    .addRaw("x2", number(e.x2))
+                    .addRaw("y2", number(e.y2))
+                    .add("width", e.width)
+                    .add("colour", colour(e.colour))
+                    .str();
         case PrintEvent::Destination:
             return JsonObject("destination")
-                .add("doc", e.doc)
-                .add("page", e.page)
-                .addRaw("y", number(e.y1))
-                .add("name", e.text)
-                .add("title", e.title)
-                .add("level", e.level)
-                .str();
+                    .add("doc", e.doc)
+                    .add("page", e.page)
+                    .addRaw("y", number(e.y1))
+                    .add("name", e.text)
+                    .add("title", e.title)
+                    .add("level", e.level)
+                    .str();
         case PrintEvent::Link:
             return JsonObject("link")
-                .add("doc", e.doc)
-                .add("page", e.page)
-                .addRaw("x1", number(e.x1))
-                .addRaw("y1", number(e.y1))
-                .addRaw("x2", number(e.x2))
-                .addRaw("y2", number(e.y2))
-                .add("name", e.text)
-                .str();
+                    .add("doc", e.doc)
+                    .add("page", e.page)
+                    .addRaw("x1", number(e.x1))
+                    .addRaw("y1", number(e.y1))
+                    .addRaw("x2", number(e.x2))
+                    .addRaw("y2", number(e.y2))
+                    .add("name", e.text)
+                    .str();
         case PrintEvent::EndDoc: return JsonObject("enddoc").add("doc", e.doc).str();
         case PrintEvent::KillDoc: return JsonObject("killdoc").add("doc", e.doc).str();
     }

@@ -9,13 +9,13 @@ namespace {
 
 // Around the ranges the dialogs allow, the 16- and 32-bit edges, and numbers that are no number.
 const std::vector<std::string> kNumbers = {
-    "0",     "1",     "-1",    "2",     "3",          "10",          "16",          "17",          "100",
-    "101",   "720",   "1000",  "1440",  "2880",       "5760",        "5761",        "12240",       "48960",
-    "0.01",  "0.5",   "1.5",   "32767", "32768",      "-32769",      "65536",       "2147483647",  "-2147483648",
-    "1e999", "abc",   "",      "99999999999", "-1100000000", "4294967296"};
-const std::vector<std::string> kMacros = {"@date", "@time",    "@page",    "@filedate", "@filetime", "@user",
-                                          "@company", "@filename", "@filepath", "@vbname", "@procname", "@project",
-                                          "@path",   "@mistyped", "|",        " "};
+        "0",     "1",   "-1",   "2",           "3",           "10",        "16",    "17",         "100",
+        "101",   "720", "1000", "1440",        "2880",        "5760",      "5761",  "12240",      "48960",
+        "0.01",  "0.5", "1.5",  "32767",       "32768",       "-32769",    "65536", "2147483647", "-2147483648",
+        "1e999", "abc", "",     "99999999999", "-1100000000", "4294967296"};
+const std::vector<std::string> kMacros = {"@date",    "@time",     "@page",     "@filedate", "@filetime", "@user",
+                                          "@company", "@filename", "@filepath", "@vbname",   "@procname", "@project",
+                                          "@path",    "@mistyped", "|",         " "};
 const std::vector<std::string> kFonts = {"Courier New", "", "No Such Font", "DejaVu Sans Mono", "Liberation Serif"};
 const std::vector<std::string> kElements = {"Comments",        "Identifiers",  "KeyWords",   "Literals",
                                             "Headers/Footers", "Project File", "Procedures", "Line Numbers"};
@@ -73,8 +73,8 @@ std::string fuzzedSettings(unsigned seed, const std::string& printer) {
     m.key("LineNumbers", m.yesNo());
     for (const char* number : {"LineNumberHow", "LineNumberStart", "LineNumberIncrement", "PageNumberHow"})
         m.key(number, m.any(kNumbers));
-    for (const char* heading : {"HeadingLeft", "HeadingCenter", "HeadingRight", "FootingLeft", "FootingCenter",
-                                "FootingRight"})
+    for (const char* heading :
+         {"HeadingLeft", "HeadingCenter", "HeadingRight", "FootingLeft", "FootingCenter", "FootingRight"})
         m.key(heading, m.heading());
     m.section(printer + ".Print");
     m.key("Margins", m.words(4));

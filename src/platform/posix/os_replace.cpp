@@ -78,7 +78,8 @@ void removeTempsOnSignals() {
     installed = true;
     for (int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
         struct sigaction old {};
-        if (::sigaction(signal, nullptr, &old) != 0 || (old.sa_flags & SA_SIGINFO) || old.sa_handler != SIG_DFL) continue;
+        if (::sigaction(signal, nullptr, &old) != 0 || (old.sa_flags & SA_SIGINFO) || old.sa_handler != SIG_DFL)
+            continue;
         struct sigaction action {};
         action.sa_handler = removeLiveTempsAndDie;
         sigemptyset(&action.sa_mask);
@@ -113,7 +114,7 @@ struct AtomicWriter::Handle {
     int liveSlot = -1;  // where the signal handlers find the temporary name
     mode_t mode = 0;
     bool replacing = false;  // a file of the name was there: sync before and after the rename
-    std::string pending;  // written out in blocks: a document comes a line at a time
+    std::string pending;     // written out in blocks: a document comes a line at a time
 
     bool flush(int& error) {
         std::string_view data = pending;

@@ -9,14 +9,14 @@ namespace {
 
 QPalette::ColorRole roleOfSystemColour(std::uint32_t index) {
     switch (index) {
-        case 5: return QPalette::Base;             // window background
-        case 8: return QPalette::Text;             // window text
+        case 5: return QPalette::Base;  // window background
+        case 8: return QPalette::Text;  // window text
         case 13: return QPalette::Highlight;
         case 14: return QPalette::HighlightedText;
-        case 15: return QPalette::Button;          // button face
-        case 16: return QPalette::Mid;             // button shadow
+        case 15: return QPalette::Button;  // button face
+        case 16: return QPalette::Mid;     // button shadow
         case 18: return QPalette::ButtonText;
-        case 20: return QPalette::Light;           // button highlight
+        case 20: return QPalette::Light;  // button highlight
         case 24: return QPalette::ToolTipBase;
         case 23: return QPalette::ToolTipText;
         default: return QPalette::Window;

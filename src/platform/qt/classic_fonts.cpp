@@ -20,16 +20,26 @@ struct ClassicName {
 
 // The names that settings from the classic desktop carry, spelled as that desktop reads them back.
 const ClassicName kClassicNames[] = {
-    {"Courier New", &kMonoStandIns},     {"Courier", &kMonoStandIns},
-    {"Lucida Console", &kMonoStandIns},  {"Consolas", &kMonoStandIns},
-    {"Fixedsys", &kMonoStandIns},        {"Terminal", &kMonoStandIns},
-    {"Arial", &kSansStandIns},           {"Helvetica", &kSansStandIns},
-    {"MS Sans Serif", &kSansStandIns},   {"Microsoft Sans Serif", &kSansStandIns},
-    {"MS Shell Dlg", &kSansStandIns},    {"MS Shell Dlg 2", &kSansStandIns},
-    {"Tahoma", &kSansStandIns},          {"Verdana", &kSansStandIns},
-    {"Segoe UI", &kSansStandIns},        {"System", &kSansStandIns},
-    {"Times New Roman", &kSerifStandIns}, {"Times", &kSerifStandIns},
-    {"MS Serif", &kSerifStandIns},       {"Georgia", &kSerifStandIns},
+        {"Courier New", &kMonoStandIns},
+        {"Courier", &kMonoStandIns},
+        {"Lucida Console", &kMonoStandIns},
+        {"Consolas", &kMonoStandIns},
+        {"Fixedsys", &kMonoStandIns},
+        {"Terminal", &kMonoStandIns},
+        {"Arial", &kSansStandIns},
+        {"Helvetica", &kSansStandIns},
+        {"MS Sans Serif", &kSansStandIns},
+        {"Microsoft Sans Serif", &kSansStandIns},
+        {"MS Shell Dlg", &kSansStandIns},
+        {"MS Shell Dlg 2", &kSansStandIns},
+        {"Tahoma", &kSansStandIns},
+        {"Verdana", &kSansStandIns},
+        {"Segoe UI", &kSansStandIns},
+        {"System", &kSansStandIns},
+        {"Times New Roman", &kSerifStandIns},
+        {"Times", &kSerifStandIns},
+        {"MS Serif", &kSerifStandIns},
+        {"Georgia", &kSerifStandIns},
 };
 
 // Installed families by lower-cased name, read once: the database is slow to ask per token.

@@ -10,9 +10,9 @@ struct PaperCode {
 };
 
 const PaperCode kPapers[] = {
-    {1, QPageSize::Letter},    {3, QPageSize::Tabloid}, {4, QPageSize::Ledger}, {5, QPageSize::Legal},
-    {7, QPageSize::Executive}, {8, QPageSize::A3},      {9, QPageSize::A4},     {11, QPageSize::A5},
-    {13, QPageSize::B5},       {20, QPageSize::Envelope10},
+        {1, QPageSize::Letter},    {3, QPageSize::Tabloid},     {4, QPageSize::Ledger}, {5, QPageSize::Legal},
+        {7, QPageSize::Executive}, {8, QPageSize::A3},          {9, QPageSize::A4},     {11, QPageSize::A5},
+        {13, QPageSize::B5},       {20, QPageSize::Envelope10},
 };
 
 }  // namespace

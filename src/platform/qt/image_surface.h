@@ -72,7 +72,10 @@ private:
     const QFontMetricsF& metrics();
     int ascentPixels();
     int linePixels();
-    void fontChanged() { metrics_.reset(); painterFontStale_ = true; }
+    void fontChanged() {
+        metrics_.reset();
+        painterFontStale_ = true;
+    }
     const QColor& colourOf(std::uint32_t colour);
     QPointF toPixels(float x, float y) const { return {x / tppX_, y / tppY_}; }
 

@@ -48,8 +48,7 @@ void PageRecording::text(double x, double y, std::uint16_t face, QRgb colour, st
     if (!ops_.empty() && actual.empty()) {
         Op& last = ops_.back();
         if (last.kind == Kind::Text && last.face == face && last.colour == colour && last.artifact == artifact &&
-            sameSpot(last.y1, y) &&
-            sameSpot(last.x2, x) && last.start + last.length == text_.size()) {
+            sameSpot(last.y1, y) && sameSpot(last.x2, x) && last.start + last.length == text_.size()) {
             text_.append(bytes);
             last.length += static_cast<std::uint32_t>(bytes.size());
             last.x2 = x + width;

@@ -36,7 +36,7 @@ public:
         std::uint16_t face;
         int width;
         QRgb colour;
-        double x1, y1, x2, y2;  // a text's end is (x2, y1)
+        double x1, y1, x2, y2;        // a text's end is (x2, y1)
         std::uint32_t start, length;  // of a text, in text_
         bool artifact = false;
         std::uint32_t actualLength = 0;  // of the bytes it stands for, in text_ behind its own

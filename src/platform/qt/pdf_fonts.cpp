@@ -82,8 +82,8 @@ void PdfWriter::writeToUnicode(std::uint32_t number, const std::string& codeSpac
                 "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n"
                 "/CIDSystemInfo << /Registry (Adobe) /Ordering (UCS) /Supplement 0 >> def\n"
                 "/CMapName /Adobe-Identity-UCS def\n/CMapType 2 def\n1 begincodespacerange\n" +
-                    codeSpace + "\nendcodespacerange\n" + std::to_string(count) + " beginbfchar\n" + mappings +
-                    "endbfchar\nendcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n");
+                        codeSpace + "\nendcodespacerange\n" + std::to_string(count) + " beginbfchar\n" + mappings +
+                        "endbfchar\nendcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n");
 }
 
 // The map from the text's bytes to the glyph numbers, the CIDs: a listing's glyphs are a byte each
@@ -93,7 +93,8 @@ void PdfWriter::writeCodeMap(std::uint32_t number, const std::string& name,
                              const std::vector<std::pair<int, std::uint32_t>>& codes) {
     const std::string system = "/CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >>";
     std::string map = "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n" + system +
-                      " def\n/CMapName /" + name + " def\n/CMapType 1 def\n1 begincodespacerange\n<00> <FF>\n"
+                      " def\n/CMapName /" + name +
+                      " def\n/CMapType 1 def\n1 begincodespacerange\n<00> <FF>\n"
                       "endcodespacerange\n";
     constexpr std::size_t kBlock = 100;
     for (std::size_t first = 0; first < codes.size(); first += kBlock) {
@@ -126,7 +127,8 @@ void PdfWriter::writeCidFont(const Font& font) {
         appendMapping(cmap, static_cast<unsigned char>(c));
         ++mappings;
         if (!glyphs.insert(glyph).second) continue;
-        widths += std::to_string(glyph) + " [" + pdfNumber(face.advance[static_cast<std::size_t>(c)] / face.pixelSize * 1000) + "] ";
+        widths += std::to_string(glyph) + " [" +
+                  pdfNumber(face.advance[static_cast<std::size_t>(c)] / face.pixelSize * 1000) + "] ";
     }
     const QRawFont& raw = face.raw;
     // A CFF program goes in whole, so its name carries no subset tag.
@@ -138,12 +140,13 @@ void PdfWriter::writeCidFont(const Font& font) {
     double perPixel = 1000.0 / face.pixelSize;
     bool fixedPitch = face.advance['i'] == face.advance['W'];
 
-    std::uint32_t cid = reserveObject(), descriptor = reserveObject(), fontFile = reserveObject(), toUnicode = reserveObject();
+    std::uint32_t cid = reserveObject(), descriptor = reserveObject(), fontFile = reserveObject(),
+                  toUnicode = reserveObject();
     std::uint32_t codeMap = reserveObject();
     beginObject(font.object);
     write("<< /Type /Font /Subtype /Type0 /BaseFont /" + name + " /Encoding " + std::to_string(codeMap) +
-          " 0 R /DescendantFonts [" +
-          std::to_string(cid) + " 0 R] /ToUnicode " + std::to_string(toUnicode) + " 0 R >>\nendobj\n");
+          " 0 R /DescendantFonts [" + std::to_string(cid) + " 0 R] /ToUnicode " + std::to_string(toUnicode) +
+          " 0 R >>\nendobj\n");
     beginObject(cid);
     write(std::string("<< /Type /Font /Subtype ") + (trueType ? "/CIDFontType2" : "/CIDFontType0") + " /BaseFont /" +
           name + " /CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >> /FontDescriptor " +
@@ -193,12 +196,12 @@ void PdfWriter::writeDrawnFont(const Font& font) {
     }
     std::uint32_t toUnicode = reserveObject();
     beginObject(font.object);
-    write("<< /Type /Font /Subtype /Type3 /Name /" + postScriptName(face.raw) + " /FontBBox [" +
-          pdfNumber(box.left()) + " " + pdfNumber(-box.bottom()) + " " + pdfNumber(box.right()) + " " +
-          pdfNumber(-box.top()) + "] /FontMatrix [0.001 0 0 0.001 0 0] /CharProcs << " + procedures +
-          ">> /Encoding << /Type /Encoding /Differences [" + differences + "] >> /FirstChar " +
-          std::to_string(first) + " /LastChar " + std::to_string(last) + " /Widths [" + widths +
-          "] /Resources << >> /ToUnicode " + std::to_string(toUnicode) + " 0 R >>\nendobj\n");
+    write("<< /Type /Font /Subtype /Type3 /Name /" + postScriptName(face.raw) + " /FontBBox [" + pdfNumber(box.left()) +
+          " " + pdfNumber(-box.bottom()) + " " + pdfNumber(box.right()) + " " + pdfNumber(-box.top()) +
+          "] /FontMatrix [0.001 0 0 0.001 0 0] /CharProcs << " + procedures +
+          ">> /Encoding << /Type /Encoding /Differences [" + differences + "] >> /FirstChar " + std::to_string(first) +
+          " /LastChar " + std::to_string(last) + " /Widths [" + widths + "] /Resources << >> /ToUnicode " +
+          std::to_string(toUnicode) + " 0 R >>\nendobj\n");
     writeToUnicode(toUnicode, "<00> <FF>", cmap, mappings);
 }
 

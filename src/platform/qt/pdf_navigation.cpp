@@ -48,7 +48,8 @@ std::string PdfWriter::pageLabels() const {
     for (const LabelRange& range : labels_) {
         nums += std::to_string(range.firstPage) + " << ";
         // A number below one has no numeral: a Roman one shows nothing, one in figures shows itself.
-        if (range.number >= 1) nums += std::string(range.roman ? "/S /r" : "/S /D") + " /St " + std::to_string(range.number);
+        if (range.number >= 1)
+            nums += std::string(range.roman ? "/S /r" : "/S /D") + " /St " + std::to_string(range.number);
         else if (!range.roman) nums += "/P (" + std::to_string(range.number) + ")";
         nums += " >> ";
     }

@@ -49,8 +49,8 @@ std::string colourText(QRgb rgb, bool stroking) {
 
 }  // namespace
 
-void PdfPageContent::write(std::string& out, const PageRecording& page, const PrintFaces& faces,
-                           double pointsPerPixel, QPointF corner) {
+void PdfPageContent::write(std::string& out, const PageRecording& page, const PrintFaces& faces, double pointsPerPixel,
+                           QPointF corner) {
     out_ = &out;
     inText_ = placed_ = fillSet_ = strokeSet_ = stringOpen_ = false;
     font_ = -1;
@@ -89,7 +89,8 @@ void PdfPageContent::noteDrawn() {
 
 void PdfPageContent::text(const PageRecording& page, const PageRecording::Op& op, const PrintFace& face) {
     FontUse font = fontOf_(face);
-    if (!op.artifact && page.actualOf(op).empty()) spaceTo(op.x1 * kUnitsPerPixel, whole((op.y1 + face.ascent) * kUnitsPerPixel));
+    if (!op.artifact && page.actualOf(op).empty())
+        spaceTo(op.x1 * kUnitsPerPixel, whole((op.y1 + face.ascent) * kUnitsPerPixel));
     setColour(op.colour, false);
     if (!inText_) {
         *out_ += "BT\n";
@@ -220,8 +221,7 @@ void PdfPageContent::spaceTo(double x, std::int64_t baseline) {
     double blanks = std::round((x - penX_) / advance);
     if (blanks < 1 || blanks > kMostBlanks || std::fabs(x - penX_ - blanks * advance) > kNear) return;
     codes_[face.index]->drawn[blank] = 1;
-    for (int n = 0; n < static_cast<int>(blanks); ++n)
-        out_->append(codes.bytes[blank].data(), codes.length[blank]);
+    for (int n = 0; n < static_cast<int>(blanks); ++n) out_->append(codes.bytes[blank].data(), codes.length[blank]);
     penX_ += blanks * advance;
 }
 
@@ -270,9 +270,8 @@ void PdfPageContent::setColour(QRgb rgb, bool stroking) {
     bool& set = stroking ? strokeSet_ : fillSet_;
     if (set && current == rgb) return;
     closeString();
-    auto known = std::find_if(colours_.begin(), colours_.end(), [&](const auto& c) {
-        return c.rgb == rgb && c.stroking == stroking;
-    });
+    auto known = std::find_if(colours_.begin(), colours_.end(),
+                              [&](const auto& c) { return c.rgb == rgb && c.stroking == stroking; });
     if (known == colours_.end()) known = colours_.insert(colours_.end(), {rgb, stroking, colourText(rgb, stroking)});
     *out_ += known->text;
     current = rgb;

@@ -19,7 +19,8 @@ constexpr int kDeflateLevel = 1;
 }  // namespace
 
 PdfWriter::PdfWriter(QIODevice& out)
-    : out_(out), pageContent_([this](const PrintFace& face) {
+    : out_(out),
+      pageContent_([this](const PrintFace& face) {
           Font& font = fonts_[fontOf(face)];
           return PdfPageContent::FontUse{static_cast<std::size_t>(&font - fonts_.data()), &font.used};
       }),
@@ -56,7 +57,8 @@ void PdfWriter::FreeCompressor::operator()(libdeflate_compressor* compressor) co
 void PdfWriter::compress(const std::string& data) {
     if (!compressor_) compressor_.reset(libdeflate_alloc_compressor(kDeflateLevel));
     packed_.resize(libdeflate_zlib_compress_bound(compressor_.get(), data.size()));
-    packed_.resize(libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(), packed_.data(), packed_.size()));
+    packed_.resize(
+            libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(), packed_.data(), packed_.size()));
 }
 
 void PdfWriter::writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary) {

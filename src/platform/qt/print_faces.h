@@ -43,13 +43,13 @@ inline bool anyControl(std::string_view text) {
 struct PrintFace {
     std::uint16_t index = 0;  // in the order the faces were first asked for
     FaceKey key;
-    QRawFont raw;             // at the device's pixel size
-    double pixelSize = 0;     // the em in device pixels
-    double ascent = 0;        // in device pixels
-    double lineSpacing = 0;   // in device pixels
+    QRawFont raw;                                     // at the device's pixel size
+    double pixelSize = 0;                             // the em in device pixels
+    double ascent = 0;                                // in device pixels
+    double lineSpacing = 0;                           // in device pixels
     double underlinePosition = 0, lineThickness = 0;  // below the baseline, in device pixels
-    std::array<std::uint32_t, 256> glyph{};  // of each Windows-1252 character; control characters have none
-    std::array<double, 256> advance{};       // in device pixels
+    std::array<std::uint32_t, 256> glyph{};           // of each Windows-1252 character; control characters have none
+    std::array<double, 256> advance{};                // in device pixels
     // The advance of every character from the blank on when they are all alike (a monospaced
     // face), else 0. Control characters take no room.
     double fixedAdvance = 0;

@@ -67,7 +67,8 @@ public:
     }
     void take(PrinterDialogRequest& request) const {
         if (paper_->count() > 0) request.PaperSize = static_cast<std::int16_t>(paper_->currentData().toInt());
-        request.Duplex = form_->isRowVisible(duplex_) ? static_cast<std::int16_t>(duplex_->currentData().toInt()) : kOneSide;
+        request.Duplex =
+                form_->isRowVisible(duplex_) ? static_cast<std::int16_t>(duplex_->currentData().toInt()) : kOneSide;
     }
 
 private:
@@ -96,7 +97,8 @@ bool runPrinterDialog(QWidget* parent, PrinterDialogRequest& request) {
     form->addRow("&Orientation:", orientation);
     JobRows job(form, request);
     job.showPrinter(printers->currentText());
-    QObject::connect(printers, &QComboBox::currentTextChanged, &dialog, [&job](const QString& name) { job.showPrinter(name); });
+    QObject::connect(printers, &QComboBox::currentTextChanged, &dialog,
+                     [&job](const QString& name) { job.showPrinter(name); });
     auto* copies = new QSpinBox;
     copies->setObjectName("spnCopies");
     copies->setRange(1, 999);

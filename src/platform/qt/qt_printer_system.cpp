@@ -33,7 +33,7 @@ std::unique_ptr<Printer> QtPrinterSystem::open(const std::string& name) {
     if (isBuiltIn(wanted)) return std::make_unique<QtPrinter>();
     if (!QPrinterInfo::availablePrinterNames().contains(wanted)) return nullptr;
     return std::make_unique<QtPrinter>(
-        std::make_unique<QPrinter>(QPrinterInfo::printerInfo(wanted), QPrinter::HighResolution));
+            std::make_unique<QPrinter>(QPrinterInfo::printerInfo(wanted), QPrinter::HighResolution));
 }
 
 }  // namespace hlyd

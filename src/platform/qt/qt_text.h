@@ -13,7 +13,9 @@ namespace hlyd {
 // that Windows-1252 lacks (typed or pasted by the user) becomes "?".
 QString fromCp1252(std::string_view text);
 std::string toCp1252(const QString& text);
-inline QString fromUtf8(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+inline QString fromUtf8(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 inline std::string toUtf8(const QString& text) { return text.toUtf8().toStdString(); }
 // File names as the file system spells them.
 std::string toLocalPath(const QString& path);

@@ -65,8 +65,9 @@ private:
 
 QString directoryOf(const FileDialogRequest& request) {
     QString directory = fromLocalPath(request.directory);
-    if (!request.fileName.empty()) directory = directory.isEmpty() ? fromLocalPath(request.fileName)
-                                                                   : directory + "/" + fromLocalPath(request.fileName);
+    if (!request.fileName.empty())
+        directory = directory.isEmpty() ? fromLocalPath(request.fileName)
+                                        : directory + "/" + fromLocalPath(request.fileName);
     return directory;
 }
 
@@ -192,7 +193,9 @@ bool QtUi::openUrl(const std::string& url) {
     return QDesktopServices::openUrl(QUrl(fromUtf8(url), QUrl::TolerantMode));
 }
 
-bool QtUi::openFile(const std::string& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(fromLocalPath(path))); }
+bool QtUi::openFile(const std::string& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(fromLocalPath(path)));
+}
 
 void QtUi::setClipboardText(const std::string& text) { QGuiApplication::clipboard()->setText(fromUtf8(text)); }
 

@@ -45,8 +45,7 @@ struct Glyphs {
 
 std::vector<std::uint32_t> readLoca(const std::string& loca, bool longOffsets, std::uint32_t count) {
     std::vector<std::uint32_t> offsets(count + 1, 0);
-    for (std::uint32_t i = 0; i <= count; ++i)
-        offsets[i] = longOffsets ? read32(loca, i * 4) : read16(loca, i * 2) * 2;
+    for (std::uint32_t i = 0; i <= count; ++i) offsets[i] = longOffsets ? read32(loca, i * 4) : read16(loca, i * 2) * 2;
     return offsets;
 }
 
@@ -102,7 +101,9 @@ std::string assemble(const std::map<std::string, std::string>& tables) {
     return font + body;
 }
 
-std::string copied(const QByteArray& data) { return std::string(data.constData(), static_cast<std::size_t>(data.size())); }
+std::string copied(const QByteArray& data) {
+    return std::string(data.constData(), static_cast<std::size_t>(data.size()));
+}
 
 }  // namespace
 
@@ -132,7 +133,7 @@ std::string subsetTrueType(const FontTableReader& table, std::set<std::uint32_t>
     }
     put32(newLoca, static_cast<std::uint32_t>(newGlyf.size()));
 
-    set16(head, 50, 1);                // long offsets in loca
+    set16(head, 50, 1);                  // long offsets in loca
     std::memset(head.data() + 8, 0, 4);  // checksumAdjustment: no reader of an embedded font checks it
     std::map<std::string, std::string> tables{{"head", head}, {"maxp", maxp}, {"loca", newLoca}, {"glyf", newGlyf}};
     for (const char* tag : {"hhea", "hmtx", "cvt ", "fpgm", "prep"})

@@ -48,7 +48,9 @@ int AtomicWriter::begin(const std::string& target) {
     if (int problem = shared::replaceTargetProblem(info); problem != 0) return error_ = problem;
     h.replacing = info.exists();
     DWORD old = info.exists() ? GetFileAttributesA(h.target.c_str()) : INVALID_FILE_ATTRIBUTES;
-    h.attributes = old == INVALID_FILE_ATTRIBUTES ? 0 : old & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE);
+    h.attributes = old == INVALID_FILE_ATTRIBUTES
+                           ? 0
+                           : old & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE);
     h.temp = shared::tempNameBeside(h.target);
     h.h = CreateFileA(h.temp.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h.h == INVALID_HANDLE_VALUE) {

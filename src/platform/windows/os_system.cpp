@@ -49,8 +49,9 @@ SystemVersion systemVersion() {
     OSVERSIONINFOW v{};
     v.dwOSVersionInfoSize = sizeof v;
     HMODULE ntdll = GetModuleHandleA("ntdll.dll");
-    auto call = ntdll ? reinterpret_cast<RtlGetVersionCall>(reinterpret_cast<void*>(GetProcAddress(ntdll, "RtlGetVersion")))
-                      : nullptr;
+    auto call =
+            ntdll ? reinterpret_cast<RtlGetVersionCall>(reinterpret_cast<void*>(GetProcAddress(ntdll, "RtlGetVersion")))
+                  : nullptr;
     if (!call || call(&v) != 0) return {"Windows NT", "", "", machineName()};
     return {"Windows NT", std::to_string(v.dwMajorVersion) + "." + std::to_string(v.dwMinorVersion),
             std::to_string(v.dwBuildNumber & 0xFFFF), machineName()};

@@ -45,8 +45,8 @@ const Style kComment{"Courier New", false, 0x008000};
 const Style kNumber{"Arial", false, 0x808080};
 
 bool isKeyword(const std::string& word) {
-    static const char* const words[] = {"Dim", "As", "Public", "Function", "Do", "While", "Loop", "End",
-                                        "ByVal", "And", "Long", "Currency", "Option", "Explicit"};
+    static const char* const words[] = {"Dim", "As",    "Public", "Function", "Do",       "While",  "Loop",
+                                        "End", "ByVal", "And",    "Long",     "Currency", "Option", "Explicit"};
     for (const char* w : words)
         if (word == w) return true;
     return false;
@@ -63,8 +63,14 @@ std::vector<std::string> tokens(const std::string& line) {
     std::vector<std::string> out;
     std::size_t i = 0;
     while (i < line.size()) {
-        if (line[i] == ' ') { ++i; continue; }
-        if (line[i] == '\'') { out.push_back(line.substr(i)); break; }
+        if (line[i] == ' ') {
+            ++i;
+            continue;
+        }
+        if (line[i] == '\'') {
+            out.push_back(line.substr(i));
+            break;
+        }
         std::size_t j = i;
         if (std::isalnum(static_cast<unsigned char>(line[i]))) {
             while (j < line.size() && std::isalnum(static_cast<unsigned char>(line[j]))) ++j;
@@ -78,7 +84,10 @@ std::vector<std::string> tokens(const std::string& line) {
 }
 
 void printListing(hlyd::QtPrinter& p, const std::string& source) {
-    const float lineHeight = [&] { apply(p, kCode); return p.textHeight("X"); }();
+    const float lineHeight = [&] {
+        apply(p, kCode);
+        return p.textHeight("X");
+    }();
     const float bottom = p.scaleHeight() - 2 * lineHeight;
     float y = bottom;  // the first line opens a page
     int number = 0;
@@ -106,7 +115,8 @@ void printListing(hlyd::QtPrinter& p, const std::string& source) {
         bool first = true;
         for (const std::string& token : tokens(line)) {
             apply(p, token[0] == '\'' ? kComment : isKeyword(token) ? kKeyword : kCode);
-            if (!first && std::isalnum(static_cast<unsigned char>(token[0]))) p.setCurrentX(p.currentX() + p.textWidth(" "));
+            if (!first && std::isalnum(static_cast<unsigned char>(token[0])))
+                p.setCurrentX(p.currentX() + p.textWidth(" "));
             p.print(token);
             first = false;
         }
@@ -215,8 +225,14 @@ class FirstPageClock : public hlyd::QtPrinter {
 public:
     using Clock = std::chrono::steady_clock;
     explicit FirstPageClock(std::optional<Clock::time_point>& first) : first_(first) {}
-    void newPage() override { note(); hlyd::QtPrinter::newPage(); }
-    void endDoc() override { note(); hlyd::QtPrinter::endDoc(); }
+    void newPage() override {
+        note();
+        hlyd::QtPrinter::newPage();
+    }
+    void endDoc() override {
+        note();
+        hlyd::QtPrinter::endDoc();
+    }
 
 private:
     void note() {

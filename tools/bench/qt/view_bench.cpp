@@ -87,8 +87,8 @@ const std::string& longLineProject(std::int64_t kilobytes) {
     path = (dir / ("hlyd-view-bench-long" + std::to_string(kilobytes) + ".vbp")).string();
     std::string title(static_cast<std::size_t>(kilobytes) * 1024, 'x');
     for (std::size_t at = 7; at < title.size(); at += 8) title[at] = ' ';
-    std::ofstream(path, std::ios::binary) << "Type=Exe\r\nModule=Member; hlyd-view-bench-member.bas\r\nTitle=\"" << title
-                                          << "\"\r\nName=\"Long\"\r\n";
+    std::ofstream(path, std::ios::binary) << "Type=Exe\r\nModule=Member; hlyd-view-bench-member.bas\r\nTitle=\""
+                                          << title << "\"\r\nName=\"Long\"\r\n";
     return path;
 }
 

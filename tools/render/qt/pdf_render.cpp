@@ -49,8 +49,12 @@ int print(const PdfRequest& request, std::ostream& out, std::ostream& err) {
         err << "hlyd-render: cannot write " << request.out << ": " << result.error << '\n';
         return 3;
     }
-    out << JsonObject().add("type", "print").addPath("out", request.out).add("printer", request.printer)
-               .add("PrintStatus", result.printStatus).str()
+    out << JsonObject()
+                    .add("type", "print")
+                    .addPath("out", request.out)
+                    .add("printer", request.printer)
+                    .add("PrintStatus", result.printStatus)
+                    .str()
         << '\n';
     return 0;
 }

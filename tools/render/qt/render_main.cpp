@@ -33,7 +33,8 @@ bool parse(int argc, char** argv, hlyd::RenderRequest& request) {
         if (option == "--view") request.file = value;
         else if (option == "--out") request.out = value;
         else if (option == "--width" && readNumber(value, 16, 16384, number)) request.width = static_cast<int>(number);
-        else if (option == "--height" && readNumber(value, 16, 16384, number)) request.height = static_cast<int>(number);
+        else if (option == "--height" && readNumber(value, 16, 16384, number))
+            request.height = static_cast<int>(number);
         else if (option == "--first" && readNumber(value, -1, 2147483647L, number) && number != 0)
             request.first = static_cast<std::int32_t>(number);
         else return false;

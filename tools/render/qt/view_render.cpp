@@ -49,10 +49,19 @@ void openAsTheWindowDoes(const std::string& file) {
 void report(const RenderRequest& request, std::ostream& out) {
     const EmitterState& view = emitterState();
     const MainWindowModel& w = mainWindow();
-    out << JsonObject().add("type", "render").addPath("out", request.out).add("width", request.width)
-               .add("height", request.height).add("FirstRecord", view.FirstRecord).add("LastRecord", view.LastRecord)
-               .add("lblRecord", w.lblRecord).addPath("Caption", w.Caption).add("Min", w.vsbDisplay.Min)
-               .add("Max", w.vsbDisplay.Max).add("Value", w.vsbDisplay.Value).str()
+    out << JsonObject()
+                    .add("type", "render")
+                    .addPath("out", request.out)
+                    .add("width", request.width)
+                    .add("height", request.height)
+                    .add("FirstRecord", view.FirstRecord)
+                    .add("LastRecord", view.LastRecord)
+                    .add("lblRecord", w.lblRecord)
+                    .addPath("Caption", w.Caption)
+                    .add("Min", w.vsbDisplay.Min)
+                    .add("Max", w.vsbDisplay.Max)
+                    .add("Value", w.vsbDisplay.Value)
+                    .str()
         << '\n';
 }
 

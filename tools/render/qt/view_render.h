@@ -9,7 +9,7 @@ namespace hlyd {
 struct RenderRequest {
     std::string file;
     std::string out;
-    int width = 800;   // pixels of the view
+    int width = 800;  // pixels of the view
     int height = 600;
     std::int32_t first = 1;  // the record the view starts at; -1 the end of the file
 };
