@@ -13,6 +13,7 @@
 #include "shell/debug_menu.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -41,16 +42,16 @@ protected:
 };
 
 TEST_F(DebugMenuTest, EveryToggleFlipsItsSwitchAndItsCheckMark) {
-    EXPECT_TRUE(cmd("mnuDebug").visible);
+    EXPECT_TRUE(cmd(kMnuDebug).visible);
     ASSERT_EQ(debugMenuItems().size(), 10u);
     const std::vector<std::pair<std::string, bool cDebug::*>> toggles{
-            {"mnuDebugDisableErrorTraps", &cDebug::DontTrapErrors},
-            {"mnuDebugDisableFixDataErrors", &cDebug::DontFixDataErrors},
-            {"mnuDebugTraceApp", &cDebug::TraceApplication},
-            {"mnuDebugLogEvents", &cDebug::TraceEvents},
-            {"mnuDebugMouseEvents", &cDebug::TraceMouseMove},
-            {"mnuDebugLogClasses", &cDebug::TraceClasses},
-            {"mnuDebugLogTracePackages", &cDebug::TracePackages}};
+            {kMnuDebugDisableErrorTraps, &cDebug::DontTrapErrors},
+            {kMnuDebugDisableFixDataErrors, &cDebug::DontFixDataErrors},
+            {kMnuDebugTraceApp, &cDebug::TraceApplication},
+            {kMnuDebugLogEvents, &cDebug::TraceEvents},
+            {kMnuDebugMouseEvents, &cDebug::TraceMouseMove},
+            {kMnuDebugLogClasses, &cDebug::TraceClasses},
+            {kMnuDebugLogTracePackages, &cDebug::TracePackages}};
     for (const auto& [name, flag] : toggles) {
         SCOPED_TRACE(name);
         EXPECT_FALSE(cmd(name).caption.empty());
@@ -69,7 +70,7 @@ TEST_F(DebugMenuTest, LogFileIsAskedForOpenedAppendedAndClosed) {
     const std::string path = (fs::path(dir) / "chosen.log").string();
 
     // Cancelled: nothing opens.
-    click("mnuDebugLogOpen");
+    click(kMnuDebugLogOpen);
     ASSERT_EQ(ui.dialogs.size(), 1u);
     EXPECT_EQ(ui.dialogs[0].title, "Log File");
     EXPECT_EQ(ui.dialogs[0].filter, "All Files|*.*|Log Files|*.LOG");
@@ -78,10 +79,10 @@ TEST_F(DebugMenuTest, LogFileIsAskedForOpenedAppendedAndClosed) {
     EXPECT_FALSE(theLog().isOpen());
 
     ui.saveAnswer = path;
-    click("mnuDebugLogOpen");
+    click(kMnuDebugLogOpen);
     ASSERT_TRUE(theLog().isOpen());
-    click("mnuDebugDisableErrorTraps");
-    click("mnuDebugLogClose");
+    click(kMnuDebugDisableErrorTraps);
+    click(kMnuDebugLogClose);
     EXPECT_FALSE(theLog().isOpen());
     std::string created = contents(path);
     EXPECT_NE(created.find("Logfile " + path + " Created"), std::string::npos);
@@ -89,13 +90,13 @@ TEST_F(DebugMenuTest, LogFileIsAskedForOpenedAppendedAndClosed) {
 
     // Append starts from the log's own name and keeps what the file holds.
     ui.openAnswers.push_back(std::vector<std::string>{path});
-    click("mnuDebugOpenAppendLog");
+    click(kMnuDebugOpenAppendLog);
     ASSERT_EQ(ui.dialogs.size(), 3u);
     EXPECT_EQ(ui.dialogs[2].fileName, "chosen.log");
     EXPECT_EQ(fs::path(ui.dialogs[2].directory), fs::path(dir));
     ASSERT_TRUE(theLog().isOpen());
-    click("mnuDebugDisableErrorTraps");
-    click("mnuDebugLogClose");
+    click(kMnuDebugDisableErrorTraps);
+    click(kMnuDebugLogClose);
     std::string appended = contents(path);
     EXPECT_EQ(appended.rfind(created, 0), 0u);
     EXPECT_NE(appended.find(" DontTrapErrors=False", created.size()), std::string::npos);
@@ -109,7 +110,7 @@ TEST_F(DebugMenuTest, ALogOverAFileOfTheUsersIsRefused) {
         std::ofstream(path, std::ios::binary) << "Attribute VB_Name = \"Module1\"\r\n";
         ui.saveAnswer = path;
         ui.shown.clear();
-        click("mnuDebugLogOpen");
+        click(kMnuDebugLogOpen);
         EXPECT_FALSE(theLog().isOpen());
         ASSERT_EQ(ui.shown.size(), 1u);
         EXPECT_NE(ui.shown[0].text.find("will not write the log file " + path + " named by the Log File dialog"),

@@ -6,6 +6,7 @@
 #include "shell/help_commands.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd::test {
 namespace {
@@ -18,17 +19,16 @@ protected:
 TEST_F(HelpCommandsTest, WithoutItsPagesTheHelpIsSwitchedOffAndTheButtonSaysWhy) {
     hlydMain().HelpFile = dir + "/help/index.html";
     sbSetToolBar();
-    for (const char* name : {"mnuHelContents", "mnuHelSearch", "mnuHelHelp", "tbrHelp"})
+    for (const char* name : {kMnuHelContents, kMnuHelSearch, kMnuHelHelp, kTbrHelp})
         EXPECT_FALSE(enabled(name)) << name;
-    EXPECT_EQ(mainWindow().command("tbrHelp").tip, "Not available - Help file Missing");
-    EXPECT_TRUE(enabled("mnuHelAbout"));
+    EXPECT_EQ(mainWindow().command(kTbrHelp).tip, "Not available - Help file Missing");
+    EXPECT_TRUE(enabled(kMnuHelAbout));
 
     std::filesystem::create_directories(dir + "/help");
     std::ofstream(dir + "/help/index.html") << "<html></html>";
     HlydMSEnableHLYDControls();
-    for (const char* name : {"mnuHelContents", "mnuHelSearch", "mnuHelHelp", "tbrHelp"})
-        EXPECT_TRUE(enabled(name)) << name;
-    EXPECT_EQ(mainWindow().command("tbrHelp").tip, "Help");
+    for (const char* name : {kMnuHelContents, kMnuHelSearch, kMnuHelHelp, kTbrHelp}) EXPECT_TRUE(enabled(name)) << name;
+    EXPECT_EQ(mainWindow().command(kTbrHelp).tip, "Help");
 }
 
 TEST_F(HelpCommandsTest, EachHelpCommandOpensItsPageBesideTheIndex) {

@@ -28,6 +28,7 @@
 #include "shell/print_commands.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -272,7 +273,7 @@ TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
 TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStopped) {
     showSource("one.bas", procedures(1, 200));
     sbButtonsOpen();
-    EXPECT_TRUE(mainWindow().command("mnuFilPrint").enabled);
+    EXPECT_TRUE(mainWindow().command(kMnuFilPrint).enabled);
     std::vector<bool> enabledDuring;
     std::vector<bool> statusShown;
     ui.answers = {MsgAnswer::Yes};
@@ -290,7 +291,7 @@ TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStoppe
     EXPECT_EQ(printState().PrintStatus, kPrintStopped);
     EXPECT_TRUE(mainWindow().controlsEnabled);
     EXPECT_FALSE(printStatusDialog().visible);
-    EXPECT_TRUE(mainWindow().command("tbrPrint").enabled);
+    EXPECT_TRUE(mainWindow().command(kTbrPrint).enabled);
 }
 
 // A stop the user confirmed ends the job at the end of the page in progress, so that every page
@@ -345,7 +346,7 @@ TEST_F(PrintRequestTest, PrintThisProcedurePrintsTheProcedureShown) {
     ASSERT_NE(shown, yProc().end());
     mainWindow().cboProc.ListIndex = shown->ListIndex;
     sbButtonsOpen();
-    EXPECT_TRUE(mainWindow().command("tbrPrintThisProcedure").enabled);
+    EXPECT_TRUE(mainWindow().command(kTbrPrintThisProcedure).enabled);
     events.clear();
     tbrPrintThisProcedure_Click();
     EXPECT_TRUE(printed("X3_1"));
@@ -416,7 +417,7 @@ TEST_F(PrintRequestTest, APrinterThatFailsTheJobIsGivenUpUntilSetUpAgain) {
               0u);
     EXPECT_FALSE(printState().PrinterValid);
     sbPrintButtonSet();
-    EXPECT_FALSE(mainWindow().command("mnuFilPrint").enabled);
+    EXPECT_FALSE(mainWindow().command(kMnuFilPrint).enabled);
     setPrinterSystem(recorders.get());
 }
 

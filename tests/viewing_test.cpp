@@ -9,6 +9,7 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "settings/settings_store.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -167,11 +168,11 @@ TEST_F(ViewingTest, ProcedureListAndNextAndPriorProcedure) {
     EXPECT_EQ(first(), 5);
     mnuViewProc_Click(1);
     EXPECT_EQ(first(), 2);
-    EXPECT_TRUE(mainWindow().command("mnuViewProc1").enabled);
+    EXPECT_TRUE(mainWindow().command(kMnuViewProc1).enabled);
     mnuViewProc_Click(1);
     EXPECT_EQ(first(), 1);
     EXPECT_EQ(list.ListIndex, 0);
-    EXPECT_FALSE(mainWindow().command("mnuViewProc1").enabled);
+    EXPECT_FALSE(mainWindow().command(kMnuViewProc1).enabled);
     key(kKeyPageDown, kShiftCtrl);
     EXPECT_EQ(first(), 2);
     EXPECT_EQ(list.List(list.ListIndex), "Zeta");
@@ -235,15 +236,15 @@ TEST_F(ViewingTest, NextAndPriorFile) {
     mnuViewFile_Click(0);
     EXPECT_EQ(fileTable().wCurrentFile, 2);
     EXPECT_EQ(firstText(), "b1");
-    EXPECT_FALSE(mainWindow().command("mnuViewFile0").enabled);
-    EXPECT_TRUE(mainWindow().command("mnuViewFile1").enabled);
+    EXPECT_FALSE(mainWindow().command(kMnuViewFile0).enabled);
+    EXPECT_TRUE(mainWindow().command(kMnuViewFile1).enabled);
     surface.calls.clear();
     mnuViewFile_Click(0);  // there is no third
     EXPECT_EQ(fileTable().wCurrentFile, 2);
     EXPECT_FALSE(redrawn());
     mnuViewFile_Click(1);
     EXPECT_EQ(fileTable().wCurrentFile, 1);
-    EXPECT_FALSE(mainWindow().command("mnuViewFile1").enabled);
+    EXPECT_FALSE(mainWindow().command(kMnuViewFile1).enabled);
 }
 
 }  // namespace

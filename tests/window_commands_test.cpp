@@ -15,6 +15,7 @@
 #include "shell/command_status.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -41,8 +42,8 @@ protected:
     static std::vector<bool> procSteps(int index) {
         mainWindow().cboProc.ListIndex = index;
         sbProcButtonsSet();
-        return {cmd("cboProc").enabled, cmd("tbrPriorProcedure").enabled, cmd("mnuViewProc1").enabled,
-                cmd("tbrNextProcedure").enabled, cmd("mnuViewProc0").enabled};
+        return {cmd("cboProc").enabled, cmd(kTbrPriorProcedure).enabled, cmd(kMnuViewProc1).enabled,
+                cmd(kTbrNextProcedure).enabled, cmd(kMnuViewProc0).enabled};
     }
     static void openFiles(int count) {
         for (int i = 1; i <= count; ++i) oFile().Add(cFileDesc{"f" + std::to_string(i) + ".bas"});
@@ -76,33 +77,33 @@ TEST_F(WindowCommandsTest, RecentListMovesTheNameToTheTopAndShowsInTheFileMenu) 
 }
 
 TEST_F(WindowCommandsTest, CaptionsAndTipsWithNothingOpen) {
-    EXPECT_EQ(cmd("mnuViewProc1").caption, "Prior Procecdure");  // misspelt, as it has always read
-    EXPECT_FALSE(cmd("mnuDebug").visible);
+    EXPECT_EQ(cmd(kMnuViewProc1).caption, "Prior Procecdure");  // misspelt, as it has always read
+    EXPECT_FALSE(cmd(kMnuDebug).visible);
 
-    EXPECT_TRUE(cmd("tbrOpen").enabled);
-    EXPECT_EQ(cmd("tbrOpen").tip, "Open a file or project for processing");
-    EXPECT_FALSE(cmd("tbrClose").enabled);
-    EXPECT_EQ(cmd("tbrClose").tip, "Not available unless a file is open");
-    EXPECT_FALSE(cmd("mnuFilClose").enabled);
-    EXPECT_FALSE(cmd("mnuFileHTML").enabled);
-    EXPECT_FALSE(cmd("tbrHelp").enabled);
-    EXPECT_EQ(cmd("tbrHelp").tip, "Not available - Help file Missing");
-    for (const char* name : {"tbrPriorFile", "tbrNextFile", "tbrPriorProcedure", "tbrNextProcedure", "cboProc"})
+    EXPECT_TRUE(cmd(kTbrOpen).enabled);
+    EXPECT_EQ(cmd(kTbrOpen).tip, "Open a file or project for processing");
+    EXPECT_FALSE(cmd(kTbrClose).enabled);
+    EXPECT_EQ(cmd(kTbrClose).tip, "Not available unless a file is open");
+    EXPECT_FALSE(cmd(kMnuFilClose).enabled);
+    EXPECT_FALSE(cmd(kMnuFileHTML).enabled);
+    EXPECT_FALSE(cmd(kTbrHelp).enabled);
+    EXPECT_EQ(cmd(kTbrHelp).tip, "Not available - Help file Missing");
+    for (const char* name : {kTbrPriorFile, kTbrNextFile, kTbrPriorProcedure, kTbrNextProcedure, "cboProc"})
         EXPECT_FALSE(cmd(name).enabled) << name;
 
     openFiles(1);
     fileTable().wCurrentFile = 1;
     HlydMSEnableHLYDControls();
-    EXPECT_TRUE(cmd("tbrClose").enabled);
-    EXPECT_EQ(cmd("tbrClose").tip, "Close this file");
-    EXPECT_TRUE(cmd("mnuFilCloseAll").enabled);
-    EXPECT_TRUE(cmd("mnuFileHTML").enabled);
+    EXPECT_TRUE(cmd(kTbrClose).enabled);
+    EXPECT_EQ(cmd(kTbrClose).tip, "Close this file");
+    EXPECT_TRUE(cmd(kMnuFilCloseAll).enabled);
+    EXPECT_TRUE(cmd(kMnuFileHTML).enabled);
     // Printing and the option dialogs stay off until they are built.
-    EXPECT_FALSE(cmd("tbrPrint").enabled);
-    EXPECT_EQ(cmd("tbrPrint").tip, "Printing not currently available");
-    EXPECT_TRUE(cmd("mnuOptionsDisplay").enabled);
-    EXPECT_TRUE(cmd("tbrDisplayOptions").enabled);
-    EXPECT_EQ(cmd("tbrDisplayOptions").tip, "Set Halyard Display Options ");
+    EXPECT_FALSE(cmd(kTbrPrint).enabled);
+    EXPECT_EQ(cmd(kTbrPrint).tip, "Printing not currently available");
+    EXPECT_TRUE(cmd(kMnuOptionsDisplay).enabled);
+    EXPECT_TRUE(cmd(kTbrDisplayOptions).enabled);
+    EXPECT_EQ(cmd(kTbrDisplayOptions).tip, "Set Halyard Display Options ");
 }
 
 TEST_F(WindowCommandsTest, ProcedureButtonsFollowThePositionInTheList) {
@@ -110,10 +111,10 @@ TEST_F(WindowCommandsTest, ProcedureButtonsFollowThePositionInTheList) {
     fileTable().wCurrentFile = 1;
     for (const char* p : {"Alpha", "Beta", "Gamma"}) mainWindow().cboProc.AddItem(p);
     EXPECT_EQ(procSteps(0), (std::vector<bool>{true, false, false, true, true}));
-    EXPECT_EQ(cmd("tbrPriorProcedure").tip, "Not available");
-    EXPECT_EQ(cmd("tbrNextProcedure").tip, "Display the Next procedure in File");
+    EXPECT_EQ(cmd(kTbrPriorProcedure).tip, "Not available");
+    EXPECT_EQ(cmd(kTbrNextProcedure).tip, "Display the Next procedure in File");
     EXPECT_EQ(procSteps(2), (std::vector<bool>{true, true, true, false, false}));
-    EXPECT_EQ(cmd("tbrPriorProcedure").tip, "Display the Prior procedure in File");
+    EXPECT_EQ(cmd(kTbrPriorProcedure).tip, "Display the Prior procedure in File");
     fileTable().wCurrentFile = 0;  // no file shown: the list takes no input
     EXPECT_EQ(procSteps(2), (std::vector<bool>{false, false, false, false, false}));
 
@@ -130,28 +131,28 @@ TEST_F(WindowCommandsTest, FileButtonsFollowTheCurrentFile) {
     auto at = [](int current) {
         fileTable().wCurrentFile = static_cast<std::int16_t>(current);
         sbFileButtonSet();
-        return std::vector<bool>{cmd("tbrPriorFile").enabled, cmd("mnuViewFile1").enabled, cmd("tbrNextFile").enabled,
-                                 cmd("mnuViewFile0").enabled};
+        return std::vector<bool>{cmd(kTbrPriorFile).enabled, cmd(kMnuViewFile1).enabled, cmd(kTbrNextFile).enabled,
+                                 cmd(kMnuViewFile0).enabled};
     };
     EXPECT_EQ(at(1), (std::vector<bool>{false, false, true, true}));
-    EXPECT_EQ(cmd("tbrNextFile").tip, "Display the Next File in list");
+    EXPECT_EQ(cmd(kTbrNextFile).tip, "Display the Next File in list");
     EXPECT_EQ(at(2), (std::vector<bool>{true, true, true, true}));
     EXPECT_EQ(at(3), (std::vector<bool>{true, true, false, false}));
-    EXPECT_EQ(cmd("tbrNextFile").tip, "Not available");
-    EXPECT_EQ(cmd("tbrPriorFile").tip, "Display the Prior File in list");
+    EXPECT_EQ(cmd(kTbrNextFile).tip, "Not available");
+    EXPECT_EQ(cmd(kTbrPriorFile).tip, "Display the Prior File in list");
 }
 
 TEST_F(WindowCommandsTest, ViewTogglesFlipTheSettingsAndTheirChecks) {
-    EXPECT_TRUE(cmd("mnuViewToolbar").checked);
+    EXPECT_TRUE(cmd(kMnuViewToolbar).checked);
     mnuViewToolbar_Click();
     mnuViewToolTips_Click();
     mnuViewStatus_Click();
     EXPECT_FALSE(hlydSettings().ToolBar);
     EXPECT_FALSE(hlydSettings().ToolTips);
     EXPECT_FALSE(hlydSettings().StatusBar);
-    EXPECT_FALSE(cmd("mnuViewToolbar").checked);
-    EXPECT_FALSE(cmd("mnuViewToolTips").checked);
-    EXPECT_FALSE(cmd("mnuViewStatus").checked);
+    EXPECT_FALSE(cmd(kMnuViewToolbar).checked);
+    EXPECT_FALSE(cmd(kMnuViewToolTips).checked);
+    EXPECT_FALSE(cmd(kMnuViewStatus).checked);
 
     saveWindowState();
     EXPECT_FALSE(iniHandler().ReadBool("ToolBar", true, std::string("General")));
@@ -159,17 +160,17 @@ TEST_F(WindowCommandsTest, ViewTogglesFlipTheSettingsAndTheirChecks) {
 
     mnuViewToolbar_Click();
     EXPECT_TRUE(hlydSettings().ToolBar);
-    EXPECT_TRUE(cmd("mnuViewToolbar").checked);
+    EXPECT_TRUE(cmd(kMnuViewToolbar).checked);
 }
 
 TEST_F(WindowCommandsTest, EnablingRefreshesTheCommandsAndClosingReachesThemThroughTheHook) {
     openFiles(2);
     fileTable().wCurrentFile = 1;
     HlydMSEnableHLYDControls();
-    EXPECT_TRUE(cmd("tbrClose").enabled);
+    EXPECT_TRUE(cmd(kTbrClose).enabled);
 
     cHLYD::CloseFiles();  // reaches the commands through the hook
-    EXPECT_FALSE(cmd("tbrClose").enabled);
+    EXPECT_FALSE(cmd(kTbrClose).enabled);
     EXPECT_TRUE(mainWindow().viewFileList.empty());
 }
 
@@ -195,13 +196,13 @@ TEST_F(WindowCommandsTest, OpenShowsTheChosenFileAndCloseEmptiesTheWindow) {
     EXPECT_EQ(fileTable().wCurrentFile, 1);
     EXPECT_EQ(mainWindow().Caption, theAppInfo().Title + " - a.bas");
     EXPECT_TRUE(cmd("cboProc").enabled);
-    EXPECT_TRUE(cmd("tbrClose").enabled);
+    EXPECT_TRUE(cmd(kTbrClose).enabled);
     EXPECT_EQ(mainWindow().mruCaptions.at(0), "&1 " + a);
     EXPECT_EQ(mainWindow().viewFileList, Names{"1. " + a});
 
     mnuFilClose_Click();
     EXPECT_EQ(oFile().Count(), 0);
-    EXPECT_FALSE(cmd("tbrClose").enabled);
+    EXPECT_FALSE(cmd(kTbrClose).enabled);
     EXPECT_FALSE(cmd("cboProc").enabled);
 
     // cancel: nothing opens, nothing breaks
@@ -279,9 +280,9 @@ TEST_F(WindowCommandsTest, ProjectWithNoReadableMemberLeavesNothingEnabled) {
     std::ofstream(project, std::ios::binary) << "Type=Exe\nModule=M1; missing1.bas\nModule=M2; missing2.bas\n";
     ui.openAnswers = {Names{project.string()}};
     mnuFilOpen_Click();
-    for (const char* name : {"mnuFilClose", "mnuFilCloseAll", "tbrClose", "mnuFileHTML", "cboProc", "tbrProcedures",
-                             "tbrPriorProcedure", "mnuViewProc1", "tbrNextProcedure", "mnuViewProc0", "tbrPriorFile",
-                             "mnuViewFile1", "tbrNextFile", "mnuViewFile0"})
+    for (const char* name :
+         {kMnuFilClose, kMnuFilCloseAll, kTbrClose, kMnuFileHTML, "cboProc", kTbrProcedures, kTbrPriorProcedure,
+          kMnuViewProc1, kTbrNextProcedure, kMnuViewProc0, kTbrPriorFile, kMnuViewFile1, kTbrNextFile, kMnuViewFile0})
         EXPECT_FALSE(cmd(name).enabled) << name << " with " << oFile().Count() << " files, current "
                                         << fileTable().wCurrentFile;
 }

@@ -19,6 +19,7 @@
 #include "files/main_window_model.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -45,18 +46,18 @@ CaretMove caretMoveOf(int keyCode) {
 void HlydWindow::buildEditMenu() {
     editMenu_ = new QMenu("&Edit", this);
     menuBar()->insertMenu(viewMenu_->menuAction(), editMenu_);
-    actions_["mnuEdit"] = editMenu_->menuAction();
-    addCommand(editMenu_, "mnuEditCopy", "&Copy", [this] { copySelection(); })->setShortcut(QKeySequence::Copy);
-    addCommand(editMenu_, "mnuEditSelectAll", "Select &All", selectAll)->setShortcut(QKeySequence::SelectAll);
+    actions_[kMnuEdit] = editMenu_->menuAction();
+    addCommand(editMenu_, kMnuEditCopy, "&Copy", [this] { copySelection(); })->setShortcut(QKeySequence::Copy);
+    addCommand(editMenu_, kMnuEditSelectAll, "Select &All", selectAll)->setShortcut(QKeySequence::SelectAll);
     editMenu_->addSeparator();
-    addCommand(editMenu_, "mnuEditFind", "&Find...", [this] { openFindBar(); })->setShortcut(QKeySequence::Find);
-    addCommand(editMenu_, "mnuEditFindNext", "Find &Next", [this] {
+    addCommand(editMenu_, kMnuEditFind, "&Find...", [this] { openFindBar(); })->setShortcut(QKeySequence::Find);
+    addCommand(editMenu_, kMnuEditFindNext, "Find &Next", [this] {
         findFromBar(true);
     })->setShortcut(QKeySequence(Qt::Key_F3));
-    addCommand(editMenu_, "mnuEditFindPrevious", "Find &Previous", [this] {
+    addCommand(editMenu_, kMnuEditFindPrevious, "Find &Previous", [this] {
         findFromBar(false);
     })->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3));
-    addCommand(editMenu_, "mnuEditFindAll", "Find in All &Open Files...", [this] { findInAllFiles(); });
+    addCommand(editMenu_, kMnuEditFindAll, "Find in All &Open Files...", [this] { findInAllFiles(); });
 }
 
 // The bar goes under the view and its scroll bar, hidden until asked for; the list of places in
@@ -186,9 +187,9 @@ void HlydWindow::refreshHighlights() {
     QVector<QRect> selected;
     if (!hitSelected) selected = toPixels(boxesOf(viewMap(), selectionStart(), selectionEnd()));
     picShow_->setHighlights(selected, found);
-    if (QAction* copy = action("mnuEditCopy")) copy->setEnabled(!selectionEmpty());
+    if (QAction* copy = action(kMnuEditCopy)) copy->setEnabled(!selectionEmpty());
     for (auto& [popupItem, follows] : popupItems_)
-        if (follows == "mnuEditCopy") popupItem->setEnabled(!selectionEmpty());
+        if (follows == kMnuEditCopy) popupItem->setEnabled(!selectionEmpty());
 }
 
 }  // namespace hlyd

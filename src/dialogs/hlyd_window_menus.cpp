@@ -17,6 +17,7 @@
 #include "shell/print_commands.h"
 #include "shell/project_window_command.h"
 #include "shell/window_commands.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -60,15 +61,15 @@ void HlydWindow::buildMenus() {
 
 void HlydWindow::buildFileMenu() {
     fileMenu_ = menuBar()->addMenu("&File");
-    actions_["mnuFile"] = fileMenu_->menuAction();
-    addCommand(fileMenu_, "mnuFilOpen", "&Open...", mnuFilOpen_Click);
+    actions_[kMnuFile] = fileMenu_->menuAction();
+    addCommand(fileMenu_, kMnuFilOpen, "&Open...", mnuFilOpen_Click);
     fileMenu_->addSeparator();
-    addCommand(fileMenu_, "mnuFilClose", "&Close", mnuFilClose_Click);
-    addCommand(fileMenu_, "mnuFilCloseAll", "Close &All", mnuFilCloseAll_Click);
+    addCommand(fileMenu_, kMnuFilClose, "&Close", mnuFilClose_Click);
+    addCommand(fileMenu_, kMnuFilCloseAll, "Close &All", mnuFilCloseAll_Click);
     fileMenu_->addSeparator();
-    addCommand(fileMenu_, "mnuFilPrint", "&Print...", mnuFilPrint_Click);
-    addCommand(fileMenu_, "mnuFilPrintSetup", "Print &Setup...", mnuFilPrintSetup_Click);
-    addCommand(fileMenu_, "mnuFileHTML", "Save as &HTML", HlydMNSaveAsHTML);
+    addCommand(fileMenu_, kMnuFilPrint, "&Print...", mnuFilPrint_Click);
+    addCommand(fileMenu_, kMnuFilPrintSetup, "Print &Setup...", mnuFilPrintSetup_Click);
+    addCommand(fileMenu_, kMnuFileHTML, "Save as &HTML", HlydMNSaveAsHTML);
     fileMenu_->addSeparator();
     for (int i = 1; i <= kMruSize; ++i) {
         QAction* item =
@@ -77,28 +78,28 @@ void HlydWindow::buildFileMenu() {
         mruItems_.push_back(item);
     }
     mruEnd_ = fileMenu_->addSeparator();
-    addCommand(fileMenu_, "mnuFilExit", "E&xit", [this] { close(); });
+    addCommand(fileMenu_, kMnuFilExit, "E&xit", [this] { close(); });
     // The keys every desktop program answers to; Ctrl+F is the find bar's.
-    action("mnuFilOpen")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
-    action("mnuFilClose")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
-    action("mnuFilPrint")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
-    action("mnuFilExit")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    action(kMnuFilOpen)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    action(kMnuFilClose)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
+    action(kMnuFilPrint)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    action(kMnuFilExit)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 }
 
 void HlydWindow::buildViewMenu() {
     viewMenu_ = menuBar()->addMenu("&View");
-    actions_["mnuView"] = viewMenu_->menuAction();
-    addCommand(viewMenu_, "mnuViewProc0", "Next Procedure", [] { mnuViewProc_Click(0); });
-    addCommand(viewMenu_, "mnuViewProc1", "Prior Procecdure", [] { mnuViewProc_Click(1); });
-    addCommand(viewMenu_, "mnuViewFile0", "Next File", [] { mnuViewFile_Click(0); });
-    addCommand(viewMenu_, "mnuViewFile1", "Prior File", [] { mnuViewFile_Click(1); });
+    actions_[kMnuView] = viewMenu_->menuAction();
+    addCommand(viewMenu_, kMnuViewProc0, "Next Procedure", [] { mnuViewProc_Click(0); });
+    addCommand(viewMenu_, kMnuViewProc1, "Prior Procecdure", [] { mnuViewProc_Click(1); });
+    addCommand(viewMenu_, kMnuViewFile0, "Next File", [] { mnuViewFile_Click(0); });
+    addCommand(viewMenu_, kMnuViewFile1, "Prior File", [] { mnuViewFile_Click(1); });
     viewMenu_->addSeparator();
-    addCommand(viewMenu_, "mnuViewToolbar", "&Toolbar", mnuViewToolbar_Click)->setCheckable(true);
-    addCommand(viewMenu_, "mnuViewToolTips", "T&oolTips", mnuViewToolTips_Click)->setCheckable(true);
-    addCommand(viewMenu_, "mnuViewStatus", "&Status Bar", mnuViewStatus_Click)->setCheckable(true);
+    addCommand(viewMenu_, kMnuViewToolbar, "&Toolbar", mnuViewToolbar_Click)->setCheckable(true);
+    addCommand(viewMenu_, kMnuViewToolTips, "T&oolTips", mnuViewToolTips_Click)->setCheckable(true);
+    addCommand(viewMenu_, kMnuViewStatus, "&Status Bar", mnuViewStatus_Click)->setCheckable(true);
     viewMenu_->addSeparator();
-    addCommand(viewMenu_, "mnuOptionsDisplay", "&Display Options", mnuOptionsDisplay_Click);
-    addCommand(viewMenu_, "mnuOptionsPrint", "&Print Options", mnuOptionsPrint_Click);
+    addCommand(viewMenu_, kMnuOptionsDisplay, "&Display Options", mnuOptionsDisplay_Click);
+    addCommand(viewMenu_, kMnuOptionsPrint, "&Print Options", mnuOptionsPrint_Click);
     viewMenu_->addSeparator();
     viewListEnd_ = new QAction(this);  // the open files go in front of this invisible mark
     viewListEnd_->setVisible(false);
@@ -107,11 +108,11 @@ void HlydWindow::buildViewMenu() {
 
 void HlydWindow::buildWindowAndHelpMenus() {
     windowMenu_ = menuBar()->addMenu("&Window");
-    actions_["mnuWindow"] = windowMenu_->menuAction();
-    addCommand(windowMenu_, "mnuWinProjectWindow", "&Project Window", mnuWinProjectWindow_Click);
+    actions_[kMnuWindow] = windowMenu_->menuAction();
+    addCommand(windowMenu_, kMnuWinProjectWindow, "&Project Window", mnuWinProjectWindow_Click);
     windowMenu_->addSeparator();
     debugMenu_ = menuBar()->addMenu("&Debug");
-    actions_["mnuDebug"] = debugMenu_->menuAction();
+    actions_[kMnuDebug] = debugMenu_->menuAction();
     debugMenu_->menuAction()->setVisible(false);
     for (const DebugMenuItem& item : debugMenuItems()) {
         if (item.flag && !debugMenu_->actions().isEmpty() && !debugMenu_->actions().back()->isCheckable())
@@ -120,13 +121,13 @@ void HlydWindow::buildWindowAndHelpMenus() {
         added->setCheckable(item.flag != nullptr);
     }
     QMenu* help = menuBar()->addMenu("&Help");
-    actions_["mnuHelp"] = help->menuAction();
-    addCommand(help, "mnuHelContents", "&Help Topics...", mnuHelContents_Click);
-    addCommand(help, "mnuHelSearch", "&Search For Help On...", mnuHelSearch_Click);
+    actions_[kMnuHelp] = help->menuAction();
+    addCommand(help, kMnuHelContents, "&Help Topics...", mnuHelContents_Click);
+    addCommand(help, kMnuHelSearch, "&Search For Help On...", mnuHelSearch_Click);
     help->addSeparator();
-    addCommand(help, "mnuHelHelp", "He&lp On Help", mnuHelHelp_Click);
+    addCommand(help, kMnuHelHelp, "He&lp On Help", mnuHelHelp_Click);
     help->addSeparator();
-    addCommand(help, "mnuHelAbout", "&About Halyard...", [this] { showAbout(); });
+    addCommand(help, kMnuHelAbout, "&About Halyard...", [this] { showAbout(); });
 }
 
 QToolBar* HlydWindow::addButtonBar(const QString& title, const char* name) {
@@ -142,54 +143,54 @@ QToolBar* HlydWindow::addButtonBar(const QString& title, const char* name) {
 // of its own when the window is too narrow for both, so that the list and the file buttons are
 // never folded away behind the bar's edge.
 void HlydWindow::buildToolBar() {
-    toolBar_ = addButtonBar("Toolbar", "tbrToolBar");
-    addButton("tbrOpen", "Open", mnuFilOpen_Click);
-    addButton("tbrClose", "Close", mnuFilClose_Click);
-    addButton("tbrPrint", "Print", mnuFilPrint_Click);
-    addButton("tbrPrintOptions", "Print Options", mnuOptionsPrint_Click);
-    addButton("tbrDisplayOptions", "Display Options", mnuOptionsDisplay_Click);
-    addButton("tbrPriorProcedure", "Prior Procedure", [] { mnuViewProc_Click(1); });
-    addButton("tbrNextProcedure", "Next Procedure", [] { mnuViewProc_Click(0); });
-    addButton("tbrPrintThisProcedure", "Print This Procedure", tbrPrintThisProcedure_Click);
-    fileBar_ = addButtonBar("Procedures and files", "tbrToolBarFiles");
+    toolBar_ = addButtonBar("Toolbar", kTbrToolBar);
+    addButton(kTbrOpen, "Open", mnuFilOpen_Click);
+    addButton(kTbrClose, "Close", mnuFilClose_Click);
+    addButton(kTbrPrint, "Print", mnuFilPrint_Click);
+    addButton(kTbrPrintOptions, "Print Options", mnuOptionsPrint_Click);
+    addButton(kTbrDisplayOptions, "Display Options", mnuOptionsDisplay_Click);
+    addButton(kTbrPriorProcedure, "Prior Procedure", [] { mnuViewProc_Click(1); });
+    addButton(kTbrNextProcedure, "Next Procedure", [] { mnuViewProc_Click(0); });
+    addButton(kTbrPrintThisProcedure, "Print This Procedure", tbrPrintThisProcedure_Click);
+    fileBar_ = addButtonBar("Procedures and files", kTbrToolBarFiles);
     cboProc_ = new QComboBox(fileBar_);
     cboProc_->setObjectName("cboProc");
     cboProc_->setMinimumContentsLength(16);
     cboProc_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cboProc_->setMaxVisibleItems(24);
     cboProc_->installEventFilter(this);
-    actions_["tbrProcedures"] = fileBar_->addWidget(cboProc_);
+    actions_[kTbrProcedures] = fileBar_->addWidget(cboProc_);
     connect(cboProc_, &QComboBox::activated, this, &HlydWindow::onProcChosen);
-    addButton("tbrPriorFile", "Prior File", [] { mnuViewFile_Click(1); });
-    addButton("tbrNextFile", "Next File", [] { mnuViewFile_Click(0); });
-    addButton("tbrHelp", "Help", mnuHelContents_Click);
+    addButton(kTbrPriorFile, "Prior File", [] { mnuViewFile_Click(1); });
+    addButton(kTbrNextFile, "Next File", [] { mnuViewFile_Click(0); });
+    addButton(kTbrHelp, "Help", mnuHelContents_Click);
 }
 
 void HlydWindow::buildPopupMenu() {
     popupMenu_ = new QMenu("PopupMenu", this);
-    popupMenu_->setObjectName("mnuPopupMenu");
+    popupMenu_->setObjectName(kMnuPopupMenu);
     auto item = [this](const QString& caption, const std::string& follows) {
         QAction* source = action(follows);
         QAction* popupItem = popupMenu_->addAction(caption);
         connect(popupItem, &QAction::triggered, source, &QAction::trigger);
         popupItems_.emplace_back(popupItem, follows);
     };
-    item("Copy", "mnuEditCopy");
+    item("Copy", kMnuEditCopy);
     popupMenu_->addSeparator();
-    item("Open", "mnuFilOpen");
-    item("Close ", "mnuFilClose");
+    item("Open", kMnuFilOpen);
+    item("Close ", kMnuFilClose);
     popupMenu_->addSeparator();
-    item("Print", "mnuFilPrint");
-    item("Display Options", "mnuOptionsDisplay");
+    item("Print", kMnuFilPrint);
+    item("Display Options", kMnuOptionsDisplay);
     popupMenu_->addSeparator();
-    item("Next Procedure", "mnuViewProc0");
-    item("Prior Procedure", "mnuViewProc1");
-    item("Next File", "mnuViewFile0");
-    item("Prior File", "mnuViewFile1");
+    item("Next Procedure", kMnuViewProc0);
+    item("Prior Procedure", kMnuViewProc1);
+    item("Next File", kMnuViewFile0);
+    item("Prior File", kMnuViewFile1);
     popupMenu_->addSeparator();
-    item("Project Window", "mnuWinProjectWindow");
+    item("Project Window", kMnuWinProjectWindow);
     popupMenu_->addSeparator();
-    item("Close Halyard", "mnuFilExit");
+    item("Close Halyard", kMnuFilExit);
 }
 
 }  // namespace hlyd

@@ -14,6 +14,7 @@
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -60,7 +61,7 @@ void HlydWindow::refreshCommands() {
         auto state = w.commands.find(name);
         if (state == w.commands.end()) continue;
         const CommandState& c = state->second;
-        if (!c.caption.empty() && name.rfind("tbrProcedures", 0) != 0) item->setText(fromUtf8(c.caption));
+        if (!c.caption.empty() && name.rfind(kTbrProcedures, 0) != 0) item->setText(fromUtf8(c.caption));
         item->setToolTip(tips ? fromUtf8(c.tip) : QString());
         item->setEnabled(c.enabled);
         item->setVisible(c.visible);
@@ -68,7 +69,7 @@ void HlydWindow::refreshCommands() {
     }
     auto list = w.commands.find("cboProc");
     cboProc_->setEnabled(list == w.commands.end() || list->second.enabled);
-    auto procTip = w.commands.find("tbrProcedures");
+    auto procTip = w.commands.find(kTbrProcedures);
     cboProc_->setToolTip(procTip != w.commands.end() && tips ? fromUtf8(procTip->second.tip) : QString());
     for (auto& [popupItem, follows] : popupItems_)
         if (QAction* source = action(follows)) popupItem->setEnabled(source->isEnabled());

@@ -3,6 +3,7 @@
 #include "base/text_format.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -16,18 +17,18 @@ struct ButtonFace {
 };
 
 constexpr ButtonFace kButtons[] = {
-        {"tbrOpen", "Open", "Open a file or project for processing", ""},
-        {"tbrClose", "Close", "Close this file", "Not available unless a file is open"},
-        {"tbrPrint", "Print", "Print this file", "Printing not currently available"},
-        {"tbrPrintOptions", "Print Options", "Set Halyard Print Options ", ""},
-        {"tbrDisplayOptions", "Display Options", "Set Halyard Display Options ", ""},
-        {"tbrPriorProcedure", "Prior Procedure", "Display the Prior procedure in File", "Not available"},
-        {"tbrNextProcedure", "Next Procedure", "Display the Next procedure in File", "Not available"},
-        {"tbrPrintThisProcedure", "Print This Procedure", "Print the current procedure ", "Not available"},
-        {"tbrProcedures", "Procedures", "Select Procedure to View", "Not available"},
-        {"tbrPriorFile", "Prior File", "Display the Prior File in list", "Not available"},
-        {"tbrNextFile", "Next File", "Display the Next File in list", "Not available"},
-        {"tbrHelp", "Help", "Help", "Not available - Help file Missing"},
+        {kTbrOpen, "Open", "Open a file or project for processing", ""},
+        {kTbrClose, "Close", "Close this file", "Not available unless a file is open"},
+        {kTbrPrint, "Print", "Print this file", "Printing not currently available"},
+        {kTbrPrintOptions, "Print Options", "Set Halyard Print Options ", ""},
+        {kTbrDisplayOptions, "Display Options", "Set Halyard Display Options ", ""},
+        {kTbrPriorProcedure, "Prior Procedure", "Display the Prior procedure in File", "Not available"},
+        {kTbrNextProcedure, "Next Procedure", "Display the Next procedure in File", "Not available"},
+        {kTbrPrintThisProcedure, "Print This Procedure", "Print the current procedure ", "Not available"},
+        {kTbrProcedures, "Procedures", "Select Procedure to View", "Not available"},
+        {kTbrPriorFile, "Prior File", "Display the Prior File in list", "Not available"},
+        {kTbrNextFile, "Next File", "Display the Next File in list", "Not available"},
+        {kTbrHelp, "Help", "Help", "Not available - Help file Missing"},
 };
 
 const ButtonFace* buttonFace(const std::string& name) {
@@ -61,7 +62,7 @@ void sbProcButtonsSet() {
     const SortedListModel& list = mainWindow().cboProc;
     bool listUsable = fileTable().wCurrentFile >= 1 && list.ListCount() >= 1;
     setCommand("cboProc", listUsable);
-    setCommand("tbrProcedures", listUsable);
+    setCommand(kTbrProcedures, listUsable);
     int last = list.ListCount() - 1;
     bool atFirst = list.ListIndex == 0;
     // A last line " ..." stands for procedures not read yet: there is more to go to.
@@ -69,8 +70,8 @@ void sbProcButtonsSet() {
     // A list of one entry (declarations only, or one procedure) has nowhere to go, wherever the
     // list stands; the bare position rule would offer a step that does nothing.
     bool somewhereToGo = listUsable && list.ListCount() >= 2;
-    setButtonAndMenu("tbrPriorProcedure", "mnuViewProc1", somewhereToGo && !atFirst);
-    setButtonAndMenu("tbrNextProcedure", "mnuViewProc0", somewhereToGo && !atLast);
+    setButtonAndMenu(kTbrPriorProcedure, kMnuViewProc1, somewhereToGo && !atFirst);
+    setButtonAndMenu(kTbrNextProcedure, kMnuViewProc0, somewhereToGo && !atLast);
 }
 
 void sbFileButtonSet() {
@@ -78,8 +79,8 @@ void sbFileButtonSet() {
     // Only a file that is shown has neighbours: a selection that left the table empty (a
     // project with no readable member) may leave wCurrentFile anywhere.
     bool shown = f.wCurrentFile >= 1 && f.wCurrentFile <= f.oFile.Count();
-    setButtonAndMenu("tbrPriorFile", "mnuViewFile1", shown && f.wCurrentFile > 1);
-    setButtonAndMenu("tbrNextFile", "mnuViewFile0", shown && f.wCurrentFile != f.oFile.Count());
+    setButtonAndMenu(kTbrPriorFile, kMnuViewFile1, shown && f.wCurrentFile > 1);
+    setButtonAndMenu(kTbrNextFile, kMnuViewFile0, shown && f.wCurrentFile != f.oFile.Count());
 }
 
 }  // namespace hlyd

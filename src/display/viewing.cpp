@@ -11,6 +11,7 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/navigation.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -127,7 +128,7 @@ void mnuViewProc_Click(int index) {
             list.ListIndex = procs[which].ListIndex;
             showFrom(procs[which].FirstRecord);
         }
-        if (list.ListIndex == 0) mainWindow().command("mnuViewProc1").enabled = false;
+        if (list.ListIndex == 0) mainWindow().command(kMnuViewProc1).enabled = false;
     } else {
         int upper = list.ListCount() - 1;
         if (upper >= 0 && list.List(upper) == kMoreProcedures) --upper;

@@ -54,7 +54,7 @@ struct MainWindowModel {
     std::int32_t firstLine = 0;  // the display's first-line position
     bool controlsEnabled = true;
     bool suspendDrawing = false;  // set while the window is not ready to be drawn
-    // Menu items and toolbar buttons by control name ("mnuFilClose", "tbrNextProcedure", ...).
+    // Menu items and toolbar buttons by control name (files/command_ids.h: kMnuFilClose, ...).
     std::map<std::string, CommandState> commands;
     std::vector<std::string> mruCaptions;   // "&1 name", at most 7; empty ones are hidden
     std::vector<std::string> viewFileList;  // the open files under the View menu

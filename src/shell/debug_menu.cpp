@@ -9,6 +9,7 @@
 #include "files/output_guard.h"
 #include "files/run_inputs.h"
 #include "platform/ui.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -60,16 +61,16 @@ bool openLogChecked(const OutputTarget& log, bool forAppend, const std::vector<s
 
 const std::vector<DebugMenuItem>& debugMenuItems() {
     static const std::vector<DebugMenuItem> items{
-            {"mnuDebugLogOpen", "&Open Log File...", nullptr, mnuDebugLogOpen_Click},
-            {"mnuDebugOpenAppendLog", "Open Log File to &Append...", nullptr, mnuDebugOpenAppendLog_Click},
-            {"mnuDebugLogClose", "&Close Log File", nullptr, mnuDebugLogClose_Click},
-            {"mnuDebugDisableErrorTraps", "Disable &Error Traps", &cDebug::DontTrapErrors, nullptr},
-            {"mnuDebugDisableFixDataErrors", "Disable &Fixing of Data Errors", &cDebug::DontFixDataErrors, nullptr},
-            {"mnuDebugTraceApp", "Trace &Application", &cDebug::TraceApplication, nullptr},
-            {"mnuDebugLogEvents", "Log E&vents", &cDebug::TraceEvents, nullptr},
-            {"mnuDebugMouseEvents", "Log &Mouse Events", &cDebug::TraceMouseMove, nullptr},
-            {"mnuDebugLogClasses", "Log C&lasses", &cDebug::TraceClasses, nullptr},
-            {"mnuDebugLogTracePackages", "Log &Packages", &cDebug::TracePackages, nullptr},
+            {kMnuDebugLogOpen, "&Open Log File...", nullptr, mnuDebugLogOpen_Click},
+            {kMnuDebugOpenAppendLog, "Open Log File to &Append...", nullptr, mnuDebugOpenAppendLog_Click},
+            {kMnuDebugLogClose, "&Close Log File", nullptr, mnuDebugLogClose_Click},
+            {kMnuDebugDisableErrorTraps, "Disable &Error Traps", &cDebug::DontTrapErrors, nullptr},
+            {kMnuDebugDisableFixDataErrors, "Disable &Fixing of Data Errors", &cDebug::DontFixDataErrors, nullptr},
+            {kMnuDebugTraceApp, "Trace &Application", &cDebug::TraceApplication, nullptr},
+            {kMnuDebugLogEvents, "Log E&vents", &cDebug::TraceEvents, nullptr},
+            {kMnuDebugMouseEvents, "Log &Mouse Events", &cDebug::TraceMouseMove, nullptr},
+            {kMnuDebugLogClasses, "Log C&lasses", &cDebug::TraceClasses, nullptr},
+            {kMnuDebugLogTracePackages, "Log &Packages", &cDebug::TracePackages, nullptr},
     };
     return items;
 }

@@ -10,6 +10,7 @@
 #include "printing/print_request.h"
 #include "printing/print_state.h"
 #include "printing/printer_start.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -57,9 +58,9 @@ void sbPrintButtonSet(bool tellFonts) {
     const PrintState& p = printState();
     bool canPrint = p.PrinterPresent && p.PrinterValid && !p.PrintingInProgress;
     bool fileOpen = oFile().Count() > 0;
-    setButtonAndMenu("tbrPrint", "mnuFilPrint", canPrint && fileOpen);
-    setCommand("tbrPrintThisProcedure", canPrint && shownFileIsSource() && mainWindow().cboProc.ListIndex >= 0);
-    setCommand("mnuFilPrintSetup", !p.PrintingInProgress);
+    setButtonAndMenu(kTbrPrint, kMnuFilPrint, canPrint && fileOpen);
+    setCommand(kTbrPrintThisProcedure, canPrint && shownFileIsSource() && mainWindow().cboProc.ListIndex >= 0);
+    setCommand(kMnuFilPrintSetup, !p.PrintingInProgress);
     if (tellFonts && p.PrinterPresent && !p.PrinterValid) showMessage(kFontsUnsuitable, theAppInfo().Title);
 }
 

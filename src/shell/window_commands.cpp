@@ -16,6 +16,7 @@
 #include "shell/help_commands.h"
 #include "shell/print_commands.h"
 #include "shell/project_window_command.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 
@@ -27,32 +28,32 @@ struct MenuItem {
 };
 
 constexpr MenuItem kMenuItems[] = {
-        {"mnuFile", "&File"},
-        {"mnuFilOpen", "&Open..."},
-        {"mnuFilClose", "&Close"},
-        {"mnuFilCloseAll", "Close &All"},
-        {"mnuFilPrint", "&Print..."},
-        {"mnuFilPrintSetup", "Print &Setup..."},
-        {"mnuFileHTML", "Save as &HTML"},
-        {"mnuFilExit", "E&xit"},
-        {"mnuView", "&View"},
-        {"mnuViewProc0", "Next Procedure"},
-        {"mnuViewProc1", "Prior Procecdure"},  // misspelt, as it has always read
-        {"mnuViewFile0", "Next File"},
-        {"mnuViewFile1", "Prior File"},
-        {"mnuViewToolbar", "&Toolbar"},
-        {"mnuViewToolTips", "T&oolTips"},
-        {"mnuViewStatus", "&Status Bar"},
-        {"mnuOptionsDisplay", "&Display Options"},
-        {"mnuOptionsPrint", "&Print Options"},
-        {"mnuWindow", "&Window"},
-        {"mnuWinProjectWindow", "&Project Window"},
-        {"mnuDebug", "&Debug"},
-        {"mnuHelp", "&Help"},
-        {"mnuHelContents", "&Help Topics..."},
-        {"mnuHelSearch", "&Search For Help On..."},
-        {"mnuHelHelp", "He&lp On Help"},
-        {"mnuHelAbout", "&About Halyard..."},
+        {kMnuFile, "&File"},
+        {kMnuFilOpen, "&Open..."},
+        {kMnuFilClose, "&Close"},
+        {kMnuFilCloseAll, "Close &All"},
+        {kMnuFilPrint, "&Print..."},
+        {kMnuFilPrintSetup, "Print &Setup..."},
+        {kMnuFileHTML, "Save as &HTML"},
+        {kMnuFilExit, "E&xit"},
+        {kMnuView, "&View"},
+        {kMnuViewProc0, "Next Procedure"},
+        {kMnuViewProc1, "Prior Procecdure"},  // misspelt, as it has always read
+        {kMnuViewFile0, "Next File"},
+        {kMnuViewFile1, "Prior File"},
+        {kMnuViewToolbar, "&Toolbar"},
+        {kMnuViewToolTips, "T&oolTips"},
+        {kMnuViewStatus, "&Status Bar"},
+        {kMnuOptionsDisplay, "&Display Options"},
+        {kMnuOptionsPrint, "&Print Options"},
+        {kMnuWindow, "&Window"},
+        {kMnuWinProjectWindow, "&Project Window"},
+        {kMnuDebug, "&Debug"},
+        {kMnuHelp, "&Help"},
+        {kMnuHelContents, "&Help Topics..."},
+        {kMnuHelSearch, "&Search For Help On..."},
+        {kMnuHelHelp, "He&lp On Help"},
+        {kMnuHelAbout, "&About Halyard..."},
 };
 
 // A list that the viewer lets grow longer than this ends in an item that opens the file list.
@@ -60,15 +61,15 @@ constexpr int kViewFileListSize = 8;
 
 void setHelpCommands() {
     bool help = helpAvailable();
-    for (const char* name : {"tbrHelp", "mnuHelContents", "mnuHelSearch", "mnuHelHelp"}) setCommand(name, help);
+    for (const char* name : {kTbrHelp, kMnuHelContents, kMnuHelSearch, kMnuHelHelp}) setCommand(name, help);
 }
 
 void setViewChecks() {
     const HlydSettings& s = hlydSettings();
     MainWindowModel& w = mainWindow();
-    w.command("mnuViewToolbar").checked = s.ToolBar;
-    w.command("mnuViewToolTips").checked = s.ToolTips;
-    w.command("mnuViewStatus").checked = s.StatusBar;
+    w.command(kMnuViewToolbar).checked = s.ToolBar;
+    w.command(kMnuViewToolTips).checked = s.ToolTips;
+    w.command(kMnuViewStatus).checked = s.StatusBar;
 }
 
 void toggleSetting(bool& setting, const std::string& menu) {
@@ -113,13 +114,13 @@ void installCommandHooks() {
 
 void sbButtonsOpen() {
     bool fileOpen = oFile().Count() > 0;
-    setCommand("mnuFilClose", fileOpen);
-    setCommand("mnuFilCloseAll", fileOpen);
-    setCommand("tbrClose", fileOpen);
-    setCommand("mnuFileHTML", fileOpen);
-    setButtonAndMenu("tbrDisplayOptions", "mnuOptionsDisplay", true);
-    setButtonAndMenu("tbrPrintOptions", "mnuOptionsPrint", true);
-    setCommand("mnuWinProjectWindow", projectWindowAvailable());
+    setCommand(kMnuFilClose, fileOpen);
+    setCommand(kMnuFilCloseAll, fileOpen);
+    setCommand(kTbrClose, fileOpen);
+    setCommand(kMnuFileHTML, fileOpen);
+    setButtonAndMenu(kTbrDisplayOptions, kMnuOptionsDisplay, true);
+    setButtonAndMenu(kTbrPrintOptions, kMnuOptionsPrint, true);
+    setCommand(kMnuWinProjectWindow, projectWindowAvailable());
     sbPrintButtonSet();
     sbProcButtonsSet();
     sbFileButtonSet();
@@ -129,7 +130,7 @@ void sbSetToolBar() {
     MainWindowModel& w = mainWindow();
     for (const MenuItem& item : kMenuItems) w.command(item.name).caption = item.caption;
     setButtonFaces();
-    w.command("mnuDebug").visible = hlydSettings().DebugMenu;
+    w.command(kMnuDebug).visible = hlydSettings().DebugMenu;
     sbDebugMenuSet();
     setViewChecks();
     ShowMRU();
@@ -163,9 +164,9 @@ void mnuFileMRU_Click(int position) {
     openAndShow(static_cast<std::int16_t>(position));
 }
 
-void mnuViewToolbar_Click() { toggleSetting(hlydSettings().ToolBar, "mnuViewToolbar"); }
-void mnuViewToolTips_Click() { toggleSetting(hlydSettings().ToolTips, "mnuViewToolTips"); }
-void mnuViewStatus_Click() { toggleSetting(hlydSettings().StatusBar, "mnuViewStatus"); }
+void mnuViewToolbar_Click() { toggleSetting(hlydSettings().ToolBar, kMnuViewToolbar); }
+void mnuViewToolTips_Click() { toggleSetting(hlydSettings().ToolTips, kMnuViewToolTips); }
+void mnuViewStatus_Click() { toggleSetting(hlydSettings().StatusBar, kMnuViewStatus); }
 
 void LoadViewMenu() {
     std::vector<std::string>& items = mainWindow().viewFileList;

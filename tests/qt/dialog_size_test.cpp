@@ -20,6 +20,7 @@
 #include "printing/print_options_macros.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -84,7 +85,7 @@ TEST_F(DialogPlaceTest, PrintOptionsOpensOverTheMainWindowAtASizeTheScreenHolds)
         }
         dialog->findChild<QPushButton*>("cmdCancel")->click();
     });
-    window->action("mnuOptionsPrint")->trigger();
+    window->action(kMnuOptionsPrint)->trigger();
     EXPECT_TRUE(screen.contains(form)) << form.x() << "," << form.y() << " " << form.width() << "x" << form.height();
     // The macro buttons wrap into rows, so the form need not be as wide as all fifteen in one.
     EXPECT_LE(least, screen.width());

@@ -17,6 +17,7 @@
 #include "shell/window_commands.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -64,14 +65,14 @@ TEST_F(DialogTextTest, ThePrintDialogKeepsTheOptionalHeading) {
     showSource("module.bas", test::procedures(1, 3));
     sbButtonsOpen();
     window->refreshFromModel();
-    saveThrough("mnuFilPrint", "txtPageNumberStart", "1", "cmdOK");
+    saveThrough(kMnuFilPrint, "txtPageNumberStart", "1", "cmdOK");
     EXPECT_EQ(hlydSettings().OptionalHeading, high);
     EXPECT_TRUE(test::textPrinted(events, high));
 }
 
 TEST_F(DialogTextTest, ThePrintOptionsKeepTheHeadings) {
     hlydSettings().FootingLeft = high;
-    saveThrough("mnuOptionsPrint", "txtHeading0", "Page \u2013 \u2019x\u2019 \u20AC", "cmdOK");
+    saveThrough(kMnuOptionsPrint, "txtHeading0", "Page \u2013 \u2019x\u2019 \u20AC", "cmdOK");
     EXPECT_EQ(hlydSettings().FootingLeft, high);
     EXPECT_EQ(hlydSettings().HeadingLeft, "Page \x96 \x92x\x92 \x80");
     EXPECT_TRUE(inSettingsFile("FootingLeft", high));
@@ -79,7 +80,7 @@ TEST_F(DialogTextTest, ThePrintOptionsKeepTheHeadings) {
 
 TEST_F(DialogTextTest, TheDisplayOptionsKeepTheUsersNames) {
     hlydSettings().UserCompany = high;
-    saveThrough("mnuOptionsDisplay", "txtUser0", "Ren\u00E9e \u0160", "cmdOk");
+    saveThrough(kMnuOptionsDisplay, "txtUser0", "Ren\u00E9e \u0160", "cmdOk");
     EXPECT_EQ(hlydSettings().UserCompany, high);
     EXPECT_EQ(hlydSettings().UserName,
               "Ren\xE9"
@@ -96,7 +97,7 @@ TEST_F(DialogTextTest, TheFontsTabShowsAFontNameAsTheSystemSpellsIt) {
         shown = form->findChild<QComboBox*>("cboFont1")->currentText();
         form->findChild<QPushButton*>("cmdCancel")->click();
     });
-    window->action("mnuOptionsPrint")->trigger();
+    window->action(kMnuOptionsPrint)->trigger();
     EXPECT_EQ(shown, QString::fromUtf8("Caf\xc3\xa9 Sans"));
 }
 

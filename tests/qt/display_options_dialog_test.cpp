@@ -18,6 +18,7 @@
 #include "settings/settings_store.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -57,7 +58,7 @@ protected:
 };
 
 TEST_F(DisplayOptionsWindowTest, TheCommandOpensTheDialogAndOkKeepsTheChange) {
-    ASSERT_TRUE(window->action("mnuOptionsDisplay")->isEnabled());
+    ASSERT_TRUE(window->action(kMnuOptionsDisplay)->isEnabled());
     std::string title;
     whenShown([&title](QWidget* form) {
         title = form->windowTitle().toStdString();
@@ -68,7 +69,7 @@ TEST_F(DisplayOptionsWindowTest, TheCommandOpensTheDialogAndOkKeepsTheChange) {
         extension->setText("inc");
         form->findChild<QPushButton*>("cmdOk")->click();
     });
-    window->action("mnuOptionsDisplay")->trigger();
+    window->action(kMnuOptionsDisplay)->trigger();
     EXPECT_EQ(title, "Display Options");
     std::string text = ini();
     EXPECT_NE(text.find("User Company=Initech\n"), std::string::npos);
@@ -90,7 +91,7 @@ TEST_F(DisplayOptionsWindowTest, EscapeWithChangesAsksAndNoDropsThem) {
         shown = form->findChild<QLabel*>("lblMessage")->text().toStdString();
         QTest::keyClick(form, Qt::Key_Escape);
     });
-    window->action("tbrDisplayOptions")->trigger();
+    window->action(kTbrDisplayOptions)->trigger();
     EXPECT_EQ(shown, "Project-file extension may not contain wild-card characters.");
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_EQ(ui.shown[0].title, "Save Options");
@@ -108,7 +109,7 @@ TEST_F(DisplayOptionsWindowTest, ADoubleClickOnAFontAsksForTheFontOfItsElement) 
         });
         QTest::mouseDClick(form->findChild<QLineEdit*>("txtFont4"), Qt::LeftButton);
     });
-    window->action("mnuOptionsDisplay")->trigger();
+    window->action(kMnuOptionsDisplay)->trigger();
     EXPECT_EQ(fontTitle, "Set Font for: Literals");
     EXPECT_TRUE(ui.shown.empty());
 }

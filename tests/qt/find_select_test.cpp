@@ -26,6 +26,7 @@
 #include "platform/qt/image_surface.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -62,7 +63,7 @@ protected:
     }
     void open(const std::string& path) {
         ui.openAnswers.push_back(std::vector<std::string>{path});
-        window->action("mnuFilOpen")->trigger();
+        window->action(kMnuFilOpen)->trigger();
         QApplication::processEvents();
     }
     PicShow* view() const { return window->picShow(); }
@@ -189,7 +190,7 @@ TEST_F(FindSelectTest, ADragCopiesTheLinesAsTheyStandWithoutLayoutOrWrapMarks) {
 }
 
 TEST_F(FindSelectTest, ThePopupCopiesAndFollowsTheSelection) {
-    auto* popup = window->findChild<QMenu*>("mnuPopupMenu");
+    auto* popup = window->findChild<QMenu*>(kMnuPopupMenu);
     QAction* copyItem = popup->actions().front();
     EXPECT_EQ(copyItem->text(), "Copy");
     EXPECT_FALSE(copyItem->isEnabled());  // nothing selected yet
@@ -231,7 +232,7 @@ TEST_F(FindSelectTest, FindInAllOpenFilesListsHitsAndJumpsToOne) {
     key(view(), Qt::Key_F, Qt::ControlModifier);
     QTest::keyClicks(bar()->field(), "total");
     bar()->findChild<QCheckBox*>("chkWholeWord")->setChecked(true);
-    window->action("mnuEditFindAll")->trigger();
+    window->action(kMnuEditFindAll)->trigger();
     QApplication::processEvents();
     QTreeWidget* list = window->findHits()->list();
     ASSERT_TRUE(window->findHits()->isVisible());

@@ -23,6 +23,7 @@
 #include "shell/window_commands.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -47,7 +48,7 @@ TEST_F(PrintDialogWindowTest, ThePrintCommandOpensTheDialogAndPrintsWhatItSays) 
     showSource("module.bas", test::procedures(1, 60));
     sbButtonsOpen();
     window->refreshFromModel();
-    ASSERT_TRUE(window->action("mnuFilPrint")->isEnabled());
+    ASSERT_TRUE(window->action(kMnuFilPrint)->isEnabled());
     std::string title, allFiles;
     QTimer::singleShot(0, [&] {
         QWidget* form = QApplication::activeModalWidget();
@@ -58,7 +59,7 @@ TEST_F(PrintDialogWindowTest, ThePrintCommandOpensTheDialogAndPrintsWhatItSays) 
         emit form->findChild<QLineEdit*>("txtPageNumberStart")->textEdited("3");
         form->findChild<QPushButton*>("cmdOK")->click();
     });
-    window->action("mnuFilPrint")->trigger();
+    window->action(kMnuFilPrint)->trigger();
     EXPECT_EQ(title, "Print");
     EXPECT_EQ(allFiles, "&All Files");
     std::vector<PrintEvent> pages = test::eventsOf(events, PrintEvent::PageStart);
@@ -82,7 +83,7 @@ TEST_F(PrintDialogWindowTest, StopInThePrintStatusDialogKeepsThePagesPrinted) {
     setPrintStatusView([stop](const std::string& text) {
         if (text.rfind("Now Printing Page 3", 0) == 0) stop->click();
     });
-    window->action("mnuFilPrint")->trigger();
+    window->action(kMnuFilPrint)->trigger();
     setPrintStatusView(nullptr);
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_EQ(ui.shown[0].text, "Are you sure you want to stop?");

@@ -22,6 +22,7 @@
 #include "shell/window_commands.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -49,7 +50,7 @@ protected:
 };
 
 TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
-    ASSERT_TRUE(window->action("mnuOptionsPrint")->isEnabled());
+    ASSERT_TRUE(window->action(kMnuOptionsPrint)->isEnabled());
     std::string title, heading, tip;
     QTimer::singleShot(0, [&] {
         QWidget* form = QApplication::activeModalWidget();
@@ -69,7 +70,7 @@ TEST_F(PrintOptionsWindowTest, TheMenuOpensTheFormAndOkWritesTheChange) {
         heading = footer->text().toStdString();
         form->findChild<QPushButton*>("cmdOK")->click();
     });
-    window->action("mnuOptionsPrint")->trigger();
+    window->action(kMnuOptionsPrint)->trigger();
     EXPECT_EQ(title, "Print Options");
     EXPECT_EQ(heading, "@Page; @User");
     EXPECT_EQ(tip, "Print the page number");
@@ -93,7 +94,7 @@ TEST_F(PrintOptionsWindowTest, MarginsTooWideKeepTheFormOpenAndWriteNothing) {
         tab = tabs->tabText(tabs->currentIndex()).toStdString();
         form->findChild<QPushButton*>("cmdCancel")->click();
     });
-    window->action("tbrPrintOptions")->trigger();
+    window->action(kTbrPrintOptions)->trigger();
     EXPECT_TRUE(stillOpen);
     EXPECT_EQ(message, "Left/Right Margins too large.");
     EXPECT_EQ(tab, "Layout");
@@ -113,7 +114,7 @@ TEST_F(PrintOptionsWindowTest, AFontThePrinterLacksShowsTheFontsTab) {
         tab = tabs->tabText(tabs->currentIndex()).toStdString();
         form->findChild<QPushButton*>("cmdCancel")->click();
     });
-    window->action("mnuOptionsPrint")->trigger();
+    window->action(kMnuOptionsPrint)->trigger();
     EXPECT_EQ(message.rfind("KeyWords: The selected printer", 0), 0u) << message;
     EXPECT_EQ(tab, "Fonts");
 }
@@ -122,7 +123,7 @@ TEST_F(PrintOptionsWindowTest, AFontThePrinterLacksShowsTheFontsTab) {
 TEST_F(PrintOptionsWindowTest, EscapeWithAChangeAsksAndNoWritesNothing) {
     std::string before = test::settingsFileText();
     QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-    window->action("mnuOptionsPrint")->trigger();
+    window->action(kMnuOptionsPrint)->trigger();
     EXPECT_TRUE(ui.shown.empty());  // nothing changed, nothing to ask
     ui.answers = {MsgAnswer::No};
     QTimer::singleShot(0, [&] {
@@ -131,7 +132,7 @@ TEST_F(PrintOptionsWindowTest, EscapeWithAChangeAsksAndNoWritesNothing) {
         type(form, "txtOrphan", "3");
         QTest::keyClick(form, Qt::Key_Escape);
     });
-    window->action("mnuOptionsPrint")->trigger();
+    window->action(kMnuOptionsPrint)->trigger();
     ASSERT_FALSE(ui.shown.empty());
     EXPECT_EQ(ui.shown.back().text, "Do You Want to Save Your Options?");
     EXPECT_EQ(test::settingsFileText(), before);
@@ -154,7 +155,7 @@ TEST_F(PrintOptionsWindowTest, ThePrintDialogsOptionsButtonOpensTheForm) {
         });
         print->findChild<QPushButton*>("cmdOptions")->click();
     });
-    window->action("mnuFilPrint")->trigger();
+    window->action(kMnuFilPrint)->trigger();
     EXPECT_EQ(inner, "frmPrintOptions");
 }
 

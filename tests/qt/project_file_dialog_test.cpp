@@ -18,6 +18,7 @@
 #include "settings/settings_store.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -92,7 +93,7 @@ TEST_F(ProjectFileWindowTest, UncheckedMemberStaysClosedAndTheWindowMenuShowsThe
                 QTest::keyClick(tree, Qt::Key_Space);  // unchecks the member under the cursor
                 QTest::keyClick(tree, Qt::Key_Return);
             },
-            "mnuFilOpen");
+            kMnuFilOpen);
     EXPECT_EQ(title, "Project File - " + vbp);
     EXPECT_EQ(panel.rfind("File = Sample.bas\nDate Updated = ", 0), 0u) << panel;
     EXPECT_EQ(tip, "Select only files that have been modified since last Halyard");
@@ -109,7 +110,7 @@ TEST_F(ProjectFileWindowTest, UncheckedMemberStaysClosedAndTheWindowMenuShowsThe
                 form->findChild<QPushButton*>("cmdSelectAll")->click();
                 QTest::keyClick(tree, Qt::Key_Escape);
             },
-            "mnuWinProjectWindow");
+            kMnuWinProjectWindow);
     EXPECT_FALSE(wasChecked);
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Counter.cls"}));
 
@@ -118,13 +119,13 @@ TEST_F(ProjectFileWindowTest, UncheckedMemberStaysClosedAndTheWindowMenuShowsThe
                 form->findChild<QPushButton*>("cmdSelectAll")->click();
                 form->findChild<QPushButton*>("cmdOK")->click();
             },
-            "mnuWinProjectWindow");
+            kMnuWinProjectWindow);
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Main.frm", "Sample.bas", "Counter.cls"}));
     EXPECT_EQ(settingsText(), settings);
 
-    window->action("mnuFilCloseAll")->trigger();
+    window->action(kMnuFilCloseAll)->trigger();
     window->refreshFromModel();
-    EXPECT_FALSE(window->action("mnuWinProjectWindow")->isEnabled());  // the form went with the project
+    EXPECT_FALSE(window->action(kMnuWinProjectWindow)->isEnabled());  // the form went with the project
 }
 
 }  // namespace

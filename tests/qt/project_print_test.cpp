@@ -21,6 +21,7 @@
 #include "settings/settings_store.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -75,7 +76,7 @@ protected:
     }
     void openGroup() {
         ui.openAnswers.push_back(std::vector<std::string>{sampleGroup()});
-        withDialog([](QWidget* form) { form->findChild<QPushButton*>("cmdOK")->click(); }, "mnuFilOpen");
+        withDialog([](QWidget* form) { form->findChild<QPushButton*>("cmdOK")->click(); }, kMnuFilOpen);
         ASSERT_GE(oFile().Count(), 5);
         ASSERT_NE(oFile().Item(fileTable().wCurrentFile).FileType, kFileSource);
     }
@@ -98,7 +99,7 @@ TEST_F(ProjectPrintTest, AGroupOnScreenPrintsEveryMemberWithOneOk) {
                 selection = form->findChild<QLabel*>("lblProcs")->text().toStdString();
                 form->findChild<QPushButton*>("cmdOK")->click();
             },
-            "mnuFilPrint");
+            kMnuFilPrint);
     EXPECT_TRUE(allChecked);
     EXPECT_FALSE(procsEnabled);  // a group has no procedures of its own
     EXPECT_EQ(selection, "All files selected");
@@ -120,7 +121,7 @@ TEST_F(ProjectPrintTest, CurrentFilePrintsTheGroupListingAlone) {
                 form->findChild<QCheckBox*>("chkCurrent")->click();
                 form->findChild<QPushButton*>("cmdOK")->click();
             },
-            "mnuFilPrint");
+            kMnuFilPrint);
     std::string text = test::run("pdftotext -layout '" + pdf + "' -");
     EXPECT_NE(text.find("Two.vbp"), std::string::npos) << text;
     EXPECT_EQ(text.find("SecondMemberSub"), std::string::npos) << text;

@@ -16,6 +16,7 @@
 #include "shell/app_start.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -43,7 +44,7 @@ protected:
 TEST_F(StatusFeedbackTest, ThePrintCommandEndsWithWhatItPrintedOrThatItWasCancelled) {
     showSource("module.bas", test::procedures(1, 60));
     hlydSettings().DoNotShowPrintDialog = true;
-    window->action("mnuFilPrint")->trigger();
+    window->action(kMnuFilPrint)->trigger();
     EXPECT_EQ(mainWindow().lblStatus, "Printed 2 pages to Recorder");
     EXPECT_EQ(window->lblStatus()->text().toStdString(), "Printed 2 pages to Recorder");
 
@@ -54,7 +55,7 @@ TEST_F(StatusFeedbackTest, ThePrintCommandEndsWithWhatItPrintedOrThatItWasCancel
     setPrintStatusView([cancel](const std::string& text) {
         if (text.rfind("Now Printing Page 2", 0) == 0) cancel->click();
     });
-    window->action("mnuFilPrint")->trigger();
+    window->action(kMnuFilPrint)->trigger();
     EXPECT_EQ(mainWindow().lblStatus, "Cancelled");
 
     // Cancel in the Print dialog prints nothing.
@@ -64,7 +65,7 @@ TEST_F(StatusFeedbackTest, ThePrintCommandEndsWithWhatItPrintedOrThatItWasCancel
         ASSERT_NE(form, nullptr);
         form->findChild<QPushButton*>("cmdCancel")->click();
     });
-    window->action("mnuFilPrint")->trigger();
+    window->action(kMnuFilPrint)->trigger();
     EXPECT_EQ(mainWindow().lblStatus, "Cancelled");
 }
 

@@ -21,6 +21,7 @@
 #include "files/project_choice.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -82,16 +83,16 @@ protected:
 };
 
 TEST_F(WindowKeysTest, TheFileMenusStandardShortcuts) {
-    std::map<std::string, QKeySequence> keys{{"mnuFilOpen", QKeySequence("Ctrl+O")},
-                                             {"mnuFilClose", QKeySequence("Ctrl+W")},
-                                             {"mnuFilPrint", QKeySequence("Ctrl+P")},
-                                             {"mnuFilExit", QKeySequence("Ctrl+Q")}};
+    std::map<std::string, QKeySequence> keys{{kMnuFilOpen, QKeySequence("Ctrl+O")},
+                                             {kMnuFilClose, QKeySequence("Ctrl+W")},
+                                             {kMnuFilPrint, QKeySequence("Ctrl+P")},
+                                             {kMnuFilExit, QKeySequence("Ctrl+Q")}};
     for (const auto& [name, key] : keys) EXPECT_EQ(window->action(name)->shortcut(), key) << name;
     // Ctrl+F belongs to Find alone.
     std::vector<std::string> ctrlF;
     for (QAction* item : window->findChildren<QAction*>())
         if (item->shortcut() == QKeySequence("Ctrl+F")) ctrlF.push_back(item->objectName().toStdString());
-    EXPECT_EQ(ctrlF, std::vector<std::string>{"mnuEditFind"});
+    EXPECT_EQ(ctrlF, std::vector<std::string>{kMnuEditFind});
 
     ui.openAnswers.push_back(std::vector<std::string>{kSampleModule});
     QTest::keyClick(window->picShow(), Qt::Key_O, Qt::ControlModifier);
@@ -107,9 +108,9 @@ TEST_F(WindowKeysTest, F1OpensTheHelpPageOfTheWindowOrDialogInFront) {
     showSource("module.bas", test::procedures(1, 5));
     sbButtonsOpen();
     window->refreshFromModel();
-    const std::map<std::string, std::string> pages{{"mnuFilPrint", "/printing.html"},
-                                                   {"mnuOptionsPrint", "/print-options.html"},
-                                                   {"mnuOptionsDisplay", "/display-options.html"}};
+    const std::map<std::string, std::string> pages{{kMnuFilPrint, "/printing.html"},
+                                                   {kMnuOptionsPrint, "/print-options.html"},
+                                                   {kMnuOptionsDisplay, "/display-options.html"}};
     for (const auto& [command, page] : pages) {
         inDialogOf(command, [&](QWidget* form) {
             QWidget* focused = form->focusWidget();
@@ -119,7 +120,7 @@ TEST_F(WindowKeysTest, F1OpensTheHelpPageOfTheWindowOrDialogInFront) {
     }
     // Alt+H is the Print dialog's Help button.
     ui.opened.clear();
-    inDialogOf("mnuFilPrint", [](QWidget* form) {
+    inDialogOf(kMnuFilPrint, [](QWidget* form) {
         form->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form));
         QTest::keyClick(form->focusWidget(), Qt::Key_H, Qt::AltModifier);
@@ -161,7 +162,7 @@ TEST_F(WindowKeysTest, EveryDialogsAccessKeysReachOneControlEach) {
     showSource("module.bas", test::procedures(1, 5));
     sbButtonsOpen();
     window->refreshFromModel();
-    for (const char* command : {"mnuFilPrint", "mnuOptionsPrint", "mnuOptionsDisplay"})
+    for (const char* command : {kMnuFilPrint, kMnuOptionsPrint, kMnuOptionsDisplay})
         inDialogOf(command, [&](QWidget* form) {
             auto* tabs = form->findChild<QTabWidget*>();
             for (int page = 0; page < (tabs ? tabs->count() : 1); ++page) {
@@ -184,7 +185,7 @@ TEST_F(WindowKeysTest, EveryDialogsAccessKeysReachOneControlEach) {
             QTest::keyClick(form, Qt::Key_Escape);
         }
     });
-    window->action("mnuFilOpen")->trigger();
+    window->action(kMnuFilOpen)->trigger();
 }
 
 }  // namespace

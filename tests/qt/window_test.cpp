@@ -42,6 +42,7 @@
 #include "shell/app_start.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "files/command_ids.h"
 
 namespace hlyd {
 namespace {
@@ -81,7 +82,7 @@ protected:
 
     void open(const std::string& path) {
         ui.openAnswers.push_back(std::vector<std::string>{path});
-        window->action("mnuFilOpen")->trigger();
+        window->action(kMnuFilOpen)->trigger();
         QApplication::processEvents();
     }
     std::int32_t first() const { return emitterState().FirstRecord; }
@@ -97,7 +98,7 @@ protected:
 };
 
 TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
-    EXPECT_FALSE(window->action("mnuFilClose")->isEnabled());
+    EXPECT_FALSE(window->action(kMnuFilClose)->isEnabled());
     open(kSampleModule);
     ASSERT_EQ(ui.dialogs.size(), 1u);
     EXPECT_EQ(ui.dialogs[0].title, "File(s) to Process");
@@ -109,7 +110,7 @@ TEST_F(WindowTest, TheOpenCommandShowsTheFile) {
     ASSERT_GT(procs.ListCount(), 1);
     ASSERT_EQ(window->cboProc()->count(), procs.ListCount());
     for (int i = 0; i < procs.ListCount(); ++i) EXPECT_EQ(window->cboProc()->itemText(i).toStdString(), procs.List(i));
-    EXPECT_EQ(window->action("tbrClose")->toolTip(), "Close this file");
+    EXPECT_EQ(window->action(kTbrClose)->toolTip(), "Close this file");
     EXPECT_EQ(window->lblStatus()->text().toStdString(), "Ready");  // a menu command ends at rest, as a button does
 }
 
@@ -121,14 +122,14 @@ TEST_F(WindowTest, OpenThenCancelLeavesTheProjectShown) {
     ASSERT_GT(files, 1);
     ASSERT_TRUE(hasDrawing(window->picShow()->picture()));
 
-    window->action("mnuFilOpen")->trigger();  // no answer waiting: the dialog is cancelled
+    window->action(kMnuFilOpen)->trigger();  // no answer waiting: the dialog is cancelled
     QApplication::processEvents();
 
     EXPECT_EQ(ui.dialogs.size(), 2u);
     EXPECT_EQ(window->windowTitle(), title);
     EXPECT_EQ(oFile().Count(), files);
     EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
-    EXPECT_TRUE(window->action("mnuFilClose")->isEnabled());
+    EXPECT_TRUE(window->action(kMnuFilClose)->isEnabled());
 }
 
 // With the ToolTips setting off no button shows a tip, not even its caption.
@@ -143,11 +144,10 @@ TEST_F(WindowTest, ToolTipsOffShowNoTip) {
         QToolTip::hideText();
         return shown.toStdString();
     };
-    EXPECT_EQ(tipOf("tbrOpen"), "Open a file or project for processing");
-    window->action("mnuViewToolTips")->trigger();
+    EXPECT_EQ(tipOf(kTbrOpen), "Open a file or project for processing");
+    window->action(kMnuViewToolTips)->trigger();
     ASSERT_FALSE(hlydSettings().ToolTips);
-    for (const char* name : {"tbrOpen", "tbrClose", "tbrNextFile", "tbrPrintOptions"})
-        EXPECT_EQ(tipOf(name), "") << name;
+    for (const char* name : {kTbrOpen, kTbrClose, kTbrNextFile, kTbrPrintOptions}) EXPECT_EQ(tipOf(name), "") << name;
 }
 
 // The list is as wide as the longest procedure name, and at 800 pixels the file buttons still
@@ -161,7 +161,7 @@ TEST_F(WindowTest, ProcedureListFitsItsNamesAndTheFileButtonsStayOnTheBar) {
     QApplication::processEvents();
     QComboBox* list = window->cboProc();
     EXPECT_GE(list->width(), list->fontMetrics().horizontalAdvance(QString::fromStdString(longName)));
-    for (const char* name : {"tbrPriorFile", "tbrNextFile"}) {
+    for (const char* name : {kTbrPriorFile, kTbrNextFile}) {
         QWidget* button = buttonOf(name);
         EXPECT_TRUE(button->isVisible()) << name;
         EXPECT_LE(button->mapTo(window.get(), QPoint(button->width(), 0)).x(), window->width()) << name;
@@ -296,7 +296,7 @@ TEST_F(WindowTest, DroppedSourceAndProjectFilesOpen) {
     EXPECT_TRUE(hasDrawing(window->picShow()->picture()));
     EXPECT_TRUE(window->lblStatus()->text().startsWith("Not opened: notes.txt"));
 
-    window->action("mnuFilCloseAll")->trigger();
+    window->action(kMnuFilCloseAll)->trigger();
     EXPECT_TRUE(drop({QString::fromStdString(kSampleProject)}));
     EXPECT_EQ(window->windowTitle(), "Halyard - Sample.vbp");
     EXPECT_GT(oFile().Count(), 1);
@@ -316,31 +316,31 @@ TEST_F(WindowTest, AResizeDrawsTheViewAgain) {
 }
 
 TEST_F(WindowTest, CaptionsAndTipsAreTheClassicOnes) {
-    EXPECT_EQ(window->action("mnuViewProc1")->text(), "Prior Procecdure");
-    EXPECT_EQ(window->action("tbrOpen")->toolTip(), "Open a file or project for processing");
-    EXPECT_FALSE(window->action("mnuFilPrint")->isEnabled());
-    window->action("mnuViewStatus")->trigger();
+    EXPECT_EQ(window->action(kMnuViewProc1)->text(), "Prior Procecdure");
+    EXPECT_EQ(window->action(kTbrOpen)->toolTip(), "Open a file or project for processing");
+    EXPECT_FALSE(window->action(kMnuFilPrint)->isEnabled());
+    window->action(kMnuViewStatus)->trigger();
     EXPECT_FALSE(window->lblRecord()->isVisible());
-    EXPECT_FALSE(window->action("mnuViewStatus")->isChecked());
+    EXPECT_FALSE(window->action(kMnuViewStatus)->isChecked());
 }
 
 TEST_F(WindowTest, TheHelpButtonAndMenuOpenTheProgramsPagesAndThePopupHasEveryItem) {
-    EXPECT_FALSE(window->action("tbrHelp")->isEnabled());  // no help file named yet
-    EXPECT_EQ(window->action("tbrHelp")->toolTip(), "Not available - Help file Missing");
+    EXPECT_FALSE(window->action(kTbrHelp)->isEnabled());  // no help file named yet
+    EXPECT_EQ(window->action(kTbrHelp)->toolTip(), "Not available - Help file Missing");
     hlydMain().HelpFile = std::string(HLYD_SOURCE_DIR) + "/data/help/index.html";
     HlydMSEnableHLYDControls();
     window->refreshFromModel();
-    ASSERT_TRUE(window->action("tbrHelp")->isEnabled());
-    window->action("tbrHelp")->trigger();
-    window->action("mnuHelSearch")->trigger();
-    window->action("mnuHelHelp")->trigger();
+    ASSERT_TRUE(window->action(kTbrHelp)->isEnabled());
+    window->action(kTbrHelp)->trigger();
+    window->action(kMnuHelSearch)->trigger();
+    window->action(kMnuHelHelp)->trigger();
     ASSERT_EQ(ui.opened.size(), 3u);
     EXPECT_TRUE(ui.opened[0].ends_with("help/index.html"));
     EXPECT_TRUE(ui.opened[1].ends_with("help/topics.html"));
     EXPECT_TRUE(ui.opened[2].ends_with("help/using-help.html"));
 
     QStringList items;
-    for (QAction* item : window->findChild<QMenu*>("mnuPopupMenu")->actions())
+    for (QAction* item : window->findChild<QMenu*>(kMnuPopupMenu)->actions())
         items << (item->isSeparator() ? "-" : item->text());
     EXPECT_EQ(items.join("|"),
               "Copy|-|Open|Close |-|Print|Display Options|-|Next Procedure|Prior Procedure|Next File|"
@@ -351,13 +351,13 @@ TEST_F(WindowTest, TheDebugMenuHoldsItsItemsWhenTheSettingAsks) {
     hlydSettings().DebugMenu = true;
     sbSetToolBar();
     window->refreshFromModel();
-    QAction* debug = window->action("mnuDebug");
+    QAction* debug = window->action(kMnuDebug);
     ASSERT_NE(debug, nullptr);
     EXPECT_TRUE(debug->isVisible());
     int items = 0;
     for (QAction* item : debug->menu()->actions()) items += item->isSeparator() ? 0 : 1;
     EXPECT_EQ(items, 10);
-    QAction* traceApp = window->action("mnuDebugTraceApp");
+    QAction* traceApp = window->action(kMnuDebugTraceApp);
     ASSERT_NE(traceApp, nullptr);
     EXPECT_TRUE(debug->menu()->actions().contains(traceApp));
     traceApp->trigger();
@@ -429,7 +429,7 @@ TEST_F(WindowedStartTest, AnUnwritableSettingsFolderIsToldAndTheWindowWorks) {
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find("will not be kept"), std::string::npos) << ui.shown[0].text;
     ui.openAnswers.push_back(std::vector<std::string>{kSampleModule});
-    window->action("mnuFilOpen")->trigger();
+    window->action(kMnuFilOpen)->trigger();
     EXPECT_EQ(window->windowTitle(), "Halyard - Sample.bas");
     window->close();
     EXPECT_EQ(ui.shown.size(), 1u);
