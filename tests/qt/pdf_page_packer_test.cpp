@@ -15,7 +15,7 @@ namespace {
 
 TEST(PdfPagePacker, WritesEveryPageWholeAndInOrderAndHandsTheRoomBack) {
     std::vector<std::pair<std::uint32_t, std::string>> written;
-    PdfPagePacker packer([&](std::uint32_t object, const std::string& content) {
+    PdfPagePacker<std::string> packer([&](std::uint32_t object, std::string& content) {
         // A slow first page: the layout runs ahead until pages wait.
         if (written.empty()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
         written.emplace_back(object, content);
@@ -44,17 +44,17 @@ TEST(PdfPagePacker, WritesEveryPageWholeAndInOrderAndHandsTheRoomBack) {
 TEST(PdfPagePacker, AJobGivenUpStopsTheThreadWhilePagesWait) {
     std::atomic<int> written{0};
     {
-        PdfPagePacker packer([&](std::uint32_t, const std::string&) {
+        PdfPagePacker<std::string> packer([&](std::uint32_t, std::string&) {
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
             ++written;
         });
         std::string content;
-        for (std::uint32_t page = 1; page <= PdfPagePacker::kMostWaiting; ++page) {
+        for (std::uint32_t page = 1; page <= PdfPagePacker<std::string>::kMostWaiting; ++page) {
             content = "page";
             packer.submit(page, content);
         }
     }
-    EXPECT_LE(written.load(), static_cast<int>(PdfPagePacker::kMostWaiting));
+    EXPECT_LE(written.load(), static_cast<int>(PdfPagePacker<std::string>::kMostWaiting));
 }
 
 }  // namespace

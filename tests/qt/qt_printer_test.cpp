@@ -147,6 +147,39 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
     EXPECT_LT(fs::file_size(pdf("listing.pdf")), 100u * 1024);
 }
 
+// The pages are turned into PDF on a thread of their own while the next ones are laid out: a face
+// first drawn many pages on, while earlier pages still wait, and characters drawn on one page only
+// must still reach the file's fonts, and each page its own text.
+TEST_F(QtPrinterTest, FacesAndCharactersFirstDrawnOnLaterPagesReachTheFonts) {
+    NEED_POPPLER();
+    const char* families[] = {"Courier New", "Arial", "Times New Roman"};
+    constexpr int kPages = 15;
+    QtPrinter p;
+    p.beginJob(pdf("late.pdf"));
+    std::vector<std::string> expected;
+    for (int page = 0; page < kPages; ++page) {
+        if (page > 0) p.newPage();
+        p.setFontName(families[page % 3]);
+        p.setFontBold(page / 3 % 2 == 1);
+        p.setFontItalic(page / 6 % 2 == 1);
+        p.setFontSize(9 + page / 3);
+        std::string word(3, static_cast<char>('A' + page));
+        word += std::string(2, static_cast<char>('a' + page));
+        p.setCurrentX(360);
+        p.setCurrentY(360);
+        p.print(word);
+        expected.push_back(word);
+    }
+    ASSERT_TRUE(p.endJob(true)) << p.jobError();
+
+    auto pages = pagesOf(run("pdftotext -layout '" + pdf("late.pdf") + "' -"));
+    ASSERT_EQ(pages.size(), static_cast<std::size_t>(kPages));
+    for (int page = 0; page < kPages; ++page)
+        EXPECT_EQ(pages[static_cast<std::size_t>(page)], std::vector<std::string>{expected[page]}) << "page " << page;
+    std::string fonts = run("pdffonts '" + pdf("late.pdf") + "'");
+    for (const char* style : {"Bold", "Italic"}) EXPECT_NE(fonts.find(style), std::string::npos) << fonts;
+}
+
 // A mark of the layout (a wrap's "»") is drawn as an artifact, which a reader leaves out of the
 // text it copies; the text around it stays text, and a control character's "^A" copies out as
 // the byte it stands for.

@@ -49,8 +49,8 @@ std::string colourText(QRgb rgb, bool stroking) {
 
 }  // namespace
 
-void PdfPageContent::write(std::string& out, const PageRecording& page, const PrintFaces& faces, double pointsPerPixel,
-                           QPointF corner) {
+void PdfPageContent::write(std::string& out, const PageRecording& page, const std::vector<const PrintFace*>& faces,
+                           double pointsPerPixel, QPointF corner) {
     out_ = &out;
     inText_ = placed_ = fillSet_ = strokeSet_ = stringOpen_ = false;
     font_ = -1;
@@ -67,7 +67,7 @@ void PdfPageContent::write(std::string& out, const PageRecording& page, const Pr
     out += " cm 2 J\n";
     for (const PageRecording::Op& op : page.ops()) {
         switch (op.kind) {
-            case PageRecording::Kind::Text: text(page, op, faces.byIndex(op.face)); break;
+            case PageRecording::Kind::Text: text(page, op, *faces[op.face]); break;
             case PageRecording::Kind::Line: line(op); break;
             case PageRecording::Kind::Box: box(op); break;
         }

@@ -31,8 +31,9 @@ public:
     explicit PdfPageContent(FontOf fontOf) : fontOf_(std::move(fontOf)) {}
     // Appends the page's drawing to `out`: its device pixels are `pointsPerPixel` points, y
     // downwards from `corner`, the printable area's top left in points from the sheet's foot.
-    void write(std::string& out, const PageRecording& page, const PrintFaces& faces, double pointsPerPixel,
-               QPointF corner);
+    // `faces` holds, by face index, each face the page draws in.
+    void write(std::string& out, const PageRecording& page, const std::vector<const PrintFace*>& faces,
+               double pointsPerPixel, QPointF corner);
 
     // Positions are whole numbers of a hundredth of a device pixel: finer than any eye or printer
     // tells apart, and as exact as the recording places the text, which matters to a reader that

@@ -21,10 +21,11 @@ constexpr int kDeflateLevel = 1;
 PdfWriter::PdfWriter(QIODevice& out)
     : out_(out),
       pageContent_([this](const PrintFace& face) {
-          Font& font = fonts_[fontOf(face)];
-          return PdfPageContent::FontUse{static_cast<std::size_t>(&font - fonts_.data()), &font.used};
+          auto number = static_cast<std::size_t>(writing_->fontOfFace[face.index]);
+          if (drawn_.size() <= number) drawn_.resize(number + 1);
+          return PdfPageContent::FontUse{number, &drawn_[number]};
       }),
-      packer_([this](std::uint32_t number, const std::string& content) { writePageStream(number, content); }) {
+      packer_([this](std::uint32_t number, PageToWrite& page) { writePageStream(number, page); }) {
     // Made here rather than on the packing thread, whose allocations would take a heap of their own.
     compressor_.reset(libdeflate_alloc_compressor(kDeflateLevel));
     write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
@@ -67,8 +68,12 @@ void PdfWriter::writeStream(std::uint32_t number, const std::string& data, const
     writePacked(dictionary);
 }
 
-void PdfWriter::writePageStream(std::uint32_t number, const std::string& content) {
-    compress(content);
+void PdfWriter::writePageStream(std::uint32_t number, const PageToWrite& page) {
+    writing_ = &page;
+    content_.clear();
+    pageContent_.write(content_, page.page, page.faces, page.pointsPerPixel, page.corner);
+    writing_ = nullptr;
+    compress(content_);
     pageOffsets_.emplace_back(number, written_);
     write(std::to_string(number) + " 0 obj\n");
     writePacked({});
@@ -93,13 +98,28 @@ std::size_t PdfWriter::fontOf(const PrintFace& face) {
     return static_cast<std::size_t>(known = static_cast<int>(fonts_.size() - 1));
 }
 
+// The fonts are numbered, and their objects reserved, in the order the pages first draw in them,
+// here rather than on the packing thread, so that the file's object numbers stay put.
+void PdfWriter::handOver(const PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
+    for (const PageRecording::Op& op : page.ops()) {
+        if (op.kind != PageRecording::Kind::Text) continue;
+        const PrintFace& face = faces.byIndex(op.face);
+        fontOf(face);
+        if (nextPage_.faces.size() <= op.face) nextPage_.faces.resize(op.face + 1u, nullptr);
+        nextPage_.faces[op.face] = &face;
+    }
+    nextPage_.page = page;
+    nextPage_.fontOfFace = fontOfFace_;
+    nextPage_.pointsPerPixel = scale;
+    nextPage_.corner = corner;
+}
+
 void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet,
                         QPointF origin, const PageMarks& marks) {
     double scale = 72.0 / dotsPerInch;
-    content_.clear();
-    pageContent_.write(content_, page, faces, scale, QPointF(origin.x(), sheet.height() - origin.y()));
+    handOver(page, faces, scale, QPointF(origin.x(), sheet.height() - origin.y()));
     std::uint32_t contents = reserveObject();
-    packer_.submit(contents, content_);
+    packer_.submit(contents, nextPage_);
     std::size_t index = pages_.size();
     pages_.push_back({reserveObject(), contents, sheet, {}});
     for (const PageMarks::Link& link : marks.links)
@@ -132,6 +152,7 @@ void PdfWriter::finish() {
     packer_.drain();
     for (auto [number, offset] : pageOffsets_) offsets_[number] = offset;
     pageOffsets_.clear();
+    for (std::size_t i = 0; i < drawn_.size() && i < fonts_.size(); ++i) fonts_[i].used |= drawn_[i];
     std::string fontList;
     for (std::size_t i = 0; i < fonts_.size(); ++i) {
         writeFont(fonts_[i]);

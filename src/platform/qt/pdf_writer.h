@@ -67,13 +67,31 @@ private:
         Outlines outlines;
     };
 
+    // A finished page as the packing thread turns it into its content: a copy of its recording,
+    // and the faces and fonts it draws in as they stood then, for the layout grows both meanwhile.
+    struct PageToWrite {
+        PageRecording page;
+        std::vector<const PrintFace*> faces;  // by face index
+        std::vector<int> fontOfFace;          // by face index
+        double pointsPerPixel = 0;
+        QPointF corner;
+        bool empty() const { return page.empty(); }
+        void clear() {
+            page.clear();
+            faces.clear();
+            fontOfFace.clear();
+        }
+    };
+
     std::uint32_t reserveObject();
     void beginObject(std::uint32_t number);
     void write(std::string_view data);
     void writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary = {});
     // On the packing thread: a page's content, its place noted apart from offsets_, which the
     // pages still being laid out grow meanwhile.
-    void writePageStream(std::uint32_t number, const std::string& content);
+    void writePageStream(std::uint32_t number, const PageToWrite& page);
+    // Fills nextPage_ with the page as the packing thread is to write it.
+    void handOver(const PageRecording& page, const PrintFaces& faces, double scale, QPointF corner);
     void writePacked(const std::string& dictionary);
     std::size_t fontOf(const PrintFace& face);
     void compress(const std::string& data);  // into packed_
@@ -123,8 +141,13 @@ private:
     std::vector<LabelRange> labels_;
     std::vector<Font> fonts_;
     std::vector<int> fontOfFace_;  // by face index; -1 until the face is first drawn
+    // Of the packing thread: the page being written, and the characters drawn so far in each
+    // font (by font number), which reach fonts_ once the last page is written.
     PdfPageContent pageContent_;
+    const PageToWrite* writing_ = nullptr;
+    std::vector<std::bitset<256>> drawn_;
     std::string content_, packed_;  // of the page being written, kept to spare a page its allocations
+    PageToWrite nextPage_;          // of the layout: the page being handed over
     // Made once for the file: a compressor's tables are dearer to set up than a small page to pack.
     struct FreeCompressor {
         void operator()(libdeflate_compressor* compressor) const;
@@ -132,7 +155,7 @@ private:
     std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor_;
     std::vector<std::pair<std::uint32_t, std::uint64_t>> pageOffsets_;  // written by the packer
     // Last, so that its thread stops before anything it writes with goes.
-    PdfPagePacker packer_;
+    PdfPagePacker<PageToWrite> packer_;
 };
 
 }  // namespace hlyd
