@@ -1,8 +1,16 @@
 #include "platform/qt/print_faces.h"
 
+#include <QFile>
 #include <QFont>
+#include <QPainterPath>
 #include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "platform/qt/design_advances.h"
+#include "platform/qt/face_files.h"
+#include "platform/qt/font_configuration.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -21,17 +29,71 @@ QFont fontOf(const FaceKey& key) {
     return font;
 }
 
+int styleOf(const FaceKey& key) { return int(key.bold) | int(key.italic) << 1; }
+
+QRawFont fromFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return QRawFont(file.readAll(), 12, QFont::PreferNoHinting);
+}
+
+// Whether the font read from a file is the face Qt chose: the same tables and names, and the same
+// figures where a bold or a slant made up by the engine would differ.
+bool sameFace(QRawFont read, QRawFont chosen) {
+    if (!read.isValid() || read.familyName() != chosen.familyName() || read.styleName() != chosen.styleName())
+        return false;
+    for (const char* tag : {"head", "hhea", "hmtx", "OS/2", "name", "post", "cmap"})
+        if (read.fontTable(tag) != chosen.fontTable(tag)) return false;
+    read.setPixelSize(1000), chosen.setPixelSize(1000);
+    QList<quint32> glyphs = chosen.glyphIndexesForString("Wil");
+    return read.ascent() == chosen.ascent() && read.descent() == chosen.descent() &&
+           read.leading() == chosen.leading() && read.underlinePosition() == chosen.underlinePosition() &&
+           read.lineThickness() == chosen.lineThickness() && read.capHeight() == chosen.capHeight() &&
+           read.advancesForGlyphIndexes(glyphs) == chosen.advancesForGlyphIndexes(glyphs) &&
+           read.pathForGlyph(glyphs.value(0)) == chosen.pathForGlyph(glyphs.value(0));
+}
+
+// The face from the file an earlier run found for it; else from Qt's font database, and then its
+// file is remembered when it holds the very face Qt chose.
+QRawFont rawFontOf(const FaceKey& key) {
+    QString remembered = rememberedFaceFile(key.family, styleOf(key));
+    if (!remembered.isEmpty()) {
+        QRawFont raw = fromFile(remembered);
+        if (raw.isValid()) return raw;
+    }
+    useFontConfiguration();
+    QRawFont raw = QRawFont::fromFont(fontOf(key));
+    if (rememberingFaceFiles()) {
+        QString file = fontFileOf(key.family, key.bold, key.italic);
+        if (!file.isEmpty() && sameFace(fromFile(file), raw)) rememberFaceFile(key.family, styleOf(key), file);
+    }
+    return raw;
+}
+
+// The glyph of each character from the blank on, all in one look-up (each character is one UTF-16
+// unit, so one glyph); none when the font cannot be read.
+std::vector<quint32> glyphsOfCharacters(const QRawFont& design) {
+    std::string bytes;
+    for (int c = 0x20; c < 256; ++c) bytes += static_cast<char>(c);
+    QString characters = fromCp1252(bytes);
+    std::vector<quint32> glyphs(bytes.size(), 0);
+    int count = static_cast<int>(glyphs.size());
+    if (!design.glyphIndexesForChars(characters.constData(), count, glyphs.data(), &count) ||
+        count != static_cast<int>(glyphs.size()))
+        return {};
+    return glyphs;
+}
+
 // Glyphs and advances of the font's design, in font units: a font at its own em size.
 void fillCharacters(PrintFace& face, QRawFont design) {
     design.setPixelSize(design.unitsPerEm());
     double scale = face.pixelSize / design.unitsPerEm();
-    for (int c = 0x20; c < 256; ++c) {
-        char byte = static_cast<char>(c);
-        QList<quint32> glyphs = design.glyphIndexesForString(fromCp1252(std::string_view(&byte, 1)));
-        if (glyphs.size() != 1) continue;
-        QList<QPointF> advances = design.advancesForGlyphIndexes(glyphs);
-        face.glyph[static_cast<std::size_t>(c)] = glyphs[0];
-        face.advance[static_cast<std::size_t>(c)] = advances.value(0).x() * scale;
+    std::vector<quint32> glyphs = glyphsOfCharacters(design);
+    std::optional<std::vector<double>> fromTable = designAdvances(design, glyphs);
+    for (std::size_t at = 0; at < glyphs.size(); ++at) {
+        double advance = fromTable ? (*fromTable)[at] : design.advancesForGlyphIndexes({glyphs[at]}).value(0).x();
+        face.glyph[at + 0x20] = glyphs[at];
+        face.advance[at + 0x20] = advance * scale;
     }
     bool alike = std::all_of(face.advance.begin() + 0x20, face.advance.end(),
                              [&](double a) { return a == face.advance[0x20]; });
@@ -54,7 +116,7 @@ const PrintFace& PrintFaces::face(const FaceKey& key) {
     made->index = static_cast<std::uint16_t>(faces_.size());
     made->key = key;
     made->pixelSize = key.points * dpi_ / 72.0;
-    QRawFont raw = QRawFont::fromFont(fontOf(key));
+    QRawFont raw = rawFontOf(key);
     fillCharacters(*made, raw);
     raw.setPixelSize(made->pixelSize);
     made->raw = raw;
