@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFont>
-#include <QPainterPath>
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -37,20 +36,38 @@ QRawFont fromFile(const QString& path) {
     return QRawFont(file.readAll(), 12, QFont::PreferNoHinting);
 }
 
-// Whether the font read from a file is the face Qt chose: the same tables and names, and the same
-// figures where a bold or a slant made up by the engine would differ.
-bool sameFace(QRawFont read, QRawFont chosen) {
-    if (!read.isValid() || read.familyName() != chosen.familyName() || read.styleName() != chosen.styleName())
-        return false;
-    for (const char* tag : {"head", "hhea", "hmtx", "OS/2", "name", "post", "cmap"})
-        if (read.fontTable(tag) != chosen.fontTable(tag)) return false;
-    read.setPixelSize(1000), chosen.setPixelSize(1000);
-    QList<quint32> glyphs = chosen.glyphIndexesForString("Wil");
-    return read.ascent() == chosen.ascent() && read.descent() == chosen.descent() &&
-           read.leading() == chosen.leading() && read.underlinePosition() == chosen.underlinePosition() &&
-           read.lineThickness() == chosen.lineThickness() && read.capHeight() == chosen.capHeight() &&
-           read.advancesForGlyphIndexes(glyphs) == chosen.advancesForGlyphIndexes(glyphs) &&
-           read.pathForGlyph(glyphs.value(0)) == chosen.pathForGlyph(glyphs.value(0));
+unsigned long be32(const QByteArray& data, qsizetype at) {
+    unsigned long value = 0;
+    for (qsizetype i = at; i < at + 4; ++i) value = value << 8 | static_cast<unsigned char>(data[i]);
+    return value;
+}
+
+// The table of that tag in a font file's directory; none when the file has no such table.
+std::optional<QByteArray> tableInFile(const QByteArray& file, const char* tag) {
+    if (file.size() < 12) return std::nullopt;
+    qsizetype count = static_cast<qsizetype>(be32(file, 4) >> 16);
+    for (qsizetype record = 12; record + 16 <= file.size() && record < 12 + 16 * count; record += 16) {
+        if (file.mid(record, 4) != tag) continue;
+        auto offset = static_cast<qsizetype>(be32(file, record + 8)),
+             length = static_cast<qsizetype>(be32(file, record + 12));
+        if (offset < 0 || length < 0 || offset + length > file.size()) return std::nullopt;
+        return file.mid(offset, length);
+    }
+    return std::nullopt;
+}
+
+// Whether a font file holds the face Qt chose: the same tables of names, metrics and characters.
+// The file's own weight and slant are the ones asked for (fontFileOf sees to it), so Qt had no
+// cause to make up a bold or a slant from it.
+bool fileHoldsFace(const QString& path, const QRawFont& chosen) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    QByteArray data = file.readAll();
+    for (const char* tag : {"head", "hhea", "hmtx", "OS/2", "name", "post", "cmap"}) {
+        std::optional<QByteArray> table = tableInFile(data, tag);
+        if (!table || *table != chosen.fontTable(tag)) return false;
+    }
+    return true;
 }
 
 // The face from the file an earlier run found for it; else from Qt's font database, and then its
@@ -65,7 +82,7 @@ QRawFont rawFontOf(const FaceKey& key) {
     QRawFont raw = QRawFont::fromFont(fontOf(key));
     if (rememberingFaceFiles()) {
         QString file = fontFileOf(key.family, key.bold, key.italic);
-        if (!file.isEmpty() && sameFace(fromFile(file), raw)) rememberFaceFile(key.family, styleOf(key), file);
+        if (!file.isEmpty() && fileHoldsFace(file, raw)) rememberFaceFile(key.family, styleOf(key), file);
     }
     return raw;
 }
