@@ -1,6 +1,5 @@
 #include "platform/qt/print_faces.h"
 
-#include <QFile>
 #include <QFont>
 #include <algorithm>
 #include <optional>
@@ -8,8 +7,7 @@
 #include <vector>
 
 #include "platform/qt/design_advances.h"
-#include "platform/qt/face_files.h"
-#include "platform/qt/font_configuration.h"
+#include "platform/qt/face_source.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -26,65 +24,6 @@ QFont fontOf(const FaceKey& key) {
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(QFont::PreferOutline);
     return font;
-}
-
-int styleOf(const FaceKey& key) { return int(key.bold) | int(key.italic) << 1; }
-
-QRawFont fromFile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    return QRawFont(file.readAll(), 12, QFont::PreferNoHinting);
-}
-
-unsigned long be32(const QByteArray& data, qsizetype at) {
-    unsigned long value = 0;
-    for (qsizetype i = at; i < at + 4; ++i) value = value << 8 | static_cast<unsigned char>(data[i]);
-    return value;
-}
-
-// The table of that tag in a font file's directory; none when the file has no such table.
-std::optional<QByteArray> tableInFile(const QByteArray& file, const char* tag) {
-    if (file.size() < 12) return std::nullopt;
-    qsizetype count = static_cast<qsizetype>(be32(file, 4) >> 16);
-    for (qsizetype record = 12; record + 16 <= file.size() && record < 12 + 16 * count; record += 16) {
-        if (file.mid(record, 4) != tag) continue;
-        auto offset = static_cast<qsizetype>(be32(file, record + 8)),
-             length = static_cast<qsizetype>(be32(file, record + 12));
-        if (offset < 0 || length < 0 || offset + length > file.size()) return std::nullopt;
-        return file.mid(offset, length);
-    }
-    return std::nullopt;
-}
-
-// Whether a font file holds the face Qt chose: the same tables of names, metrics and characters.
-// The file's own weight and slant are the ones asked for (fontFileOf sees to it), so Qt had no
-// cause to make up a bold or a slant from it.
-bool fileHoldsFace(const QString& path, const QRawFont& chosen) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    QByteArray data = file.readAll();
-    for (const char* tag : {"head", "hhea", "hmtx", "OS/2", "name", "post", "cmap"}) {
-        std::optional<QByteArray> table = tableInFile(data, tag);
-        if (!table || *table != chosen.fontTable(tag)) return false;
-    }
-    return true;
-}
-
-// The face from the file an earlier run found for it; else from Qt's font database, and then its
-// file is remembered when it holds the very face Qt chose.
-QRawFont rawFontOf(const FaceKey& key) {
-    QString remembered = rememberedFaceFile(key.family, styleOf(key));
-    if (!remembered.isEmpty()) {
-        QRawFont raw = fromFile(remembered);
-        if (raw.isValid()) return raw;
-    }
-    useFontConfiguration();
-    QRawFont raw = QRawFont::fromFont(fontOf(key));
-    if (rememberingFaceFiles()) {
-        QString file = fontFileOf(key.family, key.bold, key.italic);
-        if (!file.isEmpty() && fileHoldsFace(file, raw)) rememberFaceFile(key.family, styleOf(key), file);
-    }
-    return raw;
 }
 
 // The glyph of each character from the blank on, all in one look-up (each character is one UTF-16
@@ -133,7 +72,7 @@ const PrintFace& PrintFaces::face(const FaceKey& key) {
     made->index = static_cast<std::uint16_t>(faces_.size());
     made->key = key;
     made->pixelSize = key.points * dpi_ / 72.0;
-    QRawFont raw = rawFontOf(key);
+    QRawFont raw = rawFaceOf(fontOf(key));
     fillCharacters(*made, raw);
     raw.setPixelSize(made->pixelSize);
     made->raw = raw;
