@@ -5,6 +5,9 @@
 #include <QHash>
 #include <algorithm>
 
+#include "platform/qt/face_files.h"
+#include "platform/qt/font_configuration.h"
+
 namespace hlyd {
 
 namespace {
@@ -45,6 +48,7 @@ const ClassicName kClassicNames[] = {
 // Installed families by lower-cased name, read once: the database is slow to ask per token.
 const QHash<QString, QString>& installedFamilies() {
     static const QHash<QString, QString> families = [] {
+        useFontConfiguration();
         QHash<QString, QString> byKey;
         for (const QString& family : QFontDatabase::families()) byKey.insert(family.toLower(), family);
         return byKey;
@@ -64,6 +68,7 @@ const ClassicName* classicName(const QString& requested) {
 
 QString lastResortFamily() {
     static const QString family = [] {
+        useFontConfiguration();
         QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
         QString resolved = QFontInfo(fixed).family();
         if (!installedSpelling(resolved).isEmpty()) return installedSpelling(resolved);
@@ -75,6 +80,7 @@ QString lastResortFamily() {
 }
 
 QStringList deviceFamilies() {
+    useFontConfiguration();
     QStringList families{lastResortFamily()};
     for (const QString& family : QFontDatabase::families())
         if (family != families.front()) families.append(family);
@@ -84,6 +90,7 @@ QStringList deviceFamilies() {
 // With a monospaced stand-in installed, the font of last resort is an installed family (the
 // system's own or that stand-in), listed once among the others.
 qsizetype deviceFamilyCount() {
+    useFontConfiguration();
     bool standInInstalled = std::any_of(kMonoStandIns.begin(), kMonoStandIns.end(),
                                         [](const QString& standIn) { return !installedSpelling(standIn).isEmpty(); });
     return standInInstalled ? QFontDatabase::families().size() : deviceFamilies().size();
@@ -98,7 +105,9 @@ QStringList availableClassicNames() {
     return names;
 }
 
-ResolvedFamily resolveFamily(const QString& requested) {
+namespace {
+
+ResolvedFamily lookUpFamily(const QString& requested) {
     QString installed = installedSpelling(requested);
     if (!installed.isEmpty()) return {installed, installed};
     if (const ClassicName* classic = classicName(requested)) {
@@ -109,6 +118,17 @@ ResolvedFamily resolveFamily(const QString& requested) {
     }
     QString fallback = lastResortFamily();
     return {fallback, fallback};
+}
+
+}  // namespace
+
+// A print sets the same few names again and again, and each run the same as the last: a name an
+// earlier run resolved needs no font database.
+ResolvedFamily resolveFamily(const QString& requested) {
+    if (auto known = rememberedFamily(requested)) return {known->first, known->second};
+    ResolvedFamily resolved = lookUpFamily(requested);
+    rememberFamily(requested, resolved.family, resolved.readBack);
+    return resolved;
 }
 
 }  // namespace hlyd

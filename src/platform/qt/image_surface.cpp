@@ -5,6 +5,7 @@
 
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/classic_fonts.h"
+#include "platform/qt/font_configuration.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/screen_metrics.h"
 
@@ -45,8 +46,10 @@ const QImage& ImageSurface::image() {
     return image_;
 }
 
+// Text drawn and measured through Qt's font database needs the font configuration.
 QPainter& ImageSurface::painter() {
     if (!painter_) {
+        useFontConfiguration();
         painter_ = std::make_unique<QPainter>(&image_);
         painter_->setRenderHint(QPainter::TextAntialiasing, true);
         painter_->setRenderHint(QPainter::Antialiasing, false);
@@ -56,7 +59,10 @@ QPainter& ImageSurface::painter() {
 }
 
 const QFontMetricsF& ImageSurface::metrics() {
-    if (!metrics_) metrics_.emplace(font_, &image_);
+    if (!metrics_) {
+        useFontConfiguration();
+        metrics_.emplace(font_, &image_);
+    }
     return *metrics_;
 }
 

@@ -2,7 +2,12 @@
 
 #include <QFont>
 #include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "platform/qt/design_advances.h"
+#include "platform/qt/face_source.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -21,17 +26,30 @@ QFont fontOf(const FaceKey& key) {
     return font;
 }
 
+// The glyph of each character from the blank on, all in one look-up (each character is one UTF-16
+// unit, so one glyph); none when the font cannot be read.
+std::vector<quint32> glyphsOfCharacters(const QRawFont& design) {
+    std::string bytes;
+    for (int c = 0x20; c < 256; ++c) bytes += static_cast<char>(c);
+    QString characters = fromCp1252(bytes);
+    std::vector<quint32> glyphs(bytes.size(), 0);
+    int count = static_cast<int>(glyphs.size());
+    if (!design.glyphIndexesForChars(characters.constData(), count, glyphs.data(), &count) ||
+        count != static_cast<int>(glyphs.size()))
+        return {};
+    return glyphs;
+}
+
 // Glyphs and advances of the font's design, in font units: a font at its own em size.
 void fillCharacters(PrintFace& face, QRawFont design) {
     design.setPixelSize(design.unitsPerEm());
     double scale = face.pixelSize / design.unitsPerEm();
-    for (int c = 0x20; c < 256; ++c) {
-        char byte = static_cast<char>(c);
-        QList<quint32> glyphs = design.glyphIndexesForString(fromCp1252(std::string_view(&byte, 1)));
-        if (glyphs.size() != 1) continue;
-        QList<QPointF> advances = design.advancesForGlyphIndexes(glyphs);
-        face.glyph[static_cast<std::size_t>(c)] = glyphs[0];
-        face.advance[static_cast<std::size_t>(c)] = advances.value(0).x() * scale;
+    std::vector<quint32> glyphs = glyphsOfCharacters(design);
+    std::optional<std::vector<double>> fromTable = designAdvances(design, glyphs);
+    for (std::size_t at = 0; at < glyphs.size(); ++at) {
+        double advance = fromTable ? (*fromTable)[at] : design.advancesForGlyphIndexes({glyphs[at]}).value(0).x();
+        face.glyph[at + 0x20] = glyphs[at];
+        face.advance[at + 0x20] = advance * scale;
     }
     bool alike = std::all_of(face.advance.begin() + 0x20, face.advance.end(),
                              [&](double a) { return a == face.advance[0x20]; });
@@ -54,7 +72,7 @@ const PrintFace& PrintFaces::face(const FaceKey& key) {
     made->index = static_cast<std::uint16_t>(faces_.size());
     made->key = key;
     made->pixelSize = key.points * dpi_ / 72.0;
-    QRawFont raw = QRawFont::fromFont(fontOf(key));
+    QRawFont raw = rawFaceOf(fontOf(key));
     fillCharacters(*made, raw);
     raw.setPixelSize(made->pixelSize);
     made->raw = raw;

@@ -6,6 +6,7 @@
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/classic_fonts.h"
 #include "platform/qt/classic_paper.h"
+#include "platform/qt/face_files.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -132,8 +133,12 @@ std::vector<std::string> QtPrinter::fonts() const {
     return names;
 }
 
+// Every print asks; the answer changes only with the installed fonts.
 std::size_t QtPrinter::fontCount() const {
-    return static_cast<std::size_t>(deviceFamilyCount() + availableClassicNames().size());
+    if (auto known = rememberedNumber("printer fonts")) return static_cast<std::size_t>(*known);
+    auto count = static_cast<std::size_t>(deviceFamilyCount() + availableClassicNames().size());
+    rememberNumber("printer fonts", static_cast<long long>(count));
+    return count;
 }
 
 // ---- drawing ----

@@ -1,0 +1,190 @@
+#include "platform/qt/face_files.h"
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <unistd.h>
+#include <vector>
+
+#include "platform/qt/font_configuration.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+
+namespace {
+
+constexpr const char* kHeader = "halyard face files 1";
+
+struct FaceFile {
+    std::string path;
+    std::uintmax_t size = 0;
+    std::int64_t modified = 0;
+};
+
+struct Remembered {
+    bool active = false, changed = false;
+    std::string file;
+    std::map<std::string, std::int64_t> sources;  // configuration file or font directory: its time
+    std::map<QString, std::pair<QString, QString>> families;
+    std::map<std::string, long long> numbers;
+    std::map<std::pair<QString, int>, FaceFile> faces;
+};
+
+Remembered& remembered() {
+    static Remembered state;
+    return state;
+}
+
+std::int64_t modifiedTime(const std::string& path) {
+    std::error_code error;
+    auto time = fs::last_write_time(path, error);
+    return error ? -1 : static_cast<std::int64_t>(time.time_since_epoch().count());
+}
+
+std::optional<FaceFile> faceFileNow(const std::string& path) {
+    std::error_code error;
+    std::uintmax_t size = fs::file_size(path, error);
+    if (error) return std::nullopt;
+    return FaceFile{path, size, modifiedTime(path)};
+}
+
+std::vector<std::string> fieldsOf(const std::string& line) {
+    std::vector<std::string> fields;
+    std::istringstream in(line);
+    for (std::string field; std::getline(in, field, '\t');) fields.push_back(field);
+    return fields;
+}
+
+QString qt(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+// One line; false when it is not one this version writes.
+bool readLine(Remembered& r, const std::vector<std::string>& f) {
+    try {
+        if (f.size() == 3 && f[0] == "source") return r.sources.emplace(f[2], std::stoll(f[1])).second;
+        if (f.size() == 3 && f[0] == "number") return r.numbers.emplace(f[1], std::stoll(f[2])).second;
+        if (f.size() == 4 && f[0] == "family")
+            return r.families.emplace(qt(f[1]), std::pair{qt(f[2]), qt(f[3])}).second;
+        if (f.size() == 6 && f[0] == "face") {
+            FaceFile file{f[5], std::stoull(f[3]), std::stoll(f[4])};
+            return r.faces.emplace(std::pair{qt(f[1]), std::stoi(f[2])}, file).second;
+        }
+    } catch (const std::exception&) {}
+    return false;
+}
+
+// Every source as it was, every face file as it was: else nothing of it is trusted.
+bool stillHolds(const Remembered& r) {
+    if (r.sources.empty()) return false;
+    for (const auto& [path, time] : r.sources)
+        if (modifiedTime(path) != time) return false;
+    for (const auto& [key, file] : r.faces) {
+        std::optional<FaceFile> now = faceFileNow(file.path);
+        if (!now || now->size != file.size || now->modified != file.modified) return false;
+    }
+    return true;
+}
+
+bool readFile(Remembered& r) {
+    std::error_code error;
+    if (!fs::is_regular_file(r.file, error)) return false;  // reading a directory throws
+    std::ifstream in(r.file);
+    std::string line;
+    if (!std::getline(in, line) || line != kHeader) return false;
+    while (std::getline(in, line))
+        if (!readLine(r, fieldsOf(line))) return false;
+    return !in.bad();
+}
+
+bool isLink(const std::string& path) {
+    std::error_code error;
+    return fs::is_symlink(fs::symlink_status(path, error));
+}
+
+bool plainField(const std::string& text) { return text.find_first_of("\t\n\r") == std::string::npos; }
+
+}  // namespace
+
+bool loadFaceFiles(const std::string& file) {
+    Remembered& r = remembered();
+    r = Remembered{};
+    if (isLink(file)) return false;  // someone else's file: neither trusted nor overwritten
+    r.active = true;
+    r.file = file;
+    if (readFile(r) && stillHolds(r) && !r.faces.empty()) return true;
+    r = Remembered{true, true, file, {}, {}, {}, {}};
+    return false;
+}
+
+void saveFaceFiles() {
+    Remembered& r = remembered();
+    if (!r.active || !r.changed || !fontConfigurationLoaded()) return;
+    r.sources.clear();
+    for (const std::string& source : fontConfigurationSources()) r.sources[source] = modifiedTime(source);
+    std::ostringstream out;
+    out << kHeader << '\n';
+    for (const auto& [path, time] : r.sources)
+        if (plainField(path)) out << "source\t" << time << '\t' << path << '\n';
+    for (const auto& [name, family] : r.families)
+        out << "family\t" << name.toStdString() << '\t' << family.first.toStdString() << '\t'
+            << family.second.toStdString() << '\n';
+    for (const auto& [name, value] : r.numbers) out << "number\t" << name << '\t' << value << '\n';
+    for (const auto& [key, file] : r.faces)
+        out << "face\t" << key.first.toStdString() << '\t' << key.second << '\t' << file.size << '\t' << file.modified
+            << '\t' << file.path << '\n';
+    std::string temporary = r.file + "." + std::to_string(getpid()) + ".tmp";
+    std::ofstream(temporary, std::ios::binary) << out.str();
+    std::error_code error;
+    if (fs::file_size(temporary, error) == out.str().size() && !isLink(r.file)) fs::rename(temporary, r.file, error);
+    fs::remove(temporary, error);
+    r.changed = false;
+}
+
+bool rememberingFaceFiles() { return remembered().active; }
+
+void forgetFaceFiles() { remembered() = Remembered{}; }
+
+std::optional<std::pair<QString, QString>> rememberedFamily(const QString& requested) {
+    const Remembered& r = remembered();
+    auto found = r.families.find(requested);
+    if (found == r.families.end()) return std::nullopt;
+    return found->second;
+}
+
+void rememberFamily(const QString& requested, const QString& family, const QString& readBack) {
+    Remembered& r = remembered();
+    if (!r.active || !plainField(requested.toStdString()) || !plainField(family.toStdString()) ||
+        !plainField(readBack.toStdString()))
+        return;
+    r.changed |= r.families.insert_or_assign(requested, std::pair{family, readBack}).second;
+}
+
+std::optional<long long> rememberedNumber(const std::string& name) {
+    const Remembered& r = remembered();
+    auto found = r.numbers.find(name);
+    if (found == r.numbers.end()) return std::nullopt;
+    return found->second;
+}
+
+void rememberNumber(const std::string& name, long long value) {
+    Remembered& r = remembered();
+    if (!r.active || !plainField(name)) return;
+    r.changed |= r.numbers.insert_or_assign(name, value).second;
+}
+
+QString rememberedFaceFile(const QString& family, int style) {
+    const Remembered& r = remembered();
+    auto found = r.faces.find({family, style});
+    return found == r.faces.end() ? QString() : qt(found->second.path);
+}
+
+void rememberFaceFile(const QString& family, int style, const QString& path) {
+    Remembered& r = remembered();
+    std::optional<FaceFile> now = faceFileNow(path.toStdString());
+    if (!r.active || !now || !plainField(family.toStdString()) || !plainField(now->path)) return;
+    r.faces[{family, style}] = *now;
+    r.changed = true;
+}
+
+}  // namespace hlyd

@@ -1,0 +1,35 @@
+#pragma once
+// What a print learnt of the installed fonts, kept for the next: the family each font name stands
+// for, and the file of each face. A later print reads those files directly and need not load the
+// system's font configuration at all. The file is only ever a shortcut: one that is missing,
+// damaged, unreadable, read-only, a link, or out of date (a font or the configuration changed since)
+// makes a print look the fonts up as it would without it, never fail or print differently.
+#include <QString>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace hlyd {
+
+// Reads `file`; true when all it remembers still holds, so that the run can start without the
+// font configuration. From here on the run remembers what it looks up.
+bool loadFaceFiles(const std::string& file);
+// Writes the file back when the run learnt something; quietly does nothing when it cannot.
+void saveFaceFiles();
+bool rememberingFaceFiles();
+// Forgets everything and stops remembering (for the next load).
+void forgetFaceFiles();
+
+// The family a font name resolved to, and the name it reads back as.
+std::optional<std::pair<QString, QString>> rememberedFamily(const QString& requested);
+void rememberFamily(const QString& requested, const QString& family, const QString& readBack);
+
+// A figure of the installed fonts, such as how many a printer lists.
+std::optional<long long> rememberedNumber(const std::string& name);
+void rememberNumber(const std::string& name, long long value);
+
+// The file of a family's face in a style (bold 1, italic 2), when it has not changed since.
+QString rememberedFaceFile(const QString& family, int style);
+void rememberFaceFile(const QString& family, int style, const QString& path);
+
+}  // namespace hlyd

@@ -1,0 +1,128 @@
+// The faces a print remembers for the next: read back from their files they are the faces Qt's font
+// database gives, figure for figure; a remembered file that is damaged, out of date, not a file or
+// a link is passed over, and the faces come out as without it.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/qt/classic_fonts.h"
+#include "platform/qt/face_files.h"
+#include "platform/qt/print_faces.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+// Everything of a face that a print uses, as text to compare.
+std::string figuresOf(const PrintFace& face) {
+    std::ostringstream out;
+    out.precision(17);
+    out << face.raw.familyName().toStdString() << '/' << face.raw.styleName().toStdString() << ' ' << face.ascent << ' '
+        << face.lineSpacing << ' ' << face.underlinePosition << ' ' << face.lineThickness << ' ' << face.fixedAdvance
+        << ' ' << face.raw.capHeight() << ' ' << face.raw.fontTable("glyf").size();
+    for (int c = 0x20; c < 256; ++c) out << ' ' << face.glyph[c] << ':' << face.advance[c];
+    return out.str();
+}
+
+std::vector<std::string> printedFaces() {
+    PrintFaces faces(600);
+    std::vector<std::string> figures;
+    for (const char* name : {"Courier New", "Arial"})
+        for (int style = 0; style < 4; ++style) {
+            FaceKey key{resolveFamily(name).family, 10, (style & 1) != 0, (style & 2) != 0};
+            figures.push_back(figuresOf(faces.face(key)));
+        }
+    return figures;
+}
+
+std::string textOf(const std::string& path) {
+    std::ifstream in(path);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+class FaceFilesTest : public test::ConfigDirTest {
+protected:
+    void SetUp() override {
+        test::ConfigDirTest::SetUp();
+        file = dir + "/face-files";
+    }
+    void TearDown() override {
+        forgetFaceFiles();
+        test::ConfigDirTest::TearDown();
+    }
+    // The faces of a first print, which remembers their files in `file`.
+    std::vector<std::string> firstPrint() {
+        EXPECT_FALSE(loadFaceFiles(file));
+        std::vector<std::string> figures = printedFaces();
+        saveFaceFiles();
+        forgetFaceFiles();
+        return figures;
+    }
+    std::string file;
+};
+
+TEST_F(FaceFilesTest, ALaterPrintReadsTheSameFacesFromTheirFiles) {
+    std::vector<std::string> first = firstPrint();
+    std::string remembered = textOf(file);
+    EXPECT_NE(remembered.find("\tLiberation Mono\t"), std::string::npos) << remembered;
+    ASSERT_TRUE(loadFaceFiles(file));
+    EXPECT_EQ(printedFaces(), first);
+    saveFaceFiles();  // nothing learnt: the file stays as it was
+    EXPECT_EQ(textOf(file), remembered);
+}
+
+enum class Spoiled { Damaged, FontChanged, SourceChanged, NotAFile, Link };
+
+class SpoiledFaceFiles : public FaceFilesTest, public testing::WithParamInterface<Spoiled> {
+protected:
+    void spoil(const std::string& remembered) {
+        std::string text = remembered;
+        switch (GetParam()) {
+            case Spoiled::Damaged: text = text.substr(0, text.size() / 2) + "face\tx\t\n"; break;
+            case Spoiled::FontChanged: {
+                // The first face's file had another size when it was remembered.
+                std::size_t face = text.find("\nface\t");
+                std::size_t size = face;
+                for (int field = 0; field < 3; ++field) size = text.find('\t', size + 1);
+                text.insert(size + 1, "1");
+                break;
+            }
+            case Spoiled::SourceChanged: text.insert(text.find("\nsource\t") + 8, "1"); break;
+            case Spoiled::NotAFile: fs::remove(file), fs::create_directory(file); return;
+            case Spoiled::Link:
+                fs::remove(file);
+                std::ofstream(dir + "/elsewhere") << text;
+                fs::create_symlink(dir + "/elsewhere", file);
+                return;
+        }
+        std::ofstream(file, std::ios::trunc) << text;
+    }
+};
+
+TEST_P(SpoiledFaceFiles, ArePassedOverAndTheFacesComeOutTheSame) {
+    std::vector<std::string> first = firstPrint();
+    spoil(textOf(file));
+    EXPECT_FALSE(loadFaceFiles(file));
+    EXPECT_EQ(printedFaces(), first);
+    saveFaceFiles();
+    forgetFaceFiles();
+    if (GetParam() == Spoiled::NotAFile) return;
+    if (GetParam() == Spoiled::Link) {
+        EXPECT_TRUE(fs::is_symlink(file));  // not replaced, nor trusted
+        EXPECT_FALSE(loadFaceFiles(file));
+        return;
+    }
+    EXPECT_TRUE(loadFaceFiles(file)) << "written afresh:\n" << textOf(file);
+    EXPECT_EQ(printedFaces(), first);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, SpoiledFaceFiles,
+                         testing::Values(Spoiled::Damaged, Spoiled::FontChanged, Spoiled::SourceChanged,
+                                         Spoiled::NotAFile, Spoiled::Link));
+
+}  // namespace
+}  // namespace hlyd
