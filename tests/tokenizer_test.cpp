@@ -94,6 +94,9 @@ INSTANTIATE_TEST_SUITE_P(
                          {{3, 3, 3}, {4, 4, 6}}},
                 // The end of the line closes the string, and the NUL that ended it stays inside.
                 LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, 3, 3}}},
+                // Texts the line does not hold as they stand keep them when a joined "!" moves them down.
+                LineCase{"OpenStringMovedDown", "x! = \"open", {"x!", "=", "\"open\0\""s}, {{3, 3, 3}}},
+                LineCase{"RemMovedDown", "x!: Rem\tnote", {"x!", ":", "Rem note"}, {{3, 5, 1}}},
                 // Numbers run over signs and points; a sign with a blank after it is an operator, and a
                 // number that starts a line is its line number.
                 LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, 3, 2}}},

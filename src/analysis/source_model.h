@@ -96,11 +96,51 @@ struct TokenFields {
     bool is(std::int32_t cls, std::int32_t detail) const { return Class == cls && Detail == detail; }
 };
 
-// A token of the line being cut, whose texts still change (a "!" joins the name before it, a
-// string gains its closing quote).
+// A token of the line being cut. Its texts are views into the line, which outlives it until the
+// tokens are kept: nearly every token is a piece of the line as it stands, and a heap string per
+// token was a seventh of the run. The few texts the line does not hold as they are (a string
+// gains its closing quote, "Rem" its blank) are composed in Own, which the token keeps for the
+// next line.
 struct WorkToken : TokenFields {
-    std::string Text;
-    std::string LeadingSpace;
+    std::string_view Text;
+    std::string_view LeadingSpace;
+    std::string Own;
+    bool TextOwned = false;  // Text views Own, and must follow it when the token moves
+
+    // Adds a piece of the line: a view that it follows grows over it, anything else is composed.
+    void extend(std::string_view linePiece) {
+        if (!TextOwned && Text.data() + Text.size() == linePiece.data()) {
+            Text = std::string_view(Text.data(), Text.size() + linePiece.size());
+            return;
+        }
+        compose(linePiece);
+    }
+    // Adds text that does not follow in the line.
+    void compose(std::string_view more) {
+        if (!TextOwned) Own.assign(Text);
+        TextOwned = true;
+        Own.append(more);
+        Text = Own;
+    }
+    void dropLast() {
+        if (TextOwned) Own.pop_back();
+        Text = TextOwned ? std::string_view(Own) : Text.substr(0, Text.size() - 1);
+    }
+    void dropFirst() {
+        if (TextOwned) Own.erase(0, 1);
+        Text = TextOwned ? std::string_view(Own) : Text.substr(1);
+    }
+    void setView(std::string_view linePiece) {
+        Text = linePiece;
+        TextOwned = false;
+    }
+    // Takes the text of `from`, whose Own may be reused by the next line.
+    void takeText(const WorkToken& from) {
+        if (!from.TextOwned) return setView(from.Text);
+        Own.assign(from.Own);
+        TextOwned = true;
+        Text = Own;
+    }
 };
 
 // A token of the tables: its texts are views into the tables' TokenTexts, which outlive it.

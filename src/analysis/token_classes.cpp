@@ -11,6 +11,13 @@ namespace {
 inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
+// A text composed in Own moves with it: a short one lives inside the string, so its view must follow.
+void swapTokens(WorkToken& a, WorkToken& b) {
+    std::swap(a, b);
+    if (a.TextOwned) a.Text = a.Own;
+    if (b.TextOwned) b.Text = b.Own;
+}
+
 void setClass(WorkToken& t, std::int32_t cls, std::int32_t detail) {
     t.Class = cls;
     t.Detail = detail;
@@ -87,13 +94,13 @@ void LineClassifier::classifyOne(std::int32_t k) {
 void LineClassifier::typeSuffix(std::int32_t k) {
     WorkToken& bang = w_[k];
     if (k == 1 || k == n_ || !bang.LeadingSpace.empty()) return;
-    const std::string& next = w_[k + 1].Text;
+    std::string_view next = w_[k + 1].Text;
     unsigned char nextFirst = next.empty() ? 0 : upperChar(static_cast<unsigned char>(next[0]));
     if (nextFirst >= 'A' && nextFirst <= 'Z') return;
     WorkToken& before = w_[k - 1];
-    before.Text += '!';
+    before.extend(bang.Text);
     before.Flags += bang.Flags;
-    bang.Text.clear();
+    bang.setView({});
 }
 
 void LineClassifier::labelColon(std::int32_t k) {
@@ -121,7 +128,7 @@ void LineClassifier::continuation(std::int32_t k) {
     WorkToken& t = w_[k];
     if (t.Text.size() == 1 && k == n_ && k >= 2) {
         w_[k - 1].Continued += 1;
-        t.Text.clear();
+        t.setView({});
         return;
     }
     setClass(t, kTokOperator, kDetOperator);
@@ -161,7 +168,7 @@ std::int32_t LineClassifier::compact() {
     for (std::int32_t k = 2; k <= n_; ++k) {
         if (w_[k].Text.empty()) continue;
         ++kept;
-        if (kept != k) std::swap(w_[kept], w_[k]);
+        if (kept != k) swapTokens(w_[kept], w_[k]);
     }
     return kept;
 }

@@ -34,9 +34,9 @@ inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <
 void blankToken(WorkToken& t) {
     t.Class = t.Detail = t.Flags = t.Continued = 0;
     t.KeyWordSeen = t.KeyWordKept = false;
-    t.Text.clear();
+    t.setView({});
     t.pKeyWord = t.Statement = t.Column = 0;
-    t.LeadingSpace.clear();
+    t.LeadingSpace = {};
 }
 
 // The line with one NUL after it, walked by position; Rest is [pos, len], empty once pos > len.
@@ -60,7 +60,9 @@ private:
         blankToken(work_[index_ + 1]);
     }
     std::size_t restLength() const { return pos_ <= len_ ? len_ - pos_ + 1 : 0; }
-    void cutComment(WorkToken& t, std::string_view opener);
+    // The delimiter just passed, which every caller has read from the line.
+    std::string_view delimiterBehind() const { return src_.substr(pos_ - 1, 1); }
+    void cutComment(WorkToken& t);
     void cutString();
     char takeWord();
     char extendNumber(char delim);
@@ -72,35 +74,35 @@ private:
     std::size_t pos_ = 0;
     std::int32_t p_ = 0;  // the running column arithmetic; approximate by design
     std::int32_t index_ = 0;
-    std::string word_;
+    WorkToken word_;  // only its text is used
     WorkTokenArray& work_;
 };
 
-// Text is the opener and the rest of the line; a final "_" continues the comment.
-void LineCutter::cutComment(WorkToken& t, std::string_view opener) {
-    t.Text.assign(opener);
-    if (restLength() >= 2) t.Text.append(src_.substr(pos_, len_ - pos_));
+// Text is the quote and the rest of the line; a final "_" continues the comment.
+void LineCutter::cutComment(WorkToken& t) {
+    t.setView(delimiterBehind());
+    if (restLength() >= 2) t.extend(src_.substr(pos_, len_ - pos_));
     pos_ = len_;
     if (!t.Text.empty() && t.Text.back() == '_') {
         t.Continued = 1;
-        t.Text.pop_back();
+        t.dropLast();
     }
 }
 
 char LineCutter::takeWord() {
     std::size_t end = scanUntil(pos_, kSets.wordEnd);
-    word_.assign(src_.substr(pos_, end - pos_));
+    word_.setView(src_.substr(pos_, end - pos_));
     char delim = at(end);
     p_ += static_cast<std::int32_t>(end - pos_ + 1);
     pos_ = end + 1;
-    if (delim == '\0' && pos_ <= len_) word_.push_back('\0');
+    if (delim == '\0' && pos_ <= len_) word_.extend(src_.substr(end, 1));  // a NUL of the line
     return delim;
 }
 
 char LineCutter::extendNumber(char /*delim*/) {
     --pos_;  // the delimiter goes back to the front
     std::size_t end = scanUntil(pos_, kSets.numberEnd);
-    word_.append(src_.substr(pos_, end - pos_));
+    word_.extend(src_.substr(pos_, end - pos_));
     p_ += static_cast<std::int32_t>(end - pos_ + 1) + 1;
     pos_ = end + 1;
     return at(end);
@@ -109,42 +111,43 @@ char LineCutter::extendNumber(char /*delim*/) {
 char LineCutter::dateOrHash(char delim) {
     std::size_t stop = pos_ <= len_ ? scanUntil(pos_, kSets.dateStop) : pos_;
     if (stop <= len_ && at(stop) == '#') {
-        word_.push_back(delim);
-        word_.append(src_.substr(pos_, stop - pos_ + 1));
+        word_.extend(delimiterBehind());  // after a NUL of the line, taken twice: composed
+        word_.extend(src_.substr(pos_, stop - pos_ + 1));
         p_ += static_cast<std::int32_t>(stop - pos_ + 1) + 1;
         pos_ = stop + 1;
         return '\0';
     }
     WorkToken& hash = building();
-    hash.Text = "#";
+    hash.setView(word_.Text.substr(0, 1));  // word_ is still a view of the line here
     std::int32_t column = hash.Column;
     store();
     building().Column = column + 1;
-    word_.erase(0, 1);
+    word_.dropFirst();
     return delim;
 }
 
 void LineCutter::cutString() {
     WorkToken& t = building();
     t.Column = p_;
-    t.Text = "\"";
+    t.setView(delimiterBehind());
     for (;;) {
         std::size_t end = pos_;
         while (end < len_ && src_[end] != '"' && src_[end] != '\0') ++end;
-        t.Text.append(src_.substr(pos_, end - pos_));
-        t.Text.push_back(at(end));
+        t.extend(src_.substr(pos_, end - pos_));
+        if (end < len_) t.extend(src_.substr(end, 1));
+        else t.compose(std::string_view("\0", 1));  // the line's end stands in the text
         std::int32_t j = static_cast<std::int32_t>(end - pos_ + 1);
         p_ += j + j + 1;
         pos_ = end + 1;
         if (pos_ < len_ && src_[pos_] == '"') {
-            t.Text.push_back('"');
+            t.extend(src_.substr(pos_, 1));
             ++pos_;
             ++p_;
             continue;
         }
         break;
     }
-    if (t.Text.back() != '"') t.Text.push_back('"');
+    if (t.Text.back() != '"') t.compose("\"");
     store();
 }
 
@@ -153,7 +156,7 @@ void LineCutter::cutDelimiter(char delim) {
     switch (delim) {
         case '\'':
             t.Column = p_;
-            cutComment(t, "'");
+            cutComment(t);
             store();
             return;
         case '"': cutString(); return;
@@ -161,10 +164,10 @@ void LineCutter::cutDelimiter(char delim) {
         case '-':
         case '.':
             t.Column = p_;
-            t.Text.assign(1, delim);
+            t.setView(delimiterBehind());
             if (pos_ < len_ && isDigit(src_[pos_])) {
                 std::size_t end = scanUntil(pos_, kSets.numberEnd);
-                t.Text.append(src_.substr(pos_, end - pos_));
+                t.extend(src_.substr(pos_, end - pos_));
                 p_ += static_cast<std::int32_t>(end - pos_ + 1);
                 pos_ = end;
             }
@@ -174,9 +177,9 @@ void LineCutter::cutDelimiter(char delim) {
         case '>':
         case ':':
             t.Column = p_;
-            t.Text.assign(1, delim);
+            t.setView(delimiterBehind());
             if (pos_ < len_ && (src_[pos_] == '=' || (delim != ':' && src_[pos_] == '>'))) {
-                t.Text.push_back(src_[pos_]);
+                t.extend(src_.substr(pos_, 1));
                 ++pos_;
                 ++p_;
             }
@@ -184,7 +187,8 @@ void LineCutter::cutDelimiter(char delim) {
             return;
         case '\0':
             if (t.Text.empty() && !t.LeadingSpace.empty()) {
-                t.Text.swap(t.LeadingSpace);
+                t.setView(t.LeadingSpace);
+                t.LeadingSpace = {};
                 t.Class = kTokCommentish;
                 t.Detail = kDetEmpty;
                 store();
@@ -197,7 +201,7 @@ void LineCutter::cutDelimiter(char delim) {
             return;
         default:
             t.Column = p_;
-            t.Text.assign(1, delim);
+            t.setView(delimiterBehind());
             store();
     }
 }
@@ -211,35 +215,38 @@ void LineCutter::cut(std::int32_t& count) {
         WorkToken& t = building();
         std::size_t firstNonBlank = pos_;
         while (firstNonBlank < len_ && kSets.blank[static_cast<unsigned char>(src_[firstNonBlank])]) ++firstNonBlank;
-        t.LeadingSpace.assign(src_.substr(pos_, firstNonBlank - pos_));
+        t.LeadingSpace = src_.substr(pos_, firstNonBlank - pos_);
         t.Column = p_ + static_cast<std::int32_t>(firstNonBlank - pos_) + 1;
         pos_ = firstNonBlank;
 
         char delim = takeWord();
-        if (!word_.empty()) {
-            char first = word_[0];
+        std::string_view word = word_.Text;
+        if (!word.empty()) {
+            char first = word[0];
             if (isDigit(first) || first == '&') {
                 delim = extendNumber(delim);
             } else if (first == '#') {
                 delim = dateOrHash(delim);
-            } else if (word_.size() == 3 && (word_[0] | 0x20) == 'r' && (word_[1] | 0x20) == 'e' &&
-                       (word_[2] | 0x20) == 'm') {
+            } else if (word.size() == 3 && (word[0] | 0x20) == 'r' && (word[1] | 0x20) == 'e' &&
+                       (word[2] | 0x20) == 'm') {
                 WorkToken& rem = building();
                 if (restLength() >= 2) {
-                    word_.push_back(' ');
-                    word_.append(src_.substr(pos_, len_ - pos_));
+                    // The blank after "Rem" stands for whatever parted it from the text.
+                    if (src_[pos_ - 1] == ' ') word_.extend(delimiterBehind());
+                    else word_.compose(" ");
+                    word_.extend(src_.substr(pos_, len_ - pos_));
                 }
                 delim = '\0';
                 pos_ = len_;
-                if (word_.back() == '_') {
+                if (word_.Text.back() == '_') {
                     rem.Continued = 1;
-                    word_.pop_back();
+                    word_.dropLast();
                 }
                 rem.Class = kTokCommentish;
                 rem.Detail = kDetComment;
             }
-            if (!word_.empty()) {
-                building().Text.swap(word_);  // the next word is assigned afresh
+            if (!word_.Text.empty()) {
+                building().takeText(word_);
                 store();
             }
         }

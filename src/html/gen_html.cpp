@@ -157,18 +157,26 @@ void cGenHTML::AppendToken(std::string_view text, int spaces, int element, std::
 }
 
 void cGenHTML::InsertLine(const std::string& text) {
+    std::string line = text;
+    EmitLine(line);
+}
+
+// A line is one write: the anchor, the link back to the contents, the closing tag and the line
+// end join it in the caller's buffer, instead of going out as three more pieces.
+void cGenHTML::EmitLine(std::string& line) {
     if (!pendingAnchor_.empty()) {
         std::string end;
         InsertProcEnd(end);
-        std::string anchored = "<a name=\"" + escapedText(pendingAnchor_) + "\">" + text + end;
+        line.insert(0, "<a name=\"" + escapedText(pendingAnchor_) + "\">");
+        line += end;
         pendingAnchor_.clear();
-        write(anchored);
-    } else {
-        write(text);
     }
-    std::string lineBreak;
-    InsertLineBreak(lineBreak);
-    writeLine(lineBreak);
+    if (currentElement_ != -1) {
+        line += "</font>";
+        currentElement_ = -1;
+    }
+    line += kLineEnd;
+    write(line);
 }
 
 void cGenHTML::InsertLineBreak(std::string& result) {

@@ -33,6 +33,8 @@ public:
     // As InsertToken, but adds to the end of `line`: a whole line is built in one buffer.
     void AppendToken(std::string_view text, int spaces, int element, std::string& line);
     void InsertLine(const std::string& text);
+    // As InsertLine, but ends the line in `line` itself and writes it in one piece.
+    void EmitLine(std::string& line);
     void InsertLineBreak(std::string& result);
     void InsertLineStart(std::string& result) { result.clear(); }
     void LineStart(std::string& result) { result.clear(); }

@@ -200,14 +200,14 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
             --procIndex;
         }
     }
-    doc.InsertLine(line);
+    doc.EmitLine(line);
 }
 
 void EmitProjectRecord(const std::string& text) {
     if (text.find_first_not_of(' ') == std::string::npos) return;
     std::string line;
     emission.doc->InsertToken(text, 0, kElemProjectFile, line);
-    emission.doc->InsertLine(line);
+    emission.doc->EmitLine(line);
 }
 
 }  // namespace hlydHTML
