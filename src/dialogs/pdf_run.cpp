@@ -6,11 +6,11 @@
 
 #include "base/app_info.h"
 #include "dialogs/qt_notes.h"
+#include "dialogs/run_end.h"
 #include "platform/console_ui.h"
 #include "platform/qt/face_files.h"
 #include "platform/qt/font_configuration.h"
 #include "platform/qt/pdf_printer_system.h"
-#include "printing/print_state.h"
 #include "settings/window_place.h"
 #include "shell/app_start.h"
 #include "shell/command_line_job.h"
@@ -39,12 +39,7 @@ int runPdfPrint(int& argc, char** argv, const std::string& commandLine) {
     setPrinterSystem(&printers);
     int rc = Main(commandLine);
     saveFaceFiles();
-    // The printer opened at start goes while the application it draws with is still there.
-    resetPrintState();
-    setPrinterSystem(nullptr);
-    setUi(nullptr);
-    setScreensUnknown(false);
-    return rc != 0 ? rc : commandLineJob().exitStatus;
+    return endQtRun(rc);
 }
 
 }  // namespace hlyd

@@ -15,7 +15,7 @@
 #include "platform/console_ui.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_printer_system.h"
-#include "printing/print_state.h"
+#include "dialogs/run_end.h"
 #include "platform/qt/qt_ui.h"
 #include "platform/qt/screen_metrics.h"
 #include "platform/surface.h"
@@ -202,12 +202,7 @@ int runWindowed(int& argc, char** argv, const std::string& commandLine) {
     bool formLoaded = forms.window || forms.splash;
     if (rc == 0 && !hlydMain().ApplicationEnding && formLoaded) rc = app.exec();
     uninstallWindowedRun();
-    // The printer opened at start goes while the application it draws with is still there.
-    resetPrintState();
-    setPrinterSystem(nullptr);
-    setUi(nullptr);
-    setScreensUnknown(false);
-    return rc != 0 ? rc : commandLineJob().exitStatus;
+    return endQtRun(rc);
 }
 
 }  // namespace hlyd
