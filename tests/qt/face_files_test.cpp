@@ -3,6 +3,7 @@
 // a link is passed over, and the faces come out as without it.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -73,6 +74,22 @@ TEST_F(FaceFilesTest, ALaterPrintReadsTheSameFacesFromTheirFiles) {
     EXPECT_EQ(printedFaces(), first);
     saveFaceFiles();  // nothing learnt: the file stays as it was
     EXPECT_EQ(textOf(file), remembered);
+}
+
+// Fontconfig names only the configuration files it read: a user's first fonts.conf, written after
+// a print, must still make the next print look its faces up afresh.
+TEST_F(FaceFilesTest, AUserConfigurationWrittenAfterAPrintIsSeen) {
+    const char* before = std::getenv("XDG_CONFIG_HOME");
+    std::string kept = before ? before : "";
+    std::string config = dir + "/xdg";
+    fs::create_directory(config);
+    setenv("XDG_CONFIG_HOME", config.c_str(), 1);
+    firstPrint();
+    fs::create_directory(config + "/fontconfig");
+    std::ofstream(config + "/fontconfig/fonts.conf") << "<fontconfig/>\n";
+    EXPECT_FALSE(loadFaceFiles(file));
+    if (before) setenv("XDG_CONFIG_HOME", kept.c_str(), 1);
+    else unsetenv("XDG_CONFIG_HOME");
 }
 
 enum class Spoiled { Damaged, FontChanged, SourceChanged, NotAFile, Link };

@@ -2,6 +2,8 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <cstdlib>
+
 namespace hlyd {
 
 namespace {
@@ -22,6 +24,24 @@ bool makeCurrent(FcConfig* config) {
     bool set = FcConfigSetCurrent(config);
     FcConfigDestroy(config);
     return set;
+}
+
+// The places a user's own configuration is read from, whether or not they exist yet: fontconfig
+// lists only the files it read, so a first fonts.conf written after a print would otherwise go
+// unseen, and the faces it points elsewhere would still be read from the old files.
+void appendUserConfiguration(std::vector<std::string>& to) {
+    const char* home = std::getenv("HOME");
+    const char* xdg = std::getenv("XDG_CONFIG_HOME");
+    std::string config = xdg && *xdg ? xdg : home && *home ? std::string(home) + "/.config" : "";
+    if (!config.empty()) {
+        to.push_back(config + "/fontconfig");
+        to.push_back(config + "/fontconfig/fonts.conf");
+        to.push_back(config + "/fontconfig/conf.d");
+    }
+    if (home && *home) {
+        to.push_back(std::string(home) + "/.fonts.conf");
+        to.push_back(std::string(home) + "/.fonts.conf.d");
+    }
 }
 
 }  // namespace
@@ -69,6 +89,7 @@ std::vector<std::string> fontConfigurationSources() {
     appendAll(FcConfigGetConfigFiles(nullptr), sources);
     appendAll(FcConfigGetConfigDirs(nullptr), sources);
     appendAll(FcConfigGetFontDirs(nullptr), sources);
+    appendUserConfiguration(sources);
     return sources;
 }
 

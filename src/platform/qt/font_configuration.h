@@ -18,8 +18,9 @@ bool fontConfigurationLoaded();
 // The file of a family's face that is drawn as it is (not made bold or slanted from another face),
 // the first face of its file; empty otherwise.
 QString fontFileOf(const QString& family, bool bold, bool italic);
-// The configuration files and font directories: when none has changed, the installed families
-// are still the ones an earlier run saw.
+// The configuration files and font directories, and the places of the user's own configuration
+// that do not exist yet: when none has changed, the installed families are still the ones an
+// earlier run saw.
 std::vector<std::string> fontConfigurationSources();
 
 }  // namespace hlyd
