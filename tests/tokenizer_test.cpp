@@ -9,6 +9,9 @@ using namespace std::string_literals;
 
 namespace {
 
+// The token classes and details by their names.
+using namespace hlyd;
+
 class TokenizerTest : public hlyd::test::AnalysisTest {
 protected:
     // Token i (from 1) of record r.
@@ -33,15 +36,15 @@ using Texts = std::vector<std::string>;
 TEST_F(TokenizerTest, EmptyBlankAndTrailingBlankLines) {
     ASSERT_EQ(analyze("\n \t \nx = 1   \n"), 11);
     ASSERT_EQ(record(1).FirstT, record(1).LastT);
-    expectToken(at(1, 1), 5, 3, "");
+    expectToken(at(1, 1), kTokCommentish, kDetEmpty, "");
 
     // The blanks of a blank line are its token's text, not leading space.
     ASSERT_EQ(record(2).FirstT, record(2).LastT);
-    expectToken(at(2, 1), 5, 3, " \t ");
+    expectToken(at(2, 1), kTokCommentish, kDetEmpty, " \t ");
     EXPECT_EQ(at(2, 1).LeadingSpace, "");
 
     EXPECT_EQ(texts(3), (Texts{"x", "=", "1", "   "}));
-    expectToken(at(3, 4), 5, 3, "   ");
+    expectToken(at(3, 4), kTokCommentish, kDetEmpty, "   ");
     EXPECT_EQ(at(3, 4).LeadingSpace, "");
     // 1 marks the last token of the line, 2 the first of a statement.
     EXPECT_EQ(at(3, 1).Flags, 2);
@@ -55,7 +58,7 @@ struct LineCase {
     const char* name;
     std::string line;
     Texts texts;
-    std::vector<std::array<int, 3>> classes;  // token (from 1), Class, Detail
+    std::vector<std::array<int, 3>> classes;  // token (from 1), its class, its detail
 };
 
 void PrintTo(const LineCase& c, std::ostream* os) { *os << c.name; }
@@ -74,40 +77,73 @@ INSTANTIATE_TEST_SUITE_P(
         ::testing::Values(
                 // "#" stands alone unless it opens a date; a blank does not stop the search for the closing "#",
                 // and the type suffix of "a#" closes what the search takes for a date.
-                LineCase{"HashBeforeKeyword", "#If Debug Then", {"#", "If", "Debug", "Then"}, {{1, 4, 6}, {2, 0, 0}}},
-                LineCase{"DateWithBlank", "d = #1/1/98 12:00#", {"d", "=", "#1/1/98 12:00#"}, {{3, 3, 1}}},
-                LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, 3, 1}}},
+                LineCase{"HashBeforeKeyword",
+                         "#If Debug Then",
+                         {"#", "If", "Debug", "Then"},
+                         {{1, kTokOperator, kDetOperator}, {2, kTokKeyword, 0}}},
+                LineCase{"DateWithBlank",
+                         "d = #1/1/98 12:00#",
+                         {"d", "=", "#1/1/98 12:00#"},
+                         {{3, kTokLiteral, kDetDate}}},
+                LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, kTokLiteral, kDetDate}}},
                 // "!" is a type suffix only when glued to a name and not before a name or a bracket after a
                 // blank; the last token of a line is never a suffix.
-                LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, 1, 8}}},
-                LineCase{"BangBeforeName", "Set f = Forms!Main", {"Set", "f", "=", "Forms", "!", "Main"}, {{5, 4, 6}}},
-                LineCase{"BangAfterBlank", "Print x !(1)", {"Print", "x", "!", "(", "1", ")"}, {{3, 4, 6}}},
-                LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, 4, 6}}},
+                LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, kTokIdentifier, kDetIdentifier}}},
+                LineCase{"BangBeforeName",
+                         "Set f = Forms!Main",
+                         {"Set", "f", "=", "Forms", "!", "Main"},
+                         {{5, kTokOperator, kDetOperator}}},
+                LineCase{"BangAfterBlank",
+                         "Print x !(1)",
+                         {"Print", "x", "!", "(", "1", ")"},
+                         {{3, kTokOperator, kDetOperator}}},
+                LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, kTokOperator, kDetOperator}}},
                 // ":" makes a label only after the leading name of a line.
-                LineCase{"Labels", "a: b: c", {"a", ":", "b", ":", "c"}, {{1, 5, 4}, {2, 6, 1}, {3, 1, 8}, {4, 6, 2}}},
-                LineCase{"KeywordBeforeColon", "Else: x = 1", {"Else", ":", "x", "=", "1"}, {{2, 6, 2}}},
-                LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, 0, 0}}},
-                LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, 4, 2}}},
+                LineCase{"Labels",
+                         "a: b: c",
+                         {"a", ":", "b", ":", "c"},
+                         {{1, kTokCommentish, kDetLabel},
+                          {2, kTokColon, kDetLabelColon},
+                          {3, kTokIdentifier, kDetIdentifier},
+                          {4, kTokColon, kDetSeparator}}},
+                LineCase{"KeywordBeforeColon",
+                         "Else: x = 1",
+                         {"Else", ":", "x", "=", "1"},
+                         {{2, kTokColon, kDetSeparator}}},
+                LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, kTokKeyword, 0}}},
+                LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, kTokOperator, kDetNamedArg}}},
                 LineCase{"DoubledQuote",
                          "s = \"a\"\"b\" & c",
                          {"s", "=", "\"a\"\"b\"", "&", "c"},
-                         {{3, 3, 3}, {4, 4, 6}}},
+                         {{3, kTokLiteral, kDetString}, {4, kTokOperator, kDetOperator}}},
                 // The end of the line closes the string, and the NUL that ended it stays inside.
-                LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, 3, 3}}},
+                LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, kTokLiteral, kDetString}}},
                 // Texts the line does not hold as they stand keep them when a joined "!" moves them down.
-                LineCase{"OpenStringMovedDown", "x! = \"open", {"x!", "=", "\"open\0\""s}, {{3, 3, 3}}},
-                LineCase{"RemMovedDown", "x!: Rem\tnote", {"x!", ":", "Rem note"}, {{3, 5, 1}}},
+                LineCase{"OpenStringMovedDown",
+                         "x! = \"open",
+                         {"x!", "=", "\"open\0\""s},
+                         {{3, kTokLiteral, kDetString}}},
+                LineCase{"RemMovedDown", "x!: Rem\tnote", {"x!", ":", "Rem note"}, {{3, kTokCommentish, kDetComment}}},
                 // Numbers run over signs and points; a sign with a blank after it is an operator, and a
                 // number that starts a line is its line number.
-                LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, 3, 2}}},
-                LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, 3, 2}}},
-                LineCase{"HexAndOperator", "y = &HFF + b", {"y", "=", "&HFF", "+", "b"}, {{3, 3, 2}, {4, 4, 6}}},
-                LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, 5, 4}}},
+                LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, kTokLiteral, kDetNumber}}},
+                LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, kTokLiteral, kDetNumber}}},
+                LineCase{"HexAndOperator",
+                         "y = &HFF + b",
+                         {"y", "=", "&HFF", "+", "b"},
+                         {{3, kTokLiteral, kDetNumber}, {4, kTokOperator, kDetOperator}}},
+                LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, kTokCommentish, kDetLabel}}},
                 // Comments take the rest of the line; whatever ended the word REM becomes one blank.
-                LineCase{"RemAfterColon", "x = 1: Rem note: more", {"x", "=", "1", ":", "Rem note: more"}, {{5, 5, 1}}},
-                LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, 5, 1}}},
-                LineCase{"Apostrophe", "x = 1 ' why \"not\"", {"x", "=", "1", "' why \"not\""}, {{4, 5, 1}}},
-                LineCase{"RemAlone", "REM", {"REM"}, {{1, 5, 1}}}),
+                LineCase{"RemAfterColon",
+                         "x = 1: Rem note: more",
+                         {"x", "=", "1", ":", "Rem note: more"},
+                         {{5, kTokCommentish, kDetComment}}},
+                LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, kTokCommentish, kDetComment}}},
+                LineCase{"Apostrophe",
+                         "x = 1 ' why \"not\"",
+                         {"x", "=", "1", "' why \"not\""},
+                         {{4, kTokCommentish, kDetComment}}},
+                LineCase{"RemAlone", "REM", {"REM"}, {{1, kTokCommentish, kDetComment}}}),
         [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
 
 // What stands before a keyword leaves it a keyword; a colon that starts a line is none.
@@ -139,7 +175,7 @@ TEST_F(TokenizerTest, ContinuationByUnderscoreOrBackslash) {
 
     // Blanks after the "_" make a token of their own, so the "_" is not last and continues nothing.
     EXPECT_EQ(texts(5), (Texts{"w", "=", "1", "_", "  "}));
-    expectToken(at(5, 4), 4, 6, "_");
+    expectToken(at(5, 4), kTokOperator, kDetOperator, "_");
     EXPECT_EQ(at(5, 3).Continued, 0);
     EXPECT_NE(record(6).FirstS, record(5).FirstS);
 }
@@ -152,18 +188,18 @@ TEST_F(TokenizerTest, ContinuedCommentTakesTheNextLineRaw) {
                       "   y = 3\n"
                       "z = 4\n"),
               11);
-    expectToken(at(1, 1), 5, 1, "' first ");
+    expectToken(at(1, 1), kTokCommentish, kDetComment, "' first ");
     EXPECT_EQ(at(1, 1).Continued, 1);
     ASSERT_EQ(record(2).FirstT, record(2).LastT);
-    expectToken(at(2, 1), 5, 1, "   second: x = \"1 ");
+    expectToken(at(2, 1), kTokCommentish, kDetComment, "   second: x = \"1 ");
     EXPECT_EQ(at(2, 1).LeadingSpace, "");
     EXPECT_EQ(at(2, 1).Continued, 1);
     ASSERT_EQ(record(3).FirstT, record(3).LastT);
-    expectToken(at(3, 1), 5, 1, "  REM third");
+    expectToken(at(3, 1), kTokCommentish, kDetComment, "  REM third");
     EXPECT_EQ(at(3, 1).Continued, 0);
 
     // A comment after code continues the same way.
-    expectToken(at(4, 4), 5, 1, "' tail ");
+    expectToken(at(4, 4), kTokCommentish, kDetComment, "' tail ");
     EXPECT_EQ(at(4, 4).Continued, 1);
     EXPECT_EQ(texts(5), (Texts{"   y = 3"}));
     EXPECT_EQ(texts(6), (Texts{"z", "=", "4"}));
@@ -212,7 +248,7 @@ TEST_F(TokenizerTest, KeywordsDependOnTheDialect) {
     }
     for (const char* dialect : {"5", "6"}) {
         ASSERT_EQ(analyze("Enum Colors\n", dialect), 11);
-        EXPECT_EQ(token(1).Class, 0) << dialect;
+        EXPECT_EQ(token(1).Class, kTokKeyword) << dialect;
         EXPECT_NE(token(1).pKeyWord, 0) << dialect;
         EXPECT_TRUE(token(1).KeyWordSeen && token(1).KeyWordKept) << dialect;
         EXPECT_TRUE(hlyd::basiclan().InEnum) << dialect;
@@ -228,13 +264,13 @@ TEST_F(TokenizerTest, FirstWordInsideATypeBlockIsAMemberName) {
                       "    Print As Long\n"
                       "End Type\n"),
               11);
-    expectToken(at(2, 1), 1, 8, "Name");
+    expectToken(at(2, 1), kTokIdentifier, kDetIdentifier, "Name");
     EXPECT_EQ(at(2, 1).pKeyWord, 0);
     EXPECT_NE(at(2, 2).pKeyWord, 0) << "only the first word is a member";
     EXPECT_NE(at(3, 1).pKeyWord, 0);
     // After End Type the same word is a keyword again.
     EXPECT_NE(at(4, 1).pKeyWord, 0);
-    expectToken(at(6, 1), 1, 8, "Print");
+    expectToken(at(6, 1), kTokIdentifier, kDetIdentifier, "Print");
     EXPECT_FALSE(hlyd::basiclan().InType);
 }
 
