@@ -1,12 +1,11 @@
 #include "platform/qt/face_files.h"
 
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <sstream>
-#include <unistd.h>
 #include <vector>
 
+#include "platform/os.h"
 #include "platform/qt/font_configuration.h"
 
 namespace fs = std::filesystem;
@@ -87,19 +86,14 @@ bool stillHolds(const Remembered& r) {
 }
 
 bool readFile(Remembered& r) {
-    std::error_code error;
-    if (!fs::is_regular_file(r.file, error)) return false;  // reading a directory throws
-    std::ifstream in(r.file);
+    std::string text;
+    if (os::readWholeFile(r.file, text) != 0) return false;  // a directory or device among them
+    std::istringstream in(text);
     std::string line;
     if (!std::getline(in, line) || line != kHeader) return false;
     while (std::getline(in, line))
         if (!readLine(r, fieldsOf(line))) return false;
     return !in.bad();
-}
-
-bool isLink(const std::string& path) {
-    std::error_code error;
-    return fs::is_symlink(fs::symlink_status(path, error));
 }
 
 bool plainField(const std::string& text) { return text.find_first_of("\t\n\r") == std::string::npos; }
@@ -109,7 +103,7 @@ bool plainField(const std::string& text) { return text.find_first_of("\t\n\r") =
 bool loadFaceFiles(const std::string& file) {
     Remembered& r = remembered();
     r = Remembered{};
-    if (isLink(file)) return false;  // someone else's file: neither trusted nor overwritten
+    if (os::isSymlink(file)) return false;  // someone else's file: neither trusted nor overwritten
     r.active = true;
     r.file = file;
     if (readFile(r) && stillHolds(r) && !r.faces.empty()) return true;
@@ -133,11 +127,8 @@ void saveFaceFiles() {
     for (const auto& [key, file] : r.faces)
         out << "face\t" << key.first.toStdString() << '\t' << key.second << '\t' << file.size << '\t' << file.modified
             << '\t' << file.path << '\n';
-    std::string temporary = r.file + "." + std::to_string(getpid()) + ".tmp";
-    std::ofstream(temporary, std::ios::binary) << out.str();
-    std::error_code error;
-    if (fs::file_size(temporary, error) == out.str().size() && !isLink(r.file)) fs::rename(temporary, r.file, error);
-    fs::remove(temporary, error);
+    // Whole or not at all, as the settings are written; a failure leaves the old file or none.
+    if (!os::isSymlink(r.file)) os::replaceFile(r.file, out.str());
     r.changed = false;
 }
 
