@@ -100,22 +100,24 @@ std::size_t PdfWriter::fontOf(const PrintFace& face) {
 
 // The fonts are numbered, and their objects reserved, in the order the pages first draw in them,
 // here rather than on the packing thread, so that the file's object numbers stay put.
-void PdfWriter::handOver(const PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
+void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
+    std::uint16_t lastFace = UINT16_MAX;  // runs of a page alternate between a few faces
     for (const PageRecording::Op& op : page.ops()) {
-        if (op.kind != PageRecording::Kind::Text) continue;
+        if (op.kind != PageRecording::Kind::Text || op.face == lastFace) continue;
+        lastFace = op.face;
         const PrintFace& face = faces.byIndex(op.face);
         fontOf(face);
         if (nextPage_.faces.size() <= op.face) nextPage_.faces.resize(op.face + 1u, nullptr);
         nextPage_.faces[op.face] = &face;
     }
-    nextPage_.page = page;
+    std::swap(nextPage_.page, page);  // the caller gets the emptied room of a page written before
     nextPage_.fontOfFace = fontOfFace_;
     nextPage_.pointsPerPixel = scale;
     nextPage_.corner = corner;
 }
 
-void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet,
-                        QPointF origin, const PageMarks& marks) {
+void PdfWriter::addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
+                        const PageMarks& marks) {
     double scale = 72.0 / dotsPerInch;
     handOver(page, faces, scale, QPointF(origin.x(), sheet.height() - origin.y()));
     std::uint32_t contents = reserveObject();
