@@ -256,6 +256,28 @@ TEST_F(TokenLayoutTest, TextAfterAHookKeepsItsOwnStyle) {
     EXPECT_EQ(surface.callsOf("print").size(), own.size() + 3);
 }
 
+// A hook may lay out a record of its own while a record is being laid out (a contents entry at a
+// page's break): the text of the token waiting to be drawn is still its own afterwards.
+TEST_F(TokenLayoutTest, ARecordLaidOutFromAHookLeavesTheOuterTextAlone) {
+    load("a = bbbb + cccc\nzzzzzzzz = 9\n");
+    format().ContinueHonor = format().ContinueGenerate = 0;
+    RecordLayoutHooks hooks;
+    hooks.breakAtBottom = [](AreaRecord& area) {
+        AreaRecord inner{};
+        inner.Right = inner.Width = 12000;
+        layoutRecord(kDisplay, 2, inner, RecordLayoutHooks{});
+        return area.Top = 0, area.Bottom = 4000, true;
+    };
+    surface.calls.clear();
+    pos = AreaRecord{};
+    pos.Right = pos.Width = 1000;
+    pos.Bottom = 300;  // "cccc" wraps, and the break before its line lays the inner record out
+    layoutRecord(kDisplay, 1, pos, hooks);
+    std::vector<std::string> texts;
+    for (const auto& c : surface.callsOf("print")) texts.push_back(c.text);
+    EXPECT_EQ(texts, (std::vector<std::string>{"a", "=", "bbbb", "+", "zzzzzzzz", "=", "9", "cccc"}));
+}
+
 // The mark takes the font of the text it comes before, so that it stands on that line: comments
 // in a font 150 wide and 300 high get a mark and a blank 300 wide, and are cut in their own font.
 TEST_F(TokenLayoutTest, AMarkStandsInTheFontOfTheTextItComesBefore) {

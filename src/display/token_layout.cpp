@@ -58,6 +58,11 @@ bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") 
 constexpr char kWrapMark[] = "\xBB";
 constexpr std::uint32_t kWrapMarkColour = 0x767676;  // 4.5:1 on white: quiet, yet legible in print
 
+// The room of a token's shown text, handed from one record's painter to the next: a painter per
+// record that made its own buffer allocated and freed one for most records of a listing. A painter
+// started by a hook while another paints (a contents entry at a page's break) takes a fresh one.
+std::string spareShown;
+
 // One record on one surface: the pen is tracked here so that the surface is told only changes.
 class RecordPainter {
 public:
@@ -69,7 +74,12 @@ public:
           pos_(pos),
           hooks_(hooks),
           f_(formatOf(dest)),
-          m_(layoutMetrics()) {}
+          m_(layoutMetrics()) {
+        shown_.swap(spareShown);
+    }
+    ~RecordPainter() { shown_.swap(spareShown); }
+    RecordPainter(const RecordPainter&) = delete;
+    RecordPainter& operator=(const RecordPainter&) = delete;
 
     std::int32_t run();
 

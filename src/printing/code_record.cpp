@@ -138,10 +138,10 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     // A line that does not fit at the foot of a page starts the next one before it is drawn: the
     // page of the first line, and its top, are taken once that break is behind. The top is where a
     // reader following a link is taken to.
-    bool code = mode_ == kEmitCode;
-    hooks.beforeFirstToken = [this, &area, code](std::int32_t) {
+    // Two pointers, held by the hook without an allocation of its own.
+    hooks.beforeFirstToken = [this, &area](std::int32_t) {
         pos_.FirstLinePage = printState().PrintedPageNumber;
-        if (code) placeAwaitedDeclaration(*currentPrinter(), area.Top);
+        if (mode_ == kEmitCode) placeAwaitedDeclaration(*currentPrinter(), area.Top);
     };
     std::int32_t wraps = layoutRecord(kPrint, record_, area, hooks);
     if (wraps < 0) return 0;
