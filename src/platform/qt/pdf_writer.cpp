@@ -57,9 +57,10 @@ void PdfWriter::FreeCompressor::operator()(libdeflate_compressor* compressor) co
 // and two thirds more time. The time is what a print waits for.
 void PdfWriter::compress(const std::string& data) {
     if (!compressor_) compressor_.reset(libdeflate_alloc_compressor(kDeflateLevel));
-    packed_.resize(libdeflate_zlib_compress_bound(compressor_.get(), data.size()));
-    packed_.resize(
-            libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(), packed_.data(), packed_.size()));
+    // The room only grows: made again for every page, it was filled with zeros every time.
+    std::size_t bound = libdeflate_zlib_compress_bound(compressor_.get(), data.size());
+    if (packed_.size() < bound) packed_.resize(bound);
+    packedLength_ = libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(), packed_.data(), bound);
 }
 
 void PdfWriter::writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary) {
@@ -80,8 +81,8 @@ void PdfWriter::writePageStream(std::uint32_t number, const PageToWrite& page) {
 }
 
 void PdfWriter::writePacked(const std::string& dictionary) {
-    write("<< /Length " + std::to_string(packed_.size()) + " /Filter /FlateDecode" + dictionary + " >>\nstream\n");
-    write(packed_);
+    write("<< /Length " + std::to_string(packedLength_) + " /Filter /FlateDecode" + dictionary + " >>\nstream\n");
+    write(std::string_view(packed_).substr(0, packedLength_));
     write("\nendstream\nendobj\n");
 }
 

@@ -148,6 +148,7 @@ private:
     const PageToWrite* writing_ = nullptr;
     std::vector<std::bitset<256>> drawn_;
     std::string content_, packed_;  // of the page being written, kept to spare a page its allocations
+    std::size_t packedLength_ = 0;  // of the deflated bytes at the start of packed_
     PageToWrite nextPage_;          // of the layout: the page being handed over
     // Made once for the file: a compressor's tables are dearer to set up than a small page to pack.
     struct FreeCompressor {
