@@ -102,10 +102,9 @@ std::size_t PdfWriter::fontOf(const PrintFace& face) {
 // The fonts are numbered, and their objects reserved, in the order the pages first draw in them,
 // here rather than on the packing thread, so that the file's object numbers stay put.
 void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
-    std::uint16_t lastFace = UINT16_MAX;  // runs of a page alternate between a few faces
+    std::vector<const PrintFace*>& known = nextPage_.faces;  // empty for each page; a face is looked up once
     for (const PageRecording::Op& op : page.ops()) {
-        if (op.kind != PageRecording::Kind::Text || op.face == lastFace) continue;
-        lastFace = op.face;
+        if (op.kind != PageRecording::Kind::Text || (op.face < known.size() && known[op.face])) continue;
         const PrintFace& face = faces.byIndex(op.face);
         fontOf(face);
         if (nextPage_.faces.size() <= op.face) nextPage_.faces.resize(op.face + 1u, nullptr);
