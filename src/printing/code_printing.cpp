@@ -49,7 +49,6 @@ private:
     const SourceTables& t_;
     std::vector<int> entryOf_;        // by record: the procedure entry that starts there, or -1
     std::vector<int> declarationOf_;  // by record: the entry whose declaration it holds, or -1
-    std::string text_;                // of the record printed last: its room kept for the next
     float numberSpace_ = 0;
     std::int32_t lastRecord_ = 0;
 };
@@ -163,7 +162,7 @@ bool CodeListing::printRecord(std::int32_t record) {
     if (leadingBlank) return true;
     std::int32_t contentsPages = 0;
     awaitDeclaration(declarationOf_[static_cast<std::size_t>(record)]);
-    EmitCodeRecord(record, pos_, contentsPages, kEmitCode, text_);
+    EmitCodeRecord(record, pos_, contentsPages, kEmitCode);
     lastRecord_ = record;
     if (p_.PrintStatus == kPrintStopped) return false;
     if (int declared = declarationOf_[static_cast<std::size_t>(record)]; declared >= 0) notePage(declared);
