@@ -216,6 +216,68 @@ TEST_F(TokenLayoutTest, WrapsWithAndWithoutTheWrapMark) {
     EXPECT_EQ(pos.Top, 400);
 }
 
+// A token is measured and drawn in one style set once, but what a hook draws (a line number, a
+// page's heading, a connector) leaves the surface in a style of its own: the text after it is
+// drawn in its own colour again, on the record's first line and past a break alike.
+TEST_F(TokenLayoutTest, TextAfterAHookKeepsItsOwnStyle) {
+    load("a = Not bb And cc\n");
+    format().ContinueHonor = format().ContinueGenerate = 0;
+    element(kElemIdentifiers).ForeColor = 0x0000FF;
+    element(kElemKeyWords).ForeColor = 0x00FF00;
+    constexpr std::uint32_t kHookColour = 0xABCDEF;
+    using Drawn = std::vector<std::pair<std::string, std::uint32_t>>;
+    auto layWith = [this](const RecordLayoutHooks& hooks) {
+        surface.calls.clear();
+        pos = AreaRecord{};
+        pos.Right = pos.Width = 1000;
+        pos.Bottom = 300;  // "And" wraps to a line that does not fit: the break comes between its measuring and drawing
+        EXPECT_EQ(layoutRecord(kDisplay, 1, pos, hooks), 1);
+        Drawn drawn;
+        for (const auto& c : surface.callsOf("print"))
+            if (c.text != "#") drawn.emplace_back(c.text, c.colour);
+        return drawn;
+    };
+    RecordLayoutHooks plain;
+    plain.breakAtBottom = [](AreaRecord& area) { return area.Top = 0, area.Bottom = 4000, true; };
+    Drawn own = layWith(plain);
+    ASSERT_EQ(own.size(), 6u);
+    EXPECT_EQ(own[2], (std::pair<std::string, std::uint32_t>{"Not", 0x00FF00u}));
+    EXPECT_EQ(own[3], (std::pair<std::string, std::uint32_t>{"bb", 0x0000FFu}));
+
+    auto drawOwn = [this] {
+        surface.setForeColor(kHookColour);
+        surface.print("#");
+    };
+    RecordLayoutHooks hooks;
+    hooks.firstLine = [&](float, float) { drawOwn(); };
+    hooks.beforeFirstToken = [&](std::int32_t) { drawOwn(); };
+    hooks.breakAtBottom = [&](AreaRecord& area) { return drawOwn(), plain.breakAtBottom(area); };
+    EXPECT_EQ(layWith(hooks), own);
+    EXPECT_EQ(surface.callsOf("print").size(), own.size() + 3);
+}
+
+// A hook may lay out a record of its own while a record is being laid out (a contents entry at a
+// page's break): the text of the token waiting to be drawn is still its own afterwards.
+TEST_F(TokenLayoutTest, ARecordLaidOutFromAHookLeavesTheOuterTextAlone) {
+    load("a = bbbb + cccc\nzzzzzzzz = 9\n");
+    format().ContinueHonor = format().ContinueGenerate = 0;
+    RecordLayoutHooks hooks;
+    hooks.breakAtBottom = [](AreaRecord& area) {
+        AreaRecord inner{};
+        inner.Right = inner.Width = 12000;
+        layoutRecord(kDisplay, 2, inner, RecordLayoutHooks{});
+        return area.Top = 0, area.Bottom = 4000, true;
+    };
+    surface.calls.clear();
+    pos = AreaRecord{};
+    pos.Right = pos.Width = 1000;
+    pos.Bottom = 300;  // "cccc" wraps, and the break before its line lays the inner record out
+    layoutRecord(kDisplay, 1, pos, hooks);
+    std::vector<std::string> texts;
+    for (const auto& c : surface.callsOf("print")) texts.push_back(c.text);
+    EXPECT_EQ(texts, (std::vector<std::string>{"a", "=", "bbbb", "+", "zzzzzzzz", "=", "9", "cccc"}));
+}
+
 // The mark takes the font of the text it comes before, so that it stands on that line: comments
 // in a font 150 wide and 300 high get a mark and a blank 300 wide, and are cut in their own font.
 TEST_F(TokenLayoutTest, AMarkStandsInTheFontOfTheTextItComesBefore) {

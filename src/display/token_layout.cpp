@@ -58,6 +58,11 @@ bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") 
 constexpr char kWrapMark[] = "\xBB";
 constexpr std::uint32_t kWrapMarkColour = 0x767676;  // 4.5:1 on white: quiet, yet legible in print
 
+// The room of a token's shown text, handed from one record's painter to the next: a painter per
+// record that made its own buffer allocated and freed one for most records of a listing. A painter
+// started by a hook while another paints (a contents entry at a page's break) takes a fresh one.
+std::string spareShown;
+
 // One record on one surface: the pen is tracked here so that the surface is told only changes.
 class RecordPainter {
 public:
@@ -69,7 +74,12 @@ public:
           pos_(pos),
           hooks_(hooks),
           f_(formatOf(dest)),
-          m_(layoutMetrics()) {}
+          m_(layoutMetrics()) {
+        shown_.swap(spareShown);
+    }
+    ~RecordPainter() { shown_.swap(spareShown); }
+    RecordPainter(const RecordPainter&) = delete;
+    RecordPainter& operator=(const RecordPainter&) = delete;
 
     std::int32_t run();
 
@@ -96,6 +106,10 @@ private:
     void wrapMark(const AttributeRecord& a);
     void sourceContinuation();
     void movePen(float x, float y);
+    // Sets the style on the surface unless this painter left it there last.
+    void useStyle(AttributeRecord& a);
+    // A hook may have drawn in a style of its own: the next text sets its style again.
+    void styleUnknown() { styleOn_ = nullptr; }
     void tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a);
     void tellGap(std::int32_t next, std::size_t blanks, float xFrom);
     bool boxed(const AttributeRecord& a) const { return !hooks_.whiteIsPaper || a.BackColor != kWhite; }
@@ -115,6 +129,9 @@ private:
     float x_ = 0, y_ = 0, xWrap_ = 0, lineHeight_ = 0, yText_ = 0, yNext_ = 0;
     float tokenWidth_ = 0;  // of the token placed last, in its attributes
     float penX_ = -1, penY_ = -1;
+    // The attributes whose style the surface is in, as this painter set it: a token is measured and
+    // drawn in one style, and setting it twice was a tenth of laying a listing out.
+    const AttributeRecord* styleOn_ = nullptr;
     AttributeRecord markAttributes_;
     const AttributeRecord* markFor_ = nullptr;  // the attributes the mark's were made from
     float markRoom_ = 0;                        // the mark and a blank in them
@@ -141,6 +158,7 @@ private:
 bool RecordPainter::breakIfFull() {
     if (!hooks_.breakAtBottom || y_ + lineHeight_ < pos_.Bottom) return true;
     float oldLeft = pos_.Left;
+    styleUnknown();  // headings and footings are drawn in their own styles
     if (!hooks_.breakAtBottom(pos_)) {
         stopped_ = true;
         return false;
@@ -227,6 +245,12 @@ int RecordPainter::elementOf(std::int32_t token) const {
     return e >= 1 && e <= kElementCount ? e : kElemIdentifiers;
 }
 
+void RecordPainter::useStyle(AttributeRecord& a) {
+    if (styleOn_ == &a) return;
+    setAttributesOn(s_, a);
+    styleOn_ = &a;
+}
+
 void RecordPainter::movePen(float x, float y) {
     if (penX_ != x) s_.setCurrentX(x);
     if (penY_ != y) s_.setCurrentY(y);
@@ -235,7 +259,7 @@ void RecordPainter::movePen(float x, float y) {
 }
 
 void RecordPainter::drawText(const std::string& text, AttributeRecord& a, float yText, float yNext, float width) {
-    setAttributesOn(s_, a);
+    useStyle(a);
     if (width < 0) width = s_.textWidth(text);
     if (boxed(a)) s_.filledBox(x_, yText, x_ + width, yNext, a.BackColor);
     penX_ = x_ + width;
@@ -283,7 +307,7 @@ void RecordPainter::printShown(const std::string& text) {
 // code's text and prints as such.
 void RecordPainter::sourceContinuation() {
     AttributeRecord& k = attributesOf(kElemKeyWords, dest_);
-    setAttributesOn(s_, k);
+    useStyle(k);
     float width = s_.textWidth(" _");
     float x = penX_ < 0 ? x_ : penX_;
     float y = penY_ < 0 ? yText_ : penY_;
@@ -307,12 +331,13 @@ void RecordPainter::useMarkAttributes(const AttributeRecord& a) {
         markAttributes_.ForeColor = kWrapMarkColour;
         markAttributes_.Font.Bold = markAttributes_.Font.Italic = false;
         markAttributes_.Font.Underline = markAttributes_.Font.Strikethrough = false;
-        setAttributesOn(s_, markAttributes_);
+        styleUnknown();  // the same record, made afresh from other attributes
+        useStyle(markAttributes_);
         markRoom_ = s_.textWidth(std::string(kWrapMark) + " ");
         markFor_ = &a;
         return;
     }
-    setAttributesOn(s_, markAttributes_);
+    useStyle(markAttributes_);
 }
 
 // Where a wrapped line of text in `a` begins, from XWrap: the wrap indent, or, with marks, room
@@ -321,7 +346,7 @@ float RecordPainter::continuationIndent(AttributeRecord& a) {
     if (!wrapMarks()) return wrapIndent();
     if (markFor_ != &a) {
         useMarkAttributes(a);
-        setAttributesOn(s_, a);
+        useStyle(a);
     }
     return std::max(wrapIndent(), markRoom_);
 }
@@ -361,7 +386,7 @@ void RecordPainter::placeToken(std::int32_t i, const Token& token, const std::st
                                std::vector<std::string>& pieces) {
     const Record& r = t_.Records[record_];
     bool first = i == r.FirstT;
-    setAttributesOn(s_, a);
+    useStyle(a);
     float width = tokenWidth_ = s_.textWidth(text);
     // Only the source's own " _" is drawn behind a line's text and needs room kept for it there.
     float limitX = sourceContinues(token) ? pos_.Right - m_.ContinueSize[dest_] : pos_.Right;
@@ -436,7 +461,7 @@ std::int32_t RecordPainter::run() {
     if (procedureLine_) lineHeight_ = static_cast<float>(attributesOf(kElemProcedures, dest_).Height);
     else if (blankLine) lineHeight_ = static_cast<float>(attributesOf(hooks_.blankLineElement, dest_).Height);
     else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, last);
-    if (hooks_.separator) hooks_.separator(governing, r, xWrap_, y_);
+    if (hooks_.separator) hooks_.separator(governing, r, xWrap_, y_), styleUnknown();
     if (!breakIfFull()) return wraps_;
     yNext_ = y_ + lineHeight_;
     std::vector<std::string> pieces;
@@ -453,14 +478,16 @@ std::int32_t RecordPainter::run() {
         yNext_ = y_ + lineHeight_;
         yText_ = y_ + lineHeight_ - static_cast<float>(a.Height);
         if (i == r.FirstT) {
-            if (hooks_.beforeFirstToken) hooks_.beforeFirstToken(record_);
+            if (hooks_.beforeFirstToken) hooks_.beforeFirstToken(record_), styleUnknown();
             if (hooks_.firstLine) {
                 hooks_.firstLine(y_, lineHeight_);
+                styleUnknown();
                 penX_ = penY_ = -1;  // the pen is where the line's number left it
             }
             bool opensOrCloses = governing.Flags & (kFlagIndent | kFlagOutdent);
             if (f_.ConnectControls && r.FirstT == governing.FirstToken && opensOrCloses && hooks_.connectors) {
                 hooks_.connectors(pos_, lineHeight_, wraps_, record_, x_);
+                styleUnknown();
                 penX_ = s_.currentX();
                 penY_ = s_.currentY();
             }

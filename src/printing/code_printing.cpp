@@ -161,9 +161,8 @@ bool CodeListing::printRecord(std::int32_t record) {
     if (p_.PrintStatus == kPrintStopped) return false;
     if (leadingBlank) return true;
     std::int32_t contentsPages = 0;
-    std::string text;
     awaitDeclaration(declarationOf_[static_cast<std::size_t>(record)]);
-    EmitCodeRecord(record, pos_, contentsPages, kEmitCode, text);
+    EmitCodeRecord(record, pos_, contentsPages, kEmitCode);
     lastRecord_ = record;
     if (p_.PrintStatus == kPrintStopped) return false;
     if (int declared = declarationOf_[static_cast<std::size_t>(record)]; declared >= 0) notePage(declared);

@@ -19,8 +19,7 @@ void EmitCodeFileSelectedProcs(wPos& pos);
 // The height a declaration takes in a contents listing laid out from `pos`, and the X at which its
 // text ends, without printing it: an entry that would not fit goes to the next page whole.
 float MeasureContentsRecord(std::int32_t record, const wPos& pos, float& endX);
-// Prints one record at the position; returns the pieces it was wrapped into and the text printed.
-std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode,
-                            std::string& textPrinted);
+// Prints one record at the position; returns the pieces it was wrapped into.
+std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode);
 
 }  // namespace hlyd

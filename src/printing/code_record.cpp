@@ -56,7 +56,7 @@ class RecordOnPaper {
 public:
     RecordOnPaper(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode)
         : record_(record), pos_(pos), contentsPages_(contentsPages), mode_(mode) {}
-    std::int32_t run(std::string& text);
+    std::int32_t run();
 
 private:
     bool breakHere(AreaRecord& area);
@@ -116,13 +116,12 @@ void RecordOnPaper::connectors(const AreaRecord& area, float lineHeight, std::in
                      displayAttributes().Format[kPrint], xOffset);
 }
 
-std::int32_t RecordOnPaper::run(std::string& text) {
+std::int32_t RecordOnPaper::run() {
     PrintState& p = printState();
     bool numbered = hlydSettings().LineNumbers && mode_ == kEmitCode;
     numberWidth_ = numbered ? p.LineNumberWidth : 0;
     pos_.BottomLimit = p.UsableArea.Bottom;
     RecordLayoutHooks hooks = mode_ == kEmitCode ? RecordLayoutHooks{} : contentsHooks();
-    hooks.textDrawn = &text;
     hooks.whiteIsPaper = true;
     // A blank line's one empty token counts as a comment; on paper the gap is as high as a line of
     // the project listing's element, so that a large comment font does not spread the code apart.
@@ -138,10 +137,10 @@ std::int32_t RecordOnPaper::run(std::string& text) {
     // A line that does not fit at the foot of a page starts the next one before it is drawn: the
     // page of the first line, and its top, are taken once that break is behind. The top is where a
     // reader following a link is taken to.
-    bool code = mode_ == kEmitCode;
-    hooks.beforeFirstToken = [this, &area, code](std::int32_t) {
+    // Two pointers, held by the hook without an allocation of its own.
+    hooks.beforeFirstToken = [this, &area](std::int32_t) {
         pos_.FirstLinePage = printState().PrintedPageNumber;
-        if (code) placeAwaitedDeclaration(*currentPrinter(), area.Top);
+        if (mode_ == kEmitCode) placeAwaitedDeclaration(*currentPrinter(), area.Top);
     };
     std::int32_t wraps = layoutRecord(kPrint, record_, area, hooks);
     if (wraps < 0) return 0;
@@ -165,11 +164,9 @@ float MeasureContentsRecord(std::int32_t record, const wPos& pos, float& endX) {
     return area.Top;
 }
 
-std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode,
-                            std::string& textPrinted) {
-    textPrinted.clear();
+std::int32_t EmitCodeRecord(std::int32_t record, wPos& pos, std::int32_t& contentsPages, int mode) {
     if (!currentPrinter()) return 0;
-    return RecordOnPaper(record, pos, contentsPages, mode).run(textPrinted);
+    return RecordOnPaper(record, pos, contentsPages, mode).run();
 }
 
 }  // namespace hlyd

@@ -99,8 +99,7 @@ void ProcedureTable::entry(const ProcEntry& entry, const std::string& target) {
         std::int32_t record = theSourceTables().Statements[declarationStatement(entry)].FirstRecord;
         float endX = 0;
         keepWhole(MeasureContentsRecord(record, pos_, endX));
-        std::string text;
-        EmitCodeRecord(record, pos_, contentsPages_, project_ ? kEmitProjectContents : kEmitProcContents, text);
+        EmitCodeRecord(record, pos_, contentsPages_, project_ ? kEmitProjectContents : kEmitProcContents);
     }
     if (printState().PrintStatus == kPrintStopped) return;
     float top = pos_.TopPos;

@@ -123,6 +123,8 @@ TEST_F(QtPrinterTest, APdfJobHoldsItsPagesAsTextInEmbeddedFonts) {
     printLines(p, {"Dim caf\xe9 As String"});  // the second document, in Windows-1252
     ASSERT_TRUE(p.endJob(true)) << p.jobError();
     EXPECT_EQ(p.pagesDelivered(), 3);
+    // The first page's text, without its blanks, counted before the page was handed to the writer.
+    EXPECT_EQ(p.largestPageText(), std::string("DimtotalAsLongtotal=total+1").size());
 
     auto pages = pagesOf(run("pdftotext -layout '" + pdf("listing.pdf") + "' -"));
     ASSERT_EQ(pages.size(), 3u);

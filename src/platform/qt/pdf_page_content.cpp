@@ -159,9 +159,14 @@ void PdfPageContent::glyphs(std::string_view text, const PrintFace& face, const 
     stringFace_ = &face;
     std::string& out = *out_;
     // Nearly every token is characters that each have a glyph and need no escape: their codes are
-    // the text's own bytes.
-    if (std::all_of(text.begin(), text.end(), [&](char c) { return codes.plain[static_cast<unsigned char>(c)]; })) {
-        for (unsigned char c : text) codes.drawn[c] = 1;
+    // the text's own bytes. Each is noted drawn as it is looked at; those before one that is not
+    // plain are noted by the longer way too.
+    auto plainAndDrawn = [&](char c) {
+        auto byte = static_cast<unsigned char>(c);
+        codes.drawn[byte] |= codes.plain[byte];
+        return codes.plain[byte];
+    };
+    if (std::all_of(text.begin(), text.end(), plainAndDrawn)) {
         out.append(text);
         penX_ += face.width(text) * kUnitsPerPixel;
         return;

@@ -28,7 +28,7 @@ std::string pdfNumber(double value) {
 void appendInteger(std::string& out, std::int64_t value) {
     char buffer[24];
     auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
-    out.append(buffer, end);
+    out.append(buffer, static_cast<std::size_t>(end - buffer));  // by length: a range goes the long way round
 }
 
 void appendHex8(std::string& out, std::uint32_t v) {

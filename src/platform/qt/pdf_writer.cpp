@@ -57,9 +57,10 @@ void PdfWriter::FreeCompressor::operator()(libdeflate_compressor* compressor) co
 // and two thirds more time. The time is what a print waits for.
 void PdfWriter::compress(const std::string& data) {
     if (!compressor_) compressor_.reset(libdeflate_alloc_compressor(kDeflateLevel));
-    packed_.resize(libdeflate_zlib_compress_bound(compressor_.get(), data.size()));
-    packed_.resize(
-            libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(), packed_.data(), packed_.size()));
+    // The room only grows: made again for every page, it was filled with zeros every time.
+    std::size_t bound = libdeflate_zlib_compress_bound(compressor_.get(), data.size());
+    if (packed_.size() < bound) packed_.resize(bound);
+    packedLength_ = libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(), packed_.data(), bound);
 }
 
 void PdfWriter::writeStream(std::uint32_t number, const std::string& data, const std::string& dictionary) {
@@ -80,8 +81,8 @@ void PdfWriter::writePageStream(std::uint32_t number, const PageToWrite& page) {
 }
 
 void PdfWriter::writePacked(const std::string& dictionary) {
-    write("<< /Length " + std::to_string(packed_.size()) + " /Filter /FlateDecode" + dictionary + " >>\nstream\n");
-    write(packed_);
+    write("<< /Length " + std::to_string(packedLength_) + " /Filter /FlateDecode" + dictionary + " >>\nstream\n");
+    write(std::string_view(packed_).substr(0, packedLength_));
     write("\nendstream\nendobj\n");
 }
 
@@ -100,22 +101,23 @@ std::size_t PdfWriter::fontOf(const PrintFace& face) {
 
 // The fonts are numbered, and their objects reserved, in the order the pages first draw in them,
 // here rather than on the packing thread, so that the file's object numbers stay put.
-void PdfWriter::handOver(const PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
+void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
+    std::vector<const PrintFace*>& known = nextPage_.faces;  // empty for each page; a face is looked up once
     for (const PageRecording::Op& op : page.ops()) {
-        if (op.kind != PageRecording::Kind::Text) continue;
+        if (op.kind != PageRecording::Kind::Text || (op.face < known.size() && known[op.face])) continue;
         const PrintFace& face = faces.byIndex(op.face);
         fontOf(face);
         if (nextPage_.faces.size() <= op.face) nextPage_.faces.resize(op.face + 1u, nullptr);
         nextPage_.faces[op.face] = &face;
     }
-    nextPage_.page = page;
+    std::swap(nextPage_.page, page);  // the caller gets the emptied room of a page written before
     nextPage_.fontOfFace = fontOfFace_;
     nextPage_.pointsPerPixel = scale;
     nextPage_.corner = corner;
 }
 
-void PdfWriter::addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet,
-                        QPointF origin, const PageMarks& marks) {
+void PdfWriter::addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
+                        const PageMarks& marks) {
     double scale = 72.0 / dotsPerInch;
     handOver(page, faces, scale, QPointF(origin.x(), sheet.height() - origin.y()));
     std::uint32_t contents = reserveObject();

@@ -49,8 +49,9 @@ class PdfWriter {
 public:
     explicit PdfWriter(QIODevice& out);
     // One page: the recording in device pixels at `dotsPerInch`, its origin `origin` points from the
-    // sheet's top left, on a sheet of `sheet` points.
-    void addPage(const PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
+    // sheet's top left, on a sheet of `sheet` points. The recording is taken over: `page` comes back
+    // empty, keeping the room of a page written before.
+    void addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
                  const PageMarks& marks = {});
     // The fonts, the page tree and the cross-reference table: the file is complete after this.
     void finish();
@@ -91,7 +92,7 @@ private:
     // pages still being laid out grow meanwhile.
     void writePageStream(std::uint32_t number, const PageToWrite& page);
     // Fills nextPage_ with the page as the packing thread is to write it.
-    void handOver(const PageRecording& page, const PrintFaces& faces, double scale, QPointF corner);
+    void handOver(PageRecording& page, const PrintFaces& faces, double scale, QPointF corner);
     void writePacked(const std::string& dictionary);
     std::size_t fontOf(const PrintFace& face);
     void compress(const std::string& data);  // into packed_
@@ -147,6 +148,7 @@ private:
     const PageToWrite* writing_ = nullptr;
     std::vector<std::bitset<256>> drawn_;
     std::string content_, packed_;  // of the page being written, kept to spare a page its allocations
+    std::size_t packedLength_ = 0;  // of the deflated bytes at the start of packed_
     PageToWrite nextPage_;          // of the layout: the page being handed over
     // Made once for the file: a compressor's tables are dearer to set up than a small page to pack.
     struct FreeCompressor {

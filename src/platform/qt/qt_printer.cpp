@@ -272,8 +272,9 @@ void QtPrinter::closeSystemDevice(bool abort) {
 }
 
 void QtPrinter::finishPage() {
-    if (isPdf() ? deliverToPdf() : deliverToSystem()) ++pagesDelivered_;
+    // Before delivery: the PDF printer hands the recording over and gets an empty one back.
     largestPageText_ = std::max(largestPageText_, page_.textBytes());
+    if (isPdf() ? deliverToPdf() : deliverToSystem()) ++pagesDelivered_;
     page_.clear();
     marks_ = {};
     pageOpen_ = false;
