@@ -7,6 +7,8 @@
 #include "platform/qt/classic_fonts.h"
 #include "platform/qt/classic_paper.h"
 #include "platform/qt/face_files.h"
+#include "platform/qt/page_replay.h"
+#include "platform/qt/qt_faces.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -26,13 +28,13 @@ QPageLayout pdfLayout() {
 
 }  // namespace
 
-QtPrinter::QtPrinter() : layout_(pdfLayout()), faces_(kPdfDotsPerInch) {
+QtPrinter::QtPrinter() : layout_(pdfLayout()), faces_(kPdfDotsPerInch, makeQtFace) {
     key_.points = kDefaultSize;
     setFontName(kDefaultFont);
 }
 
 QtPrinter::QtPrinter(std::unique_ptr<SystemPrintDevice> device)
-    : system_(std::move(device)), layout_(system_->pageLayout()), faces_(system_->resolution()) {
+    : system_(std::move(device)), layout_(system_->pageLayout()), faces_(system_->resolution(), makeQtFace) {
     key_.points = kDefaultSize;
     setFontName(kDefaultFont);
     copies_ = system_->copies();
@@ -53,10 +55,11 @@ void QtPrinter::setFontName(const std::string& name) {
     auto known = resolvedNames_.find(name);
     if (known == resolvedNames_.end()) {
         ResolvedFamily resolved = resolveFamily(fromUtf8(name));
-        auto family = std::find(families_.begin(), families_.end(), resolved.family);
-        if (family == families_.end()) family = families_.insert(family, resolved.family);
+        std::string resolvedFamily = toUtf8(resolved.family);
+        auto family = std::find(families_.begin(), families_.end(), resolvedFamily);
+        if (family == families_.end()) family = families_.insert(family, resolvedFamily);
         auto number = static_cast<std::uint32_t>(family - families_.begin());
-        known = resolvedNames_.emplace(name, ResolvedName{resolved.family, number, toUtf8(resolved.readBack)}).first;
+        known = resolvedNames_.emplace(name, ResolvedName{resolvedFamily, number, toUtf8(resolved.readBack)}).first;
     }
     fontNameRead_ = known->second.readBack;
     if (familyNumber_ == known->second.familyNumber) return;
@@ -243,7 +246,7 @@ bool QtPrinter::deliverToPdf() {
     constexpr double kPointsPerMillimetre = 72 / 25.4;
     QSizeF sheet = pageLayout_.fullRect(QPageLayout::Millimeter).size() * kPointsPerMillimetre;
     QPointF origin = pageLayout_.paintRect(QPageLayout::Millimeter).topLeft() * kPointsPerMillimetre;
-    pdf_->addPage(page_, faces_, dotsPerInch(), sheet, origin, marks_);
+    pdf_->addPage(page_, faces_, dotsPerInch(), {sheet.width(), sheet.height()}, {origin.x(), origin.y()}, marks_);
     return true;
 }
 
@@ -261,7 +264,7 @@ bool QtPrinter::deliverToSystem() {
             return false;
         }
     }
-    page_.replay(painter_, faces_);
+    replayPage(painter_, page_, faces_);
     return true;
 }
 
@@ -315,7 +318,7 @@ bool QtPrinter::beginJob(const std::string& outputPath) {
     pagesDelivered_ = 0;
     if (!isPdf()) return true;
     jobPath_ = outputPath;
-    jobFile_ = std::make_unique<JobFileDevice>();
+    jobFile_ = std::make_unique<JobFile>();
     if (int error = jobFile_->begin(outputPath); error != 0) {
         jobError_ = "The file " + outputPath + " could not be written: " + os::errorText(error);
         jobFile_.reset();

@@ -22,10 +22,10 @@
 #include <utility>
 
 #include "platform/printer.h"
-#include "platform/qt/job_file_device.h"
-#include "platform/qt/page_recording.h"
-#include "platform/qt/pdf_writer.h"
-#include "platform/qt/print_faces.h"
+#include "platform/pdf/job_file.h"
+#include "platform/pdf/page_recording.h"
+#include "platform/pdf/pdf_writer.h"
+#include "platform/pdf/print_faces.h"
 #include "platform/qt/system_print_device.h"
 
 class QPrinter;
@@ -126,7 +126,7 @@ private:
     QRectF paintRectTwips() const;
 
     std::unique_ptr<SystemPrintDevice> system_;
-    std::unique_ptr<JobFileDevice> jobFile_;
+    std::unique_ptr<JobFile> jobFile_;
     std::unique_ptr<PdfWriter> pdf_;
     QPainter painter_;
     QPageLayout layout_;      // as the job properties set it
@@ -139,12 +139,12 @@ private:
     std::string fontNameRead_;
     std::string fontNameAsked_;  // the last name set: the key's family is its
     struct ResolvedName {
-        QString family;
+        std::string family;
         std::uint32_t familyNumber;  // of the family, among those this printer met
         std::string readBack;
     };
     std::unordered_map<std::string, ResolvedName> resolvedNames_;
-    std::vector<QString> families_;
+    std::vector<std::string> families_;
     std::uint32_t familyNumber_ = UINT32_MAX;  // of key_.family; none yet
     // The faces met lately, found by whole numbers: a listing goes back and forth between a few
     // faces from token to token, and the faces' own table hashes a family name.

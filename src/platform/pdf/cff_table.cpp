@@ -1,4 +1,4 @@
-#include "platform/qt/cff_table.h"
+#include "platform/pdf/cff_table.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,7 @@
-#include "platform/qt/print_faces.h"
+#include "platform/qt/qt_faces.h"
 
 #include <QFont>
+#include <QPainterPath>
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "platform/qt/design_advances.h"
 #include "platform/qt/face_source.h"
+#include "platform/qt/glyph_procedure.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {
@@ -16,7 +18,7 @@ namespace {
 
 QFont fontOf(const FaceKey& key) {
     QFont font;
-    font.setFamilies({key.family});
+    font.setFamilies({fromUtf8(key.family)});
     font.setPointSizeF(key.points);
     font.setBold(key.bold);
     font.setItalic(key.italic);
@@ -51,42 +53,50 @@ void fillCharacters(PrintFace& face, QRawFont design) {
         face.glyph[at + 0x20] = glyphs[at];
         face.advance[at + 0x20] = advance * scale;
     }
-    bool alike = std::all_of(face.advance.begin() + 0x20, face.advance.end(),
-                             [&](double a) { return a == face.advance[0x20]; });
-    face.fixedAdvance = alike ? face.advance[0x20] : 0;
 }
+
+class QtFaceProgram : public FaceProgram {
+public:
+    explicit QtFaceProgram(QRawFont raw) : raw_(std::move(raw)) {}
+    const QRawFont& raw() const { return raw_; }
+    std::string table(const char* tag) const override {
+        QByteArray data = raw_.fontTable(tag);
+        return std::string(data.constData(), static_cast<std::size_t>(data.size()));
+    }
+    std::string familyName() const override { return toUtf8(raw_.familyName()); }
+    std::string styleName() const override { return toUtf8(raw_.styleName()); }
+    int unitsPerEm() const override { return static_cast<int>(raw_.unitsPerEm()); }
+    DrawnGlyphs drawnGlyphs(const std::vector<std::pair<std::uint32_t, double>>& glyphAndWidth) const override {
+        QRawFont design = raw_;
+        design.setPixelSize(1000);
+        DrawnGlyphs drawn;
+        QRectF box;
+        for (auto [glyph, width] : glyphAndWidth) {
+            QPainterPath outline = design.pathForGlyph(glyph);
+            box = box.united(outline.boundingRect());
+            drawn.procedures.push_back(glyphProcedure(outline, width));
+        }
+        drawn.left = box.left();
+        drawn.top = box.top();
+        drawn.right = box.right();
+        drawn.bottom = box.bottom();
+        return drawn;
+    }
+
+private:
+    QRawFont raw_;
+};
 
 }  // namespace
 
-size_t qHash(const FaceKey& key, size_t seed) {
-    int style = key.bold | key.italic << 1 | key.underline << 2 | key.strikeOut << 3;
-    return qHashMulti(seed, key.family, key.points, style);
+FaceFigures makeQtFace(PrintFace& face) {
+    QRawFont raw = rawFaceOf(fontOf(face.key));
+    fillCharacters(face, raw);
+    raw.setPixelSize(face.pixelSize);
+    face.program = std::make_shared<QtFaceProgram>(raw);
+    return {raw.ascent(), raw.descent(), raw.leading(), raw.capHeight(), raw.underlinePosition(), raw.lineThickness()};
 }
 
-PrintFaces::PrintFaces(int dotsPerInch) : dpi_(dotsPerInch) {}
-
-const PrintFace& PrintFaces::face(const FaceKey& key) {
-    auto found = byKey_.constFind(key);
-    if (found != byKey_.constEnd()) return *faces_[*found];
-    auto made = std::make_unique<PrintFace>();
-    made->index = static_cast<std::uint16_t>(faces_.size());
-    made->key = key;
-    made->pixelSize = key.points * dpi_ / 72.0;
-    QRawFont raw = rawFaceOf(fontOf(key));
-    fillCharacters(*made, raw);
-    raw.setPixelSize(made->pixelSize);
-    made->raw = raw;
-    made->ascent = raw.ascent();
-    // Lines on paper stand at most 1.1 times the type size apart, as a typewriter's and a plain text
-    // printer's do. The box of the common monospaced faces (1.13 of the size, more for some) spends
-    // a line in thirty on room that only an accented capital under a descender uses; white is not
-    // painted on paper, so no line covers its neighbour's descenders.
-    made->lineSpacing = std::min(raw.ascent() + raw.descent() + raw.leading(), 1.1 * made->pixelSize);
-    made->underlinePosition = raw.underlinePosition();
-    made->lineThickness = std::max(raw.lineThickness(), 1.0);
-    byKey_.insert(key, made->index);
-    faces_.push_back(std::move(made));
-    return *faces_.back();
-}
+const QRawFont& rawFontOf(const PrintFace& face) { return static_cast<const QtFaceProgram&>(*face.program).raw(); }
 
 }  // namespace hlyd
