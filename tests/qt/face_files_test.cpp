@@ -10,7 +10,8 @@
 
 #include "platform/pdf/print_faces.h"
 #include "platform/qt/classic_fonts.h"
-#include "platform/qt/face_files.h"
+#include "platform/pdf/face_files.h"
+#include "platform/qt/face_source.h"
 #include "platform/qt/qt_faces.h"
 #include "platform/qt/qt_text.h"
 #include "test_support.h"

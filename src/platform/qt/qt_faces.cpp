@@ -89,8 +89,9 @@ private:
 
 }  // namespace
 
-FaceFigures makeQtFace(PrintFace& face) {
-    QRawFont raw = rawFaceOf(fontOf(face.key));
+FaceFigures makeQtFace(PrintFace& face) { return fillQtFace(face, rawFaceOf(fontOf(face.key))); }
+
+FaceFigures fillQtFace(PrintFace& face, QRawFont raw) {
     fillCharacters(face, raw);
     raw.setPixelSize(face.pixelSize);
     face.program = std::make_shared<QtFaceProgram>(raw);

@@ -9,6 +9,8 @@ namespace hlyd {
 
 // A PrintFaces maker: fills the face from the font engine.
 FaceFigures makeQtFace(PrintFace& face);
+// The same from a raw font at any size: the face's pixel size is set beforehand.
+FaceFigures fillQtFace(PrintFace& face, QRawFont raw);
 // The face's font at its pixel size, as the font engine drew it.
 const QRawFont& rawFontOf(const PrintFace& face);
 

@@ -6,7 +6,7 @@
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/classic_fonts.h"
 #include "platform/qt/classic_paper.h"
-#include "platform/qt/face_files.h"
+#include "platform/pdf/face_files.h"
 #include "platform/qt/page_replay.h"
 #include "platform/qt/qt_faces.h"
 #include "platform/qt/qt_text.h"
