@@ -11,7 +11,8 @@
 #include "platform/pdf/face_files.h"
 #include "platform/qt/face_source.h"
 #include "platform/qt/font_configuration.h"
-#include "platform/qt/pdf_printer_system.h"
+#include "platform/pdf/pdf_printer_system.h"
+#include "platform/qt/qt_printer_adapter.h"
 #include "settings/window_place.h"
 #include "shell/app_start.h"
 #include "shell/command_line_job.h"
@@ -36,7 +37,7 @@ int runPdfPrint(int& argc, char** argv, const std::string& commandLine) {
     ConsoleUi ui;
     if (!commandLineJob().options.htmlOut.empty()) ui.saveAs = commandLineJob().options.htmlOut;
     setUi(&ui);
-    PdfPrinterSystem printers;
+    PdfPrinterSystem printers([] { return std::make_unique<QtPrinter>(); });
     setPrinterSystem(&printers);
     int rc = Main(commandLine);
     saveFaceFiles();
