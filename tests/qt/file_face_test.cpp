@@ -74,12 +74,15 @@ TEST(FileFace, AnswersTheStandInsOfTheClassicFaces) {
 
 TEST(FileFace, RefusesWhatIsNoSingleFont) {
     std::string dir = testing::TempDir();
-    for (const std::string& content : {std::string(), std::string("ttcf\0\1\0\0", 8), std::string(300, 'x')}) {
-        std::string path = dir + "/not-a-font.ttf";
+    const std::string contents[] = {std::string(), std::string("ttcf\0\1\0\0", 8), std::string(300, 'x'),
+                                    std::string("\0\1\0\0\0\1\0\0\0\0\0\0head\0\0\0\0\xFF\xFF\xFF\xFF\0\0\0\x10", 28)};
+    int n = 0;
+    for (const std::string& content : contents) {
+        std::string path = dir + "/not-a-font-" + std::to_string(n++) + ".ttf";
         std::ofstream(path, std::ios::binary) << content;
         PrintFace face;
         face.pixelSize = 100;
-        EXPECT_FALSE(readFileFace(face, path));
+        EXPECT_FALSE(readFileFace(face, path)) << path;
     }
     PrintFace face;
     EXPECT_FALSE(readFileFace(face, dir + "/no-such-font.ttf"));

@@ -14,6 +14,7 @@ public:
     virtual ~FaceProgram() = default;
     // The table of that four-letter tag, empty when the font has none.
     virtual std::string table(const char* tag) const = 0;
+    virtual bool hasTable(const char* tag) const { return !table(tag).empty(); }
     // UTF-8.
     virtual std::string familyName() const = 0;
     virtual std::string styleName() const = 0;

@@ -41,6 +41,7 @@ public:
         return found == tables_.end() ? std::string_view() : found->second;
     }
     std::string table(const char* tag) const override { return std::string(view(tag)); }
+    bool hasTable(const char* tag) const override { return !view(tag).empty(); }
     std::string familyName() const override { return family_; }
     std::string styleName() const override { return style_; }
     int unitsPerEm() const override { return unitsPerEm_; }
@@ -178,21 +179,44 @@ FaceFigures figuresOf(const PrintFace& face, const FontFile& font) {
 
 }  // namespace
 
-std::optional<FaceFigures> readFileFace(PrintFace& face, const std::string& path) {
+namespace {
+
+std::shared_ptr<const FontFile> readFontFile(const std::string& path) {
     std::string data;
-    if (os::readWholeFile(path, data) != 0) return std::nullopt;
+    if (os::readWholeFile(path, data) != 0) return nullptr;
+    auto font = std::make_shared<FontFile>(std::move(data));
+    if (!font->readDirectory()) return nullptr;
+    bool trueType = font->hasTable("glyf") && font->hasTable("loca");
+    if (!trueType && !cffNameKeyed(font->table("CFF "))) return nullptr;
+    font->unitsPerEm_ = static_cast<int>(be16(font->view("head"), 18));
+    if (font->unitsPerEm_ == 0) return nullptr;
+    std::string_view name = font->view("name");
+    font->family_ = nameOf(name, 16);
+    if (font->family_.empty()) font->family_ = nameOf(name, 1);
+    font->style_ = nameOf(name, 17);
+    if (font->style_.empty()) font->style_ = nameOf(name, 2);
+    return font;
+}
+
+// A print asks for a face in several sizes and styles: each file is read once a run.
+std::shared_ptr<const FontFile> fontFileAt(const std::string& path) {
+    static std::map<std::string, std::shared_ptr<const FontFile>> read;
+    auto known = read.find(path);
+    if (known != read.end()) return known->second;
+    std::shared_ptr<const FontFile> font;
     try {
-        auto font = std::make_shared<FontFile>(std::move(data));
-        if (!font->readDirectory()) return std::nullopt;
-        bool trueType = !font->view("glyf").empty() && !font->view("loca").empty();
-        if (!trueType && !cffNameKeyed(font->table("CFF "))) return std::nullopt;
-        font->unitsPerEm_ = static_cast<int>(be16(font->view("head"), 18));
-        if (font->unitsPerEm_ == 0) return std::nullopt;
-        std::string_view name = font->view("name");
-        font->family_ = nameOf(name, 16);
-        if (font->family_.empty()) font->family_ = nameOf(name, 1);
-        font->style_ = nameOf(name, 17);
-        if (font->style_.empty()) font->style_ = nameOf(name, 2);
+        font = readFontFile(path);
+    } catch (const Unreadable&) {
+    } catch (const std::out_of_range&) {}
+    return read[path] = font;
+}
+
+}  // namespace
+
+std::optional<FaceFigures> readFileFace(PrintFace& face, const std::string& path) {
+    std::shared_ptr<const FontFile> font = fontFileAt(path);
+    if (!font) return std::nullopt;
+    try {
         fillCharacters(face, *font);
         FaceFigures figures = figuresOf(face, *font);
         face.program = std::move(font);

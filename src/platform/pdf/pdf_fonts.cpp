@@ -59,7 +59,7 @@ std::string glyphName(int code) {
 }  // namespace
 
 PdfWriter::Outlines PdfWriter::outlinesOf(const FaceProgram& program) {
-    if (!program.table("glyf").empty() && !program.table("loca").empty()) return Outlines::TrueType;
+    if (program.hasTable("glyf") && program.hasTable("loca")) return Outlines::TrueType;
     if (cffNameKeyed(program.table("CFF "))) return Outlines::Cff;
     return Outlines::Drawn;
 }
