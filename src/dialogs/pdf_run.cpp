@@ -1,6 +1,7 @@
 #include "dialogs/pdf_run.h"
 
 #include <QGuiApplication>
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 
@@ -30,6 +31,9 @@ int runPdfPrint(int& argc, char** argv, const std::string& commandLine) {
         startWithoutFontConfiguration();
     // Fonts and pages need the graphics' application object, and nothing of the widgets'.
     QGuiApplication app(argc, argv);
+    // The application object gives the C library the user's locale; the core reads and writes its
+    // numbers (the settings, the PDF's figures) with the C locale's point, as a run on the core does.
+    std::setlocale(LC_NUMERIC, "C");
     QGuiApplication::setApplicationName("Halyard");
     // Offscreen, the screen is not the user's: what could be stored of a window's place would be wrong.
     setScreensUnknown(true);
