@@ -1,5 +1,6 @@
 #include "platform/pdf/file_face.h"
 
+#include <cmath>
 #include <map>
 
 #include "platform/os.h"
@@ -117,7 +118,7 @@ std::uint32_t glyphOf(std::string_view cmap, std::size_t map, std::uint32_t char
         if (character < start) return 0;
         std::uint32_t delta = be16(cmap, deltaAt), range = be16(cmap, rangeAt);
         if (range == 0) return (character + delta) & 0xFFFF;
-        std::uint32_t glyph = be16(cmap, rangeAt + range + 2 * (character - start));
+        std::uint32_t glyph = be16(cmap, rangeAt + range + 2 * std::size_t{character - start});
         return glyph == 0 ? 0 : (glyph + delta) & 0xFFFF;
     }
     return 0;
@@ -164,7 +165,7 @@ FaceFigures figuresOf(const PrintFace& face, const FontFile& font) {
     // without those of the Windows header, one without a cap height of its own.
     if ((winAscent == 0 && winDescent == 0) || (be16(os2, 62) & 0x180) != 0 || be16(os2, 0) < 2) throw Unreadable{};
     int em = font.unitsPerEm_;
-    auto size = static_cast<std::int64_t>(face.pixelSize * 64 + 0.5);
+    std::int64_t size = std::lround(face.pixelSize * 64);
     std::int64_t yScale = divFix(size, em);
     std::int64_t thickness = mulFix(signed16(post, 10), yScale);
     // The engine's underline position is the top of the line; ours its middle.

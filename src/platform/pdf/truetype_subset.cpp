@@ -46,7 +46,8 @@ struct Glyphs {
 
 std::vector<std::uint32_t> readLoca(const std::string& loca, bool longOffsets, std::uint32_t count) {
     std::vector<std::uint32_t> offsets(count + 1, 0);
-    for (std::uint32_t i = 0; i <= count; ++i) offsets[i] = longOffsets ? read32(loca, i * 4) : read16(loca, i * 2) * 2;
+    for (std::uint32_t i = 0; i <= count; ++i)
+        offsets[i] = longOffsets ? read32(loca, std::size_t{i} * 4) : read16(loca, std::size_t{i} * 2) * 2;
     return offsets;
 }
 
