@@ -4,6 +4,7 @@
 # model it owns, so that no include ever runs upward and no two folders need each other.
 set(HLYD_LAYERS
   "platform"                           # ports, line reading, text encoding, upper case
+  "platform/pdf"                       # the PDF writer and its fonts' programs, without Qt
   "platform/posix platform/windows platform/qt"  # the adapters of the ports
   "base"                               # error model, log, debug switches, app info, message box
   "settings analysis"                  # the settings and their records; the language analysis

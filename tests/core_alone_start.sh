@@ -34,7 +34,25 @@ print_part() {
 }
 print_part --quiet --pdf "$work/A.pdf" "$work/A.bas"
 [ -s "$work/A.pdf" ] || fail "the print wrote no PDF"
+mv "$work/A.pdf" "$work/first.pdf"
+
+# A later print reads the faces the first one found from their files: neither part nor Qt, and
+# the same file to the byte.
+on_core() {
+    LD_DEBUG=libs "$halyard" "$@" >/dev/null 2>"$work/loader" ||
+        fail "halyard $* failed: $(grep -v '^ *[0-9]*:' "$work/loader")"
+    for lib in halyard-print halyard-window libQt6; do
+        ! grep -q "$lib" "$work/loader" || fail "halyard $* loaded $lib"
+    done
+}
+on_core --quiet --pdf "$work/A.pdf" "$work/A.bas"
+cmp -s "$work/first.pdf" "$work/A.pdf" || fail "the print on the core wrote another PDF"
 rm "$work/A.pdf"
+(cd "$work" && on_core --quiet --printer PDF A.bas)
+cmp -s "$work/first.pdf" "$work/A.pdf" || fail "the print on the PDF printer on the core wrote another PDF"
+rm "$work/A.pdf"
+# Without what the first print found, the print part prints again.
+rm "$HLYD_CONFIG_DIR/face-files"
 (cd "$work" && print_part --quiet --printer PDF A.bas)
 [ -s "$work/A.pdf" ] || fail "the print on the PDF printer wrote no PDF"
 

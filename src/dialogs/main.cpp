@@ -1,8 +1,9 @@
 // The application's entry: our batch options taken out, the rest of the command line as one text,
 // as the start-mode rules read it. What needs no window system (the HTML export, help, version and
-// a misused option) runs here on the core; a print to the PDF printer alone goes to the print
-// part; every other run goes to the window part.
+// a misused option) runs here on the core; so does a print to the PDF printer alone whose faces
+// an earlier print found, else it goes to the print part; every other run goes to the window part.
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "shell/batch_options.h"
 #include "shell/command_line_job.h"
 #include "shell/core_batch_run.h"
+#include "shell/pdf_core_run.h"
 #include "shell/window_part.h"
 
 int main(int argc, char** argv) {
@@ -28,6 +30,9 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (hlyd::runsOnCoreAlone(options)) return hlyd::runOnCoreAlone(options);
-    if (hlyd::printsToPdfAlone(options)) return hlyd::runPrintPart(argc, argv);
+    if (hlyd::printsToPdfAlone(options)) {
+        if (std::optional<int> rc = hlyd::runPdfOnCore(options)) return *rc;
+        return hlyd::runPrintPart(argc, argv);
+    }
     return hlyd::runWindowPart(argc, argv);
 }

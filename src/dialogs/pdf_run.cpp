@@ -1,6 +1,7 @@
 #include "dialogs/pdf_run.h"
 
 #include <QGuiApplication>
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 
@@ -8,9 +9,11 @@
 #include "dialogs/qt_notes.h"
 #include "dialogs/run_end.h"
 #include "platform/console_ui.h"
-#include "platform/qt/face_files.h"
+#include "platform/pdf/face_files.h"
+#include "platform/qt/face_source.h"
 #include "platform/qt/font_configuration.h"
-#include "platform/qt/pdf_printer_system.h"
+#include "platform/pdf/pdf_printer_system.h"
+#include "platform/qt/qt_printer_adapter.h"
 #include "settings/window_place.h"
 #include "shell/app_start.h"
 #include "shell/command_line_job.h"
@@ -28,6 +31,9 @@ int runPdfPrint(int& argc, char** argv, const std::string& commandLine) {
         startWithoutFontConfiguration();
     // Fonts and pages need the graphics' application object, and nothing of the widgets'.
     QGuiApplication app(argc, argv);
+    // The application object gives the C library the user's locale; the core reads and writes its
+    // numbers (the settings, the PDF's figures) with the C locale's point, as a run on the core does.
+    std::setlocale(LC_NUMERIC, "C");
     QGuiApplication::setApplicationName("Halyard");
     // Offscreen, the screen is not the user's: what could be stored of a window's place would be wrong.
     setScreensUnknown(true);
@@ -35,7 +41,7 @@ int runPdfPrint(int& argc, char** argv, const std::string& commandLine) {
     ConsoleUi ui;
     if (!commandLineJob().options.htmlOut.empty()) ui.saveAs = commandLineJob().options.htmlOut;
     setUi(&ui);
-    PdfPrinterSystem printers;
+    PdfPrinterSystem printers([] { return std::make_unique<QtPrinter>(); });
     setPrinterSystem(&printers);
     int rc = Main(commandLine);
     saveFaceFiles();

@@ -8,9 +8,12 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/pdf/print_faces.h"
 #include "platform/qt/classic_fonts.h"
-#include "platform/qt/face_files.h"
-#include "platform/qt/print_faces.h"
+#include "platform/pdf/face_files.h"
+#include "platform/qt/face_source.h"
+#include "platform/qt/qt_faces.h"
+#include "platform/qt/qt_text.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -22,19 +25,19 @@ namespace {
 std::string figuresOf(const PrintFace& face) {
     std::ostringstream out;
     out.precision(17);
-    out << face.raw.familyName().toStdString() << '/' << face.raw.styleName().toStdString() << ' ' << face.ascent << ' '
+    out << face.program->familyName() << '/' << face.program->styleName() << ' ' << face.ascent << ' '
         << face.lineSpacing << ' ' << face.underlinePosition << ' ' << face.lineThickness << ' ' << face.fixedAdvance
-        << ' ' << face.raw.capHeight() << ' ' << face.raw.fontTable("glyf").size();
+        << ' ' << face.capHeight << ' ' << face.program->table("glyf").size();
     for (int c = 0x20; c < 256; ++c) out << ' ' << face.glyph[c] << ':' << face.advance[c];
     return out.str();
 }
 
 std::vector<std::string> printedFaces() {
-    PrintFaces faces(600);
+    PrintFaces faces(600, makeQtFace);
     std::vector<std::string> figures;
     for (const char* name : {"Courier New", "Arial"})
         for (int style = 0; style < 4; ++style) {
-            FaceKey key{resolveFamily(name).family, 10, (style & 1) != 0, (style & 2) != 0};
+            FaceKey key{toUtf8(resolveFamily(name).family), 10, (style & 1) != 0, (style & 2) != 0};
             figures.push_back(figuresOf(faces.face(key)));
         }
     return figures;

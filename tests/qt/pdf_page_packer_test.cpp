@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/qt/pdf_page_packer.h"
+#include "platform/pdf/pdf_page_packer.h"
 
 namespace hlyd {
 namespace {

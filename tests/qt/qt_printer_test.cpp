@@ -19,7 +19,7 @@
 #include <QPrinter>
 
 #include "platform/os.h"
-#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_printer_adapter.h"
 #include "platform/qt/qt_printer_system.h"
 #include "test_support.h"
 

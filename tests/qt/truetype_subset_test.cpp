@@ -7,9 +7,9 @@
 #include <QRawFont>
 #include <map>
 
-#include "platform/qt/cff_table.h"
+#include "platform/pdf/cff_table.h"
 #include "platform/qt/classic_fonts.h"
-#include "platform/qt/truetype_subset.h"
+#include "platform/pdf/truetype_subset.h"
 
 namespace hlyd {
 namespace {
@@ -42,7 +42,7 @@ TEST(TrueTypeSubset, KeepsTheGlyphsUsedAndThePiecesTheyAreBuiltFrom) {
     std::uint32_t unused = raw.glyphIndexesForString("Z").value(0);
     ASSERT_NE(accented, 0u);
 
-    std::string subset = subsetTrueType([&](const char* tag) { return raw.fontTable(tag); }, {accented});
+    std::string subset = subsetTrueType([&](const char* tag) { return tableOf(raw, tag); }, {accented});
     auto tables = tablesOf(subset);
     ASSERT_TRUE(tables.count("glyf") && tables.count("loca") && tables.count("hmtx") && tables.count("head"));
     EXPECT_EQ(be16(tables["head"], 50), 1u);  // long offsets

@@ -5,8 +5,9 @@
 #include <QHash>
 #include <algorithm>
 
-#include "platform/qt/face_files.h"
+#include "platform/pdf/face_files.h"
 #include "platform/qt/font_configuration.h"
+#include "platform/qt/qt_text.h"
 
 namespace hlyd {
 
@@ -125,9 +126,9 @@ ResolvedFamily lookUpFamily(const QString& requested) {
 // A print sets the same few names again and again, and each run the same as the last: a name an
 // earlier run resolved needs no font database.
 ResolvedFamily resolveFamily(const QString& requested) {
-    if (auto known = rememberedFamily(requested)) return {known->first, known->second};
+    if (auto known = rememberedFamily(toUtf8(requested))) return {fromUtf8(known->first), fromUtf8(known->second)};
     ResolvedFamily resolved = lookUpFamily(requested);
-    rememberFamily(requested, resolved.family, resolved.readBack);
+    rememberFamily(toUtf8(requested), toUtf8(resolved.family), toUtf8(resolved.readBack));
     return resolved;
 }
 

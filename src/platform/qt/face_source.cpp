@@ -3,8 +3,9 @@
 #include <QFile>
 #include <optional>
 
-#include "platform/qt/face_files.h"
+#include "platform/pdf/face_files.h"
 #include "platform/qt/font_configuration.h"
+#include "platform/qt/qt_text.h"
 
 namespace hlyd {
 
@@ -54,9 +55,13 @@ bool fileHoldsFace(const QString& path, const QRawFont& chosen) {
 
 }  // namespace
 
+void saveFaceFiles() {
+    if (fontConfigurationLoaded()) saveFaceFiles(fontConfigurationSources());
+}
+
 QRawFont rawFaceOf(const QFont& font) {
     QString family = font.families().value(0);
-    QString remembered = rememberedFaceFile(family, styleOf(font));
+    QString remembered = fromUtf8(rememberedFaceFile(toUtf8(family), styleOf(font)));
     if (!remembered.isEmpty()) {
         QRawFont raw = fromFile(remembered);
         if (raw.isValid()) return raw;
@@ -65,7 +70,7 @@ QRawFont rawFaceOf(const QFont& font) {
     QRawFont raw = QRawFont::fromFont(font);
     if (rememberingFaceFiles()) {
         QString file = fontFileOf(family, font.bold(), font.italic());
-        if (!file.isEmpty() && fileHoldsFace(file, raw)) rememberFaceFile(family, styleOf(font), file);
+        if (!file.isEmpty() && fileHoldsFace(file, raw)) rememberFaceFile(toUtf8(family), styleOf(font), toUtf8(file));
     }
     return raw;
 }

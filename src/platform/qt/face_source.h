@@ -8,5 +8,7 @@
 namespace hlyd {
 
 QRawFont rawFaceOf(const QFont& font);
+// Writes face-files back when the run learnt something and read the font configuration.
+void saveFaceFiles();
 
 }  // namespace hlyd

@@ -1,6 +1,6 @@
 #include "platform/qt/glyph_procedure.h"
 
-#include "platform/qt/pdf_syntax.h"
+#include "platform/pdf/pdf_syntax.h"
 
 namespace hlyd {
 

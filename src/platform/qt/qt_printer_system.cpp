@@ -2,7 +2,7 @@
 
 #include <QPrinterInfo>
 
-#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_printer_adapter.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {

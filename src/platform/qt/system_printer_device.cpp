@@ -3,7 +3,7 @@
 #include <QPrinterInfo>
 #include <algorithm>
 
-#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_printer_adapter.h"
 #include "platform/qt/qt_text.h"
 
 namespace hlyd {

@@ -30,7 +30,7 @@
 #include "printing/printer_start.h"
 #include "settings/settings_store.h"
 #include "shell/command_line.h"
-#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_printer_adapter.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/face_files.h"
+#include "platform/pdf/face_files.h"
 
 #include <filesystem>
 #include <map>
@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "platform/os.h"
-#include "platform/qt/font_configuration.h"
 
 namespace fs = std::filesystem;
 
@@ -26,9 +25,9 @@ struct Remembered {
     bool active = false, changed = false;
     std::string file;
     std::map<std::string, std::int64_t> sources;  // configuration file or font directory: its time
-    std::map<QString, std::pair<QString, QString>> families;
+    std::map<std::string, std::pair<std::string, std::string>> families;
     std::map<std::string, long long> numbers;
-    std::map<std::pair<QString, int>, FaceFile> faces;
+    std::map<std::pair<std::string, int>, FaceFile> faces;
 };
 
 Remembered& remembered() {
@@ -56,18 +55,15 @@ std::vector<std::string> fieldsOf(const std::string& line) {
     return fields;
 }
 
-QString qt(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
 // One line; false when it is not one this version writes.
 bool readLine(Remembered& r, const std::vector<std::string>& f) {
     try {
         if (f.size() == 3 && f[0] == "source") return r.sources.emplace(f[2], std::stoll(f[1])).second;
         if (f.size() == 3 && f[0] == "number") return r.numbers.emplace(f[1], std::stoll(f[2])).second;
-        if (f.size() == 4 && f[0] == "family")
-            return r.families.emplace(qt(f[1]), std::pair{qt(f[2]), qt(f[3])}).second;
+        if (f.size() == 4 && f[0] == "family") return r.families.emplace(f[1], std::pair{f[2], f[3]}).second;
         if (f.size() == 6 && f[0] == "face") {
             FaceFile file{f[5], std::stoull(f[3]), std::stoll(f[4])};
-            return r.faces.emplace(std::pair{qt(f[1]), std::stoi(f[2])}, file).second;
+            return r.faces.emplace(std::pair{f[1], std::stoi(f[2])}, file).second;
         }
     } catch (const std::exception&) {}
     return false;
@@ -111,22 +107,21 @@ bool loadFaceFiles(const std::string& file) {
     return false;
 }
 
-void saveFaceFiles() {
+void saveFaceFiles(const std::vector<std::string>& sources) {
     Remembered& r = remembered();
-    if (!r.active || !r.changed || !fontConfigurationLoaded()) return;
+    if (!r.active || !r.changed) return;
     r.sources.clear();
-    for (const std::string& source : fontConfigurationSources()) r.sources[source] = modifiedTime(source);
+    for (const std::string& source : sources) r.sources[source] = modifiedTime(source);
     std::ostringstream out;
     out << kHeader << '\n';
     for (const auto& [path, time] : r.sources)
         if (plainField(path)) out << "source\t" << time << '\t' << path << '\n';
     for (const auto& [name, family] : r.families)
-        out << "family\t" << name.toStdString() << '\t' << family.first.toStdString() << '\t'
-            << family.second.toStdString() << '\n';
+        out << "family\t" << name << '\t' << family.first << '\t' << family.second << '\n';
     for (const auto& [name, value] : r.numbers) out << "number\t" << name << '\t' << value << '\n';
     for (const auto& [key, file] : r.faces)
-        out << "face\t" << key.first.toStdString() << '\t' << key.second << '\t' << file.size << '\t' << file.modified
-            << '\t' << file.path << '\n';
+        out << "face\t" << key.first << '\t' << key.second << '\t' << file.size << '\t' << file.modified << '\t'
+            << file.path << '\n';
     // Whole or not at all, as the settings are written; a failure leaves the old file or none.
     if (!os::isSymlink(r.file)) os::replaceFile(r.file, out.str());
     r.changed = false;
@@ -136,18 +131,16 @@ bool rememberingFaceFiles() { return remembered().active; }
 
 void forgetFaceFiles() { remembered() = Remembered{}; }
 
-std::optional<std::pair<QString, QString>> rememberedFamily(const QString& requested) {
+std::optional<std::pair<std::string, std::string>> rememberedFamily(const std::string& requested) {
     const Remembered& r = remembered();
     auto found = r.families.find(requested);
     if (found == r.families.end()) return std::nullopt;
     return found->second;
 }
 
-void rememberFamily(const QString& requested, const QString& family, const QString& readBack) {
+void rememberFamily(const std::string& requested, const std::string& family, const std::string& readBack) {
     Remembered& r = remembered();
-    if (!r.active || !plainField(requested.toStdString()) || !plainField(family.toStdString()) ||
-        !plainField(readBack.toStdString()))
-        return;
+    if (!r.active || !plainField(requested) || !plainField(family) || !plainField(readBack)) return;
     r.changed |= r.families.insert_or_assign(requested, std::pair{family, readBack}).second;
 }
 
@@ -164,16 +157,16 @@ void rememberNumber(const std::string& name, long long value) {
     r.changed |= r.numbers.insert_or_assign(name, value).second;
 }
 
-QString rememberedFaceFile(const QString& family, int style) {
+std::string rememberedFaceFile(const std::string& family, int style) {
     const Remembered& r = remembered();
     auto found = r.faces.find({family, style});
-    return found == r.faces.end() ? QString() : qt(found->second.path);
+    return found == r.faces.end() ? std::string() : found->second.path;
 }
 
-void rememberFaceFile(const QString& family, int style, const QString& path) {
+void rememberFaceFile(const std::string& family, int style, const std::string& path) {
     Remembered& r = remembered();
-    std::optional<FaceFile> now = faceFileNow(path.toStdString());
-    if (!r.active || !now || !plainField(family.toStdString()) || !plainField(now->path)) return;
+    std::optional<FaceFile> now = faceFileNow(path);
+    if (!r.active || !now || !plainField(family) || !plainField(now->path)) return;
     r.faces[{family, style}] = *now;
     r.changed = true;
 }

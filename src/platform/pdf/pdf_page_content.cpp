@@ -1,11 +1,11 @@
-#include "platform/qt/pdf_page_content.h"
+#include "platform/pdf/pdf_page_content.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 
-#include "platform/qt/pdf_syntax.h"
+#include "platform/pdf/pdf_syntax.h"
 #include "platform/text_encoding.h"
 
 namespace hlyd {
@@ -32,16 +32,20 @@ char* putStringByte(char* p, unsigned char c) {
     return p;
 }
 
+int red(std::uint32_t rgb) { return static_cast<int>(rgb >> 16 & 0xFF); }
+int green(std::uint32_t rgb) { return static_cast<int>(rgb >> 8 & 0xFF); }
+int blue(std::uint32_t rgb) { return static_cast<int>(rgb & 0xFF); }
+
 // A grey (black above all) as one figure: fewer bytes for the colour a listing changes to most.
-std::string colourText(QRgb rgb, bool stroking) {
+std::string colourText(std::uint32_t rgb, bool stroking) {
     std::string out;
-    bool grey = qRed(rgb) == qGreen(rgb) && qGreen(rgb) == qBlue(rgb);
-    appendNumber(out, qRed(rgb) / 255.0);
+    bool grey = red(rgb) == green(rgb) && green(rgb) == blue(rgb);
+    appendNumber(out, red(rgb) / 255.0);
     if (!grey) {
         out += ' ';
-        appendNumber(out, qGreen(rgb) / 255.0);
+        appendNumber(out, green(rgb) / 255.0);
         out += ' ';
-        appendNumber(out, qBlue(rgb) / 255.0);
+        appendNumber(out, blue(rgb) / 255.0);
     }
     out += grey ? (stroking ? " G\n" : " g\n") : (stroking ? " RG\n" : " rg\n");
     return out;
@@ -50,7 +54,7 @@ std::string colourText(QRgb rgb, bool stroking) {
 }  // namespace
 
 void PdfPageContent::write(std::string& out, const PageRecording& page, const std::vector<const PrintFace*>& faces,
-                           double pointsPerPixel, QPointF corner) {
+                           double pointsPerPixel, PdfPoint corner) {
     out_ = &out;
     inText_ = placed_ = fillSet_ = strokeSet_ = stringOpen_ = false;
     font_ = -1;
@@ -61,9 +65,9 @@ void PdfPageContent::write(std::string& out, const PageRecording& page, const st
     double scale = pointsPerPixel / kUnitsPerPixel;
     std::snprintf(matrix, sizeof matrix, "%.9g 0 0 %.9g ", scale, -scale);
     out += matrix;
-    appendNumber(out, corner.x());
+    appendNumber(out, corner.x);
     out += ' ';
-    appendNumber(out, corner.y());
+    appendNumber(out, corner.y);
     out += " cm 2 J\n";
     for (const PageRecording::Op& op : page.ops()) {
         switch (op.kind) {
@@ -270,8 +274,8 @@ void PdfPageContent::setFont(const PrintFace& face, const FontUse& font) {
     *out_ += codesOf(face, font).selectFont;
 }
 
-void PdfPageContent::setColour(QRgb rgb, bool stroking) {
-    QRgb& current = stroking ? stroke_ : fill_;
+void PdfPageContent::setColour(std::uint32_t rgb, bool stroking) {
+    std::uint32_t& current = stroking ? stroke_ : fill_;
     bool& set = stroking ? strokeSet_ : fillSet_;
     if (set && current == rgb) return;
     closeString();

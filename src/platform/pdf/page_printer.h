@@ -1,6 +1,9 @@
 #pragma once
-// A printer of this desktop behind the Printer port: one of the system's printers (through Qt's
-// print support) or the built-in "PDF" printer, which writes a job to one PDF file.
+// A printer of this desktop behind the Printer port, as far as it needs no toolkit: the fonts and
+// measures, the drawing, the pages and the job of the built-in "PDF" printer, which writes a job
+// to one PDF file, and of a system printer, whose device a subclass drives. What the printer
+// draws with and on is its subclass's too: the faces, the family each font name stands for, the
+// colours of the system's palette and the sheet.
 //
 // Lengths are twips; the device's pixels are counted at its own resolution (the PDF printer's is
 // 720 dots per inch, two twips to a pixel). The page being drawn is recorded and reaches the device
@@ -12,8 +15,6 @@
 // quarter inch on every side: the page geometry of a print has offsets to work with, and a quarter
 // inch is what common office printers leave, so that a listing laid out for the PDF prints the
 // same on paper.
-#include <QPageLayout>
-#include <QPainter>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -21,29 +22,30 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/pdf/job_file.h"
+#include "platform/pdf/page_recording.h"
+#include "platform/pdf/pdf_writer.h"
+#include "platform/pdf/print_faces.h"
 #include "platform/printer.h"
-#include "platform/qt/job_file_device.h"
-#include "platform/qt/page_recording.h"
-#include "platform/qt/pdf_writer.h"
-#include "platform/qt/print_faces.h"
-#include "platform/qt/system_print_device.h"
-
-class QPrinter;
 
 namespace hlyd {
 
-class QtPrinter : public Printer {
+// The sheet as a printer's page layout gives it: in millimetres, in which every paper is exact,
+// and in the device's pixels.
+struct PrintSheet {
+    double fullWidth = 0, fullHeight = 0;                                 // mm
+    double paintLeft = 0, paintTop = 0, paintWidth = 0, paintHeight = 0;  // mm
+    int fullWidthPixels = 0, fullHeightPixels = 0, paintLeftPixels = 0, paintTopPixels = 0;
+    bool landscape = false;
+};
+
+class PagePrinter : public Printer {
 public:
     static constexpr const char* kPdfPrinterName = hlyd::kPdfPrinterName;
     static constexpr int kPdfDotsPerInch = 720;
 
-    // The built-in PDF printer.
-    QtPrinter();
-    // A system printer: a QPrinter set up for it. Defined with the QPrinter device, so that only
-    // what links Qt's print support can make one.
-    explicit QtPrinter(std::unique_ptr<QPrinter> device);
-    explicit QtPrinter(std::unique_ptr<SystemPrintDevice> device);
-    ~QtPrinter() override;
+    // Ends a job still open; a subclass that drives a device ends it in its own destructor first.
+    ~PagePrinter() override;
 
     std::string fontName() const override { return fontNameRead_; }
     void setFontName(const std::string& name) override;
@@ -81,10 +83,7 @@ public:
     float scaleWidth() const override;
     int twipsPerPixelX() const override;
     int twipsPerPixelY() const override { return twipsPerPixelX(); }
-    std::vector<std::string> fonts() const override;
-    std::size_t fontCount() const override;
 
-    std::string deviceName() const override;
     PrinterCaps caps() const override;
     float scaleLeft() const override { return 0; }
     float scaleTop() const override { return 0; }
@@ -108,29 +107,65 @@ public:
     std::int32_t pagesDelivered() const override { return pagesDelivered_; }
     std::size_t largestPageText() const { return largestPageText_; }
 
+protected:
+    // The PDF printer when `pdf`, else a system printer.
+    PagePrinter(int dotsPerInch, PrintFaces::FaceMaker faces, bool pdf);
+
+    struct ResolvedFamily {
+        std::string family;    // what the faces are looked up by
+        std::string readBack;  // what the font name reads
+    };
+    // The family a font name stands for.
+    virtual ResolvedFamily resolveFamily(const std::string& name) = 0;
+    // A colour as the settings hold it (0x00BBGGRR, or 0x800000nn of the system's palette), as
+    // 0xAARRGGBB.
+    virtual std::uint32_t rgbOfColour(std::uint32_t colour) = 0;
+    // The sheet as the job properties set it now.
+    virtual PrintSheet sheet() const = 0;
+    virtual void setLandscape(bool landscape) = 0;
+    // 0, or the error of a paper code the printer refuses.
+    virtual int setPaper(std::int32_t code) = 0;
+    virtual bool offersDuplex(std::int32_t /*code*/) const { return true; }
+    // A system printer's device: the finished page to it (false when it failed), and the end of a
+    // document or job.
+    virtual bool deliverToSystem() { return false; }
+    virtual void closeSystemDevice(bool /*abort*/) {}
+    // A page begins: what the sheet is now holds for the whole page.
+    virtual void pageBegins() {}
+
+    // Ends the job still open and drops the document: a subclass's destructor, while its device is there.
+    void endOpenJob();
+    const PageRecording& recording() const { return page_; }
+    const PrintFaces& printFaces() const { return faces_; }
+    std::int32_t copies() const { return copies_; }
+    std::int32_t duplex() const { return duplex_; }
+    void setPaperCode(std::int32_t code) { paperCode_ = code; }
+    void setDeviceDefaults(std::int32_t copies, std::int32_t duplex) { copies_ = copies, duplex_ = duplex; }
+    // The font a printer starts with; a subclass's constructor sets it, once it can resolve names.
+    void setDefaultFont();
+    std::string jobError_;
+
 private:
     void printText(const std::string& text, bool artifact, std::string_view actual = {});
-    bool isPdf() const { return !system_; }
+    bool isPdf() const { return pdfPrinter_; }
     int dotsPerInch() const { return faces_.dotsPerInch(); }
-    double toPixels(float twips) const { return twips * dotsPerInch() / 1440.0; }
+    double toPixels(float twips) const { return twips * static_cast<float>(dotsPerInch()) / 1440.0; }
     const PrintFace& face();
     void setStyle(bool& flag, bool on);
     int setDuplex(std::int32_t value);
-    int setPaper(std::int32_t code);
-    QRgb rgbOf(std::uint32_t colour);
+    std::uint32_t rgbOf(std::uint32_t colour);
     void ensurePage();
     void finishPage();
     bool deliverToPdf();
-    bool deliverToSystem();
-    void closeSystemDevice(bool abort);
-    QRectF paintRectTwips() const;
+    struct TwipsRect {
+        double x, y, width, height;
+    };
+    TwipsRect paintRectTwips() const;
 
-    std::unique_ptr<SystemPrintDevice> system_;
-    std::unique_ptr<JobFileDevice> jobFile_;
+    bool pdfPrinter_;
+    std::unique_ptr<JobFile> jobFile_;
     std::unique_ptr<PdfWriter> pdf_;
-    QPainter painter_;
-    QPageLayout layout_;      // as the job properties set it
-    QPageLayout pageLayout_;  // of the page being drawn: as layout_ was when it began
+    PrintSheet pageSheet_;  // of the page being drawn: as the sheet was when it began
     std::int32_t copies_ = 1, duplex_ = 1, quality_ = -4, paperCode_ = 1;
 
     PrintFaces faces_;
@@ -139,12 +174,12 @@ private:
     std::string fontNameRead_;
     std::string fontNameAsked_;  // the last name set: the key's family is its
     struct ResolvedName {
-        QString family;
+        std::string family;
         std::uint32_t familyNumber;  // of the family, among those this printer met
         std::string readBack;
     };
     std::unordered_map<std::string, ResolvedName> resolvedNames_;
-    std::vector<QString> families_;
+    std::vector<std::string> families_;
     std::uint32_t familyNumber_ = UINT32_MAX;  // of key_.family; none yet
     // The faces met lately, found by whole numbers: a listing goes back and forth between a few
     // faces from token to token, and the faces' own table hashes a family name.
@@ -160,7 +195,7 @@ private:
     std::uint32_t foreColor_ = 0;
     // The last two colours looked up: a listing goes back and forth between two nearly every token.
     std::array<std::uint32_t, 2> cachedColourKey_{0xFFFFFFFFu, 0xFFFFFFFFu};
-    std::array<QRgb, 2> cachedColour_{};
+    std::array<std::uint32_t, 2> cachedColour_{};
     float x_ = 0, y_ = 0;
     int drawWidth_ = 1;
 
@@ -171,7 +206,6 @@ private:
     std::size_t largestPageText_ = 0;
     bool jobOpen_ = false;
     std::string jobPath_;
-    std::string jobError_;
 };
 
 }  // namespace hlyd

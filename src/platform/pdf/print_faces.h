@@ -5,24 +5,29 @@
 // so that a text is exactly as wide as the sum of its characters at every resolution, on paper
 // and in the PDF alike. Text is Windows-1252: a table of the 256 characters holds each one's glyph
 // and advance.
-#include <QHash>
-#include <QRawFont>
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
+
+#include "platform/pdf/face_program.h"
 
 namespace hlyd {
 
 struct FaceKey {
-    QString family;
+    std::string family;  // UTF-8
     double points = 0;
     bool bold = false, italic = false, underline = false, strikeOut = false;
     bool operator==(const FaceKey&) const = default;
 };
-size_t qHash(const FaceKey& key, size_t seed = 0);
+struct FaceKeyHash {
+    std::size_t operator()(const FaceKey& key) const;
+};
 
 // Whether the text holds a byte below a blank, eight bytes at a time: a word has one exactly
 // when subtracting a blank from each of its bytes borrows into a byte whose top bit was clear.
@@ -43,9 +48,9 @@ inline bool anyControl(std::string_view text) {
 struct PrintFace {
     std::uint16_t index = 0;  // in the order the faces were first asked for
     FaceKey key;
-    QRawFont raw;                                     // at the device's pixel size
+    std::shared_ptr<const FaceProgram> program;
     double pixelSize = 0;                             // the em in device pixels
-    double ascent = 0;                                // in device pixels
+    double ascent = 0, descent = 0, capHeight = 0;    // in device pixels
     double lineSpacing = 0;                           // in device pixels
     double underlinePosition = 0, lineThickness = 0;  // below the baseline, in device pixels
     std::array<std::uint32_t, 256> glyph{};           // of each Windows-1252 character; control characters have none
@@ -68,16 +73,25 @@ struct PrintFace {
     }
 };
 
+// The font's own figures for a face, in device pixels, before the printer's rules for lines.
+struct FaceFigures {
+    double ascent = 0, descent = 0, leading = 0, capHeight = 0;
+    double underlinePosition = 0, lineThickness = 0;
+};
+
 class PrintFaces {
 public:
-    explicit PrintFaces(int dotsPerInch);
+    // Fills a face's program, glyphs and advances for its key and pixel size, and gives its figures.
+    using FaceMaker = std::function<FaceFigures(PrintFace& face)>;
+    PrintFaces(int dotsPerInch, FaceMaker maker);
     int dotsPerInch() const { return dpi_; }
     const PrintFace& face(const FaceKey& key);
     const PrintFace& byIndex(std::uint16_t index) const { return *faces_[index]; }
 
 private:
     int dpi_;
-    QHash<FaceKey, std::uint16_t> byKey_;
+    FaceMaker maker_;
+    std::unordered_map<FaceKey, std::uint16_t, FaceKeyHash> byKey_;
     std::vector<std::unique_ptr<PrintFace>> faces_;
 };
 

@@ -1,10 +1,10 @@
-#include "platform/qt/pdf_writer.h"
+#include "platform/pdf/pdf_writer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <libdeflate.h>
 
-#include "platform/qt/pdf_syntax.h"
+#include "platform/pdf/pdf_syntax.h"
 #include "platform/text_encoding.h"
 
 namespace hlyd {
@@ -18,7 +18,7 @@ constexpr int kDeflateLevel = 1;
 
 }  // namespace
 
-PdfWriter::PdfWriter(QIODevice& out)
+PdfWriter::PdfWriter(ByteSink& out)
     : out_(out),
       pageContent_([this](const PrintFace& face) {
           auto number = static_cast<std::size_t>(writing_->fontOfFace[face.index]);
@@ -43,7 +43,7 @@ void PdfWriter::beginObject(std::uint32_t number) {
 }
 
 void PdfWriter::write(std::string_view data) {
-    out_.write(data.data(), static_cast<qint64>(data.size()));
+    out_.write(data);
     written_ += data.size();
 }
 
@@ -95,13 +95,13 @@ std::size_t PdfWriter::fontOf(const PrintFace& face) {
         if (other.family == face.key.family && other.bold == face.key.bold && other.italic == face.key.italic)
             return static_cast<std::size_t>(known = static_cast<int>(i));
     }
-    fonts_.push_back({&face, reserveObject(), {}, outlinesOf(face.raw)});
+    fonts_.push_back({&face, reserveObject(), {}, outlinesOf(*face.program)});
     return static_cast<std::size_t>(known = static_cast<int>(fonts_.size() - 1));
 }
 
 // The fonts are numbered, and their objects reserved, in the order the pages first draw in them,
 // here rather than on the packing thread, so that the file's object numbers stay put.
-void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double scale, QPointF corner) {
+void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double scale, PdfPoint corner) {
     std::vector<const PrintFace*>& known = nextPage_.faces;  // empty for each page; a face is looked up once
     for (const PageRecording::Op& op : page.ops()) {
         if (op.kind != PageRecording::Kind::Text || (op.face < known.size() && known[op.face])) continue;
@@ -116,17 +116,17 @@ void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double sc
     nextPage_.corner = corner;
 }
 
-void PdfWriter::addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
-                        const PageMarks& marks) {
+void PdfWriter::addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, PdfSize sheet,
+                        PdfPoint origin, const PageMarks& marks) {
     double scale = 72.0 / dotsPerInch;
-    handOver(page, faces, scale, QPointF(origin.x(), sheet.height() - origin.y()));
+    handOver(page, faces, scale, PdfPoint{origin.x, sheet.height - origin.y});
     std::uint32_t contents = reserveObject();
     packer_.submit(contents, nextPage_);
     std::size_t index = pages_.size();
     pages_.push_back({reserveObject(), contents, sheet, {}});
     for (const PageMarks::Link& link : marks.links)
-        pages_.back().links.push_back({origin.x() + link.x1 * scale, sheet.height() - origin.y() - link.y2 * scale,
-                                       origin.x() + link.x2 * scale, sheet.height() - origin.y() - link.y1 * scale,
+        pages_.back().links.push_back({origin.x + link.x1 * scale, sheet.height - origin.y - link.y2 * scale,
+                                       origin.x + link.x2 * scale, sheet.height - origin.y - link.y1 * scale,
                                        link.name});
     notePlaces(marks, index, scale, sheet, origin);
     noteLabel(marks, index);
@@ -145,8 +145,8 @@ void PdfWriter::writePage(const Page& page) {
         annotations += std::to_string(annotation) + " 0 R ";
     }
     beginObject(page.object);
-    write("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + pdfNumber(page.sheet.width()) + " " +
-          pdfNumber(page.sheet.height()) + "] /Resources 3 0 R /Contents " + std::to_string(page.contents) + " 0 R" +
+    write("<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + pdfNumber(page.sheet.width) + " " +
+          pdfNumber(page.sheet.height) + "] /Resources 3 0 R /Contents " + std::to_string(page.contents) + " 0 R" +
           (annotations.empty() ? std::string() : " /Annots [" + annotations + "]") + " >>\nendobj\n");
 }
 

@@ -1,7 +1,8 @@
-#include "platform/qt/truetype_subset.h"
+#include "platform/pdf/truetype_subset.h"
 
 #include <cstring>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace hlyd {
@@ -45,7 +46,8 @@ struct Glyphs {
 
 std::vector<std::uint32_t> readLoca(const std::string& loca, bool longOffsets, std::uint32_t count) {
     std::vector<std::uint32_t> offsets(count + 1, 0);
-    for (std::uint32_t i = 0; i <= count; ++i) offsets[i] = longOffsets ? read32(loca, i * 4) : read16(loca, i * 2) * 2;
+    for (std::uint32_t i = 0; i <= count; ++i)
+        offsets[i] = longOffsets ? read32(loca, std::size_t{i} * 4) : read16(loca, std::size_t{i} * 2) * 2;
     return offsets;
 }
 
@@ -101,19 +103,14 @@ std::string assemble(const std::map<std::string, std::string>& tables) {
     return font + body;
 }
 
-std::string copied(const QByteArray& data) {
-    return std::string(data.constData(), static_cast<std::size_t>(data.size()));
-}
-
 }  // namespace
 
 std::string subsetTrueType(const FontTableReader& table, std::set<std::uint32_t> glyphs) {
-    std::string head = copied(table("head")), maxp = copied(table("maxp")), loca = copied(table("loca"));
-    QByteArray glyf = table("glyf");
-    if (head.size() < 54 || maxp.size() < 6 || loca.empty() || glyf.isEmpty()) return {};
+    std::string head = table("head"), maxp = table("maxp"), loca = table("loca");
+    std::string glyf = table("glyf");
+    if (head.size() < 54 || maxp.size() < 6 || loca.empty() || glyf.empty()) return {};
     std::uint32_t count = read16(maxp, 4);
-    Glyphs source{std::string_view(glyf.constData(), static_cast<std::size_t>(glyf.size())),
-                  readLoca(loca, read16(head, 50) != 0, count)};
+    Glyphs source{std::string_view(glyf), readLoca(loca, read16(head, 50) != 0, count)};
 
     glyphs.insert(0);  // the glyph for characters the font lacks is always there
     std::vector<std::uint32_t> pending(glyphs.begin(), glyphs.end());
@@ -137,7 +134,7 @@ std::string subsetTrueType(const FontTableReader& table, std::set<std::uint32_t>
     std::memset(head.data() + 8, 0, 4);  // checksumAdjustment: no reader of an embedded font checks it
     std::map<std::string, std::string> tables{{"head", head}, {"maxp", maxp}, {"loca", newLoca}, {"glyf", newGlyf}};
     for (const char* tag : {"hhea", "hmtx", "cvt ", "fpgm", "prep"})
-        if (QByteArray data = table(tag); !data.isEmpty()) tables.emplace(tag, copied(data));
+        if (std::string data = table(tag); !data.empty()) tables.emplace(tag, std::move(data));
     return assemble(tables);
 }
 

@@ -1,4 +1,4 @@
-#include "platform/qt/pdf_syntax.h"
+#include "platform/pdf/pdf_syntax.h"
 
 #include <charconv>
 

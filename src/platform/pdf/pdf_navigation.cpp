@@ -2,8 +2,8 @@
 // places links lead to, and the numbers a viewer shows for the pages, as the listing prints them.
 #include <vector>
 
-#include "platform/qt/pdf_syntax.h"
-#include "platform/qt/pdf_writer.h"
+#include "platform/pdf/pdf_syntax.h"
+#include "platform/pdf/pdf_writer.h"
 #include "platform/text_encoding.h"
 
 namespace hlyd {
@@ -20,9 +20,9 @@ std::string textString(const std::string& cp1252) {
 
 }  // namespace
 
-void PdfWriter::notePlaces(const PageMarks& marks, std::size_t page, double scale, QSizeF sheet, QPointF origin) {
+void PdfWriter::notePlaces(const PageMarks& marks, std::size_t page, double scale, PdfSize sheet, PdfPoint origin) {
     for (const PageMarks::Destination& d : marks.destinations) {
-        Place place{page, sheet.height() - origin.y() - d.y * scale};
+        Place place{page, sheet.height - origin.y - d.y * scale};
         places_.try_emplace(d.name, place);
         if (!d.title.empty()) outline_.push_back({d.title, d.level, place});
     }

@@ -1,4 +1,4 @@
-#include "platform/qt/cff_table.h"
+#include "platform/pdf/cff_table.h"
 
 #include <cstdint>
 #include <optional>
@@ -28,10 +28,10 @@ std::optional<IndexEntry> readIndex(std::string_view s, std::size_t at) {
     std::optional<std::uint32_t> offSize = readNumber(s, at + 2, 1);
     if (!offSize) return std::nullopt;
     std::size_t offsets = at + 3;
-    std::size_t data = offsets + (*count + 1) * *offSize - 1;  // offsets count from 1
+    std::size_t data = offsets + static_cast<std::size_t>(*count + 1) * *offSize - 1;  // offsets count from 1
     std::optional<std::uint32_t> first = readNumber(s, offsets, *offSize);
     std::optional<std::uint32_t> second = readNumber(s, offsets + *offSize, *offSize);
-    std::optional<std::uint32_t> last = readNumber(s, offsets + *count * *offSize, *offSize);
+    std::optional<std::uint32_t> last = readNumber(s, offsets + static_cast<std::size_t>(*count) * *offSize, *offSize);
     if (!first || !second || !last || *first < 1 || *second < *first || *second > *last || data + *last > s.size())
         return std::nullopt;
     return IndexEntry{s.substr(data + *first, *second - *first), data + *last};

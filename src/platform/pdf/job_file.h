@@ -1,15 +1,15 @@
 #pragma once
-// The file a PDF job writes: a device over the system's whole-file replacement, so that the
+// The file a PDF job writes: a sink over the system's whole-file replacement, so that the
 // pages go to a temporary file beside the target and the target changes only when the job
 // commits. A failed write is remembered; the job then cannot commit.
-#include <QIODevice>
 #include <string>
 
 #include "platform/os.h"
+#include "platform/pdf/byte_sink.h"
 
 namespace hlyd {
 
-class JobFileDevice : public QIODevice {
+class JobFile : public ByteSink {
 public:
     // 0 or the errno of the temporary file that could not be made.
     int begin(const std::string& target);
@@ -17,15 +17,12 @@ public:
     int commit();
     void abandon();
     int error() const { return error_; }
-    bool isSequential() const override { return true; }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char* data, qint64 size) override;
+    void write(std::string_view bytes) override;
 
 private:
     os::AtomicWriter writer_;
     int error_ = 0;
+    bool open_ = false;
 };
 
 }  // namespace hlyd

@@ -4,7 +4,6 @@
 // whole numbers, the font and colour set only when they change, and each glyph written as the
 // bytes of its code. The stream comes out half the size of one with a text object for each token,
 // every glyph in hex and every place in decimals, so it is both quicker to compress and smaller.
-#include <QPointF>
 #include <array>
 #include <bitset>
 #include <cstdint>
@@ -13,8 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/page_recording.h"
-#include "platform/qt/print_faces.h"
+#include "platform/pdf/page_recording.h"
+#include "platform/pdf/pdf_geometry.h"
+#include "platform/pdf/print_faces.h"
 
 namespace hlyd {
 
@@ -33,7 +33,7 @@ public:
     // downwards from `corner`, the printable area's top left in points from the sheet's foot.
     // `faces` holds, by face index, each face the page draws in.
     void write(std::string& out, const PageRecording& page, const std::vector<const PrintFace*>& faces,
-               double pointsPerPixel, QPointF corner);
+               double pointsPerPixel, PdfPoint corner);
 
     // Positions are whole numbers of a hundredth of a device pixel: finer than any eye or printer
     // tells apart, and as exact as the recording places the text, which matters to a reader that
@@ -62,7 +62,7 @@ private:
     void openString();
     void closeString();
     void setFont(const PrintFace& face, const FontUse& font);
-    void setColour(QRgb rgb, bool stroking);
+    void setColour(std::uint32_t rgb, bool stroking);
     void endText();
     void noteDrawn();
     void line(const PageRecording::Op& op);
@@ -84,11 +84,11 @@ private:
     int font_ = -1;
     double fontSize_ = 0;
     bool fillSet_ = false, strokeSet_ = false;
-    QRgb fill_ = 0, stroke_ = 0;
+    std::uint32_t fill_ = 0, stroke_ = 0;
     int lineWidth_ = 0;
     // The operators of the colours met so far: a listing changes colour nearly every token.
     struct ColourText {
-        QRgb rgb;
+        std::uint32_t rgb;
         bool stroking;
         std::string text;
     };

@@ -1,14 +1,12 @@
 // The fonts of a PDF file, written when the pages are done and every character drawn is known.
-#include <QByteArray>
-#include <QRawFont>
 #include <algorithm>
+#include <cctype>
 #include <set>
 
-#include "platform/qt/cff_table.h"
-#include "platform/qt/glyph_procedure.h"
-#include "platform/qt/pdf_syntax.h"
-#include "platform/qt/pdf_writer.h"
-#include "platform/qt/truetype_subset.h"
+#include "platform/pdf/cff_table.h"
+#include "platform/pdf/pdf_syntax.h"
+#include "platform/pdf/pdf_writer.h"
+#include "platform/pdf/truetype_subset.h"
 #include "platform/text_encoding.h"
 
 namespace hlyd {
@@ -16,12 +14,12 @@ namespace hlyd {
 namespace {
 
 // The font's name as a PDF name: letters, digits and hyphens only.
-std::string postScriptName(const QRawFont& raw) {
+// A character beyond ASCII is left out whole: its UTF-8 bytes are all above 0x7F.
+std::string postScriptName(const FaceProgram& program) {
     std::string name;
-    QString style = raw.styleName();
-    for (QChar c : raw.familyName() + (style.isEmpty() || style == QLatin1String("Regular") ? QString() : "-" + style))
-        if (c.isLetterOrNumber() && c.unicode() < 0x80) name += static_cast<char>(c.unicode());
-        else if (c == QLatin1Char('-')) name += '-';
+    std::string style = program.styleName();
+    for (unsigned char c : program.familyName() + (style.empty() || style == "Regular" ? std::string() : "-" + style))
+        if (c < 0x80 && (std::isalnum(c) || c == '-')) name += static_cast<char>(c);
     return name.empty() ? "Font" : name;
 }
 
@@ -36,11 +34,6 @@ std::string subsetTag(const std::set<std::uint32_t>& glyphs, const std::string& 
     std::string tag;
     for (int i = 0; i < 6; ++i, hash /= 26) tag += static_cast<char>('A' + hash % 26);
     return tag + "+";
-}
-
-std::string tableOf(const QRawFont& raw, const char* tag) {
-    QByteArray data = raw.fontTable(tag);
-    return std::string(data.constData(), static_cast<std::size_t>(data.size()));
 }
 
 std::int16_t signed16(const std::string& s, std::size_t at) {
@@ -65,9 +58,9 @@ std::string glyphName(int code) {
 
 }  // namespace
 
-PdfWriter::Outlines PdfWriter::outlinesOf(const QRawFont& raw) {
-    if (!raw.fontTable("glyf").isEmpty() && !raw.fontTable("loca").isEmpty()) return Outlines::TrueType;
-    if (cffNameKeyed(tableOf(raw, "CFF "))) return Outlines::Cff;
+PdfWriter::Outlines PdfWriter::outlinesOf(const FaceProgram& program) {
+    if (program.hasTable("glyf") && program.hasTable("loca")) return Outlines::TrueType;
+    if (cffNameKeyed(program.table("CFF "))) return Outlines::Cff;
     return Outlines::Drawn;
 }
 
@@ -130,13 +123,14 @@ void PdfWriter::writeCidFont(const Font& font) {
         widths += std::to_string(glyph) + " [" +
                   pdfNumber(face.advance[static_cast<std::size_t>(c)] / face.pixelSize * 1000) + "] ";
     }
-    const QRawFont& raw = face.raw;
+    const FaceProgram& program = *face.program;
     // A CFF program goes in whole, so its name carries no subset tag.
-    std::string name = trueType ? subsetTag(glyphs, postScriptName(raw)) + postScriptName(raw) : postScriptName(raw);
-    std::string file = trueType ? subsetTrueType([&](const char* tag) { return raw.fontTable(tag); }, glyphs)
-                                : tableOf(raw, "CFF ");
-    std::string head = tableOf(raw, "head");
-    double perUnit = 1000.0 / std::max(1, static_cast<int>(raw.unitsPerEm()));
+    std::string name =
+            trueType ? subsetTag(glyphs, postScriptName(program)) + postScriptName(program) : postScriptName(program);
+    std::string file = trueType ? subsetTrueType([&](const char* tag) { return program.table(tag); }, glyphs)
+                                : program.table("CFF ");
+    std::string head = program.table("head");
+    double perUnit = 1000.0 / std::max(1, program.unitsPerEm());
     double perPixel = 1000.0 / face.pixelSize;
     bool fixedPitch = face.advance['i'] == face.advance['W'];
 
@@ -157,9 +151,9 @@ void PdfWriter::writeCidFont(const Font& font) {
     write("<< /Type /FontDescriptor /FontName /" + name + " /Flags " + std::to_string(flags) + " /FontBBox [" +
           pdfNumber(signed16(head, 36) * perUnit) + " " + pdfNumber(signed16(head, 38) * perUnit) + " " +
           pdfNumber(signed16(head, 40) * perUnit) + " " + pdfNumber(signed16(head, 42) * perUnit) + "] /ItalicAngle " +
-          (face.key.italic ? "-12" : "0") + " /Ascent " + pdfNumber(raw.ascent() * perPixel) + " /Descent " +
-          pdfNumber(-raw.descent() * perPixel) + " /CapHeight " + pdfNumber(raw.capHeight() * perPixel) +
-          " /StemV 80 " + (trueType ? "/FontFile2 " : "/FontFile3 ") + std::to_string(fontFile) + " 0 R >>\nendobj\n");
+          (face.key.italic ? "-12" : "0") + " /Ascent " + pdfNumber(face.ascent * perPixel) + " /Descent " +
+          pdfNumber(-face.descent * perPixel) + " /CapHeight " + pdfNumber(face.capHeight * perPixel) + " /StemV 80 " +
+          (trueType ? "/FontFile2 " : "/FontFile3 ") + std::to_string(fontFile) + " 0 R >>\nendobj\n");
     writeStream(fontFile, file,
                 trueType ? " /Length1 " + std::to_string(file.size()) : std::string(" /Subtype /CIDFontType0C"));
     writeToUnicode(toUnicode, "<00> <FF>", cmap, mappings);
@@ -169,26 +163,28 @@ void PdfWriter::writeCidFont(const Font& font) {
 // A Type 3 font whose codes are the Windows-1252 characters, each glyph drawn from its outline.
 void PdfWriter::writeDrawnFont(const Font& font) {
     const PrintFace& face = *font.face;
-    // Glyph space in thousandths of the em, as for the other kinds of font.
-    QRawFont design = face.raw;
-    design.setPixelSize(1000);
     int first = 256, last = -1;
     for (int c = 0; c < 256; ++c)
         if (font.used[static_cast<std::size_t>(c)]) first = std::min(first, c), last = std::max(last, c);
     if (last < 0) first = last = 0x20;
 
-    std::string widths, differences, procedures, cmap;
-    QRectF box;
-    int mappings = 0;
+    // Glyph space in thousandths of the em, as for the other kinds of font.
+    std::string widths;
+    std::vector<std::pair<std::uint32_t, double>> asked;
     for (int c = first; c <= last; ++c) {
         auto at = static_cast<std::size_t>(c);
         double width = font.used[at] ? face.advance[at] / face.pixelSize * 1000 : 0;
         widths += pdfNumber(width) + " ";
-        if (!font.used[at]) continue;
-        QPainterPath outline = design.pathForGlyph(face.glyph[at]);
-        box = box.united(outline.boundingRect());
+        if (font.used[at]) asked.emplace_back(face.glyph[at], width);
+    }
+    FaceProgram::DrawnGlyphs drawn = face.program->drawnGlyphs(asked);
+    std::string differences, procedures, cmap;
+    int mappings = 0;
+    std::size_t next = 0;
+    for (int c = first; c <= last; ++c) {
+        if (!font.used[static_cast<std::size_t>(c)]) continue;
         std::uint32_t procedure = reserveObject();
-        writeStream(procedure, glyphProcedure(outline, width));
+        writeStream(procedure, drawn.procedures.at(next++));
         differences += std::to_string(c) + " /" + glyphName(c) + " ";
         procedures += "/" + glyphName(c) + " " + std::to_string(procedure) + " 0 R ";
         appendMapping(cmap, static_cast<unsigned char>(c));
@@ -196,9 +192,9 @@ void PdfWriter::writeDrawnFont(const Font& font) {
     }
     std::uint32_t toUnicode = reserveObject();
     beginObject(font.object);
-    write("<< /Type /Font /Subtype /Type3 /Name /" + postScriptName(face.raw) + " /FontBBox [" + pdfNumber(box.left()) +
-          " " + pdfNumber(-box.bottom()) + " " + pdfNumber(box.right()) + " " + pdfNumber(-box.top()) +
-          "] /FontMatrix [0.001 0 0 0.001 0 0] /CharProcs << " + procedures +
+    write("<< /Type /Font /Subtype /Type3 /Name /" + postScriptName(*face.program) + " /FontBBox [" +
+          pdfNumber(drawn.left) + " " + pdfNumber(-drawn.bottom) + " " + pdfNumber(drawn.right) + " " +
+          pdfNumber(-drawn.top) + "] /FontMatrix [0.001 0 0 0.001 0 0] /CharProcs << " + procedures +
           ">> /Encoding << /Type /Encoding /Differences [" + differences + "] >> /FirstChar " + std::to_string(first) +
           " /LastChar " + std::to_string(last) + " /Widths [" + widths + "] /Resources << >> /ToUnicode " +
           std::to_string(toUnicode) + " 0 R >>\nendobj\n");

@@ -7,9 +7,6 @@
 // The general PDF painter of the toolkit writes every glyph as a positioned call of its own; a
 // listing is nearly all text, and writing runs of glyphs that the font places by its own widths
 // makes the file several times faster to write and smaller.
-#include <QIODevice>
-#include <QPointF>
-#include <QSizeF>
 #include <bitset>
 #include <cstdint>
 #include <memory>
@@ -17,10 +14,12 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/qt/page_recording.h"
-#include "platform/qt/pdf_page_content.h"
-#include "platform/qt/pdf_page_packer.h"
-#include "platform/qt/print_faces.h"
+#include "platform/pdf/byte_sink.h"
+#include "platform/pdf/page_recording.h"
+#include "platform/pdf/pdf_geometry.h"
+#include "platform/pdf/pdf_page_content.h"
+#include "platform/pdf/pdf_page_packer.h"
+#include "platform/pdf/print_faces.h"
 
 struct libdeflate_compressor;
 
@@ -47,11 +46,11 @@ struct PageMarks {
 
 class PdfWriter {
 public:
-    explicit PdfWriter(QIODevice& out);
+    explicit PdfWriter(ByteSink& out);
     // One page: the recording in device pixels at `dotsPerInch`, its origin `origin` points from the
     // sheet's top left, on a sheet of `sheet` points. The recording is taken over: `page` comes back
     // empty, keeping the room of a page written before.
-    void addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, QSizeF sheet, QPointF origin,
+    void addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, PdfSize sheet, PdfPoint origin,
                  const PageMarks& marks = {});
     // The fonts, the page tree and the cross-reference table: the file is complete after this.
     void finish();
@@ -75,7 +74,7 @@ private:
         std::vector<const PrintFace*> faces;  // by face index
         std::vector<int> fontOfFace;          // by face index
         double pointsPerPixel = 0;
-        QPointF corner;
+        PdfPoint corner;
         bool empty() const { return page.empty(); }
         void clear() {
             page.clear();
@@ -92,12 +91,12 @@ private:
     // pages still being laid out grow meanwhile.
     void writePageStream(std::uint32_t number, const PageToWrite& page);
     // Fills nextPage_ with the page as the packing thread is to write it.
-    void handOver(PageRecording& page, const PrintFaces& faces, double scale, QPointF corner);
+    void handOver(PageRecording& page, const PrintFaces& faces, double scale, PdfPoint corner);
     void writePacked(const std::string& dictionary);
     std::size_t fontOf(const PrintFace& face);
     void compress(const std::string& data);  // into packed_
     // In pdf_fonts.cpp.
-    static Outlines outlinesOf(const QRawFont& raw);
+    static Outlines outlinesOf(const FaceProgram& program);
     void writeFont(const Font& font);
     void writeCidFont(const Font& font);
     void writeCodeMap(std::uint32_t number, const std::string& name,
@@ -105,13 +104,13 @@ private:
     void writeDrawnFont(const Font& font);
     void writeToUnicode(std::uint32_t number, const std::string& codeSpace, const std::string& mappings, int count);
 
-    QIODevice& out_;
+    ByteSink& out_;
     std::uint64_t written_ = 0;
     std::vector<std::uint64_t> offsets_{0};  // by object number
     // A page's object is written at the end, when every place its links lead to is known.
     struct Page {
         std::uint32_t object, contents;
-        QSizeF sheet;
+        PdfSize sheet;
         std::vector<PageMarks::Link> links;  // in points
     };
     struct Place {
@@ -128,7 +127,7 @@ private:
         std::int32_t number;
         bool roman;
     };
-    void notePlaces(const PageMarks& marks, std::size_t page, double scale, QSizeF sheet, QPointF origin);
+    void notePlaces(const PageMarks& marks, std::size_t page, double scale, PdfSize sheet, PdfPoint origin);
     void noteLabel(const PageMarks& marks, std::size_t page);
     std::string destinationOf(const Place& place) const;
     void writePage(const Page& page);
