@@ -20,8 +20,12 @@ namespace hlyd {
 
 namespace {
 
-// Messages answered as on a terminal, and the job's words, but told only once the run is sure to
-// end here, in the order they came: a run the print part does again says them again.
+// Messages answered as on a terminal, and the job's words. Until the first page is finished they
+// are told only once the run is sure to end here, in the order they came: a run the print part does
+// again says them again. By the end of the first page every face the settings draw in has been asked
+// for, so that from there on the run tells them as they come (a long project shows its progress);
+// a face found missing later still sends the run to the print part, which then says again what was
+// told since.
 class HeldConsoleUi : public ConsoleUi {
 public:
     HeldConsoleUi() {
@@ -33,6 +37,7 @@ public:
         commandLineJob().err = nullptr;
     }
     MsgAnswer messageBox(const MessageBoxRequest& request) override {
+        if (live_) return ConsoleUi::messageBox(request);
         keepWords();
         held_.push_back({{}, request});
         return windowlessAnswer(request, nullptr);
@@ -40,6 +45,13 @@ public:
     void errorReport(const std::string& text) override {
         tellHeld();
         ConsoleUi::errorReport(text);
+    }
+    // From here on the job's words and the messages go out as they come.
+    void tellFromNowOn() {
+        if (live_) return;
+        tellHeld();
+        live_ = true;
+        commandLineJob().err = nullptr;
     }
     void tellHeld() {
         keepWords();
@@ -64,6 +76,20 @@ private:
     }
     std::ostringstream out_, err_;
     std::vector<Held> held_;
+    bool live_ = false;
+};
+
+// The PDF printer on faces from their files, which tells `ui` to go on as the first page is done.
+class FirstPageTellingPrinter : public FilePdfPrinter {
+public:
+    explicit FirstPageTellingPrinter(HeldConsoleUi& ui) : ui_(ui) {}
+    void newPage() override {
+        FilePdfPrinter::newPage();
+        ui_.tellFromNowOn();
+    }
+
+private:
+    HeldConsoleUi& ui_;
 };
 
 int endRun(int rc) {
@@ -85,7 +111,7 @@ std::optional<int> runPdfOnCore(const BatchOptions& options) {
     HeldConsoleUi ui;
     if (!options.htmlOut.empty()) ui.saveAs = options.htmlOut;
     setUi(&ui);
-    PdfPrinterSystem printers([] { return std::make_unique<FilePdfPrinter>(); });
+    PdfPrinterSystem printers([&ui] { return std::make_unique<FirstPageTellingPrinter>(ui); });
     setPrinterSystem(&printers);
     // No screen is the user's here either: what could be stored of a window's place would be wrong.
     setScreensUnknown(true);

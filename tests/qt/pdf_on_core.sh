@@ -80,4 +80,22 @@ by_part "a face not remembered"
 cmp -s first.pdf again.pdf || fail "a face not remembered: the print differs"
 cmp -s first.err err || fail "a face not remembered: said $(cat err), not $(cat first.err)"
 grep -q "Gone.bas" err || fail "the missing member was not told: $(cat err)"
+
+# A long print tells its progress as it goes: the line of the first member comes while the second,
+# a long one, is still printing, before the PDF appears.
+printf 'Attribute VB_Name = "modFirst"\r\nx = 1\r\n' >p/First.bas
+awk 'BEGIN { printf "Attribute VB_Name = \"modLong\"\r\n"; for (i = 0; i < 60000; i++) printf "x = x + 1 '"'"' counted\r\n" }' >p/Long.bas
+printf 'Type=Exe\r\nModule=modFirst; First.bas\r\nModule=modLong; Long.bas\r\n' >p/Long.vbp
+print first.pdf p/Long.vbp
+rm -f first.pdf
+mkfifo said
+"$halyard" --pdf first.pdf p/Long.vbp 2>said >/dev/null &
+{
+    IFS= read -r line
+    [ -e first.pdf ] && echo "told only at the end: $line" >late
+    cat >/dev/null
+} <said
+wait
+[ ! -e late ] || fail "$(cat late)"
+[ -s first.pdf ] || fail "the long print wrote no PDF"
 echo "ok"
