@@ -95,6 +95,19 @@ TEST_F(FaceFilesTest, AUserConfigurationWrittenAfterAPrintIsSeen) {
     else unsetenv("XDG_CONFIG_HOME");
 }
 
+// The variables that point the font configuration at other files are part of what a face was
+// found under: set after a print, the next print looks its faces up afresh.
+TEST_F(FaceFilesTest, AFontConfigurationVariableSetAfterAPrintIsSeen) {
+    ASSERT_EQ(std::getenv("FONTCONFIG_PATH"), nullptr);
+    firstPrint();
+    ASSERT_TRUE(loadFaceFiles(file));
+    forgetFaceFiles();
+    setenv("FONTCONFIG_PATH", dir.c_str(), 1);
+    bool loaded = loadFaceFiles(file);
+    unsetenv("FONTCONFIG_PATH");
+    EXPECT_FALSE(loaded);
+}
+
 enum class Spoiled { Damaged, FontChanged, SourceChanged, NotAFile, Link };
 
 class SpoiledFaceFiles : public FaceFilesTest, public testing::WithParamInterface<Spoiled> {

@@ -1,5 +1,6 @@
 #include "platform/pdf/face_files.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <sstream>
@@ -28,7 +29,17 @@ struct Remembered {
     std::map<std::string, std::pair<std::string, std::string>> families;
     std::map<std::string, long long> numbers;
     std::map<std::pair<std::string, int>, FaceFile> faces;
+    std::map<std::string, std::string> environment;  // the font configuration's variables then set
 };
+
+// The variables that make the font configuration read other files than it names: a face
+// remembered under other ones may not be the face the configuration would give now.
+std::map<std::string, std::string> fontEnvironment() {
+    std::map<std::string, std::string> set;
+    for (const char* name : {"FONTCONFIG_FILE", "FONTCONFIG_PATH", "FONTCONFIG_SYSROOT"})
+        if (const char* value = std::getenv(name)) set.emplace(name, value);
+    return set;
+}
 
 Remembered& remembered() {
     static Remembered state;
@@ -60,6 +71,7 @@ bool readLine(Remembered& r, const std::vector<std::string>& f) {
     try {
         if (f.size() == 3 && f[0] == "source") return r.sources.emplace(f[2], std::stoll(f[1])).second;
         if (f.size() == 3 && f[0] == "number") return r.numbers.emplace(f[1], std::stoll(f[2])).second;
+        if (f.size() == 3 && f[0] == "environment") return r.environment.emplace(f[1], f[2]).second;
         if (f.size() == 4 && f[0] == "family") return r.families.emplace(f[1], std::pair{f[2], f[3]}).second;
         if (f.size() == 6 && f[0] == "face") {
             FaceFile file{f[5], std::stoull(f[3]), std::stoll(f[4])};
@@ -71,7 +83,7 @@ bool readLine(Remembered& r, const std::vector<std::string>& f) {
 
 // Every source as it was, every face file as it was: else nothing of it is trusted.
 bool stillHolds(const Remembered& r) {
-    if (r.sources.empty()) return false;
+    if (r.sources.empty() || r.environment != fontEnvironment()) return false;
     for (const auto& [path, time] : r.sources)
         if (modifiedTime(path) != time) return false;
     for (const auto& [key, file] : r.faces) {
@@ -103,7 +115,7 @@ bool loadFaceFiles(const std::string& file) {
     r.active = true;
     r.file = file;
     if (readFile(r) && stillHolds(r) && !r.faces.empty()) return true;
-    r = Remembered{true, true, file, {}, {}, {}, {}};
+    r = Remembered{true, true, file, {}, {}, {}, {}, {}};
     return false;
 }
 
@@ -116,6 +128,9 @@ void saveFaceFiles(const std::vector<std::string>& sources) {
     out << kHeader << '\n';
     for (const auto& [path, time] : r.sources)
         if (plainField(path)) out << "source\t" << time << '\t' << path << '\n';
+    r.environment = fontEnvironment();
+    for (const auto& [name, value] : r.environment)
+        if (plainField(value)) out << "environment\t" << name << '\t' << value << '\n';
     for (const auto& [name, family] : r.families)
         out << "family\t" << name << '\t' << family.first << '\t' << family.second << '\n';
     for (const auto& [name, value] : r.numbers) out << "number\t" << name << '\t' << value << '\n';
