@@ -116,8 +116,8 @@ void PdfWriter::handOver(PageRecording& page, const PrintFaces& faces, double sc
     nextPage_.corner = corner;
 }
 
-void PdfWriter::addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, PdfSize sheet,
-                        PdfPoint origin, const PageMarks& marks) {
+void PdfWriter::addPage(PageRecording& page, const PrintFaces& faces, int dotsPerInch, PdfSize sheet, PdfPoint origin,
+                        const PageMarks& marks) {
     double scale = 72.0 / dotsPerInch;
     handOver(page, faces, scale, PdfPoint{origin.x, sheet.height - origin.y});
     std::uint32_t contents = reserveObject();
