@@ -57,6 +57,7 @@ private:
     void writeLine(std::string_view text);
     void write(std::string_view text);
     [[noreturn]] void failed(int reason);  // drops the document and raises the system's reason
+    std::string_view switchTag(int element, bool closeFirst);
 
     // Written beside the output and put in its place when complete.
     std::unique_ptr<os::AtomicWriter> file_;
@@ -65,6 +66,9 @@ private:
     std::string pendingAnchor_;
     std::int16_t currentElement_ = -1;
     std::string procLine_;
+    // The tags that open an element's font, without and with the close of the one before; by
+    // element 1 to 8, 9 for links and 0 for any other.
+    std::string switchTags_[2][10];
     std::string subTitle1_, subTitle2_, heading_, title_;
 };
 
