@@ -19,16 +19,14 @@ const std::array<unsigned char, 256>& upperTable() {
     return table;
 }
 
-std::uint32_t foldedHash(std::string_view word) {
-    const std::array<unsigned char, 256>& kUpper = upperTable();
+std::uint32_t foldedHash(std::string_view word, const std::array<unsigned char, 256>& kUpper) {
     std::uint32_t h = 2166136261u;
     for (char c : word) h = (h ^ kUpper[static_cast<unsigned char>(c)]) * 16777619u;
     return h;
 }
 
-bool sameFolded(std::string_view word, const std::string& upperWord) {
+bool sameFolded(std::string_view word, const std::string& upperWord, const std::array<unsigned char, 256>& kUpper) {
     if (word.size() != upperWord.size()) return false;
-    const std::array<unsigned char, 256>& kUpper = upperTable();
     for (std::size_t i = 0; i < word.size(); ++i)
         if (kUpper[static_cast<unsigned char>(word[i])] != static_cast<unsigned char>(upperWord[i])) return false;
     return true;
@@ -37,6 +35,7 @@ bool sameFolded(std::string_view word, const std::string& upperWord) {
 }  // namespace
 
 void KeyWordIndex::build(const std::vector<std::string>& words) {
+    upper_ = &upperTable();
     words_ = words;
     longest_ = 0;
     std::size_t size = 16;
@@ -45,7 +44,7 @@ void KeyWordIndex::build(const std::vector<std::string>& words) {
     mask_ = static_cast<std::uint32_t>(size - 1);
     for (std::size_t k = 1; k < words.size(); ++k) {
         if (find(words[k]) != 0) continue;  // the first of equal words wins, as in a search
-        std::uint32_t slot = foldedHash(words[k]) & mask_;
+        std::uint32_t slot = foldedHash(words[k], *upper_) & mask_;
         while (slots_[slot] != 0) slot = (slot + 1) & mask_;
         slots_[slot] = static_cast<std::int32_t>(k);
         if (words[k].size() > longest_) longest_ = words[k].size();
@@ -54,8 +53,8 @@ void KeyWordIndex::build(const std::vector<std::string>& words) {
 
 std::int32_t KeyWordIndex::find(std::string_view word) const {
     if (slots_.empty() || word.size() > longest_ || word.empty()) return 0;
-    for (std::uint32_t slot = foldedHash(word) & mask_; slots_[slot] != 0; slot = (slot + 1) & mask_)
-        if (sameFolded(word, words_[static_cast<std::size_t>(slots_[slot])])) return slots_[slot];
+    for (std::uint32_t slot = foldedHash(word, *upper_) & mask_; slots_[slot] != 0; slot = (slot + 1) & mask_)
+        if (sameFolded(word, words_[static_cast<std::size_t>(slots_[slot])], *upper_)) return slots_[slot];
     return 0;
 }
 
