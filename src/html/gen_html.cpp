@@ -146,10 +146,9 @@ void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std
 
 // Every token of a new element changes the tag: the switch, with the close of the tag before it,
 // is made once per element and class of change, and goes into the line as one piece.
-std::string_view cGenHTML::switchTag(int element, bool closeFirst) {
-    int slot = element >= 1 && element <= 8 ? element : element == 99 ? 9 : 0;
-    std::string& tag = switchTags_[closeFirst ? 1 : 0][slot];
-    if (tag.empty()) tag = std::string(closeFirst ? "</font>" : "") + "<font class=\"" + htmlClassName(element) + "\">";
+std::string_view cGenHTML::makeSwitchTag(int element, bool closeFirst) {
+    std::string& tag = switchTags_[closeFirst ? 1 : 0][switchSlot(element)];
+    tag = std::string(closeFirst ? "</font>" : "") + "<font class=\"" + htmlClassName(element) + "\">";
     return tag;
 }
 
