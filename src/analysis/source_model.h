@@ -87,10 +87,10 @@ struct TokenFields {
     std::int32_t Statement = 0;
     std::int32_t Column = 0;
     std::int16_t pKeyWord = 0;  // keyword entries past its range are never found
-    std::int8_t Class = 0;
-    std::int8_t Detail = 0;
-    std::int8_t Flags = 0;
-    std::int8_t Continued = 0;
+    std::uint8_t Class = 0;
+    std::uint8_t Detail = 0;
+    std::uint8_t Flags = 0;
+    std::uint8_t Continued = 0;
     bool KeyWordSeen = false;
     bool KeyWordKept = false;
 

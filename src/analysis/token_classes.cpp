@@ -19,8 +19,8 @@ void swapTokens(WorkToken& a, WorkToken& b) {
 }
 
 void setClass(WorkToken& t, std::int32_t cls, std::int32_t detail) {
-    t.Class = static_cast<std::int8_t>(cls);
-    t.Detail = static_cast<std::int8_t>(detail);
+    t.Class = static_cast<std::uint8_t>(cls);
+    t.Detail = static_cast<std::uint8_t>(detail);
 }
 
 class LineClassifier {
