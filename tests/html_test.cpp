@@ -258,6 +258,16 @@ TEST(HtmlWriterTest, ColoursTagsAndEscaping) {
     EXPECT_EQ(lineEnd, "</font>");
     doc.InsertLineBreak(lineEnd);
     EXPECT_EQ(lineEnd, "");  // nothing open at the start of a line
+    // Each element keeps its own tag, the link and the unknown ones too, with and without a close.
+    std::string line;
+    for (int element : {99, 7, 42, 99, 0, 7}) doc.AppendToken("x", 0, element, line);
+    EXPECT_EQ(line,
+              "<font class=\"a:link\">x</font><font class=\"PageHead\">x</font><font class=\"Unknown\">x"
+              "</font><font class=\"a:link\">x</font><font class=\"Unknown\">x</font><font class=\"PageHead\">x");
+    // A byte to show is found wherever it stands in a run, ahead of or after whole groups of four.
+    std::string shown;
+    appendSourceText(shown, std::string("abcdefg<h>ijklmn\x01", 17));
+    EXPECT_EQ(shown, "abcdefg&lt;h&gt;ijklmn&#x2401;");
 
     EXPECT_EQ(escapedText("<a href=\"x\">Tom & 'Jerry'</a>\t\x81"),
               "&lt;a href=&quot;x&quot;&gt;Tom &amp; &#39;Jerry&#39;&lt;/a&gt;\t&#xFFFD;");

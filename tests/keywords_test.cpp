@@ -231,6 +231,13 @@ TEST(KeyWordIndexTest, FoldsTheLettersOfTheUpperHalf) {
     EXPECT_EQ(index.find(""), 0);
     KeyWordIndex empty;
     EXPECT_EQ(empty.find("SUB"), 0);
+    // Words alike in their length and their first, middle and last letters are still told apart.
+    KeyWordIndex alike;
+    alike.build({std::string(1, '\0'), "PRINT", "PAINT", "PRINTER"});
+    EXPECT_EQ(alike.find("paint"), 2);
+    EXPECT_EQ(alike.find("Print"), 1);
+    EXPECT_EQ(alike.find("POINT"), 0);
+    EXPECT_EQ(alike.find("PRINTER"), 3);
 }
 
 TEST_F(KeywordTableTest, RebuildingADialectKeepsIndexes) {

@@ -83,6 +83,22 @@ TEST_F(OsPortTest, LinesReadTheSameWhereverABlockEnds) {
         EXPECT_EQ(lines, expected) << "block of " << chunk;
         EXPECT_EQ(reader.offset(), text.size());
     }
+    // Lines of every length around a group of eight bytes, with bytes that differ from a line end
+    // by one bit or by one, which a look at several bytes at once must not take for one.
+    std::string many;
+    std::vector<std::string> lines;
+    const char* ends[] = {"\r\n", "\n", "\r"};
+    for (std::size_t length = 0; length <= 20; ++length) {
+        std::string line;
+        for (std::size_t i = 0; i < length; ++i) line += "a\x8A\x8D\x0B\x0C\x09\x0E"[i % 7];
+        lines.push_back(line);
+        many += line + ends[length % 3];
+    }
+    LineReader reader(64);
+    ASSERT_EQ(reader.open(write("lengths.bas", many)), 0);
+    std::vector<std::string> read;
+    while (!reader.atEnd()) read.emplace_back(reader.readLine());
+    EXPECT_EQ(read, lines);
 }
 
 TEST_F(OsPortTest, LongLineIsCutAndTheReaderStaysSmall) {

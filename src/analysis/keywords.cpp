@@ -170,7 +170,9 @@ void BuildKeyWordsForDialect(const std::string& dialect) {
 void SearchForKeyWord(std::string_view word, std::int32_t& index) {
     const BasiclanModule& m = basiclan();
     index = m.DialectIndex.find(word);
-    if (index >= m.DialectKeyWordCount) index = 0;
+    // A token keeps its keyword in 16 bits; a keyword file a hundred times the shipped one would
+    // have its last words taken for names.
+    if (index >= m.DialectKeyWordCount || index > INT16_MAX) index = 0;
 }
 
 bool BabIsKeyWord(std::string_view word) {

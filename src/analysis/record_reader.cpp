@@ -1,5 +1,6 @@
 #include "analysis/record_reader.h"
 
+#include <array>
 #include <new>
 #include <utility>
 
@@ -42,12 +43,35 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
     t.Records[m.RecordIndex] = record;
 }
 
+// Texts that every file has over and over need no copy of their own: blanks of spaces alone, and
+// the one-byte operators and separators, are views of tables made when the program is built.
+// Between them they are most of the tokens' texts by count.
+constexpr std::size_t kLongestBlanks = 256;
+constexpr auto kSpaces = [] {
+    std::array<char, kLongestBlanks> spaces{};
+    spaces.fill(' ');
+    return spaces;
+}();
+constexpr auto kBytes = [] {
+    std::array<char, 256> bytes{};
+    for (std::size_t b = 0; b < bytes.size(); ++b) bytes[b] = static_cast<char>(b);
+    return bytes;
+}();
+
+inline std::string_view keptText(std::string_view text, TokenTextStore& texts) {
+    if (text.size() <= 1)
+        return text.empty() ? std::string_view() : std::string_view(&kBytes[static_cast<unsigned char>(text[0])], 1);
+    if (text.size() <= kLongestBlanks && text[0] == ' ' && text.find_first_not_of(' ') == std::string_view::npos)
+        return {kSpaces.data(), text.size()};
+    return texts.keep(text);
+}
+
 // The work token's texts are copied, not moved: the work token keeps its strings' room for the
 // next line.
 void keepToken(const WorkToken& work, TokenTextStore& texts, Token& token) {
     static_cast<TokenFields&>(token) = work;
-    token.Text = texts.keep(work.Text);
-    token.LeadingSpace = texts.keep(work.LeadingSpace);
+    token.Text = keptText(work.Text, texts);
+    token.LeadingSpace = keptText(work.LeadingSpace, texts);
 }
 
 void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {

@@ -137,7 +137,7 @@ void StatementBuilder::findVerb() {
             if (!k.ClassOverride) return;
         } else if (token.Text == "=") {
             s_.Verb = i;
-            token.pKeyWord = m_.LetKeyWord;
+            token.pKeyWord = static_cast<std::int16_t>(m_.LetKeyWord);
             return;
         }
     }

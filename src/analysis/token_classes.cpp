@@ -19,8 +19,8 @@ void swapTokens(WorkToken& a, WorkToken& b) {
 }
 
 void setClass(WorkToken& t, std::int32_t cls, std::int32_t detail) {
-    t.Class = cls;
-    t.Detail = detail;
+    t.Class = static_cast<std::uint8_t>(cls);
+    t.Detail = static_cast<std::uint8_t>(detail);
 }
 
 class LineClassifier {
@@ -148,7 +148,7 @@ void LineClassifier::keyword(std::int32_t k) {
         setClass(t, kTokIdentifier, kDetIdentifier);
         return;
     }
-    t.pKeyWord = index;
+    t.pKeyWord = static_cast<std::int16_t>(index);
     t.KeyWordSeen = t.KeyWordKept = true;
     setClass(t, kTokKeyword, 0);
     trackBlocks(k, m_.DialectKeyWords[index].Word);

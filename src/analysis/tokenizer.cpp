@@ -32,10 +32,8 @@ inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 void blankToken(WorkToken& t) {
-    t.Class = t.Detail = t.Flags = t.Continued = 0;
-    t.KeyWordSeen = t.KeyWordKept = false;
+    static_cast<TokenFields&>(t) = TokenFields{};
     t.setView({});
-    t.pKeyWord = t.Statement = t.Column = 0;
     t.LeadingSpace = {};
 }
 

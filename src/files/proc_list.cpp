@@ -24,9 +24,10 @@ struct NewEntry {
     std::int32_t verbToken = 0;
 };
 
-std::string textOf(std::int32_t token) {
+// A view, not a copy: the head of every record is looked at, and only a procedure keeps a name.
+std::string_view textOf(std::int32_t token) {
     const SourceTables& t = theSourceTables();
-    return token >= 1 && token <= t.TokenCount ? std::string(t.Tokens[token].Text) : std::string();
+    return token >= 1 && token <= t.TokenCount ? t.Tokens[token].Text : std::string_view();
 }
 
 // Record 1 tells whether the file starts with a form definition, and the Attribute line its name.
@@ -38,7 +39,7 @@ void noteFileHead(std::int32_t r, std::int32_t s) {
         fileTable().sVBName.clear();
     }
     if (textOf(t.Statements[s].FirstToken) == "Attribute" && textOf(rec.FirstT + 1) == "VB_Name") {
-        std::string name = textOf(rec.FirstT + 3);
+        std::string name(textOf(rec.FirstT + 3));
         std::erase(name, '"');
         fileTable().sVBName = name;
     }
@@ -56,20 +57,22 @@ NewEntry procedureEntry(std::int32_t s) {
     if (verb == 0 && t.Statements[t.StatementCount].Verb != 0) verb = t.Statements[t.StatementCount].Verb;
     NewEntry e;
     e.verbToken = verb;
-    const std::string& verbText = textOf(verb);
-    e.type = verbText.substr(0, 1);
+    std::string_view verbText = textOf(verb);
+    e.type = std::string(verbText.substr(0, 1));
     if (upperCase(verbText) == "PROPERTY") {
         e.nameToken = verb + 2;
-        char accessor = static_cast<char>(upperChar(static_cast<unsigned char>(textOf(verb + 1).c_str()[0])));
+        std::string_view accessorText = textOf(verb + 1);
+        char accessor =
+                accessorText.empty() ? '\0' : static_cast<char>(upperChar(static_cast<unsigned char>(accessorText[0])));
         int step = accessor == 'G' ? 1 : accessor == 'L' ? 2 : accessor == 'S' ? 3 : 0;
         e.type = std::string(1, static_cast<char>('P' + step));
     } else {
         e.nameToken = verb + 1;
     }
     if (e.nameToken <= t.TokenCount) {
-        e.name = textOf(e.nameToken);
+        e.name = std::string(textOf(e.nameToken));
         if (!e.name.empty() && e.name[0] != '<' && upperCase(textOf(e.nameToken - 2)) == "PROPERTY")
-            e.name += " [" + textOf(e.nameToken - 1) + "]";
+            e.name += " [" + std::string(textOf(e.nameToken - 1)) + "]";
     }
     return e;
 }

@@ -144,13 +144,18 @@ void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std
     AppendToken(text, spaces, element, result);
 }
 
+// Every token of a new element changes the tag: the switch, with the close of the tag before it,
+// is made once per element and class of change, and goes into the line as one piece.
+std::string_view cGenHTML::makeSwitchTag(int element, bool closeFirst) {
+    std::string& tag = switchTags_[closeFirst ? 1 : 0][switchSlot(element)];
+    tag = std::string(closeFirst ? "</font>" : "") + "<font class=\"" + htmlClassName(element) + "\">";
+    return tag;
+}
+
 void cGenHTML::AppendToken(std::string_view text, int spaces, int element, std::string& line) {
-    line.append(spaces > 0 ? static_cast<std::size_t>(spaces) : 0, ' ');
+    if (spaces > 0) line.append(static_cast<std::size_t>(spaces), ' ');
     if (element != currentElement_) {
-        if (currentElement_ != -1) line += "</font>";
-        line += "<font class=\"";
-        line += htmlClassName(element);
-        line += "\">";
+        line += switchTag(element, currentElement_ != -1);
         currentElement_ = static_cast<std::int16_t>(element);
     }
     appendSourceText(line, text);

@@ -57,6 +57,12 @@ private:
     void writeLine(std::string_view text);
     void write(std::string_view text);
     [[noreturn]] void failed(int reason);  // drops the document and raises the system's reason
+    static int switchSlot(int element) { return element >= 1 && element <= 8 ? element : element == 99 ? 9 : 0; }
+    std::string_view switchTag(int element, bool closeFirst) {
+        const std::string& tag = switchTags_[closeFirst ? 1 : 0][switchSlot(element)];
+        return tag.empty() ? makeSwitchTag(element, closeFirst) : std::string_view(tag);
+    }
+    std::string_view makeSwitchTag(int element, bool closeFirst);
 
     // Written beside the output and put in its place when complete.
     std::unique_ptr<os::AtomicWriter> file_;
@@ -65,6 +71,9 @@ private:
     std::string pendingAnchor_;
     std::int16_t currentElement_ = -1;
     std::string procLine_;
+    // The tags that open an element's font, without and with the close of the one before; by
+    // element 1 to 8, 9 for links and 0 for any other.
+    std::string switchTags_[2][10];
     std::string subTitle1_, subTitle2_, heading_, title_;
 };
 

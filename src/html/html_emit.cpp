@@ -90,6 +90,19 @@ bool shownByView(const Statement& s) {
                                             : settings.ViewCode[kHTMLDestination];
 }
 
+// The look-up of a record's procedure is a search of them all; the records come in order, so
+// nearly always the answer is the procedure of the record before, which is seen from its
+// neighbour alone. Only a record past the next procedure's start, or tied to a record there,
+// needs the search.
+bool stillInProc(const SourceTables& t, std::int32_t record, std::int32_t proc) {
+    const std::vector<ProcEntry>& procs = yProc();
+    if (proc < 0 || static_cast<std::size_t>(proc) + 1 >= procs.size()) return false;
+    std::int32_t tiedTo = record <= t.Records.UBound() ? t.Records[record].TiedTo : 0;
+    std::int32_t reach = std::max(record, tiedTo);
+    return reach < procs[static_cast<std::size_t>(proc) + 1].FirstRecord &&
+           (proc == 0 || procs[static_cast<std::size_t>(proc)].FirstRecord <= reach);
+}
+
 void emitSourceRecords() {
     const SourceTables& t = theSourceTables();
     std::int32_t currentProc = 0;
@@ -101,7 +114,8 @@ void emitSourceRecords() {
         if (!shownByView(s)) continue;
         bool startsProc = false;
         if (currentProc >= 0 && currentProc <= upper) {
-            if (counter > yProc()[currentProc].FirstRecord) HlydPCGetAssociatedProc(counter, currentProc);
+            if (counter > yProc()[currentProc].FirstRecord && !stillInProc(t, counter, currentProc))
+                HlydPCGetAssociatedProc(counter, currentProc);
             startsProc = counter == yProc()[currentProc].FirstRecord;
         }
         if (s.Class != kStmtProcStart && !startsProc) {
@@ -128,10 +142,8 @@ namespace hlydHTML {
 // Spaces ahead of a token: the source's own gap, or for the first token that counts the
 // analysed indentation (a line number before it keeps its place). `blankAfter` tells that a line
 // number is followed by a blank.
-static int spacesFor(const Record& r, std::int32_t token, std::int32_t firstToken, const Statement& s, int spaces,
-                     bool& blankAfter) {
-    const SourceTables& t = theSourceTables();
-    const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
+static int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std::int32_t token,
+                     std::int32_t firstToken, const Statement& s, int spaces, bool& blankAfter) {
     const Token& tok = t.Tokens[token];
     blankAfter = false;
     if (token != firstToken) {
@@ -168,7 +180,7 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
         int spaces = 0;
         for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
             bool blankAfter = false;
-            spaces = spacesFor(r, i, firstToken, s, spaces, blankAfter);
+            spaces = spacesFor(t, f, r, i, firstToken, s, spaces, blankAfter);
             int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
             if (element == 0) element = kElemIdentifiers;
             if (procedureLine) element = kElemProcedures;

@@ -36,6 +36,18 @@ struct SourceBytes {
 };
 const SourceBytes kSourceBytes;
 
+// Where the plain bytes from `from` end; four are tested at a time, since a special byte is rare.
+std::size_t plainRunEnd(std::string_view text, std::size_t from) {
+    const bool* special = kSourceBytes.special;
+    auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    std::size_t i = from;
+    while (i + 4 <= text.size() &&
+           !(special[byte(i)] | special[byte(i + 1)] | special[byte(i + 2)] | special[byte(i + 3)]))
+        i += 4;
+    while (i < text.size() && !special[byte(i)]) ++i;
+    return i;
+}
+
 }  // namespace
 
 // "&" and quotes pass as they stand in the source, on purpose: the listing shows the code as
@@ -44,8 +56,7 @@ const SourceBytes kSourceBytes;
 void appendSourceText(std::string& out, std::string_view text) {
     std::size_t i = 0;
     while (i < text.size()) {
-        std::size_t run = i;
-        while (run < text.size() && !kSourceBytes.special[static_cast<unsigned char>(text[run])]) ++run;
+        std::size_t run = plainRunEnd(text, i);
         out.append(text.data() + i, run - i);
         if (run == text.size()) return;
         char c = text[run];
