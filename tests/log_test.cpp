@@ -1,6 +1,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/base_state.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
 #include "shell/module_reset.h"
@@ -69,7 +70,7 @@ TEST_F(LogTest, RingKeepsTheLastHundredLinesOldestFirst) {
     EXPECT_EQ(openAndRead().find("Emitting Queued"), std::string::npos);
 
     // Without queueing, lines before the file are lost.
-    resetLog();
+    baseState().log.reset();
     theLog().setQueueing(false);
     theLog().LogData("lost line");
     EXPECT_EQ(openAndRead().find("lost line"), std::string::npos);
