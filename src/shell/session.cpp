@@ -47,6 +47,9 @@ void Session::renew() {
     std::construct_at(printing.get());
     std::construct_at(html.get());
     std::construct_at(shell.get());
+    // A renewed run's log starts its clock now, as a run's first line would, not at its first
+    // write later on.
+    base->log = std::make_unique<cLog>();
 }
 
 // The program's own Session: made before main, never destroyed, so that nothing of it runs at exit
