@@ -4,7 +4,7 @@
 #include "base/base_state.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
-#include "shell/module_reset.h"
+#include "platform/session.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -16,7 +16,7 @@ protected:
         setUi(&ui);
         setClock(&clock);
         clock.ticks = 1000;
-        resetModuleState();
+        currentSession().renew();
     }
     void TearDown() override {
         theLog().LogClose();
