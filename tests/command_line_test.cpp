@@ -13,12 +13,12 @@
 #include "files/main_window_model.h"
 #include "files/project_choice.h"
 #include "files/project_listing.h"
+#include "platform/session.h"
 #include "shell/app_start.h"
 #include "shell/batch_options.h"
 #include "shell/command_line.h"
 #include "shell/core_batch_run.h"
 #include "settings/window_place.h"
-#include "shell/module_reset.h"
 #include "shell/window_display.h"
 #include "shell/window_part.h"
 #include "test_support.h"
@@ -122,7 +122,7 @@ protected:
     int run(const std::string& commandLine, BatchOptions options = {}) {
         events.clear();
         err.str("");
-        resetModuleState();
+        currentSession().renew();
         commandLineJob() = CommandLineJob{options, 0, &out, &err};
         EXPECT_EQ(Main(commandLine), 0);
         EXPECT_TRUE(hlydMain().ApplicationEnding);
@@ -300,7 +300,7 @@ TEST_F(CommandLineRunTest, AnHtmlExportOpensNoPrinterAndLeavesTheWindowPlaceAsIt
     // bars stay, in an old file that the start rewrites whole as in one it has just written.
     const std::string place = "Screen=40000 2000 9000 7000";
     std::ofstream(dir + "/HLYD.INI") << "[General]\n" << place << "\nWindowState=2\nToolBar=No\n";
-    resetModuleState();
+    currentSession().renew();
     commandLineJob() = CommandLineJob{{}, 0, &out, &err};
     EXPECT_EQ(runOnCoreAlone(parseBatchOptions({"--html", dir + "/M2.html", dir + "/M.bas"})), 0);
     EXPECT_TRUE(fs::exists(dir + "/M2.html"));
@@ -408,7 +408,7 @@ TEST_F(CommandLineRunTest, EveryMemberOfAProjectOfManyLinesPrintsAndTheDialogSay
     ASSERT_EQ(procs.size(), 200u);
     EXPECT_EQ(procs.back(), "InM200");
 
-    resetModuleState();
+    currentSession().renew();
     BabInitFrom(keywordFilePath());
     std::size_t offered = 0;
     setProjectFileView([&offered](ProjectFileModel& m) {

@@ -210,7 +210,7 @@ TEST_F(FileLoadingTest, BadIndexRaisesAndAnUnopenableFileLeavesAStatus) {
     }
 
     // Listed and loaded, then deleted: the next load leaves empty tables and says why.
-    resetDebug();
+    theDebug() = cDebug{};
     ProcessSelectedFile(which);
     fs::remove(oFile().Item(which).FileName);
     ProcessSelectedFile(which);

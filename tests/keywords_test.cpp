@@ -19,7 +19,7 @@ class KeywordTableTest : public test::AnalysisTest {
 protected:
     // Loads the keyword file into a fresh module; returns the error number raised, 0 when none.
     int load(const std::string& path) {
-        resetBasiclan();
+        basiclan() = BasiclanModule{};
         try {
             BabInitFrom(path);
         } catch (const HlydError& e) {

@@ -1,9 +1,10 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/base_state.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
-#include "shell/module_reset.h"
+#include "platform/session.h"
 #include "test_support.h"
 
 namespace hlyd::test {
@@ -15,7 +16,7 @@ protected:
         setUi(&ui);
         setClock(&clock);
         clock.ticks = 1000;
-        resetModuleState();
+        currentSession().renew();
     }
     void TearDown() override {
         theLog().LogClose();
@@ -69,7 +70,7 @@ TEST_F(LogTest, RingKeepsTheLastHundredLinesOldestFirst) {
     EXPECT_EQ(openAndRead().find("Emitting Queued"), std::string::npos);
 
     // Without queueing, lines before the file are lost.
-    resetLog();
+    baseState().log.reset();
     theLog().setQueueing(false);
     theLog().LogData("lost line");
     EXPECT_EQ(openAndRead().find("lost line"), std::string::npos);

@@ -6,9 +6,9 @@
 #include "base/c_log.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "platform/session.h"
 #include "shell/command_line_job.h"
 #include "shell/app_start.h"
-#include "shell/module_reset.h"
 #include "shell/start_mode.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
@@ -35,7 +35,7 @@ class AppStartTest : public AnalysisTest {
 protected:
     void SetUp() override {
         AnalysisTest::SetUp();
-        resetModuleState();  // Main does BabInit itself
+        currentSession().renew();  // Main does BabInit itself
         setPrinterSystem(&printers);
     }
     void TearDown() override {

@@ -19,11 +19,11 @@
 #include "files/main_window_model.h"
 #include "files/navigation.h"
 #include "files/project_file.h"
+#include "platform/session.h"
 #include "printing/printer_start.h"
 #include "settings/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
-#include "shell/module_reset.h"
 
 namespace hlyd::test {
 
@@ -80,7 +80,7 @@ void ConfigDirTest::SetUp() {
 
 void ConfigDirTest::useConfigDir(const std::string& directory) {
     setenv("HLYD_CONFIG_DIR", directory.c_str(), 1);
-    resetModuleState();
+    currentSession().renew();
 }
 
 void ConfigDirTest::TearDown() {
@@ -89,7 +89,7 @@ void ConfigDirTest::TearDown() {
     setUi(nullptr);
     setClock(nullptr);
     setPrinterSystem(nullptr);
-    resetModuleState();
+    currentSession().renew();
     std::error_code ec;
     std::filesystem::remove_all(dir, ec);
 }
@@ -146,14 +146,14 @@ UtcZone::~UtcZone() {
 void AnalysisTest::SetUp() {
     setUi(&ui);
     setClock(&clock);
-    resetModuleState();
+    currentSession().renew();
     BabInitFrom(keywordFilePath());
 }
 
 void AnalysisTest::TearDown() {
     setUi(nullptr);
     setClock(nullptr);
-    resetModuleState();
+    currentSession().renew();
 }
 
 int AnalysisTest::analyze(const std::string& text, const std::string& dialect) {

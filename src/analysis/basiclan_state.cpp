@@ -1,24 +1,13 @@
 #include "analysis/basiclan_state.h"
 
-#include <memory>
+#include "analysis/analysis_state.h"
 
 namespace hlyd {
 
-namespace {
-std::unique_ptr<BasiclanModule> module = std::make_unique<BasiclanModule>();
-// The tables go with the process instead of being freed chunk by chunk on the way out: a large
-// module's are tens of megabytes, and the system takes them back whole. The pointer stays, so a
-// leak check at exit sees them reachable.
-SourceTables* tables = new SourceTables;
-}  // namespace
+// The program's Session lives as long as the process, so a large module's tables (tens of
+// megabytes) go with it whole instead of being freed chunk by chunk on the way out.
+BasiclanModule& basiclan() { return analysisState().basiclan; }
 
-BasiclanModule& basiclan() { return *module; }
-void resetBasiclan() { module = std::make_unique<BasiclanModule>(); }
-
-SourceTables& theSourceTables() { return *tables; }
-void resetSourceTables() {
-    delete tables;
-    tables = new SourceTables;
-}
+SourceTables& theSourceTables() { return analysisState().tables; }
 
 }  // namespace hlyd

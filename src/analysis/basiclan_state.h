@@ -1,6 +1,6 @@
 #pragma once
 // The state of the analysis module that lives between calls: keyword tables, table bounds and the
-// per-file flags. One instance; tests reset it.
+// per-file flags. One in each Session.
 #include <array>
 #include <cstdint>
 #include <string>
@@ -53,6 +53,5 @@ struct BasiclanModule {
 };
 
 BasiclanModule& basiclan();
-void resetBasiclan();  // tests: as at the start of a run, BabInit not yet done
 
 }  // namespace hlyd

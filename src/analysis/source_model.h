@@ -177,7 +177,6 @@ struct SourceTables {
 
 // The tables of the selected file, shared by every consumer.
 SourceTables& theSourceTables();
-void resetSourceTables();  // empty tables, as before the first file of a run
 
 void BabInitRecord(Record& record);
 void BabInitRecords(VbArray<Record>& records, std::int32_t first, std::int32_t last);

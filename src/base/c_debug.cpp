@@ -1,15 +1,11 @@
 #include "base/c_debug.h"
 
+#include "base/base_state.h"
 #include "base/c_log.h"
 
 namespace hlyd {
 
-namespace {
-cDebug debugObject;
-}
-
-cDebug& theDebug() { return debugObject; }
-void resetDebug() { debugObject = cDebug{}; }
+cDebug& theDebug() { return baseState().debug; }
 
 void cDebug::SetLogAll() {
     TraceApplication = TracePackages = TraceEvents = TraceMouseMove = TraceOther = true;

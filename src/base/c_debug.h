@@ -61,6 +61,5 @@ public:
 };
 
 cDebug& theDebug();
-void resetDebug();  // tests: back to the state of a new run
 
 }  // namespace hlyd

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "base/app_info.h"
+#include "base/base_state.h"
 #include "base/text_format.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
@@ -11,17 +12,14 @@
 namespace hlyd {
 
 namespace {
-std::unique_ptr<cLog> logObject;
-
 bool startsWith(const std::string& s, const char* prefix) { return s.compare(0, std::strlen(prefix), prefix) == 0; }
 }  // namespace
 
 cLog& theLog() {
-    if (!logObject) logObject = std::make_unique<cLog>();
-    return *logObject;
+    std::unique_ptr<cLog>& log = baseState().log;
+    if (!log) log = std::make_unique<cLog>();
+    return *log;
 }
-
-void resetLog() { logObject = std::make_unique<cLog>(); }
 
 void logBlock(const std::string& text) { theLog().LogData("=====>\n" + text + "\n<====="); }
 

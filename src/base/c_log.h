@@ -50,7 +50,6 @@ private:
 };
 
 cLog& theLog();
-void resetLog();  // tests: a fresh log object, as at the start of a run
 
 // A message that must stand out: "=====>", the text, "<=====", as one log entry.
 void logBlock(const std::string& text);

@@ -1,13 +1,10 @@
 #include "base/error_tail.h"
 
+#include "base/base_state.h"
 #include "base/c_debug.h"
 #include "base/hlyd_error.h"
 
 namespace hlyd {
-
-namespace {
-ErrorReporter installed;
-}  // namespace
 
 void trapInto(const std::string& where, const std::function<void()>& body, const ErrorReporter& report) {
     if (theDebug().DontTrapErrors) return body();
@@ -20,9 +17,10 @@ void trapInto(const std::string& where, const std::function<void()>& body, const
     }
 }
 
-void setErrorTail(ErrorReporter report) { installed = std::move(report); }
+void setErrorTail(ErrorReporter report) { baseState().errorTail = std::move(report); }
 
 void withErrorTail(const char* procedure, int line, const std::function<void()>& body) {
+    const ErrorReporter& installed = baseState().errorTail;
     if (!installed) return body();
     trapInto(std::string(procedure) + " line: " + std::to_string(line), body, installed);
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/hlyd_error.h"
+#include "display/display_state.h"
 #include "display/font_metrics.h"
 #include "platform/surface.h"
 
@@ -13,8 +14,6 @@ namespace {
 
 constexpr std::size_t kInitialLevels = 11;
 constexpr std::size_t kGrowth = 5;
-
-std::vector<ConnectorEntry> stack(kInitialLevels);
 
 std::int32_t wholeTwips(double value) { return static_cast<std::int32_t>(std::nearbyint(value)); }
 
@@ -29,6 +28,8 @@ std::int32_t columnOf(int dest, int level, const AreaRecord& pos, float xOffset,
     return wholeTwips(double{text.Left} + levelIndent(level, text, dest) - m.ConnectorSize.at(dest));
 }
 
+}  // namespace
+
 // Where the stretch being drawn began, as HlydCLContinueBeforeTop saw it. A level that the stack
 // reaches only later starts as that call would have left it: a line coming in from the top.
 struct StretchTop {
@@ -36,10 +37,21 @@ struct StretchTop {
     AreaRecord pos;
     float xOffset = 0;
 };
-StretchTop stretch;
+
+struct ConnectorState {
+    std::vector<ConnectorEntry> stack = std::vector<ConnectorEntry>(kInitialLevels);
+    StretchTop stretch;
+};
+HLYD_PRIVATE_PART(ConnectorState)
+
+namespace {
+
+std::vector<ConnectorEntry>& stack() { return displayState().connectors->stack; }
+StretchTop& stretch() { return displayState().connectors->stretch; }
 
 ConnectorEntry enteringFromTop(int level) {
-    return {false, columnOf(stretch.dest, level, stretch.pos, stretch.xOffset, true, 0), wholeTwips(stretch.pos.Top)};
+    return {false, columnOf(stretch().dest, level, stretch().pos, stretch().xOffset, true, 0),
+            wholeTwips(stretch().pos.Top)};
 }
 
 // Nesting has no limit in a source file, so the stack grows, five levels at a time, to whatever
@@ -47,11 +59,11 @@ ConnectorEntry enteringFromTop(int level) {
 // grew only for openers left a closer deeper than its bound with no entry, and the view then
 // failed; a level it never reached lost its line.)
 void growStackTo(int level) {
-    while (static_cast<int>(stack.size()) <= level) {
-        std::size_t oldSize = stack.size();
-        stack.resize(oldSize + kGrowth);
-        stack[oldSize - 1].Open = false;  // the old top level is cleared with the new ones, as it always was
-        for (std::size_t l = oldSize; l < stack.size(); ++l) stack[l] = enteringFromTop(static_cast<int>(l));
+    while (static_cast<int>(stack().size()) <= level) {
+        std::size_t oldSize = stack().size();
+        stack().resize(oldSize + kGrowth);
+        stack()[oldSize - 1].Open = false;  // the old top level is cleared with the new ones, as it always was
+        for (std::size_t l = oldSize; l < stack().size(); ++l) stack()[l] = enteringFromTop(static_cast<int>(l));
     }
 }
 
@@ -65,15 +77,16 @@ std::uint32_t connectorColour(int dest) { return displayAttributes().Elements[kE
 
 }  // namespace
 
-std::vector<ConnectorEntry>& connectorStack() { return stack; }
+std::vector<ConnectorEntry>& connectorStack() { return stack(); }
 void resetConnectorStack() {
-    stack.assign(kInitialLevels, ConnectorEntry{});
-    stretch = StretchTop{};
+    stack().assign(kInitialLevels, ConnectorEntry{});
+    stretch() = StretchTop{};
 }
 
 void HlydCLContinueBeforeTop(int dest, const AreaRecord& pos, std::int32_t, float xOffset) {
-    stretch = {dest, pos, xOffset};
-    for (std::size_t level = 0; level < stack.size(); ++level) stack[level] = enteringFromTop(static_cast<int>(level));
+    stretch() = {dest, pos, xOffset};
+    for (std::size_t level = 0; level < stack().size(); ++level)
+        stack()[level] = enteringFromTop(static_cast<int>(level));
 }
 
 void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int32_t indent, const AreaRecord& posNext,
@@ -90,20 +103,20 @@ void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int32_t indent, cons
     bool closes = st.Flags & kFlagOutdent;
     if (indent < 0 || t.Records[record].FirstT != st.FirstToken) return;
     growStackTo(indent);
-    ConnectorEntry copy = stack[indent];
+    ConnectorEntry copy = stack()[indent];
     std::int32_t column = columnOf(dest, indent, pos, xOffset, format.Indent != 0, xToken);
     if (closes) {
         if (!copy.Open) copy.X = column;
         s.line(static_cast<float>(copy.X), static_cast<float>(copy.Y), static_cast<float>(copy.X), yMid, colour);
     }
     if (opens) {
-        copy = stack[indent];
+        copy = stack()[indent];
         if (!copy.Open) copy.Open = true, copy.X = column;
         copy.Y = wholeTwips(yMid);
     }
     if (copy.X >= 0) s.line(static_cast<float>(copy.X), yMid, xToken, yMid, colour);
-    stack[indent] = copy;
-    if (closes && !opens) stack[indent].Open = false;
+    stack()[indent] = copy;
+    if (closes && !opens) stack()[indent].Open = false;
 }
 
 void HlydCLContinueAfterBottom(int dest, float bottom, std::int32_t indent) {
@@ -111,9 +124,9 @@ void HlydCLContinueAfterBottom(int dest, float bottom, std::int32_t indent) {
     std::uint32_t colour = connectorColour(dest);
     if (indent > 0) growStackTo(indent - 1);
     for (std::int32_t level = 0; level < indent;) {
-        std::int32_t x = stack[level].X, y = stack[level].Y;
+        std::int32_t x = stack()[level].X, y = stack()[level].Y;
         std::int32_t next = level + 1;
-        for (; next < indent && stack[next].X == x; ++next) y = std::min(y, stack[next].Y);
+        for (; next < indent && stack()[next].X == x; ++next) y = std::min(y, stack()[next].Y);
         s.line(static_cast<float>(x), static_cast<float>(y), static_cast<float>(x), bottom, colour);
         level = next;
     }

@@ -1,3 +1,4 @@
+#include "display/display_state.h"
 #include "display/font_metrics.h"
 
 #include <cmath>
@@ -11,7 +12,7 @@ namespace hlyd {
 
 namespace {
 
-LayoutMetrics metrics;
+LayoutMetrics& metrics() { return displayState().metrics; }
 
 long rounded(double value) { return static_cast<long>(std::nearbyint(value)); }
 
@@ -53,7 +54,7 @@ private:
 };
 
 void traceMetrics() {
-    const LayoutMetrics& m = metrics;
+    const LayoutMetrics& m = metrics();
     theLog().LogData(
             "ConnectorSize=" + numberText(m.ConnectorSize[1]) + "\r\n ContinueSize=" + numberText(m.ContinueSize[1]) +
             "\r\n IndentSize=" + numberText(m.IndentSize[1]) + "\r\n MaxFontHeight=" + numberText(m.MaxFontHeight[1]) +
@@ -63,8 +64,7 @@ void traceMetrics() {
 
 }  // namespace
 
-LayoutMetrics& layoutMetrics() { return metrics; }
-void resetLayoutMetrics() { metrics = LayoutMetrics{}; }
+LayoutMetrics& layoutMetrics() { return metrics(); }
 
 void setAttributesOn(Surface& s, AttributeRecord& a) {
     FontSpec& f = a.Font;
@@ -82,7 +82,7 @@ void HlydDAGetFontMetricss() {
     if (!surface) return;
     Surface& s = *surface;
     double total = 0;
-    metrics.MaxFontHeight[1] = 0;
+    metrics().MaxFontHeight[1] = 0;
     for (int e = 1; e <= kElementCount; ++e) {
         AttributeRecord& a = displayAttributes().Elements[e].slot[1];
         HlydDASetAttributes(a, true);
@@ -93,15 +93,15 @@ void HlydDAGetFontMetricss() {
         a.XWidth = static_cast<std::int32_t>(rounded(meanWidth));
         if (e == kElemProjectFile || e == kElemHeadersFooters) continue;
         total += meanWidth;
-        if (meanHeight > metrics.MaxFontHeight[1]) metrics.MaxFontHeight[1] = static_cast<float>(meanHeight);
+        if (meanHeight > metrics().MaxFontHeight[1]) metrics().MaxFontHeight[1] = static_cast<float>(meanHeight);
     }
     // Six widths summed, divided by seven: the mean stays six sevenths of the true one.
     std::int64_t sevenths = static_cast<std::int64_t>(rounded(total)) / 7;
-    metrics.WhiteSpaceSize[1] = static_cast<float>(sevenths);
-    metrics.ConnectorSize[1] = metrics.IndentSize[1] = metrics.WhiteSpaceSize[1];
-    metrics.TwipsPerPixelX = static_cast<std::int16_t>(s.twipsPerPixelX());
-    metrics.TwipsPerPixelY = static_cast<std::int16_t>(s.twipsPerPixelY());
-    metrics.ContinueSize[1] = s.textWidth(" _");
+    metrics().WhiteSpaceSize[1] = static_cast<float>(sevenths);
+    metrics().ConnectorSize[1] = metrics().IndentSize[1] = metrics().WhiteSpaceSize[1];
+    metrics().TwipsPerPixelX = static_cast<std::int16_t>(s.twipsPerPixelX());
+    metrics().TwipsPerPixelY = static_cast<std::int16_t>(s.twipsPerPixelY());
+    metrics().ContinueSize[1] = s.textWidth(" _");
     if (theDebug().TraceApplication) traceMetrics();
 }
 

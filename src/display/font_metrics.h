@@ -22,7 +22,6 @@ struct LayoutMetrics {
 };
 
 LayoutMetrics& layoutMetrics();
-void resetLayoutMetrics();
 
 // Computes the display slot's metrics and each element's Height, SpaceWidth and XWidth.
 void HlydDAGetFontMetricss();

@@ -1,3 +1,4 @@
+#include "display/display_state.h"
 #include "display/screen_emitter.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ namespace hlyd {
 
 namespace {
 
-EmitterState state;
+EmitterState& state() { return displayState().emitter; }
 void (*presentView)() = nullptr;
 
 constexpr float kProjectIndent = 40;
@@ -113,22 +114,22 @@ private:
 
 void ScreenEmission::resetViewIfNew() {
     const SourceTables& t = theSourceTables();
-    if ((!project_ && t.RecordCount == 0) || (project_ && state.FirstShown == 0)) {
-        state.FirstShown = 0;
-        state.Width = state.Height = 0;
-        state.LinesKnown = false;
-        state.LinesPerView = 0;
+    if ((!project_ && t.RecordCount == 0) || (project_ && state().FirstShown == 0)) {
+        state().FirstShown = 0;
+        state().Width = state().Height = 0;
+        state().LinesKnown = false;
+        state().LinesPerView = 0;
         mainWindow().vsbDisplay.LargeChange = kScrollLimit;
         mainWindow().vsbDisplay.Max = kScrollLimit;
     }
-    if (s_.height() != state.Height || s_.width() != state.Width) state.LinesKnown = false;
+    if (s_.height() != state().Height || s_.width() != state().Width) state().LinesKnown = false;
 }
 
 void ScreenEmission::requestForEnd() {
     const SourceTables& t = theSourceTables();
     ScrollBarModel& bar = mainWindow().vsbDisplay;
-    if (state.LinesKnown) {
-        record_ = std::max(1, t.RecordCount - state.LinesPerView);
+    if (state().LinesKnown) {
+        record_ = std::max(1, t.RecordCount - state().LinesPerView);
         return;
     }
     if (project_) {
@@ -154,7 +155,7 @@ void ScreenEmission::requestForEnd() {
 }
 
 void ScreenEmission::emitProject(cProjectFile* project) {
-    state.FirstShown = 1;
+    state().FirstShown = 1;
     std::int32_t counter = record_ - 1;
     if (counter >= projectLines_) counter = 0;
     while (project && counter < projectLines_ && pos_.Top <= pos_.Bottom) {
@@ -184,7 +185,7 @@ void ScreenEmission::EmitCodeRecord(std::int32_t r) {
         y += static_cast<float>(f_.SeparatorBold ? 5 * m.TwipsPerPixelY : m.TwipsPerPixelY);
     };
     hooks.beforeFirstToken = [&](std::int32_t rec) {
-        if (s_.currentY() < static_cast<float>(state.ViewHeight)) state.LastRecord = rec;
+        if (s_.currentY() < static_cast<float>(state().ViewHeight)) state().LastRecord = rec;
     };
     hooks.connectors = [&](const AreaRecord& pos, float lineHeight, std::int32_t wraps, std::int32_t rec,
                            float xToken) {
@@ -217,7 +218,7 @@ void ScreenEmission::emitSource() {
             }
             EmitCodeRecord(counter);
             lastEmitted_ = counter;
-            if (state.FirstShown == 0) state.FirstShown = counter;
+            if (state().FirstShown == 0) state().FirstShown = counter;
         } else if (counter == 1) {
             mainWindow().lblRecord = "Form Def...";
         }
@@ -238,7 +239,7 @@ void ScreenEmission::nothingShown() {
     // Named by what is shown: with code in view there is no code here, else no form description.
     s_.print(hlydSettings().ViewCode[kDisplay] ? "No Code-statements to display."
                                                : "No Form-definition statements to display.");
-    state.FirstRecord = state.LastRecord = -1;
+    state().FirstRecord = state().LastRecord = -1;
 }
 
 // The scroll maximum is an estimate while the file is read, exact once its end is known.
@@ -252,15 +253,15 @@ void ScreenEmission::sourceScrollRange() {
                                   static_cast<double>(file.offset()) +
                           bar.LargeChange;
         bar.Max = estimate > kScrollLimit ? kScrollLimit : static_cast<std::int32_t>(std::nearbyint(estimate));
-    } else if (!state.LinesKnown) {
-        state.LinesKnown = true;
-        state.Height = s_.height();
-        state.Width = s_.width();
+    } else if (!state().LinesKnown) {
+        state().LinesKnown = true;
+        state().Height = s_.height();
+        state().Width = s_.width();
         float fontHeight = layoutMetrics().MaxFontHeight[kDisplay];
-        long height = static_cast<long>(state.Height), whole = static_cast<long>(fontHeight);
-        state.LinesPerView = linesPerViewAtEnd(whole > 0 ? height / whole : 0);
+        long height = static_cast<long>(state().Height), whole = static_cast<long>(fontHeight);
+        state().LinesPerView = linesPerViewAtEnd(whole > 0 ? height / whole : 0);
     }
-    if (t.RecordCount > state.LinesPerView)
+    if (t.RecordCount > state().LinesPerView)
         bar.Max = t.RecordCount < 32768 ? t.RecordCount - bar.LargeChange - 1 : kScrollLimit;
 }
 
@@ -281,38 +282,39 @@ void ScreenEmission::scrollBarAndList() {
         if (record_ == 1) bar.Min = firstEmitted_;
         record_ = firstEmitted_;
     }
-    state.FirstRecord = record_;
-    if (state.LastRecord < state.FirstRecord) state.LastRecord = lastEmitted_;
+    state().FirstRecord = record_;
+    if (state().LastRecord < state().FirstRecord) state().LastRecord = lastEmitted_;
     if (project_) {
-        if (lastEmitted_ < projectLines_) state.LastRecord = lastEmitted_;
-        if (!state.LinesKnown) {
-            state.LinesKnown = true;
+        if (lastEmitted_ < projectLines_) state().LastRecord = lastEmitted_;
+        if (!state().LinesKnown) {
+            state().LinesKnown = true;
             bar.Max = projectLines_ + 1;
-            if (state.LastRecord - state.FirstRecord - 1 > 0)
-                bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
+            if (state().LastRecord - state().FirstRecord - 1 > 0)
+                bar.LargeChange = state().LastRecord - state().FirstRecord - 1;
         }
         showFirstRecordOnBar();
         return;
     }
-    if (lastEmitted_ <= state.FirstRecord + 1) bar.LargeChange = 1;
-    else if (state.LastRecord > state.FirstRecord + 1) bar.LargeChange = state.LastRecord - state.FirstRecord - 1;
+    if (lastEmitted_ <= state().FirstRecord + 1) bar.LargeChange = 1;
+    else if (state().LastRecord > state().FirstRecord + 1)
+        bar.LargeChange = state().LastRecord - state().FirstRecord - 1;
     sourceScrollRange();
     showFirstRecordOnBar();
     std::int32_t which = 0;
-    HlydPCGetAssociatedProc(state.FirstRecord, which);
+    HlydPCGetAssociatedProc(state().FirstRecord, which);
     SortedListModel& list = mainWindow().cboProc;
     if (which < list.ListCount() && which < static_cast<std::int32_t>(yProc().size())) {
-        state.ProcListSync = false;
+        state().ProcListSync = false;
         list.ListIndex = yProc()[which].ListIndex;
-        state.ProcListSync = true;
+        state().ProcListSync = true;
     }
 }
 
 void ScreenEmission::finish() {
-    mainWindow().lblRecord = "Line: " + std::to_string(state.FirstRecord);
+    mainWindow().lblRecord = "Line: " + std::to_string(state().FirstRecord);
     if (presentView) presentView();
     mainWindow().enableControls();
-    state.Active = false;
+    state().Active = false;
     theUi().setBusy(false);
 }
 
@@ -345,7 +347,7 @@ void ScreenEmission::run() {
 
 }  // namespace
 
-EmitterState& emitterState() { return state; }
+EmitterState& emitterState() { return state(); }
 
 bool recordOnScreen(std::int32_t record) {
     const SourceTables& t = theSourceTables();
@@ -355,16 +357,16 @@ bool recordOnScreen(std::int32_t record) {
     if (!(formDefinition ? settings.ViewFormDef[kDisplay] : settings.ViewCode[kDisplay])) return false;
     return !(governingStatement(record).Class == kStmtHeader && displayAttributes().Format[kDisplay].SkipAttributes);
 }
-void resetEmitterState() { state = EmitterState{}; }
+void resetEmitterState() { state() = EmitterState{}; }
 void setPresentView(void (*present)()) { presentView = present; }
 
 void HlydDSEmitRequestedData(std::int32_t& record) {
     Surface* surface = displaySurface();
     const FileTableModule& files = fileTable();
-    if (state.Active || mainWindow().suspendDrawing || files.wCurrentFile == 0 || !surface) return;
+    if (state().Active || mainWindow().suspendDrawing || files.wCurrentFile == 0 || !surface) return;
     if (files.wCurrentFile > files.oFile.Count()) return;
     theUi().setBusy(true);
-    state.Active = true;
+    state().Active = true;
     ScreenEmission(*surface, record).run();
 }
 

@@ -1,3 +1,4 @@
+#include "display/display_state.h"
 #include "display/view_find.h"
 
 #include "analysis/source_model.h"
@@ -12,7 +13,7 @@ namespace hlyd {
 
 namespace {
 
-FindState state;
+FindState& state() { return displayState().find; }
 
 const RecordTexts& shownTexts() { return *theSourceTables().Texts; }
 
@@ -24,14 +25,14 @@ bool sourceShown() {
 }
 
 bool sameSearch(const std::string& query, const SearchOptions& options) {
-    return state.of == &shownTexts() && state.query == query && state.options.matchCase == options.matchCase &&
-           state.options.wholeWord == options.wholeWord;
+    return state().of == &shownTexts() && state().query == query && state().options.matchCase == options.matchCase &&
+           state().options.wholeWord == options.wholeWord;
 }
 
 // Forward from just after the current hit's start, backward from its start; a new search starts
 // at the selection, or at the top of the view.
 TextPlace searchStart(const std::string& query, const SearchOptions& options, bool forward) {
-    if (sameSearch(query, options)) return {state.current.record, state.current.column + (forward ? 1 : 0)};
+    if (sameSearch(query, options)) return {state().current.record, state().current.column + (forward ? 1 : 0)};
     if (!selectionEmpty()) return selectionStart();
     return {std::max(1, emitterState().FirstRecord), 0};
 }
@@ -43,8 +44,8 @@ std::string wrapMessage(bool forward) {
 
 }  // namespace
 
-FindState& findState() { return state; }
-void resetFindState() { state = FindState{}; }
+FindState& findState() { return state(); }
+void resetFindState() { state() = FindState{}; }
 
 bool findInView(const std::string& query, const SearchOptions& options, bool forward) {
     MainWindowModel& w = mainWindow();
@@ -60,7 +61,7 @@ bool findInView(const std::string& query, const SearchOptions& options, bool for
         w.lblStatus = "Not found: " + query;
         return false;
     }
-    state = FindState{query, options, outcome.hit, &shownTexts()};
+    state() = FindState{query, options, outcome.hit, &shownTexts()};
     selectHit(outcome.hit);
     revealPlace({outcome.hit.record, outcome.hit.column + outcome.hit.length});
     revealPlace({outcome.hit.record, outcome.hit.column});
@@ -69,8 +70,8 @@ bool findInView(const std::string& query, const SearchOptions& options, bool for
 }
 
 std::optional<TextHit> currentHit() {
-    if (state.of != &shownTexts() || state.current.record < 1) return std::nullopt;
-    return state.current;
+    if (state().of != &shownTexts() || state().current.record < 1) return std::nullopt;
+    return state().current;
 }
 
 std::vector<FileHit> findInOpenFiles(const std::string& query, const SearchOptions& options) {
@@ -94,8 +95,8 @@ void showFileHit(const FileHit& hit) {
     if (position == 0) return;
     if (position != fileTable().wCurrentFile) mnuViewFileList_Click(position);
     if (fileTable().wCurrentFile != position) return;
-    state.current = hit.hit;
-    state.of = &shownTexts();
+    state().current = hit.hit;
+    state().of = &shownTexts();
     selectHit(hit.hit);
     revealPlace({hit.hit.record, hit.hit.column + hit.hit.length});
     revealPlace({hit.hit.record, hit.hit.column});

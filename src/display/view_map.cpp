@@ -1,3 +1,4 @@
+#include "display/display_state.h"
 #include "display/view_map.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@ namespace hlyd {
 
 namespace {
 
-ViewMap map;
+ViewMap& map() { return displayState().viewMap; }
 
 float distanceToLine(const DrawnStretch& s, float y) {
     if (y < s.top) return s.top - y;
@@ -36,8 +37,7 @@ bool firstScreenLine(const ViewMap& m, const DrawnStretch& s) {
 
 }  // namespace
 
-ViewMap& viewMap() { return map; }
-void resetViewMap() { map = ViewMap{}; }
+ViewMap& viewMap() { return map(); }
 
 bool before(TextPlace a, TextPlace b) { return a.record != b.record ? a.record < b.record : a.column < b.column; }
 

@@ -14,7 +14,6 @@ struct ViewMap {
 };
 
 ViewMap& viewMap();
-void resetViewMap();
 
 // A box in twips.
 struct TwipBox {

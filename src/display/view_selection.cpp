@@ -1,3 +1,4 @@
+#include "display/display_state.h"
 #include "display/view_selection.h"
 
 #include <algorithm>
@@ -13,10 +14,10 @@ namespace hlyd {
 
 namespace {
 
-ViewSelection selection;
+ViewSelection& selection() { return displayState().selection; }
 
 const RecordTexts& texts() { return *theSourceTables().Texts; }
-bool current() { return selection.of == &texts(); }
+bool current() { return selection().of == &texts(); }
 
 std::int32_t lineLength(std::int32_t record) { return static_cast<std::int32_t>(texts().line(record).size()); }
 
@@ -54,41 +55,40 @@ float viewBottom() {
 
 }  // namespace
 
-ViewSelection& viewSelection() { return selection; }
-void resetViewSelection() { selection = ViewSelection{}; }
+ViewSelection& viewSelection() { return selection(); }
 
 TextPlace selectionStart() {
     if (!current()) return {};
-    return before(selection.caret, selection.anchor) ? selection.caret : selection.anchor;
+    return before(selection().caret, selection().anchor) ? selection().caret : selection().anchor;
 }
 
 TextPlace selectionEnd() {
     if (!current()) return {};
-    return before(selection.caret, selection.anchor) ? selection.anchor : selection.caret;
+    return before(selection().caret, selection().anchor) ? selection().anchor : selection().caret;
 }
 
 bool selectionEmpty() { return !before(selectionStart(), selectionEnd()); }
 
 void selectFrom(TextPlace place, bool extend) {
-    if (!extend || !current()) selection.anchor = place;
-    selection.caret = place;
-    selection.of = &texts();
+    if (!extend || !current()) selection().anchor = place;
+    selection().caret = place;
+    selection().of = &texts();
 }
 
 void selectTo(TextPlace place) {
     if (!current()) return selectFrom(place, false);
-    selection.caret = place;
+    selection().caret = place;
 }
 
 void selectAll() {
     std::int32_t first = shownRecord(1, 1);
     std::int32_t last = shownRecord(texts().count(), -1);
-    if (first == 0) return resetViewSelection();
-    selection = ViewSelection{{first, 0}, {last, lineLength(last)}, &texts()};
+    if (first == 0) return void(selection() = ViewSelection{});
+    selection() = ViewSelection{{first, 0}, {last, lineLength(last)}, &texts()};
 }
 
 void selectHit(const TextHit& hit) {
-    selection = ViewSelection{{hit.record, hit.column}, {hit.record, hit.column + hit.length}, &texts()};
+    selection() = ViewSelection{{hit.record, hit.column}, {hit.record, hit.column + hit.length}, &texts()};
 }
 
 void selectWordAt(TextPlace place) {
@@ -102,7 +102,7 @@ void selectWordAt(TextPlace place) {
         while (begin > 0 && isWord(begin - 1)) --begin;
         while (isWord(end)) ++end;
     }
-    selection = ViewSelection{
+    selection() = ViewSelection{
             {place.record, static_cast<std::int32_t>(begin)}, {place.record, static_cast<std::int32_t>(end)}, &texts()};
 }
 
@@ -119,8 +119,8 @@ void extendSelection(CaretMove move) {
         if (top == 0) return;
         selectFrom({top, 0}, false);
     }
-    selection.caret = moved(selection.caret, move);
-    revealPlace(selection.caret);
+    selection().caret = moved(selection().caret, move);
+    revealPlace(selection().caret);
 }
 
 std::string selectedText(const std::string& lineEnd) {

@@ -15,7 +15,6 @@ struct ViewSelection {
 };
 
 ViewSelection& viewSelection();
-void resetViewSelection();
 
 // The selection's ends in file order; both are zero when there is none (or it is of another file).
 TextPlace selectionStart();

@@ -1,3 +1,4 @@
+#include "display/display_state.h"
 #include "display/viewing.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace hlyd {
 
 namespace {
 
-ViewingState viewing;
+ViewingState& viewing() { return displayState().viewing; }
 constexpr const char* kMoreProcedures = " ...";
 
 [[noreturn]] void procListAssertion(const SortedListModel& list, const std::string& text) {
@@ -40,8 +41,7 @@ int findProcByListIndex(int listIndex) {
 
 }  // namespace
 
-ViewingState& viewingState() { return viewing; }
-void resetViewingState() { viewing = ViewingState{}; }
+ViewingState& viewingState() { return viewing(); }
 
 void setScrollValue(int value) {
     ScrollBarModel& bar = mainWindow().vsbDisplay;
@@ -76,15 +76,15 @@ void picShow_KeyDown(int keyCode, int shift) {
 }
 
 void vsbDisplay_Change() {
-    if (viewing.InScroll) return;
-    viewing.InScroll = true;
+    if (viewing().InScroll) return;
+    viewing().InScroll = true;
     ScrollBarModel& bar = mainWindow().vsbDisplay;
     std::int32_t which = bar.Value;
     if (bar.Value == bar.Max) {
         which = -1;
-        viewing.NotAtEnd = false;
+        viewing().NotAtEnd = false;
     } else {
-        viewing.NotAtEnd = true;
+        viewing().NotAtEnd = true;
     }
     const std::int32_t specified = which;
     HlydDSEmitRequestedData(which);
@@ -94,7 +94,7 @@ void vsbDisplay_Change() {
         else if (specified == -1) bar.Value = bar.Max;
         else bar.Value = which;
     }
-    viewing.InScroll = false;
+    viewing().InScroll = false;
 }
 
 void cboProc_Click() {

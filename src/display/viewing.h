@@ -25,6 +25,5 @@ struct ViewingState {
     int WheelPixels = 0;   // the same for a touchpad's pixels
 };
 ViewingState& viewingState();
-void resetViewingState();
 
 }  // namespace hlyd

@@ -21,6 +21,5 @@ const std::string& lastCut();
 
 using CutListener = std::function<void(CutKind kind, const std::string& text)>;
 void setCutListener(CutListener listener);
-void resetCutReports();
 
 }  // namespace hlyd

@@ -11,6 +11,7 @@
 #include "base/vb_convert.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
+#include "files/files_state.h"
 #include "files/mru.h"
 #include "files/project_listing.h"
 #include "platform/char_case.h"
@@ -21,9 +22,6 @@
 namespace hlyd {
 
 namespace {
-
-// Set while every open entry is a resource file: the next selection starts afresh.
-bool resourcesOpen = false;
 
 std::int16_t& status() { return theDebug().BabStatus; }
 
@@ -126,10 +124,10 @@ void openResourceFiles(const std::vector<std::string>& names, const NameKinds& k
         theLog().LogData("<Resource: " + name + ">");
         oFile().Add(cFileDesc{name});
     }
-    resourcesOpen = true;
+    filesState().resourcesOpen = true;
 }
 
-bool projectOrResourcesOpen() { return fileTable().projectOpen || resourcesOpen; }
+bool projectOrResourcesOpen() { return fileTable().projectOpen || filesState().resourcesOpen; }
 
 // What is open gives way to a new choice only once that choice is sure: the dialog, the checks
 // and the choice of a project's members can each still end in Cancel, and a Cancel must find the
@@ -139,7 +137,7 @@ void closeWhatTheChoiceReplaces(bool oneProjectAlone) {
     FileTableModule& f = fileTable();
     if (projectOrResourcesOpen() || (oneProjectAlone && f.oFile.Count() > 0)) cHLYD::CloseFiles();
     f.projectOpen = false;
-    resourcesOpen = false;
+    filesState().resourcesOpen = false;
 }
 
 // A project goes alone: mixed with source files it is dropped and the source files go on.
@@ -318,8 +316,6 @@ void openChosenFiles(std::vector<std::string> names) {
     BusyPointer busy;
     processChosenNames(std::move(names));
 }
-
-void resetFileSelection() { resourcesOpen = false; }
 
 int frmFileList() {
     std::vector<std::string> items;

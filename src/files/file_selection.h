@@ -20,7 +20,5 @@ void ParseLine(const std::string& text, char delimiter, std::vector<std::string>
 std::string openDialogFilter();
 // The list of open files (frmFileList); the chosen position from 1, or 0 on cancel.
 int frmFileList();
-// As at the start of a run: no resource files open.
-void resetFileSelection();
 
 }  // namespace hlyd

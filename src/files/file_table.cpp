@@ -1,14 +1,10 @@
 #include "files/file_table.h"
 
-#include <memory>
+#include "files/files_state.h"
 
 namespace hlyd {
 
-namespace {
-std::unique_ptr<FileTableModule> module = std::make_unique<FileTableModule>();
-}
-
-FileTableModule& fileTable() { return *module; }
-void resetFileTable() { module = std::make_unique<FileTableModule>(); }
+FileTableModule& fileTable() { return filesState().fileTable; }
+void resetFileTable() { renewInPlace(fileTable()); }
 
 }  // namespace hlyd

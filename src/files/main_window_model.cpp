@@ -1,14 +1,13 @@
 #include "files/main_window_model.h"
 
 #include <algorithm>
-#include <memory>
 
+#include "files/files_state.h"
 #include "platform/char_case.h"
 
 namespace hlyd {
 
 namespace {
-std::unique_ptr<MainWindowModel> model = std::make_unique<MainWindowModel>();
 
 // The order of a sorted list box: letter case does not count.
 bool sortsBefore(const std::string& a, const std::string& b) { return upperCase(a) < upperCase(b); }
@@ -31,7 +30,7 @@ void SortedListModel::AddItems(const std::vector<std::string>& texts) {
     for (auto& k : keyed) items_.push_back(std::move(k.second));
 }
 
-MainWindowModel& mainWindow() { return *model; }
-void resetMainWindow() { model = std::make_unique<MainWindowModel>(); }
+MainWindowModel& mainWindow() { return filesState().mainWindow; }
+void resetMainWindow() { renewInPlace(mainWindow()); }
 
 }  // namespace hlyd

@@ -5,28 +5,27 @@
 #include "analysis/source_model.h"
 #include "base/c_debug.h"
 #include "files/file_table.h"
+#include "files/files_state.h"
 #include "files/main_window_model.h"
 #include "platform/ui.h"
 
 namespace hlyd {
 
 namespace {
-NavigationState state;
 constexpr std::int32_t kCaptionJump = 26;  // smaller jumps would make the caption flicker
 constexpr std::int32_t kStatusEvery = 50;
 }  // namespace
 
-NavigationState& navigation() { return state; }
-void resetNavigation() { state = NavigationState{}; }
+NavigationState& navigation() { return filesState().navigation; }
 
 void HlydCFGetRecord(std::int32_t& record, std::string& control) {
     const SourceTables& t = theSourceTables();
     bool wasEnd = record == -1;
     if (wasEnd) record = t.RecordCount;
-    if (record == 1) state.emitterPassFlag = 0;
+    if (record == 1) navigation().emitterPassFlag = 0;
     if ((record > t.RecordCount || wasEnd) && t.Records.UBound() >= 0 && record - t.RecordCount >= kCaptionJump)
         control = "Line:" + std::to_string(t.RecordCount);
-    if (state.runState == kRunCancelled) {
+    if (navigation().runState == kRunCancelled) {
         theDebug().BabStatus = kStatusCancelled;
         theUi().setBusy(false);
     }
@@ -46,7 +45,7 @@ void HlydPCGetNext(std::int32_t& record) {
         ++record;
         HlydCFGetRecord(record, w.lblRecord);
         if (record > t.RecordCount || t.Records[record].FirstT == 0) break;
-        if ((t.Statements[t.Records[record].FirstS].Flags & kFlagProcListingStart) || state.stopRequested) break;
+        if ((t.Statements[t.Records[record].FirstS].Flags & kFlagProcListingStart) || navigation().stopRequested) break;
     }
     w.enableControls();
     theUi().setBusy(false);

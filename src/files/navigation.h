@@ -13,7 +13,6 @@ struct NavigationState {
 };
 
 NavigationState& navigation();
-void resetNavigation();
 
 constexpr std::int32_t kRunCancelled = 14;
 

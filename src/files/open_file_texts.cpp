@@ -4,12 +4,13 @@
 
 #include "analysis/source_file.h"
 #include "files/file_table.h"
+#include "files/files_state.h"
 
 namespace hlyd {
 
 namespace {
 
-std::map<std::string, std::shared_ptr<const RecordTexts>> kept;
+std::map<std::string, std::shared_ptr<const RecordTexts>>& kept() { return filesState().openFileTexts; }
 
 std::shared_ptr<const RecordTexts> readLines(const std::string& fileName) {
     SourceFile file;
@@ -22,25 +23,23 @@ std::shared_ptr<const RecordTexts> readLines(const std::string& fileName) {
 }  // namespace
 
 void keepOpenFileTexts(const std::string& fileName, std::shared_ptr<const RecordTexts> texts) {
-    kept[fileName] = std::move(texts);
+    kept()[fileName] = std::move(texts);
 }
 
 std::shared_ptr<const RecordTexts> openFileTexts(const std::string& fileName) {
-    auto found = kept.find(fileName);
-    if (found != kept.end()) return found->second;
+    auto found = kept().find(fileName);
+    if (found != kept().end()) return found->second;
     auto texts = readLines(fileName);
-    if (texts) kept[fileName] = texts;
+    if (texts) kept()[fileName] = texts;
     return texts;
 }
 
 void forgetClosedFileTexts() {
-    for (auto it = kept.begin(); it != kept.end();) {
+    for (auto it = kept().begin(); it != kept().end();) {
         bool open = false;
         for (const cFileDesc& entry : oFile()) open = open || entry.FileName == it->first;
-        it = open ? std::next(it) : kept.erase(it);
+        it = open ? std::next(it) : kept().erase(it);
     }
 }
-
-void resetOpenFileTexts() { kept.clear(); }
 
 }  // namespace hlyd

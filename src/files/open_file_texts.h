@@ -14,6 +14,5 @@ void keepOpenFileTexts(const std::string& fileName, std::shared_ptr<const Record
 std::shared_ptr<const RecordTexts> openFileTexts(const std::string& fileName);
 // Drops the lines of files no longer open.
 void forgetClosedFileTexts();
-void resetOpenFileTexts();
 
 }  // namespace hlyd

@@ -5,14 +5,15 @@
 #include "base/c_log.h"
 #include "base/message_box.h"
 #include "files/cut_reports.h"
+#include "files/files_state.h"
 #include "files/project_file.h"
 
 namespace hlyd {
 
 namespace {
 
-ProjectFileView dialogView;
-std::optional<ProjectFileModel> loadedForm;
+ProjectFileView& dialogView() { return filesState().projectFileView; }
+std::optional<ProjectFileModel>& loadedForm() { return filesState().projectFileForm; }
 
 void logChosen(const FileCollection& chosen) {
     for (const cFileDesc& d : chosen)
@@ -57,9 +58,9 @@ bool chooseWithoutWindow(ProjectFileModel& m) {
 }
 
 bool runForm(ProjectFileModel& m) {
-    if (!dialogView) return chooseWithoutWindow(m);
+    if (!dialogView()) return chooseWithoutWindow(m);
     tellLinesBeyondTheTree();
-    return dialogView(m);
+    return dialogView()(m);
 }
 
 }  // namespace
@@ -72,7 +73,7 @@ bool cmdOK_Click(ProjectFileModel& m) {
     return acceptChoice(m, m.Outline.GetSelected(oProjectFiles(), m.Chosen));
 }
 
-void setProjectFileView(ProjectFileView view) { dialogView = std::move(view); }
+void setProjectFileView(ProjectFileView view) { dialogView() = std::move(view); }
 
 std::optional<ProjectFileModel> chooseProjectMembers(const std::string& caption) {
     ProjectFileModel m;
@@ -83,23 +84,23 @@ std::optional<ProjectFileModel> chooseProjectMembers(const std::string& caption)
     return m;
 }
 
-void keepProjectFileForm(ProjectFileModel m) { loadedForm = std::move(m); }
-bool projectFileFormLoaded() { return loadedForm.has_value(); }
-void unloadProjectFileForm() { loadedForm.reset(); }
+void keepProjectFileForm(ProjectFileModel m) { loadedForm() = std::move(m); }
+bool projectFileFormLoaded() { return loadedForm().has_value(); }
+void unloadProjectFileForm() { loadedForm().reset(); }
 
 std::optional<FileCollection> showProjectFileFormAgain() {
-    if (!loadedForm) return std::nullopt;
-    ProjectFileModel working = *loadedForm;
+    if (!loadedForm()) return std::nullopt;
+    ProjectFileModel working = *loadedForm();
     // The dates may have moved since the form was loaded: a member printed or saved since.
     working.Dates.SetTMRInfo(oProjectFiles());
     if (!runForm(working)) return std::nullopt;
-    loadedForm = std::move(working);
-    return loadedForm->Chosen;
+    loadedForm() = std::move(working);
+    return loadedForm()->Chosen;
 }
 
 void resetProjectFileDialog() {
-    dialogView = nullptr;
-    loadedForm.reset();
+    dialogView() = nullptr;
+    loadedForm().reset();
 }
 
 }  // namespace hlyd

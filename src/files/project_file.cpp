@@ -11,6 +11,7 @@
 #include "base/text_format.h"
 #include "base/vb_convert.h"
 #include "files/cut_reports.h"
+#include "files/files_state.h"
 #include "files/member_paths.h"
 #include "platform/char_case.h"
 #include "platform/line_reader.h"
@@ -19,8 +20,6 @@
 namespace hlyd {
 
 namespace {
-
-std::unique_ptr<cProjectFiles> projects = std::make_unique<cProjectFiles>();
 
 void growRecordList(std::vector<std::int16_t>& list, std::int16_t& count, std::int16_t lineNumber) {
     incrementInt16(count, "ProcessProjectFile");
@@ -133,10 +132,10 @@ const std::array<const char*, 68>& projectKeywords() {
     return kTable;
 }
 
-cProjectFiles& oProjectFiles() { return *projects; }
-void resetProjectFiles() { projects = std::make_unique<cProjectFiles>(); }
+cProjectFiles& oProjectFiles() { return *filesState().projects; }
+void resetProjectFiles() { filesState().projects = std::make_unique<cProjectFiles>(); }
 std::unique_ptr<cProjectFiles> replaceProjectFiles(std::unique_ptr<cProjectFiles> next) {
-    std::swap(projects, next);
+    std::swap(filesState().projects, next);
     return next;
 }
 

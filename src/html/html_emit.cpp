@@ -15,6 +15,7 @@
 #include "files/print_history.h"
 #include "files/project_file.h"
 #include "html/gen_html.h"
+#include "html/html_state.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
 #include "settings/attributes.h"
@@ -28,12 +29,18 @@ namespace {
 
 constexpr int kHTMLDestination = kDisplay;  // HTML follows the display settings
 
-struct Emission {
+}  // namespace
+
+struct HtmlEmission {
     std::unique_ptr<cGenHTML> doc;
     bool procPending = false;
     std::string line;  // one buffer for every line: a line costs no fresh memory
 };
-Emission emission;
+HLYD_PRIVATE_PART(HtmlEmission)
+
+namespace {
+
+HtmlEmission& emission() { return *htmlState().emission; }
 
 // Numbers as the language reads them: digits with a sign, a point, an exponent; or &H and &O.
 bool isNumericText(std::string_view text) {
@@ -166,13 +173,13 @@ static int spacesFor(const SourceTables& t, const FormatRecord& f, const Record&
 }
 
 void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& procIndex) {
-    cGenHTML& doc = *emission.doc;
+    cGenHTML& doc = *emission().doc;
     const SourceTables& t = theSourceTables();
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
     const Statement& s = governingStatement(record);
     const Record& r = t.Records[record];
     const std::vector<std::int32_t>& elements = fileTable().TokenElements;
-    std::string& line = emission.line;
+    std::string& line = emission().line;
     line.clear();
     bool procedureLine = t.Statements[r.FirstS].Class == kStmtProcStart;
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
@@ -195,20 +202,20 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
     if (procIndex >= 0 && s.Class != kStmtBlank) {
         const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
         if (procIndex > upper) procIndex = upper;
-        if (emission.procPending) {
+        if (emission().procPending) {
             if (!lastContinued) {
                 std::string lineBreak;
                 doc.InsertLineBreak(lineBreak);
                 line += lineBreak;
             }
-            emission.procPending = false;
+            emission().procPending = false;
         } else {
             if (f.Separator) doc.InsertHorizontalLine();
             doc.InsertProcStart(line, withoutAngles(yProc()[procIndex].Name));
         }
         if (lastContinued) {
             doc.InsertProcContinue();
-            emission.procPending = true;
+            emission().procPending = true;
             --procIndex;
         }
     }
@@ -218,8 +225,8 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
 void EmitProjectRecord(const std::string& text) {
     if (text.find_first_not_of(' ') == std::string::npos) return;
     std::string line;
-    emission.doc->InsertToken(text, 0, kElemProjectFile, line);
-    emission.doc->EmitLine(line);
+    emission().doc->InsertToken(text, 0, kElemProjectFile, line);
+    emission().doc->EmitLine(line);
 }
 
 }  // namespace hlydHTML
@@ -229,17 +236,17 @@ bool HTMLEmitAFile(const std::function<void(const std::string& target)>& targetC
     FileTableModule& files = fileTable();
     if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return false;
     theUi().setBusy(true);
-    emission.doc = std::make_unique<cGenHTML>();
-    emission.procPending = false;
+    emission().doc = std::make_unique<cGenHTML>();
+    emission().procPending = false;
     const cFileDesc& entry = files.oFile.Item(files.wCurrentFile);
     bool project = entry.FileType == kFileGroup || entry.FileType == kFileProject;
     std::string name = withoutDirectory(entry.FileName);
     std::string saved = "File saved: " + formatDefaultDateTime(fileLastSaved(entry.FileName));
     std::string generated = "Generated: " + formatDefaultDateTime(theClock().now());
-    cGenHTML& doc = *emission.doc;
+    cGenHTML& doc = *emission().doc;
     // A failure leaves no unfinished document behind: releasing it removes its part file.
     struct Release {
-        ~Release() { emission.doc.reset(); }
+        ~Release() { emission().doc.reset(); }
     } release;
     doc.InitDoc(name, entry.FileName, project ? name : files.sVBName, saved, generated);
     const bool written = !doc.Cancelled;
@@ -256,7 +263,7 @@ bool HTMLEmitAFile(const std::function<void(const std::string& target)>& targetC
         else emitSourceRecords();
         doc.TerminateDoc();
     }
-    emission.doc.reset();
+    emission().doc.reset();
     mainWindow().enableControls();
     theUi().setBusy(false);
     return written;

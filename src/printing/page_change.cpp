@@ -20,6 +20,7 @@
 #include "printing/print_status.h"
 #include "printing/printer_errors.h"
 #include "printing/printer_fonts.h"
+#include "printing/printing_state.h"
 #include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
@@ -27,8 +28,8 @@ namespace hlyd {
 
 namespace {
 
-std::unique_ptr<cHeadings> heading = std::make_unique<cHeadings>();
-std::unique_ptr<cHeadings> footing = std::make_unique<cHeadings>();
+std::unique_ptr<cHeadings>& heading() { return printingState().heading; }
+std::unique_ptr<cHeadings>& footing() { return printingState().footing; }
 
 constexpr std::int16_t kContinuousNumbering = 2;
 
@@ -109,7 +110,7 @@ void reserveHeadingRoom(Printer& printer) {
     PrintState& p = printState();
     float h = std::nearbyint(printer.textHeight("X"));
     p.UsableArea.Top = p.SavedTop;
-    p.UsableArea.Bottom = p.SavedBottom - h * static_cast<float>(footing->TotalLines) - bandGap(*footing);
+    p.UsableArea.Bottom = p.SavedBottom - h * static_cast<float>(footing()->TotalLines) - bandGap(*footing());
 }
 
 void printHeadingLines(Printer& printer, float& topPos) {
@@ -124,8 +125,8 @@ void printHeadingLines(Printer& printer, float& topPos) {
         printerStep([&] { printer.print(optional); });
         topPos += static_cast<float>(height);
     }
-    HeaderFooterOutput(*heading, topPos);
-    topPos += bandGap(*heading);
+    HeaderFooterOutput(*heading(), topPos);
+    topPos += bandGap(*heading());
 }
 
 void headPage(Printer& printer, float& topPos, const std::string& procText, std::int16_t kind,
@@ -138,8 +139,8 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
         if (stopAskedLandsHere()) return;
         startDocument(printer, kind);
     }
-    heading->UseRoman = footing->UseRoman = false;
-    heading->PrintPageNumber = footing->PrintPageNumber = p.PrintedPageNumber;
+    heading()->UseRoman = footing()->UseRoman = false;
+    heading()->PrintPageNumber = footing()->PrintPageNumber = p.PrintedPageNumber;
     printer.setPageLabel(kind == kPageProcContents ? contentsPage : p.PrintedPageNumber, kind);
     printerStep([&] { printer.print(""); });
     if (documentStarts) markDocumentStart(printer, kind);
@@ -148,7 +149,7 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
     checkPageCount(printer);
     // Contents pages count from one by themselves, in Roman numerals.
     if (kind == kPageProcContents) {
-        for (cHeadings* h : {heading.get(), footing.get()}) {
+        for (cHeadings* h : {heading().get(), footing().get()}) {
             h->UseRoman = true;
             h->IsContents = true;
             h->PrintPageNumber = contentsPage;
@@ -160,7 +161,7 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
         p.PrintStatus = kPrintStopped;
         return;
     }
-    heading->csProcHeading = procText;
+    heading()->csProcHeading = procText;
     if (p.PageNumber == 1) {
         HeadingsSetup();
         reserveHeadingRoom(printer);
@@ -171,22 +172,17 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
 
 }  // namespace
 
-cHeadings& pageHeading() { return *heading; }
-cHeadings& pageFooting() { return *footing; }
-
-void resetPageChange() {
-    heading = std::make_unique<cHeadings>();
-    footing = std::make_unique<cHeadings>();
-}
+cHeadings& pageHeading() { return *heading(); }
+cHeadings& pageFooting() { return *footing(); }
 
 void HlydPHInit(bool isContents) {
-    heading = std::make_unique<cHeadings>();
-    footing = std::make_unique<cHeadings>();
-    heading->IsContents = footing->IsContents = isContents;
+    heading() = std::make_unique<cHeadings>();
+    footing() = std::make_unique<cHeadings>();
+    heading()->IsContents = footing()->IsContents = isContents;
 }
 
 void HlydPHEmitForCode(float& topPos, std::int32_t record) {
-    heading->clCurrentRecord = record;
+    heading()->clCurrentRecord = record;
     std::string procText;
     if (hlydSettings().ProcName) {
         std::int32_t which = 0;
@@ -211,7 +207,7 @@ void HlydPHEmitProcContents(float& topPos, std::int32_t& contentsPages, const st
 // A new document gets new heading objects; later pages keep the ones its first page filled.
 void HlydPHEmitProjectProcContents(float& topPos) {
     if (printState().PageNumber == 0) HlydPHInit(true);
-    heading->IsContents = footing->IsContents = true;
+    heading()->IsContents = footing()->IsContents = true;
     EmitHeading(topPos, "PROJECT CONTENTS", kPageProjectContents, 0);
 }
 
@@ -239,8 +235,8 @@ void EmitFooting() {
         p.PrintStatus = kPrintStopped;
         return;
     }
-    float y = p.UsableArea.Bottom + bandGap(*footing);
-    HeaderFooterOutput(*footing, y);
+    float y = p.UsableArea.Bottom + bandGap(*footing());
+    HeaderFooterOutput(*footing(), y);
     p.FootingPrinted = true;
 }
 
@@ -301,14 +297,14 @@ void HeaderFooterOutput(cHeadings& headings, float& y) {
 
 void HeadingsSetup() {
     const HlydSettings& s = hlydSettings();
-    heading->Clear();
-    footing->Clear();
-    HeadingExtract(s.HeadingLeft, 1, *heading);
-    HeadingExtract(s.HeadingCenter, 2, *heading);
-    HeadingExtract(s.HeadingRight, 3, *heading);
-    HeadingExtract(s.FootingLeft, 1, *footing);
-    HeadingExtract(s.FootingCenter, 2, *footing);
-    HeadingExtract(s.FootingRight, 3, *footing);
+    heading()->Clear();
+    footing()->Clear();
+    HeadingExtract(s.HeadingLeft, 1, *heading());
+    HeadingExtract(s.HeadingCenter, 2, *heading());
+    HeadingExtract(s.HeadingRight, 3, *heading());
+    HeadingExtract(s.FootingLeft, 1, *footing());
+    HeadingExtract(s.FootingCenter, 2, *footing());
+    HeadingExtract(s.FootingRight, 3, *footing());
 }
 
 std::int32_t startPageNumber(std::int32_t printed) {

@@ -33,6 +33,4 @@ void HeadingsSetup();
 // The printed page number that a document starts with, asked of the user when the settings say so.
 std::int32_t startPageNumber(std::int32_t printed);
 
-void resetPageChange();
-
 }  // namespace hlyd

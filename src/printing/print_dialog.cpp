@@ -7,6 +7,7 @@
 #include "files/print_history.h"
 #include "printing/print_options_dialog.h"
 #include "printing/print_state.h"
+#include "printing/printing_state.h"
 #include "printing/select_proc.h"
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
@@ -15,7 +16,7 @@ namespace hlyd {
 
 namespace {
 
-PrintDialogView dialogView;
+PrintDialogView& dialogView() { return printingState().printDialogView; }
 
 bool changedSincePrinted(const std::string& name) {
     try {
@@ -79,7 +80,7 @@ void logRequest(const PrintDialogRequest& r) {
 }
 
 bool showDialog(PrintDialogModel& m) {
-    if (dialogView) return dialogView(m);
+    if (dialogView()) return dialogView()(m);
     return cmdOK_Click(m);
 }
 
@@ -108,7 +109,7 @@ PrintDialogRequest requestFromSettings() {
     return r;
 }
 
-void setPrintDialogView(PrintDialogView view) { dialogView = std::move(view); }
+void setPrintDialogView(PrintDialogView view) { dialogView() = std::move(view); }
 
 bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request) {
     PrintDialogModel m;
@@ -117,12 +118,6 @@ bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request) {
     readDialog(m, request);
     logRequest(request);
     return true;
-}
-
-void resetPrintDialogs() {
-    dialogView = nullptr;
-    setSelectProcView(nullptr);
-    setPrintOptionsView(nullptr);
 }
 
 }  // namespace hlyd

@@ -43,7 +43,4 @@ void setPrintDialogView(PrintDialogView view);
 // False when the user cancels. Without a window the form is taken as filled, OK pressed once.
 bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request);
 
-// Tests: no views (the print options' included).
-void resetPrintDialogs();
-
 }  // namespace hlyd

@@ -4,20 +4,21 @@
 
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "printing/printing_state.h"
 
 namespace hlyd {
 
 namespace {
-PrintOptionsView optionsView;
-}
+PrintOptionsView& optionsView() { return printingState().printOptionsView; }
+}  // namespace
 
-void setPrintOptionsView(PrintOptionsView view) { optionsView = std::move(view); }
+void setPrintOptionsView(PrintOptionsView view) { optionsView() = std::move(view); }
 
 bool HlydPOShowPrintOptions() {
     TraceScope trace(theDebug().TraceApplication, "HlydPOShowPrintOptions");
     PrintOptionsModel m;
     fillPrintOptions(m);
-    if (optionsView) return optionsView(m);
+    if (optionsView()) return optionsView()(m);
     return cmdOK_Click(m);
 }
 

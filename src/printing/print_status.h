@@ -32,7 +32,4 @@ void closePrintStatus();
 void cmdCancel_Click();
 void printStatusClosedByUser();
 
-// Tests: no view, the dialog closed.
-void resetPrintStatus();
-
 }  // namespace hlyd

@@ -5,13 +5,14 @@
 #include "platform/path_parts.h"
 #include "platform/printer.h"
 #include "printing/print_state.h"
+#include "printing/printing_state.h"
 
 namespace hlyd {
 
 namespace {
 
-int awaited = -1;
-std::string lastDeclared;
+int& awaited() { return printingState().awaitedDeclaration; }
+std::string& lastDeclared() { return printingState().lastDeclared; }
 
 constexpr int kFileLevel = 0, kProcedureLevel = 1;
 
@@ -32,20 +33,20 @@ void markDocumentStart(Printer& printer, std::int16_t kind) {
 }
 
 void awaitDeclaration(int entry) {
-    awaited = entry;
-    if (entry >= 0) lastDeclared = procedureDestination(fileTable().wCurrentFile, entry);
+    awaited() = entry;
+    if (entry >= 0) lastDeclared() = procedureDestination(fileTable().wCurrentFile, entry);
 }
 
 void placeAwaitedDeclaration(Printer& printer, float lineTop) {
-    if (awaited < 0) return;
+    if (awaited() < 0) return;
     const std::vector<ProcEntry>& procs = yProc();
-    if (static_cast<std::size_t>(awaited) < procs.size())
-        printer.nameDestination(procedureDestination(fileTable().wCurrentFile, awaited), lineTop,
-                                procs[static_cast<std::size_t>(awaited)].Name, kProcedureLevel);
-    awaited = -1;
+    if (static_cast<std::size_t>(awaited()) < procs.size())
+        printer.nameDestination(procedureDestination(fileTable().wCurrentFile, awaited()), lineTop,
+                                procs[static_cast<std::size_t>(awaited())].Name, kProcedureLevel);
+    awaited() = -1;
 }
 
-const std::string& lastDeclaration() { return lastDeclared; }
+const std::string& lastDeclaration() { return lastDeclared(); }
 
 void linkLines(Printer& printer, float top, float bottom, const std::string& name) {
     if (name.empty() || bottom <= top) return;

@@ -5,12 +5,13 @@
 
 #include "files/file_table.h"
 #include "printing/print_state.h"
+#include "printing/printing_state.h"
 
 namespace hlyd {
 
 namespace {
 
-SelectProcView selectView;
+SelectProcView& selectView() { return printingState().selectProcView; }
 
 void fillFiles(SelectProcModel& m) {
     m.Caption = "Select Files to Print";
@@ -62,14 +63,14 @@ const std::vector<std::pair<std::string, std::string>>& selectProcCaptions() {
 void cmdAll_Click(SelectProcModel& m) { std::fill(m.selected.begin(), m.selected.end(), true); }
 void cmdNone_Click(SelectProcModel& m) { std::fill(m.selected.begin(), m.selected.end(), false); }
 
-void setSelectProcView(SelectProcView view) { selectView = std::move(view); }
+void setSelectProcView(SelectProcView view) { selectView() = std::move(view); }
 
 bool HlydHLYDSelectProcProcessDialog(bool files) {
     SelectProcModel m;
     m.files = files;
     if (files) fillFiles(m);
     else fillProcedures(m);
-    if (!selectView || !selectView(m)) return false;
+    if (!selectView() || !selectView()(m)) return false;
     writeBack(m);
     return true;
 }

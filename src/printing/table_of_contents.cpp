@@ -11,6 +11,7 @@
 #include "printing/page_change.h"
 #include "printing/print_file.h"
 #include "printing/printer_fonts.h"
+#include "printing/printing_state.h"
 #include "printing/reader_marks.h"
 #include "settings/settings_store.h"
 
@@ -18,7 +19,7 @@ namespace hlyd {
 
 namespace {
 
-std::vector<TocEntry> toc(1);
+std::vector<TocEntry>& toc() { return printingState().toc; }
 
 // The table of contents line by line down its pages: files and projects in bold, procedures
 // with their pages.
@@ -114,14 +115,14 @@ void TocPages::print() {
     height_ = static_cast<float>(a_.Height);
     pageTop_ = pos_.TopPos;
     std::string widest;
-    for (const TocEntry& entry : toc)
+    for (const TocEntry& entry : toc())
         if (entry.Type == kTocProcedure && width(entry.Page) > width(widest)) widest = entry.Page;
     column_ = numberColumn(printer_, widest);
     printer_.setCurrentY(pos_.TopPos);
     printer_.setCurrentX(pos_.LeftPos);
-    for (std::size_t i = 1; i < toc.size() && p.PrintStatus != kPrintStopped; ++i) {
-        const TocEntry& entry = toc[i];
-        bool more = i + 1 < toc.size();
+    for (std::size_t i = 1; i < toc().size() && p.PrintStatus != kPrintStopped; ++i) {
+        const TocEntry& entry = toc()[i];
+        bool more = i + 1 < toc().size();
         bold_ = entry.Type != kTocProcedure;
         printer_.setFontBold(bold_);
         // A blank line at the top of a page would only push the page's entries down.
@@ -134,16 +135,16 @@ void TocPages::print() {
 
 }  // namespace
 
-std::vector<TocEntry>& TOC() { return toc; }
-void resetTOC() { toc.assign(1, TocEntry{}); }
+std::vector<TocEntry>& TOC() { return toc(); }
+void resetTOC() { toc().assign(1, TocEntry{}); }
 
 void addTocEntry(std::int16_t type, const std::string& text, const std::string& destination) {
-    toc.push_back({type, text, "", destination});
+    toc().push_back({type, text, "", destination});
 }
 
 void SetTOC(const std::string& text, std::int32_t page, bool continued) {
-    if (!continued || toc.size() < 2) toc.emplace_back();
-    TocEntry& last = toc.back();
+    if (!continued || toc().size() < 2) toc().emplace_back();
+    TocEntry& last = toc().back();
     last.Text += text;
     last.Type = kTocProcedure;
     last.Page = pageText(page);

@@ -1,6 +1,6 @@
 #include "settings/attributes.h"
 
-#include <memory>
+#include "settings/settings_state.h"
 
 namespace hlyd {
 
@@ -9,13 +9,13 @@ const std::array<std::string, kElementCount + 1> kElementNames = {"",           
                                                                   "KeyWords",   "Literals",        "Project File",
                                                                   "Procedures", "Headers/Footers", "Line Numbers"};
 
-std::unique_ptr<DisplayAttributes> makeAttributes() {
-    auto a = std::make_unique<DisplayAttributes>();
-    for (int e = 1; e <= kElementCount; ++e) a->Elements[e].Name = kElementNames[e];
+}  // namespace
+
+DisplayAttributes namedDisplayAttributes() {
+    DisplayAttributes a;
+    for (int e = 1; e <= kElementCount; ++e) a.Elements[e].Name = kElementNames[e];
     return a;
 }
-std::unique_ptr<DisplayAttributes> attributes = makeAttributes();
-}  // namespace
 
 const std::string& elementName(int element) {
     return kElementNames[element >= 1 && element <= kElementCount ? element : 0];
@@ -23,7 +23,6 @@ const std::string& elementName(int element) {
 
 const char* destinationName(int displayOrPrint) { return displayOrPrint == kPrint ? "Print" : "Display"; }
 
-DisplayAttributes& displayAttributes() { return *attributes; }
-void resetDisplayAttributes() { attributes = makeAttributes(); }
+DisplayAttributes& displayAttributes() { return settingsState().attributes; }
 
 }  // namespace hlyd

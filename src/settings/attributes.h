@@ -77,6 +77,6 @@ struct DisplayAttributes {
 };
 
 DisplayAttributes& displayAttributes();
-void resetDisplayAttributes();
+DisplayAttributes namedDisplayAttributes();  // defaults, each row with its element's name
 
 }  // namespace hlyd

@@ -1,12 +1,9 @@
 #include "settings/page_settings.h"
 
+#include "settings/settings_state.h"
+
 namespace hlyd {
 
-namespace {
-PageSettings settings;
-}
-
-PageSettings& pageSettings() { return settings; }
-void resetPageSettings() { settings = PageSettings{}; }
+PageSettings& pageSettings() { return settingsState().page; }
 
 }  // namespace hlyd

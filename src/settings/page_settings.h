@@ -27,6 +27,5 @@ struct PageSettings {
 };
 
 PageSettings& pageSettings();
-void resetPageSettings();
 
 }  // namespace hlyd

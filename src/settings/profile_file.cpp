@@ -5,6 +5,7 @@
 
 #include "base/text_format.h"
 #include "platform/os.h"
+#include "settings/settings_state.h"
 
 namespace hlyd {
 
@@ -79,9 +80,11 @@ ProfileDocument parse(const std::string& content) {
     return doc;
 }
 
+}  // namespace
+
 // The file is read again only when it changed on the disk; a load of many keys from a large
 // file then costs one parse, and a save of many keys one write when they come in a batch.
-struct CachedDocument {
+struct ProfileCache {
     std::string path;
     os::FileInfo disk{};  // size, time and file number when it was read
     ProfileDocument doc{};
@@ -90,17 +93,21 @@ struct CachedDocument {
     int batchDepth = 0;  // batches nest: only the outermost end writes
     bool dirty = false;
 };
-CachedDocument cache;
+HLYD_PRIVATE_PART(ProfileCache)
+
+namespace {
+
+ProfileCache& cache() { return *settingsState().profileCache; }
 
 bool sameOnDisk(const os::FileInfo& now) {
-    const os::FileInfo& then = cache.disk;
+    const os::FileInfo& then = cache().disk;
     return then.size == now.size && then.fileId == now.fileId && then.device == now.device &&
            then.modifiedSeconds == now.modifiedSeconds && then.modifiedNanoseconds == now.modifiedNanoseconds;
 }
 
 void rememberDiskState(const std::string& path) {
-    cache.disk = os::fileInfo(path);
-    if (!cache.disk.exists()) cache.valid = false;
+    cache().disk = os::fileInfo(path);
+    if (!cache().disk.exists()) cache().valid = false;
 }
 
 ProfileDocument readDocument(const std::string& path, bool& ok) {
@@ -124,25 +131,25 @@ ProfileDocument* loadOutsideBatch(const std::string& path) {
 // The document of the file, parsed; an empty one when the file does not exist. Null when the
 // file exists but is no regular file or cannot be read.
 ProfileDocument* load(const std::string& path) {
-    if (cache.batching) return cache.path == path ? &cache.doc : loadOutsideBatch(path);
+    if (cache().batching) return cache().path == path ? &cache().doc : loadOutsideBatch(path);
     os::FileInfo info = os::fileInfo(path);
     if (!info.exists()) {
-        cache = CachedDocument{};
-        cache.path = path;
-        cache.valid = true;
-        return &cache.doc;
+        cache() = ProfileCache{};
+        cache().path = path;
+        cache().valid = true;
+        return &cache().doc;
     }
     if (!info.regular()) return nullptr;
-    if (cache.valid && cache.path == path && sameOnDisk(info)) return &cache.doc;
+    if (cache().valid && cache().path == path && sameOnDisk(info)) return &cache().doc;
     bool ok = true;
     ProfileDocument doc = readDocument(path, ok);
     if (!ok) return nullptr;
-    cache = CachedDocument{};
-    cache.path = path;
-    cache.doc = std::move(doc);
-    cache.disk = info;
-    cache.valid = true;
-    return &cache.doc;
+    cache() = ProfileCache{};
+    cache().path = path;
+    cache().doc = std::move(doc);
+    cache().disk = info;
+    cache().valid = true;
+    return &cache().doc;
 }
 
 std::string unquote(const std::string& value) {
@@ -258,13 +265,13 @@ bool writeProfileString(const std::string& file, const std::string& section, con
     // A file written with what it holds already is left alone: every run saves its printer and
     // window, and a replacement costs two waits for the disk.
     if (!applyWrite(*doc, section, key, value)) return true;
-    if (doc != &cache.doc) return replaceFile(file, *doc);
-    if (cache.batching) {
-        cache.dirty = true;
+    if (doc != &cache().doc) return replaceFile(file, *doc);
+    if (cache().batching) {
+        cache().dirty = true;
         return true;
     }
     if (!replaceFile(file, *doc)) {
-        cache.valid = false;  // the write is lost; the next read sees the disk as it stands
+        cache().valid = false;  // the write is lost; the next read sees the disk as it stands
         return false;
     }
     rememberDiskState(file);
@@ -272,29 +279,29 @@ bool writeProfileString(const std::string& file, const std::string& section, con
 }
 
 bool beginProfileBatch(const std::string& file) {
-    if (cache.batching) {
-        ++cache.batchDepth;
+    if (cache().batching) {
+        ++cache().batchDepth;
         return true;
     }
     if (!load(file)) return false;
-    cache.batching = true;
-    cache.batchDepth = 1;
+    cache().batching = true;
+    cache().batchDepth = 1;
     return true;
 }
 
 bool endProfileBatch() {
-    if (!cache.batching || --cache.batchDepth > 0) return true;
-    cache.batching = false;
-    if (!cache.dirty) return true;
-    cache.dirty = false;
-    if (!replaceFile(cache.path, cache.doc)) {
-        cache.valid = false;
+    if (!cache().batching || --cache().batchDepth > 0) return true;
+    cache().batching = false;
+    if (!cache().dirty) return true;
+    cache().dirty = false;
+    if (!replaceFile(cache().path, cache().doc)) {
+        cache().valid = false;
         return false;
     }
-    rememberDiskState(cache.path);
+    rememberDiskState(cache().path);
     return true;
 }
 
-void clearProfileCache() { cache = CachedDocument{}; }
+void clearProfileCache() { cache() = ProfileCache{}; }
 
 }  // namespace hlyd

@@ -16,6 +16,7 @@
 #include "settings/attributes.h"
 #include "settings/locale_paper.h"
 #include "settings/page_settings.h"
+#include "settings/settings_state.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
 #include "settings/window_place.h"
@@ -24,8 +25,6 @@ namespace hlyd {
 
 namespace {
 
-std::unique_ptr<HlydSettings> settings = std::make_unique<HlydSettings>();
-std::unique_ptr<cINIHandler> ini;
 std::int32_t screenWidthTwips = 1920 * 15;
 std::int32_t screenHeightTwips = 1080 * 15;
 
@@ -353,21 +352,22 @@ void readContentsViewAndPrintState(HlydSettings& s) {
 
 }  // namespace
 
-HlydSettings& hlydSettings() { return *settings; }
+HlydSettings& hlydSettings() { return settingsState().settings; }
 
 cINIHandler& iniHandler() {
-    if (!ini) sbInitINI();
-    return *ini;
+    if (!settingsState().ini) sbInitINI();
+    return *settingsState().ini;
 }
 
 void resetSettings() {
-    settings = std::make_unique<HlydSettings>();
-    ini.reset();
-    resetDisplayAttributes();
-    resetPageSettings();
+    SettingsState& state = settingsState();
+    state.settings = HlydSettings{};
+    state.ini.reset();
+    state.attributes = namedDisplayAttributes();
+    state.page = PageSettings{};
 }
 
-std::string printerSection() { return settings->CurrentPrinter + ".Print"; }
+std::string printerSection() { return hlydSettings().CurrentPrinter + ".Print"; }
 
 void setScreenSizeTwips(std::int32_t width, std::int32_t height) {
     screenWidthTwips = width;
@@ -376,27 +376,28 @@ void setScreenSizeTwips(std::int32_t width, std::int32_t height) {
 }
 
 void sbInitINI() {
+    std::unique_ptr<cINIHandler>& ini = settingsState().ini;
     if (!ini) ini = std::make_unique<cINIHandler>();
     ini->setINIFileName(kSettingsFileName);
 }
 
 void sbGetINIUser() {
     sbInitINI();
-    HlydSettings& s = *settings;
-    s.UserName = ini->ReadString("User Name", "", "General");
-    s.UserCompany = ini->ReadString("User Company", "", "General");
+    HlydSettings& s = hlydSettings();
+    s.UserName = iniHandler().ReadString("User Name", "", "General");
+    s.UserCompany = iniHandler().ReadString("User Company", "", "General");
     if (s.UserName.empty()) s.UserName = UserCoDef("DefName");
     if (s.UserCompany.empty()) s.UserCompany = UserCoDef("DefCompany");
     theAppInfo().UserName = s.UserName;
     theAppInfo().UserCompany = s.UserCompany;
     // A company that keeps its own help desk points the reports there.
-    std::string support = ini->ReadString("SupportAddress", "", "General");
+    std::string support = iniHandler().ReadString("SupportAddress", "", "General");
     theAppInfo().SupportEndpoint = support.empty() ? kDefaultSupportEndpoint : support;
 }
 
 void sbINIGetInfo(bool firstRun) {
     TraceScope trace(theDebug().TraceApplication, "sbINIGetInfo");
-    HlydSettings& s = *settings;
+    HlydSettings& s = hlydSettings();
     readGeneralHead(s);
     readDebug(s);
     readPrinterAndColumns(s);

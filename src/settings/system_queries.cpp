@@ -6,15 +6,15 @@
 #include "base/c_log.h"
 #include "platform/os.h"
 #include "platform/printer.h"
+#include "settings/settings_state.h"
 
 namespace hlyd {
 
 namespace {
-LocaleTexts locale;
 cWindow window;
 }  // namespace
 
-LocaleTexts& localeTexts() { return locale; }
+LocaleTexts& localeTexts() { return settingsState().locale; }
 
 std::string separatorOrFallback(const std::string& reply, const std::string& fallback) {
     return reply.size() < 2 ? fallback : reply.substr(0, reply.find('\0'));
@@ -31,6 +31,7 @@ std::string plainDigitGroup(const std::string& separator) {
 void queryLocaleSeparators() {
     // The replies carry their terminator, as the classic locale query counts it.
     os::LocaleFacts facts = os::userLocale();
+    LocaleTexts& locale = localeTexts();
     locale.DecimalSeparator = separatorOrFallback(facts.decimalSeparator + '\0', ".");
     locale.GroupSeparator = separatorOrFallback(facts.groupSeparator + '\0', ".");
     locale.DigitGroup = plainDigitGroup(facts.digitGroup);
@@ -44,8 +45,8 @@ std::string UserCoDef(const std::string&) { return {}; }
 
 double GetNumberFromString(const std::string& text) {
     if (text.empty()) return 0;
-    const std::string& group = locale.GroupSeparator;
-    const std::string& decimal = locale.DecimalSeparator;
+    const std::string& group = localeTexts().GroupSeparator;
+    const std::string& decimal = localeTexts().DecimalSeparator;
     double result = 0, numerator = 0, denominator = 0, sign = 1;
     bool inNumerator = false, inDenominator = false, inDecimals = false;
     int place = 0;

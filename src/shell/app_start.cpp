@@ -27,6 +27,7 @@
 #include "shell/debug_menu.h"
 #include "shell/error_report.h"
 #include "shell/help_commands.h"
+#include "shell/shell_state.h"
 #include "shell/start_mode.h"
 #include "shell/window_commands.h"
 
@@ -34,7 +35,7 @@ namespace hlyd {
 
 namespace {
 
-HlydMainState mainState;
+HlydMainState& mainState() { return shellState().main; }
 WindowedRun windowHooks;
 
 // The splash is a greeting, not a wait: eight seconds of it kept users from a window that was
@@ -64,10 +65,10 @@ void initKeywords() {
 void openSettingsLog() {
     std::optional<OutputTarget> log = logOutput();
     if (!log) return;
-    std::string named = commandLineFileName(mainState.CommandLine);
+    std::string named = commandLineFileName(mainState().CommandLine);
     std::vector<std::string> inputs;
     if (!named.empty()) inputs.push_back(os::absolutePath(named));
-    openLogChecked(*log, false, inputs, mainState.StartMode != kStartCommandLineFile);
+    openLogChecked(*log, false, inputs, mainState().StartMode != kStartCommandLineFile);
 }
 
 void clearPerRunState() {
@@ -86,7 +87,7 @@ void clearPerRunState() {
 // printer among them) sets that one up itself: asking the print service for the settings' printer
 // would cost such a run most of its time, and could only tell of a printer it never uses.
 bool printerWanted() {
-    if (mainState.StartMode != kStartCommandLineFile) return true;
+    if (mainState().StartMode != kStartCommandLineFile) return true;
     const BatchOptions& options = commandLineJob().options;
     return runPrints(options) && options.pdfOut.empty() && options.printer.empty();
 }
@@ -130,8 +131,8 @@ void loadMainWindowHidden() {
 // The splash stays up this long in a standalone start, unless the user dismisses it: a key or a
 // click says the splash has been seen.
 void waitForSplash() {
-    auto elapsed = [] { return theClock().ticksMs() - mainState.StartTicks; };
-    while (!mainState.SplashWaitEnded && elapsed() < kSplashMilliseconds) {
+    auto elapsed = [] { return theClock().ticksMs() - mainState().StartTicks; };
+    while (!mainState().SplashWaitEnded && elapsed() < kSplashMilliseconds) {
         theUi().processEvents();
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
@@ -139,22 +140,22 @@ void waitForSplash() {
 
 // The rest of Main for a run with a window: splash, wait, window in front, the Open dialog.
 int finishWindowedStart() {
-    std::int32_t mode = mainState.StartMode;
+    std::int32_t mode = mainState().StartMode;
     if (mode != kStartCommandLineFile && windowHooks.raiseSplash) windowHooks.raiseSplash();
     if (theDebug().BabStatus == kStatusKeywordFileMissing) {
         if (windowHooks.unloadForms) windowHooks.unloadForms();
-        mainState.ApplicationEnding = true;
+        mainState().ApplicationEnding = true;
         return 1;
     }
-    if (mode != kStartCommandLineFile && !mainState.ApplicationEnding) {
+    if (mode != kStartCommandLineFile && !mainState().ApplicationEnding) {
         if (mode == kStartStandalone) waitForSplash();
         windowHooks.showMainWindow();
     }
     if (windowHooks.closeSplash) windowHooks.closeSplash();
-    if (!mainState.ApplicationEnding) mainWindow().enableControls();
+    if (!mainState().ApplicationEnding) mainWindow().enableControls();
     theUi().setBusy(false);
     bool interactive = mode == kStartStandalone || mode == kStartIdeMode;
-    if (!interactive || mainState.ApplicationEnding) return 0;
+    if (!interactive || mainState().ApplicationEnding) return 0;
     const std::vector<std::string>& named = commandLineJob().options.openFiles;
     if (!named.empty()) openNamedFiles(named);
     else if (hlydSettings().ShowOpenDialog) mnuFilOpen_Click();
@@ -169,7 +170,7 @@ int finishWindowedStart() {
 void processCommandLineFile() {
     std::vector<std::string> names = commandLineJob().options.files;
     if (names.empty()) {
-        std::string name = commandLineFileName(mainState.CommandLine);
+        std::string name = commandLineFileName(mainState().CommandLine);
         if (name.empty()) return;
         names.push_back(name);
     }
@@ -180,18 +181,17 @@ void processCommandLineFile() {
 }  // namespace
 
 WindowedRun& windowedRun() { return windowHooks; }
-void endSplashWait() { mainState.SplashWaitEnded = true; }
-HlydMainState& hlydMain() { return mainState; }
-void resetHlydMain() { mainState = HlydMainState{}; }
+void endSplashWait() { mainState().SplashWaitEnded = true; }
+HlydMainState& hlydMain() { return mainState(); }
 
 void InitApp() {
     trapErrors("InitApp", [] {
         const cAppInfo& app = theAppInfo();
         theLog().LogData("AppVersion =" + app.Version + " " + app.VersionDate);
         queryLocaleSeparators();
-        mainState.HelpFile = helpIndexPath();
-        mainState.ElementClassNames = {"Display",  "Print",           "Comments",     "Identifiers", "KeyWords",
-                                       "Literals", "Headers/Footers", "Project File", "Procedures",  "Line Numbers"};
+        mainState().HelpFile = helpIndexPath();
+        mainState().ElementClassNames = {"Display",  "Print",           "Comments",     "Identifiers", "KeyWords",
+                                         "Literals", "Headers/Footers", "Project File", "Procedures",  "Line Numbers"};
         loadSettingsAtStartup();
         openSettingsLog();
         TraceScope trace(theDebug().TraceApplication, "InitApp");
@@ -211,7 +211,7 @@ void HLYDStart() {
         theDebug().setStatus(kStatusOk, 0);
         InitApp();
         if (theDebug().BabStatus == kStatusKeywordFileMissing) return;
-        std::int32_t mode = mainState.StartMode;
+        std::int32_t mode = mainState().StartMode;
         if (mode == kStartStandalone || mode == kStartCommandLineFile || mode == kStartIdeMode) HLYDShow();
         theUi().processEvents();
     });
@@ -221,11 +221,11 @@ void HLYDShow() {
     trapErrors("HLYDShow", [] {
         theDebug().setStatus(kStatusOk, 0);
         if (windowHooks.active()) {
-            if (mainState.StartMode != kStartCommandLineFile) windowHooks.showMainWindow();
+            if (mainState().StartMode != kStartCommandLineFile) windowHooks.showMainWindow();
             else windowHooks.hideMainWindow();
         }
         theUi().processEvents();
-        if (mainState.StartMode != kStartAutomation) processCommandLineFile();
+        if (mainState().StartMode != kStartAutomation) processCommandLineFile();
         theUi().processEvents();
     });
 }
@@ -234,30 +234,30 @@ void HlydMNTerminateApp() {
     if (windowHooks.storeWindowState) windowHooks.storeWindowState();
     saveWindowState();
     if (windowHooks.hideMainWindow) windowHooks.hideMainWindow();
-    std::int32_t mode = mainState.StartMode;
+    std::int32_t mode = mainState().StartMode;
     if (mode == kStartStandalone || mode == kStartCommandLineFile) HLYDEndApplication();
 }
 
 void HLYDEndApplication() {
     // Only the window and printer state change outside the dialogs' own saves.
     savePrinterState();
-    mainState.ApplicationEnding = true;
+    mainState().ApplicationEnding = true;
     if (windowHooks.unloadForms) windowHooks.unloadForms();
     theLog().LogEnd();
 }
 
 int Main(const std::string& commandLine, std::int32_t platformMode) {
-    mainState.CommandLine = commandLine;
-    mainState.StartMode = decideStartMode(platformMode, commandLine);
+    mainState().CommandLine = commandLine;
+    mainState().StartMode = decideStartMode(platformMode, commandLine);
     // Modules below the shell report their unexpected failures through the same tail.
     setErrorTail(ERHandler);
     theLog();
     theDebug();
-    mainState.StartTime = secondsSinceMidnight(theClock().now());
-    mainState.StartTicks = theClock().ticksMs();
-    if (mainState.StartMode == kStartInit) return 0;
+    mainState().StartTime = secondsSinceMidnight(theClock().now());
+    mainState().StartTicks = theClock().ticksMs();
+    if (mainState().StartMode == kStartInit) return 0;
     if (windowHooks.active()) theUi().setBusy(true);
-    if (windowHooks.showSplash && mainState.StartMode != kStartCommandLineFile) {
+    if (windowHooks.showSplash && mainState().StartMode != kStartCommandLineFile) {
         sbGetINIUser();
         windowHooks.showSplash(hlydSettings().UserName, hlydSettings().UserCompany);
     }
@@ -265,7 +265,7 @@ int Main(const std::string& commandLine, std::int32_t platformMode) {
     if (windowHooks.active()) return finishWindowedStart();
     if (theDebug().BabStatus == kStatusKeywordFileMissing) return 1;
     // Without a window the standalone run has nothing to wait for; it ends as the window would.
-    if (mainState.StartMode == kStartStandalone && !mainState.ApplicationEnding) HlydMNTerminateApp();
+    if (mainState().StartMode == kStartStandalone && !mainState().ApplicationEnding) HlydMNTerminateApp();
     return 0;
 }
 

@@ -35,7 +35,6 @@ struct WindowedRun {
 WindowedRun& windowedRun();
 
 HlydMainState& hlydMain();
-void resetHlydMain();
 
 // The entry point; returns the process exit code. With a window, the caller then runs the event
 // loop unless the run has ended already (hlydMain().ApplicationEnding).

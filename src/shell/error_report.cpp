@@ -14,6 +14,7 @@
 #include "platform/os.h"
 #include "platform/ui.h"
 #include "shell/app_start.h"
+#include "shell/shell_state.h"
 #include "shell/start_mode.h"
 
 namespace hlyd {
@@ -30,8 +31,8 @@ void stopForDebugger() {
 #endif
 }
 
-std::function<std::string()> currentFileNameSource;
-std::function<void(int)> programEnd;
+std::function<std::string()>& currentFileNameSource() { return shellState().currentFileNameSource; }
+std::function<void(int)>& programEnd() { return shellState().programEnd; }
 
 std::string upperAscii(std::string s) {
     for (char& c : s)
@@ -52,9 +53,9 @@ std::string systemVersionText() {
     return v.name + " " + v.release + " (" + v.machine + ")";
 }
 
-void setCurrentFileNameSource(std::function<std::string()> source) { currentFileNameSource = std::move(source); }
+void setCurrentFileNameSource(std::function<std::string()> source) { currentFileNameSource() = std::move(source); }
 
-void setProgramEnd(std::function<void(int)> end) { programEnd = std::move(end); }
+void setProgramEnd(std::function<void(int)> end) { programEnd() = std::move(end); }
 
 ErrorReport composeErrorReport(const ErrorReportInput& in) {
     const cAppInfo& app = theAppInfo();
@@ -123,7 +124,7 @@ void ERHandler(int number, const std::string& description, const std::string& so
         in.where = where;
         in.babStatus = debug.BabStatus;
         in.babStatusDetail = debug.BabStatusDetail;
-        if (currentFileNameSource) in.processingFile = currentFileNameSource();
+        if (currentFileNameSource()) in.processingFile = currentFileNameSource()();
         in.recordCount = tables.RecordCount;
         in.statementCount = tables.StatementCount;
         in.tokenCount = tables.TokenCount;
@@ -142,7 +143,7 @@ void ERHandler(int number, const std::string& description, const std::string& so
     } catch (...) {
         // A failure while reporting must not keep the program from ending.
     }
-    if (programEnd) programEnd(1);
+    if (programEnd()) programEnd()(1);
     std::exit(1);  // also when a put-in end came back: nothing goes on after a report
 }
 
