@@ -24,6 +24,8 @@ private:
     std::unique_ptr<T, Deleter> part_;
 };
 
+// The argument names a type, which parentheses would turn into an expression.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define HLYD_PRIVATE_PART(Type)                 \
     template <>                                 \
     Type* newPrivatePart<Type>() {              \
@@ -33,5 +35,6 @@ private:
     void deletePrivatePart<Type>(Type * part) { \
         delete part;                            \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 }  // namespace hlyd
