@@ -83,12 +83,12 @@ TEST_F(OsPortTest, LinesReadTheSameWhereverABlockEnds) {
         EXPECT_EQ(lines, expected) << "block of " << chunk;
         EXPECT_EQ(reader.offset(), text.size());
     }
-    // Lines of every length around a group of eight bytes, with bytes that differ from a line end
+    // Lines of every length around groups of eight and sixteen bytes, with bytes that differ from a line end
     // by one bit or by one, which a look at several bytes at once must not take for one.
     std::string many;
     std::vector<std::string> lines;
     const char* ends[] = {"\r\n", "\n", "\r"};
-    for (std::size_t length = 0; length <= 20; ++length) {
+    for (std::size_t length = 0; length <= 40; ++length) {
         std::string line;
         for (std::size_t i = 0; i < length; ++i) line += "a\x8A\x8D\x0B\x0C\x09\x0E"[i % 7];
         lines.push_back(line);

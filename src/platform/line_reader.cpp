@@ -1,6 +1,11 @@
 #include "platform/line_reader.h"
 
+#include <bit>
 #include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace hlyd {
 
@@ -69,10 +74,19 @@ bool holdsByte(std::uint64_t word, char c) {
 
 }  // namespace
 
-// Every byte of the file passes here: eight at a time are tested for a line end, and only the
-// eight that hold one are walked byte by byte.
+// Every byte of the file passes here: sixteen at a time (eight without SSE2) are tested for a
+// line end, and only the last few of the buffer are walked byte by byte.
 std::size_t LineReader::findLineEnd(std::size_t from) const {
     const char* base = buffer_.data();
+#if defined(__SSE2__)
+    const __m128i lf = _mm_set1_epi8('\n'), cr = _mm_set1_epi8('\r');
+    for (; from + 16 <= end_; from += 16) {
+        __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(base + from));
+        auto ends = static_cast<unsigned>(
+                _mm_movemask_epi8(_mm_or_si128(_mm_cmpeq_epi8(bytes, lf), _mm_cmpeq_epi8(bytes, cr))));
+        if (ends != 0) return from + static_cast<std::size_t>(std::countr_zero(ends));
+    }
+#endif
     for (std::uint64_t word; from + 8 <= end_; from += 8) {
         std::memcpy(&word, base + from, 8);
         if (holdsByte(word, '\n') || holdsByte(word, '\r')) break;
