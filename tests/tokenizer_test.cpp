@@ -212,6 +212,11 @@ TEST_F(TokenizerTest, LeadingSpaceAndTextGiveBackTheLine) {
             "  Debug.Print x!; Forms!Main.Caption  ' done",
             "label1:  s$ = Mid$(t, 2) & \"\"",
             "x = 1 ' why \"not\"",
+            // Indentation of eight blanks and more, ended by a tab, a blank or the line.
+            "                If x Then",
+            "        \t  y = 2",
+            "         z = 3",
+            std::string(17, ' '),
     };
     std::string text;
     for (const std::string& line : lines) text += line + "\r\n";
