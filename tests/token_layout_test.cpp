@@ -10,6 +10,7 @@
 #include "display/token_layout.h"
 #include "display/visible_text.h"
 #include "fake_surface.h"
+#include "platform/byte_words.h"
 
 namespace hlyd {
 namespace {
@@ -395,6 +396,24 @@ TEST_F(TokenLayoutTest, ControlCharactersAreShownInCaretNotation) {
     EXPECT_EQ(std::get<0>(printed[0]) + std::get<0>(printed[1]), "abc^Bdef");
     EXPECT_EQ(visibleText(std::string("\t\x1f\x80 x", 5)), std::string(" ^_\x80 x", 6));
     EXPECT_EQ(visibleText(std::string("a\t\x01\tb", 5), 1, 4), std::string("a  ^A  b", 8));
+}
+
+// A byte to show apart is found at every place of a short text and of a long one, and bytes next
+// to it in value (a blank, 0x80, 0xFF, 0x7E) are not taken for one: the tests look at whole words.
+TEST(VisibleTextTest, BytesShownApartFoundAtEveryPlace) {
+    for (std::size_t length = 1; length <= 17; ++length) {
+        for (int byte = 0; byte < 256; ++byte) {
+            for (std::size_t at = 0; at < length; ++at) {
+                std::string text(length, 'x');
+                text[at] = static_cast<char>(byte);
+                bool control = byte < 0x20, del = byte == 0x7F;
+                ASSERT_EQ(anyBelowBlank(text, false), control) << byte << " at " << at << " of " << length;
+                ASSERT_EQ(anyBelowBlank(text, true), control || del) << byte << " at " << at << " of " << length;
+            }
+        }
+    }
+    EXPECT_FALSE(anyBelowBlank("", true));
+    EXPECT_EQ(visibleText(std::string("Dim a As Long\x7F", 14)), "Dim a As Long^?");
 }
 
 // Eight levels at 340 take 2720. Where they don't fit beside 40 characters (4000), two blanks (170)

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/byte_words.h"
+
 namespace hlyd {
 
 bool invisibleControl(unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7F; }
@@ -15,13 +17,7 @@ std::size_t shownLength(unsigned char c, std::size_t column, std::int32_t tabWid
 namespace {
 
 // A tab or a control byte: below a blank, or DEL. Asked of every byte a listing prints.
-bool anyShownApart(std::string_view text) {
-    for (char c : text) {
-        auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F) return true;
-    }
-    return false;
-}
+bool anyShownApart(std::string_view text) { return anyBelowBlank(text, true); }
 
 void fillShown(std::string_view text, std::string& shown, std::size_t column, std::int32_t tabWidth) {
     shown.clear();
