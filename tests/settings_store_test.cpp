@@ -60,7 +60,7 @@ protected:
         }
         return keys;
     }
-    AttributeRecord& element(int dest, int e) { return displayAttributes().Elements[e].slot[dest]; }
+    AttributeRecord& element(Destination dest, int e) { return displayAttributes().Elements[e].slot[dest]; }
 
     fs::path base;
 };
@@ -280,7 +280,7 @@ TEST_F(SettingsStoreTest, NonsenseGetsSaneValues) {
             "Color.Foreground.Literals=16777215\nColor.Background.Literals=16777215\n"
             "[P1.Print]\nFontAttr.KeyWords=Yes No No No -1\n"
             "Color.Foreground.Literals=0\nColor.Background.Literals=0\n");
-    const std::array<FormatRecord, 3>& format = displayAttributes().Format;
+    const PerDestination<FormatRecord>& format = displayAttributes().Format;
     EXPECT_EQ(format[kDisplay].IndentAmount, 4);
     EXPECT_EQ(format[kPrint].TabWidth, 4);
     EXPECT_EQ(format[kDisplay].TabWidth, 0);  // no tab width is a choice

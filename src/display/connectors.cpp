@@ -20,12 +20,12 @@ std::int32_t wholeTwips(double value) { return static_cast<std::int32_t>(std::ne
 // The column of a level's vertical line: a connector's width left of where the text of that level
 // starts, measured from the text's left edge as its layout measures it, so that lines and text
 // stay together however narrow the output and however closely its levels are drawn.
-std::int32_t columnOf(int dest, int level, const AreaRecord& pos, float xOffset, bool indentSet, float xToken) {
+std::int32_t columnOf(Destination dest, int level, const AreaRecord& pos, float xOffset, bool indentSet, float xToken) {
     const LayoutMetrics& m = layoutMetrics();
-    if (!indentSet) return wholeTwips(xToken - m.ConnectorSize.at(dest));
+    if (!indentSet) return wholeTwips(xToken - m.ConnectorSize[dest]);
     AreaRecord text = pos;
     text.Left += xOffset;
-    return wholeTwips(double{text.Left} + levelIndent(level, text, dest) - m.ConnectorSize.at(dest));
+    return wholeTwips(double{text.Left} + levelIndent(level, text, dest) - m.ConnectorSize[dest]);
 }
 
 }  // namespace
@@ -33,7 +33,7 @@ std::int32_t columnOf(int dest, int level, const AreaRecord& pos, float xOffset,
 // Where the stretch being drawn began, as HlydCLContinueBeforeTop saw it. A level that the stack
 // reaches only later starts as that call would have left it: a line coming in from the top.
 struct StretchTop {
-    int dest = kDisplay;
+    Destination dest = kDisplay;
     AreaRecord pos;
     float xOffset = 0;
 };
@@ -67,13 +67,15 @@ void growStackTo(int level) {
     }
 }
 
-Surface& surfaceOf(int dest) {
+Surface& surfaceOf(Destination dest) {
     Surface* s = surfaceFor(dest);
-    if (!s || (dest != 1 && dest != 2)) raiseRuntime(9, "hlydcl");
+    if (!s) raiseRuntime(9, "hlydcl");
     return *s;
 }
 
-std::uint32_t connectorColour(int dest) { return displayAttributes().Elements[kElemKeyWords].slot[dest].ForeColor; }
+std::uint32_t connectorColour(Destination dest) {
+    return displayAttributes().Elements[kElemKeyWords].slot[dest].ForeColor;
+}
 
 }  // namespace
 
@@ -83,13 +85,13 @@ void resetConnectorStack() {
     stretch() = StretchTop{};
 }
 
-void HlydCLContinueBeforeTop(int dest, const AreaRecord& pos, std::int32_t, float xOffset) {
+void HlydCLContinueBeforeTop(Destination dest, const AreaRecord& pos, std::int32_t, float xOffset) {
     stretch() = {dest, pos, xOffset};
     for (std::size_t level = 0; level < stack().size(); ++level)
         stack()[level] = enteringFromTop(static_cast<int>(level));
 }
 
-void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int32_t indent, const AreaRecord& posNext,
+void HlydCLBeginOrEnd(Destination dest, const AreaRecord& pos, std::int32_t indent, const AreaRecord& posNext,
                       std::int32_t wraps, std::int32_t record, float xToken, const FormatRecord& format,
                       float& xOffset) {
     Surface& s = surfaceOf(dest);
@@ -119,7 +121,7 @@ void HlydCLBeginOrEnd(int dest, const AreaRecord& pos, std::int32_t indent, cons
     if (closes && !opens) stack()[indent].Open = false;
 }
 
-void HlydCLContinueAfterBottom(int dest, float bottom, std::int32_t indent) {
+void HlydCLContinueAfterBottom(Destination dest, float bottom, std::int32_t indent) {
     Surface& s = surfaceOf(dest);
     std::uint32_t colour = connectorColour(dest);
     if (indent > 0) growStackTo(indent - 1);

@@ -55,11 +55,11 @@ private:
 
 void traceMetrics() {
     const LayoutMetrics& m = metrics();
-    theLog().LogData(
-            "ConnectorSize=" + numberText(m.ConnectorSize[1]) + "\r\n ContinueSize=" + numberText(m.ContinueSize[1]) +
-            "\r\n IndentSize=" + numberText(m.IndentSize[1]) + "\r\n MaxFontHeight=" + numberText(m.MaxFontHeight[1]) +
-            "\r\n WhiteSpaceSize=" + numberText(m.WhiteSpaceSize[1]) + "\r\n TwipsPerPixelX=" +
-            numberText(m.TwipsPerPixelX) + "\r\n TwipsPerPixelY=" + numberText(m.TwipsPerPixelY));
+    theLog().LogData("ConnectorSize=" + numberText(m.ConnectorSize[kDisplay]) + "\r\n ContinueSize=" +
+                     numberText(m.ContinueSize[kDisplay]) + "\r\n IndentSize=" + numberText(m.IndentSize[kDisplay]) +
+                     "\r\n MaxFontHeight=" + numberText(m.MaxFontHeight[kDisplay]) + "\r\n WhiteSpaceSize=" +
+                     numberText(m.WhiteSpaceSize[kDisplay]) + "\r\n TwipsPerPixelX=" + numberText(m.TwipsPerPixelX) +
+                     "\r\n TwipsPerPixelY=" + numberText(m.TwipsPerPixelY));
 }
 
 }  // namespace
@@ -82,9 +82,9 @@ void HlydDAGetFontMetricss() {
     if (!surface) return;
     Surface& s = *surface;
     double total = 0;
-    metrics().MaxFontHeight[1] = 0;
+    metrics().MaxFontHeight[kDisplay] = 0;
     for (int e = 1; e <= kElementCount; ++e) {
-        AttributeRecord& a = displayAttributes().Elements[e].slot[1];
+        AttributeRecord& a = displayAttributes().Elements[e].slot[kDisplay];
         HlydDASetAttributes(a, true);
         double meanHeight = s.textHeight("X\r\nX\r\nX\r\nX\r\nX") / 5.0;
         double meanWidth = s.textWidth(std::string(100, 'X')) / 100.0;
@@ -93,15 +93,16 @@ void HlydDAGetFontMetricss() {
         a.XWidth = static_cast<std::int32_t>(rounded(meanWidth));
         if (e == kElemProjectFile || e == kElemHeadersFooters) continue;
         total += meanWidth;
-        if (meanHeight > metrics().MaxFontHeight[1]) metrics().MaxFontHeight[1] = static_cast<float>(meanHeight);
+        if (meanHeight > metrics().MaxFontHeight[kDisplay])
+            metrics().MaxFontHeight[kDisplay] = static_cast<float>(meanHeight);
     }
     // Six widths summed, divided by seven: the mean stays six sevenths of the true one.
     std::int64_t sevenths = static_cast<std::int64_t>(rounded(total)) / 7;
-    metrics().WhiteSpaceSize[1] = static_cast<float>(sevenths);
-    metrics().ConnectorSize[1] = metrics().IndentSize[1] = metrics().WhiteSpaceSize[1];
+    metrics().WhiteSpaceSize[kDisplay] = static_cast<float>(sevenths);
+    metrics().ConnectorSize[kDisplay] = metrics().IndentSize[kDisplay] = metrics().WhiteSpaceSize[kDisplay];
     metrics().TwipsPerPixelX = static_cast<std::int16_t>(s.twipsPerPixelX());
     metrics().TwipsPerPixelY = static_cast<std::int16_t>(s.twipsPerPixelY());
-    metrics().ContinueSize[1] = s.textWidth(" _");
+    metrics().ContinueSize[kDisplay] = s.textWidth(" _");
     if (theDebug().TraceApplication) traceMetrics();
 }
 
@@ -115,7 +116,7 @@ void HlydDAValidateFont(AttributeRecord& attributes) {
 }
 
 void HlydDAValidateFonts() {
-    for (int e = 1; e <= kElementCount; ++e) HlydDAValidateFont(displayAttributes().Elements[e].slot[1]);
+    for (int e = 1; e <= kElementCount; ++e) HlydDAValidateFont(displayAttributes().Elements[e].slot[kDisplay]);
     HlydDAGetFontMetricss();
 }
 

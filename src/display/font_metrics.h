@@ -9,11 +9,11 @@
 namespace hlyd {
 
 struct LayoutMetrics {
-    std::array<float, 3> ConnectorSize{};
-    std::array<float, 3> ContinueSize{};
-    std::array<float, 3> IndentSize{};
-    std::array<float, 3> MaxFontHeight{};
-    std::array<float, 3> WhiteSpaceSize{};
+    PerDestination<float> ConnectorSize{};
+    PerDestination<float> ContinueSize{};
+    PerDestination<float> IndentSize{};
+    PerDestination<float> MaxFontHeight{};
+    PerDestination<float> WhiteSpaceSize{};
     std::int16_t TwipsPerPixelX = 15;
     std::int16_t TwipsPerPixelY = 15;
     // The printer's, which its setup fills; kept apart so that the screen's stay its own.

@@ -17,12 +17,9 @@ namespace hlyd {
 
 namespace {
 
-const FormatRecord& formatOf(int dest) { return displayAttributes().Format[dest]; }
-AttributeRecord& attributesOf(int element, int dest) { return displayAttributes().Elements[element].slot[dest]; }
-
-// Slot 0 of the two-slot tables exists but is never filled: reading it would lay out with zeros.
-void checkDestination(int dest, const char* source) {
-    if (dest != kDisplay && dest != kPrint) raiseRuntime(9, source);
+const FormatRecord& formatOf(Destination dest) { return displayAttributes().Format[dest]; }
+AttributeRecord& attributesOf(int element, Destination dest) {
+    return displayAttributes().Elements[element].slot[dest];
 }
 
 // How deep the file being laid out is nested, as planIndentation found it.
@@ -34,17 +31,17 @@ constexpr std::int32_t kMostSharedLevels = 24;
 constexpr int kLeastDistinctLevels = 12;
 
 // The destination's indent unit: IndentAmount blanks of IndentSize.
-float indentUnit(int dest) {
-    return static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize.at(dest);
+float indentUnit(Destination dest) {
+    return static_cast<float>(formatOf(dest).IndentAmount) * layoutMetrics().IndentSize[dest];
 }
 
 // Connector lines closer than a third of a blank could not be told apart on paper.
-float leastIndentUnit(int dest) { return layoutMetrics().WhiteSpaceSize.at(dest) / 3; }
+float leastIndentUnit(Destination dest) { return layoutMetrics().WhiteSpaceSize[dest] / 3; }
 
 // A character of code: the mean width of an identifier's. (WhiteSpaceSize is six sevenths of it.)
-float characterWidth(int dest) {
+float characterWidth(Destination dest) {
     std::int32_t x = attributesOf(kElemIdentifiers, dest).XWidth;
-    return x > 0 ? static_cast<float>(x) : layoutMetrics().WhiteSpaceSize.at(dest);
+    return x > 0 ? static_cast<float>(x) : layoutMetrics().WhiteSpaceSize[dest];
 }
 
 bool blanksOnly(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
@@ -66,7 +63,7 @@ std::string spareShown;
 // One record on one surface: the pen is tracked here so that the surface is told only changes.
 class RecordPainter {
 public:
-    RecordPainter(int dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks)
+    RecordPainter(Destination dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks)
         : dest_(dest),
           s_(*surfaceFor(dest)),
           t_(theSourceTables()),
@@ -117,7 +114,7 @@ private:
     void gapBefore(std::int32_t next, const AttributeRecord& left);
     std::int32_t lastToken(const Record& r) const;
 
-    int dest_;
+    Destination dest_;
     Surface& s_;
     SourceTables& t_;
     std::int32_t record_;
@@ -510,16 +507,14 @@ std::int32_t RecordPainter::run() {
 
 }  // namespace
 
-void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text, int dest) {
-    checkDestination(dest, "HlydTKApplyIndent");
+void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text, Destination dest) {
     indent = indentUnit(dest) * static_cast<float>(level);
     text = token.Text;
 }
 
-void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, int dest,
+void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, Destination dest,
                              std::int32_t firstToken, std::int32_t lastToken) {
-    checkDestination(dest, "HlydTKGetMaxTokenHeight");
-    float ceiling = layoutMetrics().MaxFontHeight.at(dest);
+    float ceiling = layoutMetrics().MaxFontHeight[dest];
     auto heightOf = [&](std::int32_t token) {
         int e = token < static_cast<std::int32_t>(elements.size()) ? elements[token] : 0;
         if (e < 1 || e > kElementCount) e = kElemIdentifiers;
@@ -535,7 +530,7 @@ void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& ele
 // Each piece is measured, not the whole rest of the text for every piece: that made a long project
 // line quadratic. The rest's width is kept as the whole width less the pieces cut off, and the rest
 // itself is measured only when that says it may fit, when it is about one piece long.
-void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, int dest) {
+void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width, Destination dest) {
     Surface& s = *surfaceFor(dest);
     if (width <= 0) width = 1;
     pieces.clear();
@@ -590,7 +585,7 @@ void planIndentation() {
 // unit narrowed for the deeper levels alone would bunch their lines a few points apart. One level
 // nested far deeper than the rest does not squeeze the whole file: the sharing stops at
 // kMostSharedLevels, and the levels beyond stand at the furthest start.
-float levelIndent(std::int32_t level, const AreaRecord& pos, int dest) {
+float levelIndent(std::int32_t level, const AreaRecord& pos, Destination dest) {
     float unit = indentUnit(dest);
     float room = furthestTextStart(pos, dest) - pos.Left;
     float levels = static_cast<float>(std::clamp(plannedDepth, 1, kMostSharedLevels));
@@ -598,22 +593,22 @@ float levelIndent(std::int32_t level, const AreaRecord& pos, int dest) {
     return std::min(unit * static_cast<float>(std::max(level, 0)), room);
 }
 
-float roomBesideIndent(int dest) {
+float roomBesideIndent(Destination dest) {
     const LayoutMetrics& m = layoutMetrics();
-    return static_cast<float>(kLeastCodeChars) * characterWidth(dest) + 2 * m.WhiteSpaceSize.at(dest) +
-           m.ContinueSize.at(dest);
+    return static_cast<float>(kLeastCodeChars) * characterWidth(dest) + 2 * m.WhiteSpaceSize[dest] +
+           m.ContinueSize[dest];
 }
 
 // Room beside the indentation is kept right of the furthest start. A narrower output still keeps
 // room for kLeastDistinctLevels levels at the least unit, so that nesting stays visible; and at
 // any width a first token split on its wrapped lines (one WhiteSpaceSize in, less one more) gets
 // kLeastRoomChars mean characters a piece.
-float furthestTextStart(const AreaRecord& pos, int dest) {
+float furthestTextStart(const AreaRecord& pos, Destination dest) {
     const LayoutMetrics& m = layoutMetrics();
     float width = pos.Right - pos.Left;
     float beside = roomBesideIndent(dest);
     float least = static_cast<float>(kLeastDistinctLevels) * leastIndentUnit(dest);
-    float most = width - static_cast<float>(kRoomBeforeEdgeChars) * m.WhiteSpaceSize.at(dest);
+    float most = width - static_cast<float>(kRoomBeforeEdgeChars) * m.WhiteSpaceSize[dest];
     // Whole twips: a start a hair right of the room would cost the line its last character.
     return pos.Left + std::floor(std::max(0.0f, std::min(std::max(width - beside, least), most)));
 }
@@ -625,7 +620,7 @@ const Statement& governingStatement(std::int32_t record) {
     return t.Statements[r.FirstS != 0 ? r.FirstS : r.LastS];
 }
 
-std::int32_t layoutRecord(int dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks) {
+std::int32_t layoutRecord(Destination dest, std::int32_t record, AreaRecord& pos, const RecordLayoutHooks& hooks) {
     if (!surfaceFor(dest)) return -1;
     return RecordPainter(dest, record, pos, hooks).run();
 }

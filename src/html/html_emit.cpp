@@ -27,7 +27,7 @@ namespace hlyd {
 
 namespace {
 
-constexpr int kHTMLDestination = kDisplay;  // HTML follows the display settings
+constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display settings
 
 }  // namespace
 

@@ -29,6 +29,6 @@ Surface* displaySurface() { return display; }
 void setDisplaySurface(Surface* surface) { display = surface; }
 Surface* printerSurface() { return printer; }
 void setPrinterSurface(Surface* surface) { printer = surface; }
-Surface* surfaceFor(int displayOrPrint) { return displayOrPrint == 2 ? printer : display; }
+Surface* surfaceFor(Destination destination) { return destination == kPrint ? printer : display; }
 
 }  // namespace hlyd

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/destination.h"
+
 namespace hlyd {
 
 // A font and colour to draw text in, all at once.
@@ -97,6 +99,6 @@ Surface* printerSurface();
 void setPrinterSurface(Surface* surface);
 
 // The surface of a destination: 1 the display, 2 the printer.
-Surface* surfaceFor(int displayOrPrint);
+Surface* surfaceFor(Destination destination);
 
 }  // namespace hlyd

@@ -17,8 +17,8 @@ void takeRequest(const PrintRunRequest& request) {
     p.LastPage = request.lastPage;
     p.PrintedPageNumber = request.startPage - 1;
     p.OptionalLine = request.optionalLine;
-    p.Code = s.ViewCode[2];
-    p.FormDef = s.ViewFormDef[2];
+    p.Code = s.ViewCode[kPrint];
+    p.FormDef = s.ViewFormDef[kPrint];
 }
 
 // The procedures chosen by name, in the file now loaded.

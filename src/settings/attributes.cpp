@@ -21,7 +21,7 @@ const std::string& elementName(int element) {
     return kElementNames[element >= 1 && element <= kElementCount ? element : 0];
 }
 
-const char* destinationName(int displayOrPrint) { return displayOrPrint == kPrint ? "Print" : "Display"; }
+const char* destinationName(Destination destination) { return destination == kPrint ? "Print" : "Display"; }
 
 DisplayAttributes& displayAttributes() { return settingsState().attributes; }
 

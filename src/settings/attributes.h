@@ -5,11 +5,10 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/destination.h"
+
 namespace hlyd {
 
-// DisplayOrPrint: the slot of every two-slot table.
-constexpr int kDisplay = 1;
-constexpr int kPrint = 2;
 constexpr int kElementCount = 8;
 
 enum Element : int {
@@ -26,7 +25,7 @@ enum Element : int {
 // "Comments", "Identifiers", ... for elements 1 to 8.
 const std::string& elementName(int element);
 // "Display" or "Print".
-const char* destinationName(int displayOrPrint);
+const char* destinationName(Destination destination);
 
 // The system colour of a window's background; a stored white on the screen turns into it.
 constexpr std::uint32_t kSystemWindowBackground = 0x80000005u;
@@ -52,7 +51,7 @@ struct AttributeRecord {
 };
 
 struct ElementRow {
-    std::array<AttributeRecord, 3> slot;  // 1 display, 2 print; 0 unused
+    PerDestination<AttributeRecord> slot;
     std::string Name;
 };
 
@@ -70,10 +69,10 @@ struct FormatRecord {
     std::int16_t SkipAttributes = 0;
 };
 
-// The element table (rows 1 to 8) and the Format records (slots 1 and 2) in force.
+// The element table (rows 1 to 8) and the Format records of each destination in force.
 struct DisplayAttributes {
     std::array<ElementRow, kElementCount + 1> Elements;
-    std::array<FormatRecord, 3> Format;
+    PerDestination<FormatRecord> Format;
 };
 
 DisplayAttributes& displayAttributes();

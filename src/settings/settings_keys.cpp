@@ -51,7 +51,7 @@ public:
     }
     void add(const std::string& section, const std::string& key, unsigned groups,
              std::function<void(cINIHandler&)> write, std::function<SettingShown()> show) {
-        keys_.push_back(SettingKey{section, key, groups, 0, 0, std::move(write), std::move(show)});
+        keys_.push_back(SettingKey{section, key, groups, kDisplay, 0, std::move(write), std::move(show)});
     }
     SettingKey& last() { return keys_.back(); }
 
@@ -143,7 +143,7 @@ void dialectAndFileKeys(KeyList& k, HlydSettings& s) {
     k.text("Files", "ProjectExtNew", s.ProjectExt, kSaveDisplay);
 }
 
-void formatKeys(KeyList& k, int dest) {
+void formatKeys(KeyList& k, Destination dest) {
     FormatRecord& f = displayAttributes().Format[dest];
     std::string d = std::string(".") + destinationName(dest);
     bool screen = dest == kDisplay;
@@ -169,25 +169,25 @@ void formatKeys(KeyList& k, int dest) {
 }
 
 void viewKeys(KeyList& k, HlydSettings& s) {
-    for (int dest : {kDisplay, kPrint}) {
+    for (Destination dest : kDestinations) {
         unsigned groups = dest == kDisplay ? kSaveDisplay : kSavePrint;
         k.boolean("View", std::string("Code.") + destinationName(dest), s.ViewCode[dest], groups);
         k.boolean("View", std::string("FormDef.") + destinationName(dest), s.ViewFormDef[dest], groups);
     }
 }
 
-void elementKeys(KeyList& k, const std::string& section, int dest) {
+void elementKeys(KeyList& k, const std::string& section, Destination dest) {
     for (int e = 1; e <= kElementCount; ++e) {
         AttributeRecord& a = displayAttributes().Elements[e].slot[dest];
         const std::string& name = elementName(e);
         k.number(section, "Color.Background." + name, a.BackColor, kSaveElement);
-        k.last().displayOrPrint = dest, k.last().element = e;
+        k.last().destination = dest, k.last().element = e;
         k.number(section, "Color.Foreground." + name, a.ForeColor, kSaveElement);
-        k.last().displayOrPrint = dest, k.last().element = e;
+        k.last().destination = dest, k.last().element = e;
         k.text(section, "FontName." + name, a.FontName, kSaveElement);
-        k.last().displayOrPrint = dest, k.last().element = e;
+        k.last().destination = dest, k.last().element = e;
         k.computed(section, "FontAttr." + name, kSaveElement, [dest, e] { return fontAttrText(dest, e); });
-        k.last().displayOrPrint = dest, k.last().element = e;
+        k.last().destination = dest, k.last().element = e;
     }
 }
 
@@ -205,7 +205,7 @@ void printerKeys(KeyList& k) {
 
 }  // namespace
 
-std::string fontAttrText(int dest, int element) {
+std::string fontAttrText(Destination dest, int element) {
     const FontSpec& f = displayAttributes().Elements[element].slot[dest].Font;
     return yesNo(f.Bold) + " " + yesNo(f.Italic) + " " + yesNo(f.Underline) + " " + yesNo(f.Strikethrough) + " " +
            numberText(f.Size);
@@ -229,15 +229,14 @@ std::vector<SettingKey> settingKeys() {
     return keys;
 }
 
-void writeSettingGroups(unsigned groups, int dest, int element) {
+void writeSettingGroups(unsigned groups, std::optional<Destination> only, int element) {
     cINIHandler& ini = iniHandler();
     if (!hlydSettings().SettingsWritable) return;
     if (screensUnknown() && (groups &= ~kSaveWindow) == 0) return;
     writeSettingsBatch([&] {
         for (SettingKey& key : settingKeys()) {
             if (!(key.groups & groups)) continue;
-            if (key.groups & kSaveElement && dest != 0 && (key.displayOrPrint != dest || key.element != element))
-                continue;
+            if (key.groups & kSaveElement && only && (key.destination != *only || key.element != element)) continue;
             ini.setSection(key.section);
             key.write(ini);
         }

@@ -2,6 +2,7 @@
 // The keys of the settings file, bound to the records in memory: what each save routine writes
 // and what a tool shows, from one list.
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,8 @@ struct SettingKey {
     std::string section;
     std::string key;
     unsigned groups = 0;
-    int displayOrPrint = 0;  // for element keys: which slot
-    int element = 0;         // for element keys: which element
+    Destination destination = kDisplay;  // for element keys: which slot
+    int element = 0;                     // for element keys: which element
     std::function<void(cINIHandler&)> write;
     std::function<SettingShown()> show;
 };
@@ -37,9 +38,10 @@ struct SettingKey {
 std::vector<SettingKey> settingKeys();
 
 // Writes every key of the groups (any of the bits) in one replacement of the file.
-void writeSettingGroups(unsigned groups, int displayOrPrint = 0, int element = 0);
+// Element keys are written for one element of one destination when `only` names it, else all.
+void writeSettingGroups(unsigned groups, std::optional<Destination> only = std::nullopt, int element = 0);
 
 // "No No No No 10": bold, italic, underline, strikethrough and size of an element's font.
-std::string fontAttrText(int displayOrPrint, int element);
+std::string fontAttrText(Destination displayOrPrint, int element);
 
 }  // namespace hlyd

@@ -181,7 +181,7 @@ void readDialectAndFiles(HlydSettings& s) {
     s.ResourceExt.clear();
 }
 
-void readFormat(int dest) {
+void readFormat(Destination dest) {
     cINIHandler& i = iniHandler();
     FormatRecord& f = displayAttributes().Format[dest];
     std::string d = std::string(".") + destinationName(dest);
@@ -276,7 +276,7 @@ double fontSizeOf(const std::string& key, const std::string& text, double defaul
 
 bool fontAttrFlag(const std::string& word) { return upperCase(word) == "YES" || word == "-1"; }
 
-void readElements(int dest, const std::string& section, const std::string& defaultFont, double defaultSize) {
+void readElements(Destination dest, const std::string& section, const std::string& defaultFont, double defaultSize) {
     cINIHandler& i = iniHandler();
     for (int e = 1; e <= kElementCount; ++e) {
         AttributeRecord& a = displayAttributes().Elements[e].slot[dest];
@@ -335,7 +335,7 @@ void readContentsViewAndPrintState(HlydSettings& s) {
     s.PrintContinuous = i.ReadBool("PrintContinuous", false);
     s.ProcContentsPrint = i.ReadBool("ProcContents", false);
     s.ProcContentsDisplay = i.ReadBool("ProcContents", false, std::string("Display"));
-    for (int dest : {kDisplay, kPrint}) {
+    for (Destination dest : kDestinations) {
         s.ViewCode[dest] = i.ReadBool(std::string("Code.") + destinationName(dest), true, std::string("View"));
         s.ViewFormDef[dest] = i.ReadBool(std::string("FormDef.") + destinationName(dest), true, std::string("View"));
     }

@@ -55,7 +55,7 @@ std::string saveFailureReason(const std::string& path) {
 void sbDisplayINISave() { writeSettingGroups(kSaveDisplay); }
 void sbPrintINISave() { writeSettingGroups(kSavePrint); }
 void sbPrintOptionsINISave() { writeSettingGroups(kSavePrintOptions); }
-void saveElementAttributes(int displayOrPrint, int element) {
+void saveElementAttributes(Destination displayOrPrint, int element) {
     writeSettingGroups(kSaveElement, displayOrPrint, element);
 }
 void saveDebugSettings() { writeSettingGroups(kSaveDebug); }

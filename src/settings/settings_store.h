@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "settings/attributes.h"
 #include "settings/ini_handler.h"
 
 namespace hlyd {
@@ -65,9 +66,9 @@ struct HlydSettings {
     bool DetectDialect = true;
     // Files: extension lists separated by "|"
     std::string BasicExt, FormExt, ProjectExt, ResourceExt;
-    // View and Display, by DisplayOrPrint (slot 0 unused)
-    std::array<bool, 3> ViewCode{true, true, true};
-    std::array<bool, 3> ViewFormDef{true, true, true};
+    // View and Display
+    PerDestination<bool> ViewCode{true, true};
+    PerDestination<bool> ViewFormDef{true, true};
     bool ProcContentsDisplay = false;
     // MRU, positions 1 to 7
     std::array<std::string, 8> MRU;
@@ -96,7 +97,7 @@ void sbINIGetInfo(bool firstRun);
 void sbDisplayINISave();
 void sbPrintINISave();
 void sbPrintOptionsINISave();
-void saveElementAttributes(int displayOrPrint, int element);
+void saveElementAttributes(Destination displayOrPrint, int element);
 void saveDebugSettings();
 void saveWindowState();
 void savePrinterState();
