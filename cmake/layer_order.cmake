@@ -11,6 +11,7 @@ set(HLYD_LAYERS
   "files"                              # file table, loading, projects, recent files, window model
   "display"                            # layout, connectors, screen emitter, viewing, command states
   "printing html"                      # paper and HTML output
+  "models"                             # the plain models of the dialogs, named as their forms
   "shell"                              # start and stop, command handlers, command line, error report
   "dialogs"                            # Qt forms, the windowed run, main
   "tools/common"                       # what the tools share

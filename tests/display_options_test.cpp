@@ -14,8 +14,8 @@
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "shell/display_options.h"
-#include "shell/display_options_fonts.h"
-#include "shell/display_options_rules.h"
+#include "models/display_options_fonts.h"
+#include "models/display_options_rules.h"
 #include "test_support.h"
 
 namespace hlyd {

@@ -24,8 +24,13 @@
 #include "settings/page_settings.h"
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
+#include "shell/session.h"
 
 namespace hlyd::test {
+
+// The runner's main is the test framework's, so the program's Session comes in as the runner
+// starts; a test that wants a Session of its own makes one.
+[[maybe_unused]] static const bool programSessionInstalled = (installProgramSession(), true);
 
 MsgAnswer ScriptedUi::messageBox(const MessageBoxRequest& request) {
     shown.push_back(request);

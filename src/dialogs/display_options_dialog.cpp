@@ -31,8 +31,8 @@
 #include "platform/qt/classic_colour.h"
 #include "platform/qt/qt_text.h"
 #include "shell/display_options.h"
-#include "shell/display_options_fonts.h"
-#include "shell/display_options_rules.h"
+#include "models/display_options_fonts.h"
+#include "models/display_options_rules.h"
 
 namespace hlyd {
 

@@ -13,8 +13,10 @@
 #include "shell/core_batch_run.h"
 #include "shell/pdf_core_run.h"
 #include "shell/window_part.h"
+#include "shell/session.h"
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
     hlyd::BatchOptions options = hlyd::parseBatchOptions(std::vector<std::string>(argv + (argc > 0), argv + argc));
     if (!options.error.empty()) {

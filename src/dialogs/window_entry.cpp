@@ -8,8 +8,10 @@
 #include "dialogs/qt_application.h"
 #include "shell/batch_options.h"
 #include "shell/command_line_job.h"
+#include "shell/session.h"
 
 extern "C" __attribute__((visibility("default"))) int hlydWindowMain(int argc, char** argv) {
+    hlyd::installProgramSession();
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
     hlyd::BatchOptions options = hlyd::parseBatchOptions(std::vector<std::string>(argv + (argc > 0), argv + argc));
     hlyd::commandLineJob().options = options;

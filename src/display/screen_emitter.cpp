@@ -6,6 +6,7 @@
 
 #include "display/connectors.h"
 #include "display/font_metrics.h"
+#include "display/project_line_layout.h"
 #include "display/token_layout.h"
 #include "display/view_map.h"
 #include "files/file_table.h"
@@ -57,27 +58,21 @@ cProjectFile* currentProject(const cFileDesc& entry) {
 // the very left.
 std::int32_t EmitProjectRecord(Surface& s, const std::string& text, AreaRecord& pos) {
     AttributeRecord& a = screenAttributes(kElemProjectFile);
-    std::int32_t wraps = 0;
-    float x = pos.Left + kProjectIndent;
-    float y = pos.Top;
-    float h = static_cast<float>(a.Height);
     setAttributesOn(s, a);
-    std::vector<std::string> pieces{text};
-    if (x + s.textWidth(text) > pos.Right)
-        HlydTKSplitForOutput(text, pieces, pos.Right - (layoutMetrics().WhiteSpaceSize[kDisplay] + x) + 1, kDisplay);
-    if (text.find_first_not_of(' ') != std::string::npos) {
-        for (std::size_t p = 0; p < pieces.size(); ++p) {
-            float width = s.textWidth(pieces[p]);
-            float xBox = (p == 0 && !pieces[p].empty() && pieces[p][0] == ' ') ? 0 : x;
-            s.filledBox(xBox, y, x + width, y + h, a.BackColor);
-            s.setCurrentX(x);
-            s.setCurrentY(y);
-            s.print(pieces[p]);
-            if (p + 1 < pieces.size()) x = pos.Left + static_cast<float>(a.SpaceWidth), y += h, ++wraps;
-        }
-    }
-    pos.Top = y + h;
-    return wraps;
+    ProjectLineHooks hooks;
+    hooks.displayOrPrint = kDisplay;
+    hooks.lineHeight = static_cast<float>(a.Height);
+    hooks.indent = kProjectIndent;
+    hooks.wrapIndent = static_cast<float>(a.SpaceWidth);
+    hooks.textWidth = [&s](const std::string& piece) { return s.textWidth(piece); };
+    hooks.drawPiece = [&](const std::string& piece, float x, float y, bool first) {
+        float xBox = (first && !piece.empty() && piece[0] == ' ') ? 0 : x;
+        s.filledBox(xBox, y, x + s.textWidth(piece), y + hooks.lineHeight, a.BackColor);
+        s.setCurrentX(x);
+        s.setCurrentY(y);
+        s.print(piece);
+    };
+    return layoutProjectLine(text, pos, hooks);
 }
 
 class ScreenEmission {

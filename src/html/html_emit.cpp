@@ -8,6 +8,7 @@
 #include "analysis/source_model.h"
 #include "base/c_debug.h"
 #include "base/c_log.h"
+#include "display/project_line_layout.h"
 #include "display/token_layout.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
@@ -222,11 +223,17 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
     doc.EmitLine(line);
 }
 
+// The document has no right edge and no measures: each line stays whole, and a line of blanks
+// is left out.
 void EmitProjectRecord(const std::string& text) {
-    if (text.find_first_not_of(' ') == std::string::npos) return;
-    std::string line;
-    emission().doc->InsertToken(text, 0, kElemProjectFile, line);
-    emission().doc->EmitLine(line);
+    ProjectLineHooks hooks;
+    hooks.drawPiece = [](const std::string& piece, float, float, bool) {
+        std::string line;
+        emission().doc->InsertToken(piece, 0, kElemProjectFile, line);
+        emission().doc->EmitLine(line);
+    };
+    AreaRecord noArea;
+    layoutProjectLine(text, noArea, hooks);
 }
 
 }  // namespace hlydHTML

@@ -3,12 +3,49 @@
 // through their usual accessors, which read the Session in force; a test makes its own Session and
 // so starts from nothing, and a reset builds every part afresh, so no module can be forgotten.
 //
-// Each layer defines its own part; this header only names them, so that it sits below all of them
-// and no include runs upward. The parts are built and destroyed where all of them are known
-// (shell/session.cpp).
+// Each layer defines its own part and makes, renews and frees it in its own source; this header
+// only names them, so that it sits below all of them and no reference, by include or by symbol,
+// runs upward. The shell puts the parts together (shell/session.cpp).
 #include <memory>
 
 namespace hlyd {
+
+// What a layer does with its part of the Session, where the part's type is whole: a layer's
+// `<layer>_state.cpp` says `HLYD_SESSION_PART(Type)` once.
+template <class T>
+struct SessionPartLife {
+    static T* make();
+    static void free(T* part);
+    static void end(T& part);    // destroys it where it stands ...
+    static void begin(T& part);  // ... and builds it there afresh
+    struct Deleter {
+        void operator()(T* part) const { free(part); }
+    };
+};
+
+template <class T>
+using SessionPart = std::unique_ptr<T, typename SessionPartLife<T>::Deleter>;
+
+// The argument names a type, which parentheses would turn into an expression.
+// NOLINTBEGIN(bugprone-macro-parentheses)
+#define HLYD_SESSION_PART(Type)                     \
+    template <>                                     \
+    Type* SessionPartLife<Type>::make() {           \
+        return new Type;                            \
+    }                                               \
+    template <>                                     \
+    void SessionPartLife<Type>::free(Type* part) {  \
+        delete part;                                \
+    }                                               \
+    template <>                                     \
+    void SessionPartLife<Type>::end(Type& part) {   \
+        std::destroy_at(&part);                     \
+    }                                               \
+    template <>                                     \
+    void SessionPartLife<Type>::begin(Type& part) { \
+        std::construct_at(&part);                   \
+    }
+// NOLINTEND(bugprone-macro-parentheses)
 
 struct BaseState;
 struct SettingsState;
@@ -30,14 +67,14 @@ struct Session {
     void renew();
 
     // From the ground up, and built in this order: a part may read a lower one as it starts.
-    std::unique_ptr<BaseState> base;
-    std::unique_ptr<SettingsState> settings;
-    std::unique_ptr<AnalysisState> analysis;
-    std::unique_ptr<FilesState> files;
-    std::unique_ptr<DisplayState> display;
-    std::unique_ptr<PrintingState> printing;
-    std::unique_ptr<HtmlState> html;
-    std::unique_ptr<ShellState> shell;
+    SessionPart<BaseState> base;
+    SessionPart<SettingsState> settings;
+    SessionPart<AnalysisState> analysis;
+    SessionPart<FilesState> files;
+    SessionPart<DisplayState> display;
+    SessionPart<PrintingState> printing;
+    SessionPart<HtmlState> html;
+    SessionPart<ShellState> shell;
 };
 
 // Builds an object afresh where it stands, for state that cannot be assigned (it holds an open
@@ -62,7 +99,9 @@ struct CurrentParts {
     HtmlState* html = nullptr;
     ShellState* shell = nullptr;
 };
-extern CurrentParts current;
+// Constant-initialised to null, so that it depends on no order of static constructors; the shell
+// installs the program's own Session at start (installProgramSession).
+extern constinit CurrentParts current;
 
 inline CurrentParts partsOf(Session* session) {
     return {session,

@@ -1,10 +1,8 @@
 #include "printing/project_printing.h"
 
-#include <vector>
-
 #include "base/hlyd_error.h"
 #include "display/font_metrics.h"
-#include "display/token_layout.h"
+#include "display/project_line_layout.h"
 #include "files/file_table.h"
 #include "files/project_file.h"
 #include "platform/printer.h"
@@ -55,21 +53,34 @@ void EmitProjectRecord(const std::string& line, wPos& pos) {
     Printer& printer = *currentPrinter();
     PrintState& p = printState();
     AttributeRecord& a = projectElement();
-    float white = layoutMetrics().WhiteSpaceSize[kPrint];
-    float x = white + pos.LeftPos;
-    float h = static_cast<float>(a.Height);
-    std::vector<std::string> pieces{line};
-    if (x + printer.textWidth(line) > pos.RightPos)
-        HlydTKSplitForOutput(line, pieces, pos.RightPos - (white + x) + 1, kPrint);
-    for (const std::string& piece : pieces) {
-        if (pos.TopPos > p.UsableArea.Bottom && !newProjectPage(pos)) return;
+    AreaRecord area;
+    area.Left = pos.LeftPos;
+    area.Right = pos.RightPos;
+    area.Top = pos.TopPos;
+    area.Bottom = p.UsableArea.Bottom;
+    ProjectLineHooks hooks;
+    hooks.displayOrPrint = kPrint;
+    hooks.lineHeight = static_cast<float>(a.Height);
+    hooks.indent = layoutMetrics().WhiteSpaceSize[kPrint];
+    hooks.textWidth = [&printer](const std::string& piece) { return printer.textWidth(piece); };
+    hooks.blankLinesDrawn = true;
+    hooks.breakAtBottom = [&](AreaRecord& at) {
+        pos.TopPos = at.Top;
+        bool goesOn = newProjectPage(pos);
+        at.Top = pos.TopPos;
+        at.Bottom = p.UsableArea.Bottom;
+        return goesOn;
+    };
+    // White is the paper itself: no box is drawn for it.
+    hooks.drawPiece = [&](const std::string& piece, float x, float y, bool) {
         if (a.BackColor != kWhite)
-            printer.filledBox(x, pos.TopPos, x + printer.textWidth(piece), pos.TopPos + h, a.BackColor);
+            printer.filledBox(x, y, x + printer.textWidth(piece), y + hooks.lineHeight, a.BackColor);
         printer.setCurrentX(x);
-        printer.setCurrentY(pos.TopPos);
+        printer.setCurrentY(y);
         printer.print(piece);
-        pos.TopPos += h;
-    }
+    };
+    layoutProjectLine(line, area, hooks);
+    pos.TopPos = area.Top;
 }
 
 }  // namespace hlyd

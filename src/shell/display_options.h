@@ -3,7 +3,7 @@
 // writes the records and the settings file, checks the fonts on the screen and draws the view anew.
 #include <functional>
 
-#include "shell/display_options_model.h"
+#include "models/display_options_model.h"
 
 namespace hlyd {
 

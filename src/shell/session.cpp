@@ -1,28 +1,20 @@
-// The parts of the Session are built and destroyed here, where every layer's part is known.
+// The shell puts the Session together from the parts that each layer makes, renews and frees in
+// its own source; it needs none of their types.
+#include "shell/session.h"
+
 #include "platform/session.h"
-
-#include <memory>
-
-#include "analysis/analysis_state.h"
-#include "base/base_state.h"
-#include "display/display_state.h"
-#include "files/files_state.h"
-#include "html/html_state.h"
-#include "printing/printing_state.h"
-#include "settings/settings_state.h"
-#include "shell/shell_state.h"
 
 namespace hlyd {
 
 Session::Session()
-    : base(std::make_unique<BaseState>()),
-      settings(std::make_unique<SettingsState>()),
-      analysis(std::make_unique<AnalysisState>()),
-      files(std::make_unique<FilesState>()),
-      display(std::make_unique<DisplayState>()),
-      printing(std::make_unique<PrintingState>()),
-      html(std::make_unique<HtmlState>()),
-      shell(std::make_unique<ShellState>()) {}
+    : base(SessionPartLife<BaseState>::make()),
+      settings(SessionPartLife<SettingsState>::make()),
+      analysis(SessionPartLife<AnalysisState>::make()),
+      files(SessionPartLife<FilesState>::make()),
+      display(SessionPartLife<DisplayState>::make()),
+      printing(SessionPartLife<PrintingState>::make()),
+      html(SessionPartLife<HtmlState>::make()),
+      shell(SessionPartLife<ShellState>::make()) {}
 
 // The members go in the reverse order, the higher parts first, as in renew.
 Session::~Session() = default;
@@ -31,29 +23,29 @@ Session::~Session() = default;
 // the log of a lower one; then all are built from the ground up, as at the start. Each is built
 // where the old one stood, so that what was held into a part stays valid.
 void Session::renew() {
-    std::destroy_at(shell.get());
-    std::destroy_at(html.get());
-    std::destroy_at(printing.get());
-    std::destroy_at(display.get());
-    std::destroy_at(files.get());
-    std::destroy_at(analysis.get());
-    std::destroy_at(settings.get());
-    std::destroy_at(base.get());
-    std::construct_at(base.get());
-    std::construct_at(settings.get());
-    std::construct_at(analysis.get());
-    std::construct_at(files.get());
-    std::construct_at(display.get());
-    std::construct_at(printing.get());
-    std::construct_at(html.get());
-    std::construct_at(shell.get());
-    // A renewed run's log starts its clock now, as a run's first line would, not at its first
-    // write later on.
-    base->log = std::make_unique<cLog>();
+    SessionPartLife<ShellState>::end(*shell);
+    SessionPartLife<HtmlState>::end(*html);
+    SessionPartLife<PrintingState>::end(*printing);
+    SessionPartLife<DisplayState>::end(*display);
+    SessionPartLife<FilesState>::end(*files);
+    SessionPartLife<AnalysisState>::end(*analysis);
+    SessionPartLife<SettingsState>::end(*settings);
+    SessionPartLife<BaseState>::end(*base);
+    SessionPartLife<BaseState>::begin(*base);
+    SessionPartLife<SettingsState>::begin(*settings);
+    SessionPartLife<AnalysisState>::begin(*analysis);
+    SessionPartLife<FilesState>::begin(*files);
+    SessionPartLife<DisplayState>::begin(*display);
+    SessionPartLife<PrintingState>::begin(*printing);
+    SessionPartLife<HtmlState>::begin(*html);
+    SessionPartLife<ShellState>::begin(*shell);
 }
 
-// The program's own Session: made before main, never destroyed, so that nothing of it runs at exit
-// (a large module's tables, tens of megabytes, go with the process whole).
-detail::CurrentParts detail::current = detail::partsOf(new Session);
+// The program's own Session is never destroyed, so that nothing of it runs at exit (a large
+// module's tables, tens of megabytes, go with the process whole). A part loaded beside the program
+// holds a core of its own and installs its own Session.
+void installProgramSession() {
+    if (detail::current.session == nullptr) detail::current = detail::partsOf(new Session);
+}
 
 }  // namespace hlyd

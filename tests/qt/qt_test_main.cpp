@@ -5,8 +5,10 @@
 #include <cstdlib>
 
 #include "base/app_info.h"
+#include "shell/session.h"
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
     hlyd::initAppInfo(argv[0]);

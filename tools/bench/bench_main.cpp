@@ -25,6 +25,7 @@
 #include "printing/recording_printer.h"
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
+#include "shell/session.h"
 
 namespace {
 
@@ -275,6 +276,7 @@ BENCHMARK(BM_FindAll5MB)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     hlyd::initAppInfo(argv[0]);
     hlyd::BabInit();
     hlyd::hlydSettings().BasicExt = "BAS|CLS";

@@ -14,6 +14,7 @@
 #include "platform/os.h"
 #include "settings_dump.h"
 #include "tool_errors.h"
+#include "shell/session.h"
 
 namespace {
 
@@ -40,6 +41,7 @@ bool initKeywords() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     hlyd::initAppInfo(argv[0]);
     hlyd::os::useBinaryStandardStreams();
     hlyd::AnalysisDumpOptions options;

@@ -31,6 +31,7 @@
 #include "settings/settings_store.h"
 #include "shell/command_line.h"
 #include "platform/qt/qt_printer_adapter.h"
+#include "shell/session.h"
 
 namespace {
 
@@ -305,6 +306,7 @@ BENCHMARK(BM_CommandLineProjectToPdf)->Unit(benchmark::kMillisecond)->Iterations
 }  // namespace
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
     hlyd::initAppInfo(argv[0]);

@@ -24,6 +24,7 @@
 #include "files/project_listing.h"
 #include "platform/qt/image_surface.h"
 #include "settings/settings_store.h"
+#include "shell/session.h"
 
 namespace {
 
@@ -113,6 +114,7 @@ BENCHMARK(BM_ProjectWithALongLineFirstScreen)->Arg(100)->Arg(400)->Arg(2048)->Un
 }  // namespace
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
     hlyd::initAppInfo(argv[0]);

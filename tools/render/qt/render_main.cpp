@@ -9,6 +9,7 @@
 #include "tool_errors.h"
 #include "pdf_render.h"
 #include "view_render.h"
+#include "shell/session.h"
 
 namespace {
 
@@ -56,6 +57,7 @@ bool parsePdf(int argc, char** argv, hlyd::PdfRequest& request) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    hlyd::installProgramSession();
     hlyd::initAppInfo(argc > 0 ? argv[0] : nullptr);
     hlyd::RenderRequest request;
     hlyd::PdfRequest pdf;

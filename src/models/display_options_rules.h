@@ -3,7 +3,7 @@
 // never raise: a refusal is a text in lblMessage, and the focus stays in the field.
 #include <string>
 
-#include "shell/display_options_model.h"
+#include "models/display_options_model.h"
 
 namespace hlyd {
 

@@ -1,4 +1,4 @@
-#include "shell/display_options_fonts.h"
+#include "models/display_options_fonts.h"
 
 #include <cmath>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "shell/display_options_rules.h"
+#include "models/display_options_rules.h"
 
 #include <algorithm>
 #include <vector>

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "shell/display_options_model.h"
+#include "models/display_options_model.h"
 
 namespace hlyd {
 

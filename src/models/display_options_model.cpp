@@ -1,8 +1,8 @@
-#include "shell/display_options_model.h"
+#include "models/display_options_model.h"
 
 #include "platform/char_case.h"
 #include "settings/settings_store.h"
-#include "shell/display_options_rules.h"
+#include "models/display_options_rules.h"
 
 namespace hlyd {
 
