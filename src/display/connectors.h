@@ -19,13 +19,13 @@ struct ConnectorEntry {
 std::vector<ConnectorEntry>& connectorStack();
 void resetConnectorStack();
 
-void HlydCLBeginOrEnd(Destination displayOrPrint, const AreaRecord& pos, std::int32_t indent, const AreaRecord& posNext,
+void HlydCLBeginOrEnd(Destination destination, const AreaRecord& pos, std::int32_t indent, const AreaRecord& posNext,
                       std::int32_t wraps, std::int32_t record, float xToken, const FormatRecord& format,
                       float& xOffset);
-void HlydCLContinueBeforeTop(Destination displayOrPrint, const AreaRecord& pos, std::int32_t indent, float xOffset);
+void HlydCLContinueBeforeTop(Destination destination, const AreaRecord& pos, std::int32_t indent, float xOffset);
 // Draws the verticals of the levels below `indent` down to the bottom. Levels whose column is the
 // same (all those past the deepest column of a narrow output) are drawn as one line: a file nested
 // thousands deep costs a page a few lines, not one per level.
-void HlydCLContinueAfterBottom(Destination displayOrPrint, float bottom, std::int32_t indent);
+void HlydCLContinueAfterBottom(Destination destination, float bottom, std::int32_t indent);
 
 }  // namespace hlyd

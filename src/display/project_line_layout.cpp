@@ -14,8 +14,8 @@ std::vector<std::string> piecesOf(const std::string& text, const AreaRecord& pos
                                   const ProjectLineHooks& hooks) {
     std::vector<std::string> pieces{text};
     if (!hooks.textWidth || x + hooks.textWidth(text) <= pos.Right) return pieces;
-    float white = layoutMetrics().WhiteSpaceSize[hooks.displayOrPrint];
-    HlydTKSplitForOutput(text, pieces, pos.Right - (white + x) + 1, hooks.displayOrPrint);
+    float white = layoutMetrics().WhiteSpaceSize[hooks.destination];
+    HlydTKSplitForOutput(text, pieces, pos.Right - (white + x) + 1, hooks.destination);
     return pieces;
 }
 

@@ -13,7 +13,7 @@ namespace hlyd {
 
 struct ProjectLineHooks {
     // The destination's slot of the layout metrics, for the split of a long line.
-    int displayOrPrint = 0;
+    Destination destination = kDisplay;
     // How high one piece of the line is; a destination without measures leaves it 0.
     float lineHeight = 0;
     // The text starts this far right of `pos.Left`.

@@ -60,7 +60,7 @@ std::int32_t EmitProjectRecord(Surface& s, const std::string& text, AreaRecord& 
     AttributeRecord& a = screenAttributes(kElemProjectFile);
     setAttributesOn(s, a);
     ProjectLineHooks hooks;
-    hooks.displayOrPrint = kDisplay;
+    hooks.destination = kDisplay;
     hooks.lineHeight = static_cast<float>(a.Height);
     hooks.indent = kProjectIndent;
     hooks.wrapIndent = static_cast<float>(a.SpaceWidth);

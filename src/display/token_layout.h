@@ -23,11 +23,11 @@ struct AreaRecord {
 };
 
 void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text,
-                       Destination displayOrPrint);
-void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, Destination displayOrPrint,
+                       Destination destination);
+void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, Destination destination,
                              std::int32_t firstToken, std::int32_t lastToken);
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width,
-                          Destination displayOrPrint);
+                          Destination destination);
 
 // How the gap before a token is measured: its blanks (tabs to their stops) in the space width of
 // the font on its left, or as one blank whatever it holds (the declaration lines of a contents
@@ -89,16 +89,16 @@ void planIndentation();
 // How far right of `pos.Left` the text of an indent level starts. The levels of the file take the
 // destination's indent unit while they fit beside kLeastCodeChars; where they don't, one narrower
 // unit, never below a third of a blank; and no level goes past furthestTextStart.
-float levelIndent(std::int32_t level, const AreaRecord& pos, Destination displayOrPrint);
+float levelIndent(std::int32_t level, const AreaRecord& pos, Destination destination);
 
 // The room kept right of the furthest start of a record's text, where the output has it: for
 // kLeastCodeChars, the mark at a wrapped line's end, and the two blanks that the first piece of a
 // split first token loses (it stands one in, and is measured one narrower).
-float roomBesideIndent(Destination displayOrPrint);
+float roomBesideIndent(Destination destination);
 
 // The furthest right that a record's text starts in the area: deeper indentation is capped there,
 // so that a narrow output keeps room for the text.
-float furthestTextStart(const AreaRecord& pos, Destination displayOrPrint);
+float furthestTextStart(const AreaRecord& pos, Destination destination);
 
 // An output with no right edge (the HTML document) takes its indentation from the view's settings
 // and is capped as if its lines were this many characters wide: nested thousands deep, it would
@@ -112,7 +112,7 @@ const Statement& governingStatement(std::int32_t record);
 
 // Lays out and draws one record at `pos`; moves `pos.Top` below it and returns the wraps.
 // Returns -1 for a record that is skipped (an attribute line with SkipAttributes set).
-std::int32_t layoutRecord(Destination displayOrPrint, std::int32_t record, AreaRecord& pos,
+std::int32_t layoutRecord(Destination destination, std::int32_t record, AreaRecord& pos,
                           const RecordLayoutHooks& hooks);
 
 }  // namespace hlyd

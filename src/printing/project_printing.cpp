@@ -59,7 +59,7 @@ void EmitProjectRecord(const std::string& line, wPos& pos) {
     area.Top = pos.TopPos;
     area.Bottom = p.UsableArea.Bottom;
     ProjectLineHooks hooks;
-    hooks.displayOrPrint = kPrint;
+    hooks.destination = kPrint;
     hooks.lineHeight = static_cast<float>(a.Height);
     hooks.indent = layoutMetrics().WhiteSpaceSize[kPrint];
     hooks.textWidth = [&printer](const std::string& piece) { return printer.textWidth(piece); };
