@@ -9,7 +9,8 @@ set(HLYD_LAYERS
   "base"                               # error model, log, debug switches, app info, message box
   "settings analysis"                  # the settings and their records; the language analysis
   "files"                              # file table, loading, projects, recent files, window model
-  "display"                            # layout, connectors, screen emitter, viewing, command states
+  "display xref"                       # layout, connectors, screen emitter, viewing, command states;
+                                       # the cross-reference of names
   "printing html"                      # paper and HTML output
   "models"                             # the plain models of the dialogs, named as their forms
   "shell"                              # start and stop, command handlers, command line, error report

@@ -14,6 +14,7 @@
 #include "platform/os.h"
 #include "settings_dump.h"
 #include "tool_errors.h"
+#include "xref_dump.h"
 #include "shell/session.h"
 
 namespace {
@@ -22,7 +23,7 @@ int usage(const std::string& problem) {
     std::cerr << "hlyd-dump: " << problem << "\n"
               << "usage: hlyd-dump [--dialect 3|4|5|6|auto] [--summary] FILE\n"
               << "       hlyd-dump --settings\n"
-              << "       hlyd-dump --procs FILE | --project FILE\n"
+              << "       hlyd-dump --procs FILE | --project FILE | --xref FILE\n"
               << "       hlyd-dump --html OUT FILE\n"
               << "       hlyd-dump --print FILE [--pages FROM-TO] [--start N] [--procs NAME,...]\n";
     return 2;
@@ -57,7 +58,7 @@ int main(int argc, char** argv) {
         std::string arg = argv[i];
         if (arg == "--settings") {
             settings = true;
-        } else if ((arg == "--procs" && !printing) || arg == "--project") {
+        } else if ((arg == "--procs" && !printing) || arg == "--project" || arg == "--xref") {
             mode = arg;
         } else if (arg == "--html") {
             if (++i >= argc) return usage("--html needs an output file");
@@ -104,6 +105,7 @@ int main(int argc, char** argv) {
         }
         if (mode == "--procs") return hlyd::dumpProcedures(file, std::cout, std::cerr);
         if (mode == "--project") return hlyd::dumpProject(file, std::cout, std::cerr);
+        if (mode == "--xref") return hlyd::dumpCrossReference(file, std::cout, std::cerr);
         if (mode == "--html") return hlyd::dumpHtml(htmlOut, file, std::cerr);
         if (mode == "--print") {
             print.file = file;
