@@ -57,6 +57,7 @@ const char* const kOther =
         "    mTotal = Shapes.mTotal\n"
         "    Dim p As TPoint\n"
         "    p.X = MaxShapes\n"  // 10
+        "    frmShapes.txtName.Text = \"\"\n"
         "End Sub\n";
 
 const char* const kCounter =
@@ -77,6 +78,27 @@ const char* const kCounter =
         "    Common = 3\n"  // 15: two modules declare it Public, so it reaches neither
         "End Sub\n";
 
+const char* const kForm =
+        "VERSION 5.00\n"  // 1
+        "Begin VB.Form frmShapes\n"
+        "   Caption = \"Shapes\"\n"
+        "   Begin VB.CommandButton cmdGo\n"
+        "      Index = 0\n"  // 5
+        "   End\n"
+        "   Begin VB.CommandButton cmdGo\n"
+        "      Index = 1\n"
+        "   End\n"
+        "   Begin VB.TextBox txtName\n"  // 10
+        "      BeginProperty Font\n"
+        "         Name = \"Arial\"\n"
+        "      EndProperty\n"
+        "   End\n"
+        "End\n"  // 15
+        "Attribute VB_Name = \"frmShapes\"\n"
+        "Private Sub cmdGo_Click(Index As Integer)\n"
+        "    txtName.Text = cmdGo(Index).Caption\n"
+        "End Sub\n";
+
 class XrefTest : public test::ProgramTest {
 protected:
     void SetUp() override {
@@ -84,6 +106,7 @@ protected:
         showSource("Shapes.bas", kShapes);
         showSource("Other.bas", kOther);
         showSource("Counter.cls", kCounter);
+        showSource("frmShapes.frm", kForm);
         index = indexOpenFiles();
     }
 
@@ -134,7 +157,7 @@ TEST_F(XrefTest, EveryKindIsDeclaredWhereItStandsAndLocalsAreNotIndexed) {
         EXPECT_EQ(n.declared.line, e.line) << e.name;
         EXPECT_EQ(n.declared.proc, "") << e.name;
     }
-    EXPECT_EQ(index.files.size(), 3u);
+    EXPECT_EQ(index.files.size(), 4u);
     for (const IndexedName& n : index.names) {
         EXPECT_NE(n.kind, NameKind::kParameter) << n.name;
         EXPECT_FALSE(n.name == "i" || n.name == "hWnd" || n.name == "v") << n.name;
@@ -173,6 +196,17 @@ TEST_F(XrefTest, APropertyIsReadThroughItsGetAndWrittenThroughItsLet) {
     EXPECT_EQ(uses(name("Counter", "Value", NameKind::kPropertyGet)), (Uses{"Counter:8:Value=", "Counter:14:Bump"}));
     EXPECT_EQ(uses(name("Counter", "Value", NameKind::kPropertyLet)), (Uses{"Counter:14:Bump="}));
     EXPECT_EQ(uses(name("Counter", "mValue", NameKind::kVariable)), (Uses{"Counter:8:Value", "Counter:11:Value="}));
+}
+
+TEST_F(XrefTest, AFormsControlsAreItsOwnNamesAndTheOthersReachThemThroughTheForm) {
+    // The form itself is no control, a control array is one, and a property block is no Begin.
+    std::vector<std::string> controls;
+    for (const IndexedName& n : index.names)
+        if (n.kind == NameKind::kControl) controls.push_back(n.name + ":" + std::to_string(n.declared.line));
+    EXPECT_EQ(controls, (Uses{"cmdGo:4", "txtName:10"}));
+    EXPECT_EQ(uses(name("frmShapes", "txtName", NameKind::kControl)),
+              (Uses{"Other:11:Run", "frmShapes:18:cmdGo_Click"}));
+    EXPECT_EQ(uses(name("frmShapes", "cmdGo", NameKind::kControl)), (Uses{"frmShapes:18:cmdGo_Click"}));
 }
 
 using XrefDumpTest = test::ProgramTest;

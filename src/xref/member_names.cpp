@@ -1,5 +1,6 @@
 #include "xref/member_names.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <string_view>
 
@@ -73,6 +74,7 @@ public:
 
 private:
     void statement(const Statement& s);
+    void formDescription(const Statement& s);
     void procedureStart(const std::vector<Word>& w, std::size_t at, bool isPublic);
     void declaration(const std::vector<Word>& w, std::size_t at, bool isPublic);
     void nameList(const std::vector<Word>& w, std::size_t at, NameKind kind, bool isPublic);
@@ -88,6 +90,7 @@ private:
     MemberNames names_;
     std::vector<Word> words_;
     std::vector<bool> declaring_;  // by token: the word declares a name, so it is no use
+    int formDepth_ = 0;            // how many Begin blocks of the form's description are open
     int proc_ = kModuleLevel;
     int procCount_ = 0;
     std::string procName_;
@@ -103,7 +106,7 @@ MemberNames MemberReader::read() {
 
 void MemberReader::statement(const Statement& s) {
     if (s.Class == kStmtComment || s.Class == kStmtBlank || s.Class == kStmtHeader) return;
-    if (s.Flags & kFlagFormDescription) return;  // the form's own description holds no code
+    if (s.Flags & kFlagFormDescription) return formDescription(s);
     std::vector<Word>& w = words_;
     wordsOf(t_, s, w);
     if (w.empty()) return;
@@ -131,6 +134,24 @@ void MemberReader::statement(const Statement& s) {
         declaration(w, at, isPublic);
     }
     usesOf(w);
+}
+
+// "Begin VB.TextBox txtName" inside the form's own Begin declares a control; the lines of a
+// control array repeat its name, which is one control.
+void MemberReader::formDescription(const Statement& s) {
+    std::vector<Word>& w = words_;
+    wordsOf(t_, s, w);
+    if (w.empty()) return;
+    if (isKeyword(w[0], {"END"})) {
+        formDepth_ = std::max(0, formDepth_ - 1);
+        return;
+    }
+    if (!isKeyword(w[0], {"BEGIN"})) return;
+    if (++formDepth_ < 2 || w.back().kind != Word::kName) return;
+    std::string key = upperCase(w.back().text);
+    for (const DeclaredName& d : names_.declared)
+        if (d.entry.kind == NameKind::kControl && d.key == key) return;
+    declare(w.back(), NameKind::kControl, false);
 }
 
 void MemberReader::procedureStart(const std::vector<Word>& w, std::size_t at, bool isPublic) {

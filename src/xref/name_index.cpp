@@ -26,6 +26,7 @@ const char* nameKindText(NameKind kind) {
         case NameKind::kConst: return "Const";
         case NameKind::kVariable: return "Variable";
         case NameKind::kParameter: return "Parameter";
+        case NameKind::kControl: return "Control";
     }
     return "";
 }

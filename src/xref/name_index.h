@@ -23,6 +23,7 @@ enum class NameKind : std::uint8_t {
     kConst,
     kVariable,
     kParameter,
+    kControl,  // of a form, user control or property page: the form's own, and the others' as Form.Name
 };
 
 // The word a listing and the JSON give the kind: "Sub", "Property Get", "Enum Member", ...

@@ -98,8 +98,9 @@ private:
         if (auto module = moduleOf_.find(use.qualifier); module != moduleOf_.end()) {
             std::size_t m = module->second;
             auto found = pick(m, use, find(moduleLevel_, {m, kModuleLevel, use.key}));
-            bool seen = found.first == member ||
-                        (found.first != kNone && members_[m].declared[found.second].entry.isPublic);
+            // A form's controls are seen from everywhere through the form's name.
+            const IndexedName* entry = found.first == kNone ? nullptr : &members_[m].declared[found.second].entry;
+            bool seen = found.first == member || (entry && (entry->isPublic || entry->kind == NameKind::kControl));
             return seen ? found : std::pair{kNone, kNone};
         }
         // An Enum's name, the member's own or a Public one, before one of its members.
