@@ -63,9 +63,9 @@ std::size_t afterParentheses(const std::vector<Word>& w, std::size_t open) {
 // Walks one member's statements in order, keeping what encloses the statement at hand.
 class MemberReader {
 public:
-    MemberReader(const std::string& file, const std::string& module, bool standardModule)
-        : t_(theSourceTables()), file_(file) {
-        names_.module = upperCase(module);
+    MemberReader(const std::string& file, const std::string& module, bool standardModule, NameKeys& keys)
+        : t_(theSourceTables()), file_(file), keys_(keys) {
+        names_.module = keys.of(module);
         names_.file = file;
         names_.standardModule = standardModule;
         module_ = module;
@@ -86,6 +86,7 @@ private:
 
     const SourceTables& t_;
     std::string file_;
+    NameKeys& keys_;
     std::string module_;
     MemberNames names_;
     std::vector<Word> words_;
@@ -148,7 +149,7 @@ void MemberReader::formDescription(const Statement& s) {
     }
     if (!isKeyword(w[0], {"BEGIN"})) return;
     if (++formDepth_ < 2 || w.back().kind != Word::kName) return;
-    std::string key = upperCase(w.back().text);
+    NameKey key = keys_.of(w.back().text);
     for (const DeclaredName& d : names_.declared)
         if (d.entry.kind == NameKind::kControl && d.key == key) return;
     declare(w.back(), NameKind::kControl, false);
@@ -246,7 +247,7 @@ void MemberReader::declare(const Word& w, NameKind kind, bool isPublic, bool ind
     declaring_[static_cast<std::size_t>(w.token)] = true;
     if (!indexed) return;
     DeclaredName d;
-    d.key = upperCase(w.text);
+    d.key = keys_.of(w.text);
     d.entry.name = std::string(w.text);
     d.entry.module = module_;
     d.entry.kind = kind;
@@ -289,12 +290,12 @@ void MemberReader::usesOf(const std::vector<Word>& w) {
     for (std::size_t i = 0; i < w.size(); ++i) {
         if (w[i].kind != Word::kName || declaring_[static_cast<std::size_t>(w[i].token)]) continue;
         UseCandidate u;
-        u.key = upperCase(w[i].text);
+        u.key = keys_.of(w[i].text);
         u.proc = proc_;
         if (i >= 1 && (isOperator(w[i - 1], ".") || isOperator(w[i - 1], "!"))) {
             u.qualified = true;
-            if (i >= 2 && (w[i - 2].kind == Word::kName || isKeyword(w[i - 2], {"ME"})))
-                u.qualifier = upperCase(w[i - 2].text);
+            u.qualifiedByMe = i >= 2 && isKeyword(w[i - 2], {"ME"});
+            if (i >= 2 && w[i - 2].kind == Word::kName) u.qualifier = keys_.of(w[i - 2].text);
         }
         u.written = writtenAt(w, i);
         u.line = lineOf(w[i].token);
@@ -304,8 +305,15 @@ void MemberReader::usesOf(const std::vector<Word>& w) {
 
 }  // namespace
 
-MemberNames gatherMemberNames(const std::string& file, const std::string& module, bool standardModule) {
-    return MemberReader(file, module, standardModule).read();
+NameKey NameKeys::of(std::string_view name) {
+    upper_.assign(name);
+    for (char& c : upper_) c = static_cast<char>(upperChar(static_cast<unsigned char>(c)));
+    auto [it, added] = keys_.try_emplace(upper_, static_cast<NameKey>(keys_.size() + 1));
+    return it->second;
+}
+
+MemberNames gatherMemberNames(const std::string& file, const std::string& module, bool standardModule, NameKeys& keys) {
+    return MemberReader(file, module, standardModule, keys).read();
 }
 
 }  // namespace hlyd

@@ -4,6 +4,8 @@
 // may refer to a Public name of a member read later.
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "xref/name_index.h"
@@ -12,25 +14,40 @@ namespace hlyd {
 
 constexpr int kModuleLevel = -1;
 
+// A name as a number, the same for every spelling of it: VB compares names without regard to
+// case, and a large project has a few thousand names but a million uses of them.
+using NameKey = std::uint32_t;
+constexpr NameKey kNoKey = 0;
+
+class NameKeys {
+public:
+    NameKey of(std::string_view name);
+
+private:
+    std::unordered_map<std::string, NameKey> keys_;
+    std::string upper_;
+};
+
 struct DeclaredName {
     IndexedName entry;
-    std::string key;          // the name in upper case: VB compares names without regard to case
+    NameKey key = kNoKey;
     int proc = kModuleLevel;  // the procedure (by its order in the member) whose local it is
 };
 
 // A name that may use a declaration; most are identifiers of the code, so a candidate is kept
 // small and its place spelt out only once it resolves.
 struct UseCandidate {
-    std::string key;
-    std::string qualifier;  // upper case: the word before "." when the name follows one; "ME" for Me
+    NameKey key = kNoKey;
+    NameKey qualifier = kNoKey;  // the word before "." when the name follows one
     bool qualified = false;
+    bool qualifiedByMe = false;
     bool written = false;  // the statement assigns to it
     int proc = kModuleLevel;
     std::int32_t line = 0;
 };
 
 struct MemberNames {
-    std::string module;          // upper case, as a qualifier names it
+    NameKey module = kNoKey;     // as a qualifier names it
     bool standardModule = true;  // a .bas: its Public names are seen everywhere without a qualifier
     std::vector<DeclaredName> declared;
     std::vector<UseCandidate> uses;
@@ -40,6 +57,6 @@ struct MemberNames {
 };
 
 // Reads the tables of the member loaded now, whose file and VB_Name are given.
-MemberNames gatherMemberNames(const std::string& file, const std::string& module, bool standardModule);
+MemberNames gatherMemberNames(const std::string& file, const std::string& module, bool standardModule, NameKeys& keys);
 
 }  // namespace hlyd

@@ -43,6 +43,7 @@ bool isStandardModule(const std::string& path) {
 NameIndex indexOpenFiles() {
     std::vector<MemberNames> members;
     std::vector<std::string> files;
+    NameKeys keys;
     FileTableModule& f = fileTable();
     for (int i = 1; i <= f.oFile.Count(); ++i) {
         const cFileDesc desc = f.oFile.Item(i);
@@ -50,7 +51,7 @@ NameIndex indexOpenFiles() {
         HlydFLProcessSelectedFile(static_cast<std::int16_t>(i));
         if (!f.openFailure.empty()) continue;  // told as the load tells it; nothing to index
         std::string module = f.sVBName.empty() ? std::filesystem::path(desc.FileName).stem().string() : f.sVBName;
-        members.push_back(gatherMemberNames(desc.FileName, module, isStandardModule(desc.FileName)));
+        members.push_back(gatherMemberNames(desc.FileName, module, isStandardModule(desc.FileName), keys));
         files.push_back(desc.FileName);
     }
     NameIndex index = resolveNames(std::move(members));

@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    using Key = std::tuple<std::size_t, int, std::string>;
+    using Key = std::tuple<std::size_t, int, NameKey>;
 
     void add(std::size_t m, std::size_t d) {
         const DeclaredName& name = members_[m].declared[d];
@@ -94,7 +94,7 @@ private:
     }
 
     std::pair<std::size_t, std::size_t> qualified(std::size_t member, const UseCandidate& use) const {
-        if (use.qualifier == "ME") return pick(member, use, find(moduleLevel_, {member, kModuleLevel, use.key}));
+        if (use.qualifiedByMe) return pick(member, use, find(moduleLevel_, {member, kModuleLevel, use.key}));
         if (auto module = moduleOf_.find(use.qualifier); module != moduleOf_.end()) {
             std::size_t m = module->second;
             auto found = pick(m, use, find(moduleLevel_, {m, kModuleLevel, use.key}));
@@ -114,10 +114,10 @@ private:
     }
 
     const std::vector<MemberNames>& members_;
-    std::map<std::string, std::size_t> moduleOf_;
+    std::map<NameKey, std::size_t> moduleOf_;
     std::multimap<Key, std::size_t> locals_, moduleLevel_, enumMembers_;
-    std::multimap<std::string, std::pair<std::size_t, std::size_t>> enums_;  // by the Enum's name
-    std::map<std::string, std::vector<std::pair<std::size_t, std::size_t>>> public_;
+    std::multimap<NameKey, std::pair<std::size_t, std::size_t>> enums_;  // by the Enum's name
+    std::map<NameKey, std::vector<std::pair<std::size_t, std::size_t>>> public_;
 };
 
 }  // namespace
