@@ -299,7 +299,7 @@ void MemberReader::usesOf(const std::vector<Word>& w) {
         }
         u.written = writtenAt(w, i);
         u.line = lineOf(w[i].token);
-        names_.uses.push_back(std::move(u));
+        names_.uses.push_back(u);
     }
 }
 
