@@ -99,6 +99,7 @@ private:
     void openFindBar();
     void findFromBar(bool forward);
     void findInAllFiles();
+    void showUsesOfName();
     void copySelection();
     void onPressedAt(QPoint at, bool extend);
     void onDraggedTo(QPoint at);

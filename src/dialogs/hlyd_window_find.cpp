@@ -19,6 +19,7 @@
 #include "files/main_window_model.h"
 #include "platform/qt/image_surface.h"
 #include "platform/qt/qt_text.h"
+#include "shell/name_jumps.h"
 #include "files/command_ids.h"
 
 namespace hlyd {
@@ -58,6 +59,12 @@ void HlydWindow::buildEditMenu() {
         findFromBar(false);
     })->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3));
     addCommand(editMenu_, kMnuEditFindAll, "Find in All &Open Files...", [this] { findInAllFiles(); });
+    editMenu_->addSeparator();
+    addCommand(editMenu_, kMnuEditGoToDeclaration, "Go to &Declaration", goToDeclaration)
+            ->setShortcut(QKeySequence(Qt::Key_F12));
+    addCommand(editMenu_, kMnuEditUsesOfName, "&Uses of Name", [this] {
+        showUsesOfName();
+    })->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F12));
 }
 
 // The bar goes under the view and its scroll bar, hidden until asked for; the list of places in
@@ -117,6 +124,21 @@ void HlydWindow::findInAllFiles() {
     mainWindow().lblStatus =
             std::to_string(hits.size()) + (hits.size() == 1 ? " place" : " places") + " found in the open files";
     findHits_->showHits(findBar_->text(), std::move(hits));
+}
+
+// The name's declaration and uses go in the list that Find in All Open Files fills: each a jump.
+void HlydWindow::showUsesOfName() {
+    std::vector<FileHit> hits = usesOfNameAt(selectionStart());
+    if (hits.empty()) {
+        mainWindow().lblStatus = "No declaration in the open files for the name at the cursor";
+        return;
+    }
+    const FileHit& declaration = hits.front();
+    QString name = fromCp1252(declaration.line.substr(static_cast<std::size_t>(declaration.hit.column),
+                                                      static_cast<std::size_t>(declaration.hit.length)));
+    mainWindow().lblStatus = std::to_string(hits.size() - 1) + (hits.size() == 2 ? " use" : " uses") + " of " +
+                             toCp1252(name) + " in the open files";
+    findHits_->showHits(name, std::move(hits));
 }
 
 void HlydWindow::copySelection() {

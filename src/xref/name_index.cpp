@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "files/file_show.h"
+#include "files/file_loading.h"
 #include "files/file_table.h"
 #include "platform/char_case.h"
 #include "xref/member_names.h"
@@ -45,15 +45,18 @@ NameIndex indexOpenFiles() {
     std::vector<std::string> files;
     NameKeys keys;
     FileTableModule& f = fileTable();
+    const std::int16_t selected = f.wCurrentFile;
     for (int i = 1; i <= f.oFile.Count(); ++i) {
         const cFileDesc desc = f.oFile.Item(i);
         if (desc.FileType != kFileSource) continue;
-        HlydFLProcessSelectedFile(static_cast<std::int16_t>(i));
+        ProcessSelectedFile(static_cast<std::int16_t>(i));
         if (!f.openFailure.empty()) continue;  // told as the load tells it; nothing to index
         std::string module = f.sVBName.empty() ? std::filesystem::path(desc.FileName).stem().string() : f.sVBName;
         members.push_back(gatherMemberNames(desc.FileName, module, isStandardModule(desc.FileName), keys));
         files.push_back(desc.FileName);
     }
+    // The tables describe the file selected before, as the window and its view expect.
+    if (selected >= 1 && selected <= f.oFile.Count() && selected != f.wCurrentFile) ProcessSelectedFile(selected);
     NameIndex index = resolveNames(std::move(members));
     index.files = std::move(files);
     return index;

@@ -56,8 +56,8 @@ struct NameIndex {
     std::vector<std::string> files;  // the members indexed
 };
 
-// Loads every source member of the open file table in turn and indexes them together; the member
-// loaded last stays selected.
+// Loads every source member of the open file table in turn and indexes them together; then the
+// file selected before is loaded again, so that the tables describe it as they did.
 NameIndex indexOpenFiles();
 
 }  // namespace hlyd
