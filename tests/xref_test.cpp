@@ -58,6 +58,7 @@ const char* const kOther =
         "    Dim p As TPoint\n"
         "    p.X = MaxShapes\n"  // 10
         "    frmShapes.txtName.Text = \"\"\n"
+        "    Call AddShape(gCount:=Common)\n"  // 12: gCount names AddShape's argument
         "End Sub\n";
 
 const char* const kCounter =
@@ -171,9 +172,10 @@ TEST_F(XrefTest, LocalsShadowTheModulesNamesAndTheModulesShadowOtherMembers) {
               (Uses{"Shapes:26:Tally=", "Shapes:26:Tally", "Other:6:Run="}));
     EXPECT_EQ(uses(name("Shapes", "mTotal", NameKind::kVariable)), (Uses{"Shapes:28:Tally="}));
     EXPECT_EQ(uses(name("Other", "mTotal", NameKind::kVariable)), (Uses{"Other:8:Run="}));
-    EXPECT_EQ(uses(name("Other", "Common", NameKind::kVariable)), (Uses{"Other:7:Run="}));
+    EXPECT_EQ(uses(name("Other", "Common", NameKind::kVariable)), (Uses{"Other:7:Run=", "Other:12:Run"}));
     EXPECT_TRUE(uses(name("Shapes", "Common", NameKind::kVariable)).empty());
-    EXPECT_EQ(uses(name("Shapes", "AddShape", NameKind::kFunction)), (Uses{"Shapes:19:AddShape=", "Shapes:26:Tally"}));
+    EXPECT_EQ(uses(name("Shapes", "AddShape", NameKind::kFunction)),
+              (Uses{"Shapes:19:AddShape=", "Shapes:26:Tally", "Other:12:Run"}));
 }
 
 TEST_F(XrefTest, QualifiedNamesResolveInTheModuleEnumOrObjectTheyName) {

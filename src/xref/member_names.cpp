@@ -32,12 +32,15 @@ void wordsOf(const SourceTables& t, const Statement& s, std::vector<Word>& words
             w.kind = Word::kKeyword;
             w.text = dialectKeyWord(token.pKeyWord).Word;
         } else if (token.Class == kTokIdentifier) {
-            w.kind = token.Detail == kDetNamedArg ? Word::kNamedArgument : Word::kName;
+            w.kind = Word::kName;
         } else if (token.Class == kTokOperator) {
             w.kind = Word::kOperator;
         } else if (token.Class == kTokCommentish) {
             continue;
         }
+        // A name before ":=" names an argument of the procedure called: it uses nothing.
+        if (w.kind == Word::kOperator && w.text == ":=" && !words.empty() && words.back().kind == Word::kName)
+            words.back().kind = Word::kNamedArgument;
         words.push_back(w);
     }
 }
