@@ -97,6 +97,10 @@ void HlydWindow::buildFindBar() {
         picShow_->setFocus();
     });
     connect(picShow_, &PicShow::pressedAt, this, &HlydWindow::onPressedAt);
+    connect(picShow_, &PicShow::nameClickedAt, this, [this](QPoint at) {
+        onPressedAt(at, false);
+        runCommand(goToDeclaration);
+    });
     connect(picShow_, &PicShow::draggedTo, this, &HlydWindow::onDraggedTo);
     connect(picShow_, &PicShow::doubleClickedAt, this, &HlydWindow::onDoubleClickedAt);
     connect(picShow_, &PicShow::selectionKey, this, &HlydWindow::onSelectionKey);

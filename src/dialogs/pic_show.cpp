@@ -77,6 +77,10 @@ void PicShow::setHighlights(const QVector<QRect>& selection, const QVector<QRect
 void PicShow::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
     setFocus(Qt::MouseFocusReason);
+    if (event->modifiers() & Qt::ControlModifier) {
+        emit nameClickedAt(event->position().toPoint());
+        return event->accept();
+    }
     held_ = true;
     emit pressedAt(event->position().toPoint(), event->modifiers() & Qt::ShiftModifier);
     event->accept();

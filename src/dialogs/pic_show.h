@@ -30,6 +30,7 @@ signals:
     void contextMenuAsked(QPoint globalPos);
     // The left button went down (with Shift: the selection is extended) or was dragged.
     void pressedAt(QPoint at, bool extend);
+    void nameClickedAt(QPoint at);  // a click with Ctrl held: go to the name's declaration
     void draggedTo(QPoint at);
     void doubleClickedAt(QPoint at);
     // Shift with an arrow key: the classic code of the arrow.
