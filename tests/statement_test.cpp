@@ -23,6 +23,15 @@ TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
     EXPECT_EQ(token(s.Verb).pKeyWord, basiclan().LetKeyWord);
 }
 
+TEST_F(StatementTest, CommentAndBlankLinesAreStatementsOfTheirKind) {
+    analyze("' note\n\t\nRem more\n\nx = 1 ' tail\n");
+    EXPECT_EQ(lineStatement(1).Class, StatementClass::Comment);
+    EXPECT_EQ(lineStatement(2).Class, StatementClass::Blank);
+    EXPECT_EQ(lineStatement(3).Class, StatementClass::Comment);
+    EXPECT_EQ(lineStatement(4).Class, StatementClass::Blank);
+    EXPECT_EQ(lineStatement(5).Class, StatementClass::Ordinary);
+}
+
 TEST_F(StatementTest, ModifiersLetALaterVerbTakeOver) {
     analyze("Public Sub Foo()\nEnd Sub\nStatic Function G()\nEnd Function\n");
     EXPECT_EQ(lineStatement(1).Class, StatementClass::ProcStart);

@@ -18,8 +18,8 @@ void swapTokens(WorkToken& a, WorkToken& b) {
     if (b.TextOwned) b.Text = b.Own;
 }
 
-// A token is cut with its class blank, which is a keyword's number: cutting classifies only comments
-// and blank ends, and a token still blank is for the classifier to decide.
+// A token is cut with its class blank, which is a keyword's number: cutting classifies only a Rem
+// comment and the blanks that end a line, and a token still blank is for the classifier to decide.
 bool unclassified(const WorkToken& t) { return t.Class == TokenClass::Keyword; }
 
 class LineClassifier {
