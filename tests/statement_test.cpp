@@ -23,23 +23,53 @@ TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
     EXPECT_EQ(token(s.Verb).pKeyWord, basiclan().LetKeyWord);
 }
 
-TEST_F(StatementTest, CommentAndBlankLinesAreStatementsOfTheirKind) {
-    analyze("' note\n\t\nRem more\n\nx = 1 ' tail\n");
-    EXPECT_EQ(lineStatement(1).Class, StatementClass::Comment);
-    EXPECT_EQ(lineStatement(2).Class, StatementClass::Blank);
-    EXPECT_EQ(lineStatement(3).Class, StatementClass::Comment);
-    EXPECT_EQ(lineStatement(4).Class, StatementClass::Blank);
-    EXPECT_EQ(lineStatement(5).Class, StatementClass::Ordinary);
+// The class of the first statement of each line of a source.
+struct ClassCase {
+    const char* name;
+    std::string source;
+    std::vector<StatementClass> classes;
+};
+
+void PrintTo(const ClassCase& c, std::ostream* os) { *os << c.name; }
+
+class StatementClassTest : public StatementTest, public ::testing::WithParamInterface<ClassCase> {};
+
+TEST_P(StatementClassTest, OfEachLine) {
+    analyze(GetParam().source);
+    for (std::size_t r = 1; r <= GetParam().classes.size(); ++r)
+        EXPECT_EQ(lineStatement(static_cast<std::int32_t>(r)).Class, GetParam().classes[r - 1]) << "line " << r;
 }
+
+using enum StatementClass;
+INSTANTIATE_TEST_SUITE_P(
+        Sources, StatementClassTest,
+        ::testing::Values(ClassCase{"CommentsAndBlanks",
+                                    "' note\n\t\nRem more\n\nx = 1 ' tail\n",
+                                    {Comment, Blank, Comment, Blank, Ordinary}},
+                          ClassCase{"Modifiers",
+                                    "Public Sub Foo()\nEnd Sub\nStatic Function G()\nEnd Function\n",
+                                    {ProcStart, ProcEnd, ProcStart, ProcEnd}},
+                          // Property starts a procedure only with Get, Let or Set.
+                          ClassCase{"Property",
+                                    "Property Get X()\nProperty = 1\nEnd Property\nProperty Let X(v)\nEnd Property\n",
+                                    {ProcStart, Ordinary, ProcEnd, ProcStart, ProcEnd}},
+                          // The End statement stops the program.
+                          ClassCase{"EndAlone", "Sub A()\nEnd\nEnd Sub\n", {ProcStart, Ordinary, ProcEnd}},
+                          // A form's description is ordinary statements flagged; a class's header block is header.
+                          ClassCase{"FormHeader",
+                                    "VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\n"
+                                    "Attribute VB_Name = \"F\"\nOption Explicit\n",
+                                    {Header, Ordinary, Ordinary, Ordinary, Header, Ordinary}},
+                          ClassCase{"ClassHeader",
+                                    "VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\n"
+                                    "Attribute VB_Name = \"C\"\nOption Explicit\n",
+                                    {Header, Header, Header, Header, Header, Ordinary}}),
+        [](const ::testing::TestParamInfo<ClassCase>& info) { return std::string(info.param.name); });
 
 TEST_F(StatementTest, ModifiersLetALaterVerbTakeOver) {
     analyze("Public Sub Foo()\nEnd Sub\nStatic Function G()\nEnd Function\n");
-    EXPECT_EQ(lineStatement(1).Class, StatementClass::ProcStart);
     EXPECT_EQ(verbText(lineStatement(1)), "Sub");
-    EXPECT_EQ(lineStatement(2).Class, StatementClass::ProcEnd);
-    EXPECT_EQ(lineStatement(3).Class, StatementClass::ProcStart);
     EXPECT_EQ(verbText(lineStatement(3)), "Function");
-    EXPECT_EQ(lineStatement(4).Class, StatementClass::ProcEnd);
     EXPECT_FALSE(basiclan().InProc);
 }
 
@@ -78,16 +108,9 @@ TEST_F(StatementTest, DeclarationsTakeScopeFromTheirPlace) {
     EXPECT_EQ(verbText(lineStatement(2)), "Const");
 }
 
-TEST_F(StatementTest, PropertyStartsAProcedureOnlyWithGetLetOrSet) {
-    analyze("Property Get X()\nProperty = 1\nEnd Property\nProperty Let X(v)\nEnd Property\n");
-    EXPECT_EQ(lineStatement(1).Class, StatementClass::ProcStart);
-    EXPECT_EQ(lineStatement(2).Class, StatementClass::Ordinary);
-    EXPECT_EQ(lineStatement(3).Class, StatementClass::ProcEnd);
-    EXPECT_EQ(lineStatement(4).Class, StatementClass::ProcStart);
+TEST_F(StatementTest, EndAloneClosesNoBlock) {
     analyze("Sub A()\nEnd\nEnd Sub\n");
-    EXPECT_EQ(lineStatement(2).Class, StatementClass::Ordinary);  // the End statement stops the program
     EXPECT_FALSE(lineStatement(2).Flags.has(StatementFlag::Outdent));
-    EXPECT_EQ(lineStatement(3).Class, StatementClass::ProcEnd);
 }
 
 TEST_F(StatementTest, VerbAfterHashAndIndentOfIf) {
@@ -128,21 +151,13 @@ TEST_F(StatementTest, LabelsBelongToTheirStatement) {
     EXPECT_EQ(verbText(statement(1)), "Print");  // the verb may stand right after the label
 }
 
-TEST_F(StatementTest, FormAndClassHeadersAreMarked) {
+TEST_F(StatementTest, OnlyAFormsDescriptionIsFlagged) {
     analyze("VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\nAttribute VB_Name = \"F\"\nOption Explicit\n");
-    EXPECT_EQ(statement(1).Class, StatementClass::Header);
-    for (std::int32_t r = 1; r <= 4; ++r) EXPECT_TRUE(lineStatement(r).Flags.has(StatementFlag::FormDescription)) << r;
-    EXPECT_EQ(lineStatement(5).Class, StatementClass::Header);
-    EXPECT_FALSE(lineStatement(5).Flags.has(StatementFlag::FormDescription));
-    EXPECT_EQ(lineStatement(6).Class, StatementClass::Ordinary);
+    for (std::int32_t r = 1; r <= 5; ++r)
+        EXPECT_EQ(lineStatement(r).Flags.has(StatementFlag::FormDescription), r <= 4) << r;
 
-    // A class's header block is header, and no form description.
     analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");
-    for (std::int32_t r = 1; r <= 5; ++r) {
-        EXPECT_EQ(lineStatement(r).Class, StatementClass::Header) << r;
-        EXPECT_FALSE(lineStatement(r).Flags.has(StatementFlag::FormDescription)) << r;
-    }
-    EXPECT_EQ(lineStatement(6).Class, StatementClass::Ordinary);
+    for (std::int32_t r = 1; r <= 5; ++r) EXPECT_FALSE(lineStatement(r).Flags.has(StatementFlag::FormDescription)) << r;
 }
 
 TEST_F(StatementTest, TypeAndEnumMembers) {
