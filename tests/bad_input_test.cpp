@@ -85,7 +85,7 @@ TEST_P(LineLimitTest, FitsOrEndsTheFile) {
     EXPECT_EQ(detail(), c.detail);
     EXPECT_EQ(texts(1), (Texts{"x", "=", "1"}));
     EXPECT_EQ(texts(2), (Texts{"???InvalidRecord???"}));
-    EXPECT_EQ(token(record(2).FirstT).Class, hlyd::kTokInvalid);
+    EXPECT_EQ(token(record(2).FirstT).Class, hlyd::TokenClass::Invalid);
     EXPECT_EQ(tables().RecordCount, 3) << "the marker, then the sentinel; nothing after is read";
     EXPECT_EQ(tables().TokenCount, 4);
     expectConsistentTables();
@@ -141,8 +141,8 @@ TEST_F(BadInputTest, NulAndHighBytesInLines) {
     EXPECT_EQ(texts(1), (Texts{"ab\0"s, "cd", "=", "1"}));
     EXPECT_EQ(texts(2), (Texts{"s", "=", "\"a\0\""s, "b", "\"\0\""s}));
     EXPECT_EQ(texts(3), (Texts{"y\xE9", "=", "\xFF\x80"}));
-    EXPECT_EQ(token(record(3).FirstT).Class, hlyd::kTokIdentifier);
-    EXPECT_EQ(token(record(4).FirstT).Class, hlyd::kTokOperator);
+    EXPECT_EQ(token(record(3).FirstT).Class, hlyd::TokenClass::Identifier);
+    EXPECT_EQ(token(record(4).FirstT).Class, hlyd::TokenClass::Operator);
     expectConsistentTables();
 }
 

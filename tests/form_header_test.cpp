@@ -13,13 +13,13 @@ TEST_F(FormHeaderTest, PropertyNamesAreNamesNotKeywords) {
     for (const char* property : {"Name", "Left", "Width", "Height", "Caption"}) {
         std::int32_t t = find(property);
         ASSERT_NE(t, 0) << property;
-        EXPECT_EQ(token(t).Class, kTokIdentifier) << property;
+        EXPECT_EQ(token(t).Class, TokenClass::Identifier) << property;
     }
     // In code the words are what the language makes them.
     std::int32_t inCode = 0;
     for (std::int32_t i = 1; i <= tables().TokenCount; ++i)
         if (token(i).Text == "Left") inCode = i;
-    EXPECT_EQ(token(inCode).Class, kTokKeyword);
+    EXPECT_EQ(token(inCode).Class, TokenClass::Keyword);
 }
 
 }  // namespace

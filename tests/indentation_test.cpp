@@ -43,7 +43,7 @@ TEST_F(IndentationTest, NestedBlocks) {
                    {"End If", 0},
                    {"End Sub", 0}});
     EXPECT_EQ(basiclan().IndentLevel, 0);
-    EXPECT_EQ(lineStatement(5).Flags & kFlagIndent, 0);  // the one-line loop opens nothing
+    EXPECT_FALSE(lineStatement(5).Flags.has(StatementFlag::Indent));  // the one-line loop opens nothing
 }
 
 TEST_F(IndentationTest, NextWithSeveralVariables) {
@@ -63,7 +63,7 @@ TEST_F(IndentationTest, ConditionalCompilationStandsAtTheMargin) {
                    {"#End If", 0},
                    {"y = 1", 1},  // the level comes back
                    {"End If", 0}});
-    EXPECT_EQ(lineStatement(2).Flags, 0);  // "#If" opens no block
+    EXPECT_TRUE(lineStatement(2).Flags.none());  // "#If" opens no block
     EXPECT_FALSE(basiclan().RestoreIndent);
 
     expectIndents({{"If a Then", 0},
@@ -137,8 +137,8 @@ TEST_F(IndentationTest, FileEndingInACommentGivesItTwoStatements) {
     analyze("x = 1\n' last\n");
     ASSERT_EQ(tables().RecordCount, 3);
     ASSERT_EQ(tables().StatementCount, 3);
-    EXPECT_EQ(statement(2).Class, kStmtComment);
-    EXPECT_EQ(statement(3).Class, kStmtComment);
+    EXPECT_EQ(statement(2).Class, StatementClass::Comment);
+    EXPECT_EQ(statement(3).Class, StatementClass::Comment);
     EXPECT_EQ(statement(2).FirstToken, statement(3).FirstToken);
     EXPECT_EQ(statement(3).FirstRecord, 2);
     EXPECT_EQ(statement(3).LastRecord, 2);
@@ -168,19 +168,19 @@ TEST_F(IndentationTest, CommentsAboveAProcedureFromTheFirstBlankLine) {
             "' two\n"      // 5
             "Sub C()\n"    // 6
             "End Sub\n");  // 7
-    EXPECT_NE(lineStatement(2).Flags & kFlagProcListingStart, 0);
+    EXPECT_TRUE(lineStatement(2).Flags.has(StatementFlag::ProcListingStart));
     EXPECT_EQ(record(1).TiedTo, 0);
     EXPECT_EQ(record(4).TiedTo, 6);
     EXPECT_EQ(record(5).TiedTo, 6);
-    EXPECT_NE(lineStatement(4).Flags & kFlagProcListingStart, 0);
-    EXPECT_EQ(lineStatement(6).Flags & kFlagProcListingStart, 0);
+    EXPECT_TRUE(lineStatement(4).Flags.has(StatementFlag::ProcListingStart));
+    EXPECT_FALSE(lineStatement(6).Flags.has(StatementFlag::ProcListingStart));
 
     // The procedure takes the run from its first blank line, not from the one nearest to it.
     analyze("' a\n\n' b\n\n' c\nSub D()\nEnd Sub\n");
     EXPECT_EQ(record(1).TiedTo, 0);
     for (std::int32_t r = 2; r <= 5; ++r) EXPECT_EQ(record(r).TiedTo, 6) << r;
-    EXPECT_NE(lineStatement(2).Flags & kFlagProcListingStart, 0);
-    EXPECT_EQ(lineStatement(4).Flags & kFlagProcListingStart, 0);
+    EXPECT_TRUE(lineStatement(2).Flags.has(StatementFlag::ProcListingStart));
+    EXPECT_FALSE(lineStatement(4).Flags.has(StatementFlag::ProcListingStart));
 }
 
 TEST_F(IndentationTest, ProcedureStartsAtTheMargin) {

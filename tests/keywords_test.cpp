@@ -128,7 +128,7 @@ TEST_P(BadKeywordFileTest, StopsReadingWithTheEntrysNumberAndName) {
                                         "\n\nRecord=" + std::to_string(c.entry) + " KeyWord=|" + c.word + "|");
     EXPECT_EQ(ui.shown[0].icon, MsgIcon::Critical);
     analyze("Dim x\n");
-    EXPECT_TRUE(token(1).is(kTokIdentifier, kDetIdentifier));
+    EXPECT_TRUE(token(1).is(IdentifierDetail::Name));
 }
 
 const std::string kGood = "\"ABC\",\"*\",\"V\"\n";

@@ -18,19 +18,58 @@ TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
     analyze("x = 1\n");
     const Statement& s = statement(1);
     EXPECT_EQ(s.Verb, find("="));
-    EXPECT_EQ(s.Class, kStmtOrdinary);
+    EXPECT_EQ(s.Class, StatementClass::Ordinary);
     ASSERT_NE(basiclan().LetKeyWord, 0);
     EXPECT_EQ(token(s.Verb).pKeyWord, basiclan().LetKeyWord);
 }
 
+// The class of the first statement of each line of a source.
+struct ClassCase {
+    const char* name;
+    std::string source;
+    std::vector<StatementClass> classes;
+};
+
+void PrintTo(const ClassCase& c, std::ostream* os) { *os << c.name; }
+
+class StatementClassTest : public StatementTest, public ::testing::WithParamInterface<ClassCase> {};
+
+TEST_P(StatementClassTest, OfEachLine) {
+    analyze(GetParam().source);
+    for (std::size_t r = 1; r <= GetParam().classes.size(); ++r)
+        EXPECT_EQ(lineStatement(static_cast<std::int32_t>(r)).Class, GetParam().classes[r - 1]) << "line " << r;
+}
+
+using enum StatementClass;
+INSTANTIATE_TEST_SUITE_P(
+        Sources, StatementClassTest,
+        ::testing::Values(ClassCase{"CommentsAndBlanks",
+                                    "' note\n\t\nRem more\n\nx = 1 ' tail\n",
+                                    {Comment, Blank, Comment, Blank, Ordinary}},
+                          ClassCase{"Modifiers",
+                                    "Public Sub Foo()\nEnd Sub\nStatic Function G()\nEnd Function\n",
+                                    {ProcStart, ProcEnd, ProcStart, ProcEnd}},
+                          // Property starts a procedure only with Get, Let or Set.
+                          ClassCase{"Property",
+                                    "Property Get X()\nProperty = 1\nEnd Property\nProperty Let X(v)\nEnd Property\n",
+                                    {ProcStart, Ordinary, ProcEnd, ProcStart, ProcEnd}},
+                          // The End statement stops the program.
+                          ClassCase{"EndAlone", "Sub A()\nEnd\nEnd Sub\n", {ProcStart, Ordinary, ProcEnd}},
+                          // A form's description is ordinary statements flagged; a class's header block is header.
+                          ClassCase{"FormHeader",
+                                    "VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\n"
+                                    "Attribute VB_Name = \"F\"\nOption Explicit\n",
+                                    {Header, Ordinary, Ordinary, Ordinary, Header, Ordinary}},
+                          ClassCase{"ClassHeader",
+                                    "VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\n"
+                                    "Attribute VB_Name = \"C\"\nOption Explicit\n",
+                                    {Header, Header, Header, Header, Header, Ordinary}}),
+        [](const ::testing::TestParamInfo<ClassCase>& info) { return std::string(info.param.name); });
+
 TEST_F(StatementTest, ModifiersLetALaterVerbTakeOver) {
     analyze("Public Sub Foo()\nEnd Sub\nStatic Function G()\nEnd Function\n");
-    EXPECT_EQ(lineStatement(1).Class, kStmtProcStart);
     EXPECT_EQ(verbText(lineStatement(1)), "Sub");
-    EXPECT_EQ(lineStatement(2).Class, kStmtProcEnd);
-    EXPECT_EQ(lineStatement(3).Class, kStmtProcStart);
     EXPECT_EQ(verbText(lineStatement(3)), "Function");
-    EXPECT_EQ(lineStatement(4).Class, kStmtProcEnd);
     EXPECT_FALSE(basiclan().InProc);
 }
 
@@ -48,28 +87,30 @@ TEST_F(StatementTest, DeclarationsTakeScopeFromTheirPlace) {
             "ReDim a(3)\n"
             "End Sub\n"
             "Private p As Long\n");
-    const int expected[] = {105, 201, 101, 105, 202, 203, 108, 0, 303, 307, 306, 0, 204};
+    using enum DeclarationVerb;
+    constexpr DeclarationScope kPublic = DeclarationScope::Public, kModule = DeclarationScope::Module,
+                               kProc = DeclarationScope::Procedure;
+    const StatementDetail expected[] = {declarationDetail(kPublic, Public),  declarationDetail(kModule, Const),
+                                        declarationDetail(kPublic, Const),   declarationDetail(kPublic, Public),
+                                        declarationDetail(kModule, Declare), declarationDetail(kModule, Dim),
+                                        declarationDetail(kPublic, Event),   StatementDetail::None,
+                                        declarationDetail(kProc, Dim),       declarationDetail(kProc, Static),
+                                        declarationDetail(kProc, ReDim),     StatementDetail::None,
+                                        declarationDetail(kModule, Private)};
     for (std::int32_t r = 1; r <= 13; ++r) {
         SCOPED_TRACE(r);
         const Statement& s = lineStatement(r);
-        if (expected[r - 1] == 0) continue;
-        EXPECT_EQ(s.Class, kStmtDeclaration);
+        if (expected[r - 1] == StatementDetail::None) continue;
+        EXPECT_EQ(s.Class, StatementClass::Declaration);
         EXPECT_EQ(s.Detail, expected[r - 1]);
     }
     EXPECT_EQ(verbText(lineStatement(1)), "Public");
     EXPECT_EQ(verbText(lineStatement(2)), "Const");
 }
 
-TEST_F(StatementTest, PropertyStartsAProcedureOnlyWithGetLetOrSet) {
-    analyze("Property Get X()\nProperty = 1\nEnd Property\nProperty Let X(v)\nEnd Property\n");
-    EXPECT_EQ(lineStatement(1).Class, kStmtProcStart);
-    EXPECT_EQ(lineStatement(2).Class, kStmtOrdinary);
-    EXPECT_EQ(lineStatement(3).Class, kStmtProcEnd);
-    EXPECT_EQ(lineStatement(4).Class, kStmtProcStart);
+TEST_F(StatementTest, EndAloneClosesNoBlock) {
     analyze("Sub A()\nEnd\nEnd Sub\n");
-    EXPECT_EQ(lineStatement(2).Class, kStmtOrdinary);  // the End statement stops the program
-    EXPECT_EQ(lineStatement(2).Flags & kFlagOutdent, 0);
-    EXPECT_EQ(lineStatement(3).Class, kStmtProcEnd);
+    EXPECT_FALSE(lineStatement(2).Flags.has(StatementFlag::Outdent));
 }
 
 TEST_F(StatementTest, VerbAfterHashAndIndentOfIf) {
@@ -78,20 +119,20 @@ TEST_F(StatementTest, VerbAfterHashAndIndentOfIf) {
     EXPECT_EQ(token(2).Text, "If");
 
     analyze("If a Then ' note\nEnd If\nIf a Then: b\n");
-    EXPECT_NE(lineStatement(1).Flags & kFlagIndent, 0);  // a comment is not significant
-    EXPECT_EQ(lineStatement(3).Flags & kFlagIndent, 0);  // more statements follow Then
+    EXPECT_TRUE(lineStatement(1).Flags.has(StatementFlag::Indent));   // a comment is not significant
+    EXPECT_FALSE(lineStatement(3).Flags.has(StatementFlag::Indent));  // more statements follow Then
 }
 
 TEST_F(StatementTest, LabelsBelongToTheirStatement) {
     analyze("10 Print x\nlbl: x = 1\na = 1: b = 2\n");
     const Statement& numbered = lineStatement(1);
-    EXPECT_NE(numbered.Flags & kFlagLabel, 0);
-    EXPECT_TRUE(token(1).is(kTokCommentish, kDetLabel));
+    EXPECT_TRUE(numbered.Flags.has(StatementFlag::Label));
+    EXPECT_TRUE(token(1).is(CommentishDetail::Label));
     EXPECT_EQ(verbText(numbered), "Print");
 
     EXPECT_EQ(record(2).FirstS, record(2).LastS);
     const Statement& named = lineStatement(2);
-    EXPECT_NE(named.Flags & kFlagLabel, 0);
+    EXPECT_TRUE(named.Flags.has(StatementFlag::Label));
     EXPECT_EQ(named.FirstToken, find("lbl"));
     EXPECT_EQ(named.LastToken, record(2).LastT);
     EXPECT_EQ(verbText(named), "=");
@@ -99,32 +140,24 @@ TEST_F(StatementTest, LabelsBelongToTheirStatement) {
     ASSERT_EQ(record(3).LastS, record(3).FirstS + 1);
     const Statement& first = statement(record(3).FirstS);
     const Statement& second = statement(record(3).LastS);
-    EXPECT_TRUE(token(first.LastToken).is(kTokColon, kDetSeparator));
+    EXPECT_TRUE(token(first.LastToken).is(ColonDetail::Separator));
     EXPECT_EQ(first.LastSignificant, first.LastToken - 1);
     EXPECT_EQ(second.FirstToken, find("b"));
     EXPECT_EQ(verbText(second), "=");
     EXPECT_EQ(second.LastToken, record(3).LastT);
-    EXPECT_EQ(first.Flags & kFlagLabel, 0);
+    EXPECT_FALSE(first.Flags.has(StatementFlag::Label));
 
     analyze("lbl: Print x\n");
     EXPECT_EQ(verbText(statement(1)), "Print");  // the verb may stand right after the label
 }
 
-TEST_F(StatementTest, FormAndClassHeadersAreMarked) {
+TEST_F(StatementTest, OnlyAFormsDescriptionIsFlagged) {
     analyze("VERSION 5.00\nBegin VB.Form F\nCaption = \"F\"\nEnd\nAttribute VB_Name = \"F\"\nOption Explicit\n");
-    EXPECT_EQ(statement(1).Class, kStmtHeader);
-    for (std::int32_t r = 1; r <= 4; ++r) EXPECT_NE(lineStatement(r).Flags & kFlagFormDescription, 0) << r;
-    EXPECT_EQ(lineStatement(5).Class, kStmtHeader);
-    EXPECT_EQ(lineStatement(5).Flags & kFlagFormDescription, 0);
-    EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
+    for (std::int32_t r = 1; r <= 5; ++r)
+        EXPECT_EQ(lineStatement(r).Flags.has(StatementFlag::FormDescription), r <= 4) << r;
 
-    // A class's header block is header, and no form description.
     analyze("VERSION 1.0 CLASS\nBEGIN\nMultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nOption Explicit\n");
-    for (std::int32_t r = 1; r <= 5; ++r) {
-        EXPECT_EQ(lineStatement(r).Class, kStmtHeader) << r;
-        EXPECT_EQ(lineStatement(r).Flags & kFlagFormDescription, 0) << r;
-    }
-    EXPECT_EQ(lineStatement(6).Class, kStmtOrdinary);
+    for (std::int32_t r = 1; r <= 5; ++r) EXPECT_FALSE(lineStatement(r).Flags.has(StatementFlag::FormDescription)) << r;
 }
 
 TEST_F(StatementTest, TypeAndEnumMembers) {
@@ -142,15 +175,20 @@ TEST_F(StatementTest, TypeAndEnumMembers) {
             "Enum Size\n"       // 12
             "Big = 1\n"         // 13
             "End Enum\n");      // 14
-    const int detail[] = {111, 109, 109, 110, 111, 0, 114, 112, 114, 112, 113, 114, 114, 0};
+    using enum StatementDetail;
+    const StatementDetail detail[] = {TypeHead,        TypeMember, TypeMember,      TypeEnd,
+                                      TypeHead,        None,       EnumHeadOrValue, EnumMember,
+                                      EnumHeadOrValue, EnumMember, EnumEnd,         EnumHeadOrValue,
+                                      EnumHeadOrValue, None};
     for (std::int32_t r = 1; r <= 14; ++r) {
         SCOPED_TRACE(r);
         EXPECT_EQ(lineStatement(r).Detail, detail[r - 1]);
-        EXPECT_EQ(lineStatement(r).Class, detail[r - 1] == 0 ? kStmtOrdinary : kStmtDeclaration);
+        EXPECT_EQ(lineStatement(r).Class,
+                  detail[r - 1] == None ? StatementClass::Ordinary : StatementClass::Declaration);
     }
-    EXPECT_NE(lineStatement(1).Flags & kFlagIndent, 0);
-    EXPECT_NE(lineStatement(4).Flags & kFlagOutdent, 0);
-    EXPECT_NE(lineStatement(11).Flags & kFlagOutdent, 0);
+    EXPECT_TRUE(lineStatement(1).Flags.has(StatementFlag::Indent));
+    EXPECT_TRUE(lineStatement(4).Flags.has(StatementFlag::Outdent));
+    EXPECT_TRUE(lineStatement(11).Flags.has(StatementFlag::Outdent));
 }
 
 // The tokens of a line marked as jump targets; `names` must stay plain identifiers.
@@ -169,13 +207,13 @@ TEST_P(JumpTargetTest, AreMarked) {
     analyze(GetParam().line + "\n");
     std::vector<std::string> targets;
     for (std::int32_t i = 1; i <= tables().TokenCount; ++i) {
-        if (token(i).is(kTokCommentish, kDetLabelRef)) targets.emplace_back(token(i).Text);
+        if (token(i).is(CommentishDetail::LabelRef)) targets.emplace_back(token(i).Text);
         if (token(i).Text == ",") {
-            EXPECT_TRUE(token(i).is(kTokOperator, kDetOperator));
+            EXPECT_TRUE(token(i).is(OperatorDetail::Operator));
         }
     }
     EXPECT_EQ(targets, GetParam().targets);
-    for (const std::string& name : GetParam().names) EXPECT_TRUE(token(find(name)).is(kTokIdentifier, kDetIdentifier));
+    for (const std::string& name : GetParam().names) EXPECT_TRUE(token(find(name)).is(IdentifierDetail::Name));
 }
 
 // In a single-line If only line numbers are targets.

@@ -1,7 +1,7 @@
 // How single lines are cut into tokens and classified: the position rules and their oddities,
 // which the display and the statement analysis depend on exactly as they are.
-#include <array>
 #include <ostream>
+#include <utility>
 
 #include "test_support.h"
 
@@ -9,18 +9,25 @@ using namespace std::string_literals;
 
 namespace {
 
-// The token classes and details by their names.
 using namespace hlyd;
+
+// A token's class and detail, named by any class's detail as in LiteralDetail::Number.
+struct Kind {
+    template <class ClassDetail>
+    Kind(ClassDetail detail) : cls(classOf(detail)), detail(static_cast<std::uint8_t>(detail)) {}
+    TokenClass cls;
+    std::uint8_t detail;
+};
 
 class TokenizerTest : public hlyd::test::AnalysisTest {
 protected:
     // Token i (from 1) of record r.
     const hlyd::Token& at(std::int32_t r, std::int32_t i) const { return token(record(r).FirstT + i - 1); }
 
-    void expectToken(const hlyd::Token& t, int cls, int detail, const std::string& text) const {
+    void expectToken(const hlyd::Token& t, Kind kind, const std::string& text) const {
         EXPECT_EQ(t.Text, text);
-        EXPECT_EQ(t.Class, cls) << "class of \"" << text << "\"";
-        EXPECT_EQ(t.Detail, detail) << "detail of \"" << text << "\"";
+        EXPECT_EQ(codeOf(t.Class), codeOf(kind.cls)) << "class of \"" << text << "\"";
+        EXPECT_EQ(t.Detail, kind.detail) << "detail of \"" << text << "\"";
     }
 
     std::string rebuilt(std::int32_t r) const {
@@ -36,15 +43,15 @@ using Texts = std::vector<std::string>;
 TEST_F(TokenizerTest, EmptyBlankAndTrailingBlankLines) {
     ASSERT_EQ(analyze("\n \t \nx = 1   \n"), 11);
     ASSERT_EQ(record(1).FirstT, record(1).LastT);
-    expectToken(at(1, 1), kTokCommentish, kDetEmpty, "");
+    expectToken(at(1, 1), CommentishDetail::Empty, "");
 
     // The blanks of a blank line are its token's text, not leading space.
     ASSERT_EQ(record(2).FirstT, record(2).LastT);
-    expectToken(at(2, 1), kTokCommentish, kDetEmpty, " \t ");
+    expectToken(at(2, 1), CommentishDetail::Empty, " \t ");
     EXPECT_EQ(at(2, 1).LeadingSpace, "");
 
     EXPECT_EQ(texts(3), (Texts{"x", "=", "1", "   "}));
-    expectToken(at(3, 4), kTokCommentish, kDetEmpty, "   ");
+    expectToken(at(3, 4), CommentishDetail::Empty, "   ");
     EXPECT_EQ(at(3, 4).LeadingSpace, "");
     // 1 marks the last token of the line, 2 the first of a statement.
     EXPECT_EQ(at(3, 1).Flags, 2);
@@ -58,7 +65,7 @@ struct LineCase {
     const char* name;
     std::string line;
     Texts texts;
-    std::vector<std::array<int, 3>> classes;  // token (from 1), its class, its detail
+    std::vector<std::pair<int, Kind>> kinds;  // token (from 1), its class and detail
 };
 
 void PrintTo(const LineCase& c, std::ostream* os) { *os << c.name; }
@@ -69,7 +76,7 @@ TEST_P(TokenizerLineTest, CutsAndClassifies) {
     const LineCase& c = GetParam();
     ASSERT_EQ(analyze(c.line + "\n"), 11);
     EXPECT_EQ(texts(1), c.texts);
-    for (const auto& [i, cls, detail] : c.classes) expectToken(at(1, i), cls, detail, c.texts.at(i - 1));
+    for (const auto& [i, kind] : c.kinds) expectToken(at(1, i), kind, c.texts.at(i - 1));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -80,70 +87,68 @@ INSTANTIATE_TEST_SUITE_P(
                 LineCase{"HashBeforeKeyword",
                          "#If Debug Then",
                          {"#", "If", "Debug", "Then"},
-                         {{1, kTokOperator, kDetOperator}, {2, kTokKeyword, 0}}},
+                         {{1, OperatorDetail::Operator}, {2, KeywordDetail::None}}},
                 LineCase{"DateWithBlank",
                          "d = #1/1/98 12:00#",
                          {"d", "=", "#1/1/98 12:00#"},
-                         {{3, kTokLiteral, kDetDate}}},
-                LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, kTokLiteral, kDetDate}}},
+                         {{3, LiteralDetail::Date}}},
+                LineCase{"HashToTypeSuffix", "Print #1, a#", {"Print", "#1, a#"}, {{2, LiteralDetail::Date}}},
                 // "!" is a type suffix only when glued to a name and not before a name or a bracket after a
                 // blank; the last token of a line is never a suffix.
-                LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, kTokIdentifier, kDetIdentifier}}},
+                LineCase{"BangSuffix", "x! = 1", {"x!", "=", "1"}, {{1, IdentifierDetail::Name}}},
                 LineCase{"BangBeforeName",
                          "Set f = Forms!Main",
                          {"Set", "f", "=", "Forms", "!", "Main"},
-                         {{5, kTokOperator, kDetOperator}}},
+                         {{5, OperatorDetail::Operator}}},
                 LineCase{"BangAfterBlank",
                          "Print x !(1)",
                          {"Print", "x", "!", "(", "1", ")"},
-                         {{3, kTokOperator, kDetOperator}}},
-                LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, kTokOperator, kDetOperator}}},
+                         {{3, OperatorDetail::Operator}}},
+                LineCase{"BangLast", "y = x!", {"y", "=", "x", "!"}, {{4, OperatorDetail::Operator}}},
                 // ":" makes a label only after the leading name of a line.
                 LineCase{"Labels",
                          "a: b: c",
                          {"a", ":", "b", ":", "c"},
-                         {{1, kTokCommentish, kDetLabel},
-                          {2, kTokColon, kDetLabelColon},
-                          {3, kTokIdentifier, kDetIdentifier},
-                          {4, kTokColon, kDetSeparator}}},
+                         {{1, CommentishDetail::Label},
+                          {2, ColonDetail::LabelColon},
+                          {3, IdentifierDetail::Name},
+                          {4, ColonDetail::Separator}}},
                 LineCase{"KeywordBeforeColon",
                          "Else: x = 1",
                          {"Else", ":", "x", "=", "1"},
-                         {{2, kTokColon, kDetSeparator}}},
-                LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, kTokKeyword, 0}}},
-                LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, kTokOperator, kDetNamedArg}}},
+                         {{2, ColonDetail::Separator}}},
+                LineCase{"LeadingColon", ": x = 1", {":", "x", "=", "1"}, {{1, KeywordDetail::None}}},
+                LineCase{"NamedArgument", "Foo Bar:=1", {"Foo", "Bar", ":=", "1"}, {{3, OperatorDetail::NamedArg}}},
                 LineCase{"DoubledQuote",
                          "s = \"a\"\"b\" & c",
                          {"s", "=", "\"a\"\"b\"", "&", "c"},
-                         {{3, kTokLiteral, kDetString}, {4, kTokOperator, kDetOperator}}},
+                         {{3, LiteralDetail::String}, {4, OperatorDetail::Operator}}},
                 // The end of the line closes the string, and the NUL that ended it stays inside.
-                LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, kTokLiteral, kDetString}}},
+                LineCase{"OpenString", "t = \"open", {"t", "=", "\"open\0\""s}, {{3, LiteralDetail::String}}},
                 // Texts the line does not hold as they stand keep them when a joined "!" moves them down.
-                LineCase{"OpenStringMovedDown",
-                         "x! = \"open",
-                         {"x!", "=", "\"open\0\""s},
-                         {{3, kTokLiteral, kDetString}}},
-                LineCase{"RemMovedDown", "x!: Rem\tnote", {"x!", ":", "Rem note"}, {{3, kTokCommentish, kDetComment}}},
+                LineCase{
+                        "OpenStringMovedDown", "x! = \"open", {"x!", "=", "\"open\0\""s}, {{3, LiteralDetail::String}}},
+                LineCase{"RemMovedDown", "x!: Rem\tnote", {"x!", ":", "Rem note"}, {{3, CommentishDetail::Comment}}},
                 // Numbers run over signs and points; a sign with a blank after it is an operator, and a
                 // number that starts a line is its line number.
-                LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, kTokLiteral, kDetNumber}}},
-                LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, kTokLiteral, kDetNumber}}},
+                LineCase{"SignedNumber", "y = a-1", {"y", "=", "a", "-1"}, {{4, LiteralDetail::Number}}},
+                LineCase{"NumberOverPlus", "y = 1+2", {"y", "=", "1+2"}, {{3, LiteralDetail::Number}}},
                 LineCase{"HexAndOperator",
                          "y = &HFF + b",
                          {"y", "=", "&HFF", "+", "b"},
-                         {{3, kTokLiteral, kDetNumber}, {4, kTokOperator, kDetOperator}}},
-                LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, kTokCommentish, kDetLabel}}},
+                         {{3, LiteralDetail::Number}, {4, OperatorDetail::Operator}}},
+                LineCase{"LineNumber", "100 y = 1", {"100", "y", "=", "1"}, {{1, CommentishDetail::Label}}},
                 // Comments take the rest of the line; whatever ended the word REM becomes one blank.
                 LineCase{"RemAfterColon",
                          "x = 1: Rem note: more",
                          {"x", "=", "1", ":", "Rem note: more"},
-                         {{5, kTokCommentish, kDetComment}}},
-                LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, kTokCommentish, kDetComment}}},
+                         {{5, CommentishDetail::Comment}}},
+                LineCase{"RemBracket", "Rem(a", {"Rem a"}, {{1, CommentishDetail::Comment}}},
                 LineCase{"Apostrophe",
                          "x = 1 ' why \"not\"",
                          {"x", "=", "1", "' why \"not\""},
-                         {{4, kTokCommentish, kDetComment}}},
-                LineCase{"RemAlone", "REM", {"REM"}, {{1, kTokCommentish, kDetComment}}}),
+                         {{4, CommentishDetail::Comment}}},
+                LineCase{"RemAlone", "REM", {"REM"}, {{1, CommentishDetail::Comment}}}),
         [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
 
 // What stands before a keyword leaves it a keyword; a colon that starts a line is none.
@@ -175,7 +180,7 @@ TEST_F(TokenizerTest, ContinuationByUnderscoreOrBackslash) {
 
     // Blanks after the "_" make a token of their own, so the "_" is not last and continues nothing.
     EXPECT_EQ(texts(5), (Texts{"w", "=", "1", "_", "  "}));
-    expectToken(at(5, 4), kTokOperator, kDetOperator, "_");
+    expectToken(at(5, 4), OperatorDetail::Operator, "_");
     EXPECT_EQ(at(5, 3).Continued, 0);
     EXPECT_NE(record(6).FirstS, record(5).FirstS);
 }
@@ -188,18 +193,18 @@ TEST_F(TokenizerTest, ContinuedCommentTakesTheNextLineRaw) {
                       "   y = 3\n"
                       "z = 4\n"),
               11);
-    expectToken(at(1, 1), kTokCommentish, kDetComment, "' first ");
+    expectToken(at(1, 1), CommentishDetail::Comment, "' first ");
     EXPECT_EQ(at(1, 1).Continued, 1);
     ASSERT_EQ(record(2).FirstT, record(2).LastT);
-    expectToken(at(2, 1), kTokCommentish, kDetComment, "   second: x = \"1 ");
+    expectToken(at(2, 1), CommentishDetail::Comment, "   second: x = \"1 ");
     EXPECT_EQ(at(2, 1).LeadingSpace, "");
     EXPECT_EQ(at(2, 1).Continued, 1);
     ASSERT_EQ(record(3).FirstT, record(3).LastT);
-    expectToken(at(3, 1), kTokCommentish, kDetComment, "  REM third");
+    expectToken(at(3, 1), CommentishDetail::Comment, "  REM third");
     EXPECT_EQ(at(3, 1).Continued, 0);
 
     // A comment after code continues the same way.
-    expectToken(at(4, 4), kTokCommentish, kDetComment, "' tail ");
+    expectToken(at(4, 4), CommentishDetail::Comment, "' tail ");
     EXPECT_EQ(at(4, 4).Continued, 1);
     EXPECT_EQ(texts(5), (Texts{"   y = 3"}));
     EXPECT_EQ(texts(6), (Texts{"z", "=", "4"}));
@@ -246,14 +251,14 @@ TEST_F(TokenizerTest, TextsOfALargeModuleStayWholeAndGiveWayToTheNextFile) {
 TEST_F(TokenizerTest, KeywordsDependOnTheDialect) {
     for (const char* dialect : {"3", "4"}) {
         ASSERT_EQ(analyze("Enum Colors\n", dialect), 11);
-        expectToken(token(1), 1, 8, "Enum");
+        expectToken(token(1), IdentifierDetail::Name, "Enum");
         EXPECT_EQ(token(1).pKeyWord, 0) << dialect;
         EXPECT_FALSE(token(1).KeyWordSeen) << dialect;
         EXPECT_FALSE(hlyd::basiclan().InEnum) << dialect;
     }
     for (const char* dialect : {"5", "6"}) {
         ASSERT_EQ(analyze("Enum Colors\n", dialect), 11);
-        EXPECT_EQ(token(1).Class, kTokKeyword) << dialect;
+        EXPECT_EQ(token(1).Class, TokenClass::Keyword) << dialect;
         EXPECT_NE(token(1).pKeyWord, 0) << dialect;
         EXPECT_TRUE(token(1).KeyWordSeen && token(1).KeyWordKept) << dialect;
         EXPECT_TRUE(hlyd::basiclan().InEnum) << dialect;
@@ -269,13 +274,13 @@ TEST_F(TokenizerTest, FirstWordInsideATypeBlockIsAMemberName) {
                       "    Print As Long\n"
                       "End Type\n"),
               11);
-    expectToken(at(2, 1), kTokIdentifier, kDetIdentifier, "Name");
+    expectToken(at(2, 1), IdentifierDetail::Name, "Name");
     EXPECT_EQ(at(2, 1).pKeyWord, 0);
     EXPECT_NE(at(2, 2).pKeyWord, 0) << "only the first word is a member";
     EXPECT_NE(at(3, 1).pKeyWord, 0);
     // After End Type the same word is a keyword again.
     EXPECT_NE(at(4, 1).pKeyWord, 0);
-    expectToken(at(6, 1), kTokIdentifier, kDetIdentifier, "Print");
+    expectToken(at(6, 1), IdentifierDetail::Name, "Print");
     EXPECT_FALSE(hlyd::basiclan().InType);
 }
 

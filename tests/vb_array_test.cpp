@@ -50,7 +50,7 @@ TEST(VbArrayTest, ZeroedChunksHoldBlankRecordsStatementsAndTokens) {
     VbArray<Token> tokens;
     tokens.redim(2 * VbArray<Token>::kChunkSize);
     const Token& fresh = tokens[VbArray<Token>::kChunkSize + 3];
-    EXPECT_TRUE(fresh.Class == 0 && fresh.Column == 0 && !fresh.KeyWordKept && fresh.Text.empty());
+    EXPECT_TRUE(fresh.Class == TokenClass{} && fresh.Column == 0 && !fresh.KeyWordKept && fresh.Text.empty());
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace hlyd {
 namespace {
 
 bool firstStatementIsBlank(const SourceTables& t, std::int32_t record) {
-    return t.Statements[t.Records[record].FirstS].Class == kStmtBlank;
+    return t.Statements[t.Records[record].FirstS].Class == StatementClass::Blank;
 }
 
 class LabelMarker {
@@ -27,8 +27,7 @@ private:
     }
     void mark(std::int32_t i) {
         if (i < 1 || i > t_.TokenCount) return;
-        t_.Tokens[i].Class = kTokCommentish;
-        t_.Tokens[i].Detail = kDetLabelRef;
+        t_.Tokens[i].set(CommentishDetail::LabelRef);
     }
     std::int32_t find(const char* upperWord, std::int32_t from) const {
         for (std::int32_t i = from; i <= last_; ++i)
@@ -63,7 +62,7 @@ void LabelMarker::on() {
 // Only a line number is sure to be a target after Then or Else; a name there may be a call.
 void LabelMarker::branch(std::int32_t b) {
     if (wordIs(b, "GOTO")) ++b;
-    if (b <= t_.TokenCount && t_.Tokens[b].is(kTokLiteral, kDetNumber)) mark(b);
+    if (b <= t_.TokenCount && t_.Tokens[b].is(LiteralDetail::Number)) mark(b);
 }
 
 void LabelMarker::singleLineIf() {
@@ -88,7 +87,7 @@ void FindStartOfProc(std::int32_t first, SourceTables& t, std::int32_t procRecor
                 break;
             }
     }
-    t.Statements[t.Records[startOfProc].FirstS].Flags += kFlagProcListingStart;
+    t.Statements[t.Records[startOfProc].FirstS].Flags.set(StatementFlag::ProcListingStart);
     for (std::int32_t r = startOfProc; r <= procRecord - 1; ++r) t.Records[r].TiedTo = procRecord;
 }
 

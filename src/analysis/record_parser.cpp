@@ -41,7 +41,7 @@ private:
     void tieComments();
     void indent(bool hashLine);
     bool failed() const { return theDebug().BabStatus == kStatusReadingStopped; }
-    std::int32_t flagsOf(std::int32_t statement) const {
+    StatementFlags flagsOf(std::int32_t statement) const {
         return statement == firstStatement_ ? lead_.Flags : t_.Statements[statement].Flags;
     }
 
@@ -85,7 +85,7 @@ void LogicalLineParser::parse() {
     }
     bool hashLine = conditionalCompilation();
     setIndents(hashLine);
-    if (lead_.Flags & kFlagOutdent) outdent();
+    if (lead_.Flags.has(StatementFlag::Outdent)) outdent();
     setIndents(hashLine);
     tieComments();
     indent(hashLine);
@@ -98,7 +98,7 @@ bool LogicalLineParser::leadingComments() {
         if (failed()) return false;
         std::int32_t r = lastReadRecord(file_, t_);
         const Token& first = t_.Tokens[t_.Records[r].FirstT];
-        if (!first.is(kTokCommentish, kDetComment) && !first.is(kTokCommentish, kDetEmpty)) return true;
+        if (!first.is(CommentishDetail::Comment) && !first.is(CommentishDetail::Empty)) return true;
         std::int32_t commentStatement = t_.StatementCount;
         if (inContinuedComment_) {
             inContinuedComment_ = false;
@@ -117,7 +117,7 @@ bool LogicalLineParser::leadingComments() {
         t_.Records[r].FirstS = commentStatement;
         t_.Records[r].LastS = t_.StatementCount;
         t_.Records[r].Indent = m_.IndentLevel;
-        if (first.is(kTokCommentish, kDetComment) && first.Continued == 1) inContinuedComment_ = true;
+        if (first.is(CommentishDetail::Comment) && first.Continued == 1) inContinuedComment_ = true;
         if (file_.atEnd()) return true;
     }
 }
@@ -171,7 +171,7 @@ bool LogicalLineParser::conditionalCompilation() {
     } else {
         return false;
     }
-    t_.Statements[firstStatement_].Flags = 0;
+    t_.Statements[firstStatement_].Flags = StatementFlags{};
     return true;
 }
 
@@ -192,20 +192,20 @@ void LogicalLineParser::outdent() {
 
 // Only the comments directly above the code belong to it; a blank line ends them.
 void LogicalLineParser::tieComments() {
-    if (lead_.Class == kStmtProcStart) {
+    if (lead_.Class == StatementClass::ProcStart) {
         FindStartOfProc(firstRecord_, t_, codeRecord_);
         return;
     }
     for (std::int32_t r = codeRecord_ - 1; r >= firstRecord_; --r) {
-        if (t_.Statements[t_.Records[r].FirstS].Class == kStmtBlank) break;
+        if (t_.Statements[t_.Records[r].FirstS].Class == StatementClass::Blank) break;
         t_.Records[r].TiedTo = codeRecord_;
         t_.Records[r].TiedStart = firstRecord_ - 1;
     }
 }
 
 void LogicalLineParser::indent(bool hashLine) {
-    if (!(lead_.Flags & kFlagIndent)) {
-        if (lead_.Class == kStmtProcStart) m_.IndentLevel = 0;
+    if (!lead_.Flags.has(StatementFlag::Indent)) {
+        if (lead_.Class == StatementClass::ProcStart) m_.IndentLevel = 0;
         return;
     }
     if (t_.StatementCount == firstStatement_ && !hashLine) {
@@ -213,8 +213,8 @@ void LogicalLineParser::indent(bool hashLine) {
         return;
     }
     bool verbIsIf = lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].Text, "IF");
-    if (!verbIsIf && !(flagsOf(t_.StatementCount) & kFlagOutdent)) ++m_.IndentLevel;
-    else t_.Statements[firstStatement_].Flags &= ~kFlagIndent;
+    if (!verbIsIf && !flagsOf(t_.StatementCount).has(StatementFlag::Outdent)) ++m_.IndentLevel;
+    else t_.Statements[firstStatement_].Flags.clear(StatementFlag::Indent);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ bool continuesComment(const SourceTables& t, bool inContinuedComment) {
     if (inContinuedComment) return true;
     if (t.TokenCount < 1) return false;
     const Token& last = t.Tokens[t.TokenCount];
-    return last.is(kTokCommentish, kDetComment) && last.Continued == 1;
+    return last.is(CommentishDetail::Comment) && last.Continued == 1;
 }
 
 // The whole line, blanks and all, is one more piece of the comment above it.
@@ -28,8 +28,7 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
     if (t.TokenCount + 1 > m.TokensUBound || t.RecordCount + 1 > m.RecordsUBound) raiseRuntime(9, kProcName);
     Token& token = t.Tokens[++t.TokenCount];
     token = Token{};
-    token.Class = kTokCommentish;
-    token.Detail = kDetComment;
+    token.set(CommentishDetail::Comment);
     std::string_view text = line;
     if (!text.empty() && text.back() == '_') {
         token.Continued = 1;
@@ -142,7 +141,7 @@ void recover(SourceTables& t, BasiclanModule& m, int number, const std::string& 
     }
     Token& marker = t.Tokens[t.TokenCount];
     marker = Token{};
-    marker.Class = kTokInvalid;
+    marker.Class = TokenClass::Invalid;
     marker.Text = kInvalidRecordText;
     if (++m.RecordIndex > m.RecordsUBound - kGrowthMargin) {
         ++m.RecordsUBound;

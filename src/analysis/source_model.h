@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "analysis/record_texts.h"
+#include "analysis/source_codes.h"
 #include "analysis/token_texts.h"
 #include "analysis/vb_array.h"
 
@@ -22,62 +23,16 @@ struct Record {
     std::int32_t TiedStart = 0;
 };
 
-// Statement classes.
-enum : std::int32_t {
-    kStmtOrdinary = 0,
-    kStmtComment = 1,
-    kStmtDeclaration = 2,
-    kStmtBlank = 3,
-    kStmtProcEnd = 4,
-    kStmtProcStart = 5,
-    kStmtHeader = 6,
-};
-
-// Statement flags.
-enum : std::int32_t {
-    kFlagProcListingStart = 1,
-    kFlagFormDescription = 2,
-    kFlagIndent = 4,
-    kFlagKeepLeadingComments = 8,
-    kFlagLabel = 16,
-    kFlagOutdent = 32,
-};
-
 struct Statement {
-    std::int32_t Class = 0;
-    std::int32_t Detail = 0;
+    StatementClass Class = StatementClass::Ordinary;
+    StatementDetail Detail = StatementDetail::None;
     std::int32_t FirstToken = 0;
-    std::int32_t Flags = 0;
+    StatementFlags Flags;
     std::int32_t LastSignificant = 0;
     std::int32_t LastToken = 0;
     std::int32_t FirstRecord = 0;
     std::int32_t LastRecord = 0;
     std::int32_t Verb = 0;
-};
-
-// Token classes and details.
-enum : std::int32_t {
-    kTokKeyword = 0,
-    kTokIdentifier = 1,
-    kTokInvalid = 2,
-    kTokLiteral = 3,
-    kTokOperator = 4,
-    kTokCommentish = 5,  // comments, empty lines, labels
-    kTokColon = 6,
-};
-enum : std::int32_t {
-    kDetIdentifier = 8,
-    kDetDate = 1,
-    kDetNumber = 2,
-    kDetString = 3,
-    kDetNamedArg = 2,
-    kDetOperator = 6,
-    kDetComment = 1,
-    kDetEmpty = 3,
-    kDetLabel = 4,
-    kDetLabelRef = 5,
-    kDetLabelColon = 1,
-    kDetSeparator = 2,
 };
 
 // What a token is besides its texts, in as few bytes as its values need: a large module has a
@@ -87,15 +42,30 @@ struct TokenFields {
     std::int32_t Statement = 0;
     std::int32_t Column = 0;
     std::int16_t pKeyWord = 0;  // keyword entries past its range are never found
-    std::uint8_t Class = 0;
-    std::uint8_t Detail = 0;
+    TokenClass Class = TokenClass::Keyword;
+    std::uint8_t Detail = 0;  // means something only within Class: is() and set() read and write it
     std::uint8_t Flags = 0;
     std::uint8_t Continued = 0;
     bool KeyWordSeen = false;
     bool KeyWordKept = false;
 
-    bool is(std::int32_t cls, std::int32_t detail) const { return Class == cls && Detail == detail; }
+    // Whether the token is of the class and detail that `detail` names, as in is(LiteralDetail::Number).
+    template <class ClassDetail>
+    bool is(ClassDetail detail) const {
+        return Class == classOf(detail) && Detail == static_cast<std::uint8_t>(detail);
+    }
+    template <class ClassDetail>
+    void set(ClassDetail detail) {
+        Class = classOf(detail);
+        Detail = static_cast<std::uint8_t>(detail);
+    }
+    // The detail of a token already known to be of its class.
+    template <class ClassDetail>
+    ClassDetail detailAs() const {
+        return static_cast<ClassDetail>(Detail);
+    }
 };
+static_assert(sizeof(TokenFields) == 16, "a token's fields are a quarter megabyte per byte in a large module");
 
 // A token of the line being cut. Its texts are views into the line, which outlives it until the
 // tokens are kept: nearly every token is a piece of the line as it stands, and a heap string per

@@ -18,13 +18,14 @@ const std::string& upperWordAt(const SourceTables& t, std::int32_t index, std::s
 }
 
 // The words are compared as views: their lengths tell most of them apart at once.
-int declarationOffset(std::string_view w) {
+DeclarationVerb declarationVerb(std::string_view w) {
+    using enum DeclarationVerb;
     static constexpr std::string_view kWords[] = {"CONST",  "DECLARE", "DIM",    "PRIVATE", "GLOBAL",
                                                   "PUBLIC", "REDIM",   "STATIC", "EVENT"};
-    static const int kOffsets[] = {1, 2, 3, 4, 5, 5, 6, 7, 8};
+    static constexpr DeclarationVerb kVerbs[] = {Const, Declare, Dim, Private, Public, Public, ReDim, Static, Event};
     for (int i = 0; i < 9; ++i)
-        if (w == kWords[i]) return kOffsets[i];
-    return 0;
+        if (w == kWords[i]) return kVerbs[i];
+    return None;
 }
 
 bool isOneOf(std::string_view w, std::initializer_list<std::string_view> words) {
@@ -45,7 +46,11 @@ private:
     void fileHeaders();
     void procedureBounds(std::string_view w);
     void blockMembers(std::string_view w);
-    void declaration(std::string_view w);
+    void declaration(std::string_view w, DeclarationVerb verb);
+    void declare(StatementDetail detail) {
+        s_.Class = StatementClass::Declaration;
+        s_.Detail = detail;
+    }
     void indentFlag(const KeyWord& k, std::string_view w);
     void outdentFlag(const KeyWord& k, std::string_view w);
     const std::string& nextWord() { return upperWordAt(t_, s_.Verb + 1, scratch_); }
@@ -63,8 +68,8 @@ void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
     s_.FirstToken = nextToken;
     Token& first = t_.Tokens[nextToken];
     first.Flags += 2;
-    if (first.is(kTokCommentish, kDetComment) || first.is(kTokCommentish, kDetEmpty)) {
-        s_.Class = first.Detail;
+    if (first.is(CommentishDetail::Comment) || first.is(CommentishDetail::Empty)) {
+        s_.Class = statementClassOf(first.detailAs<CommentishDetail>());
         first.Statement = n_;
         s_.LastToken = lastToken;
         nextToken = lastToken + 1;
@@ -76,11 +81,11 @@ void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
     nextToken = s_.LastToken + 1;
     findVerb();
     if (s_.Verb != 0 && !m_.InType && t_.Tokens[s_.Verb].pKeyWord != 0) fileHeaders();
-    if (m_.InFormHeader) s_.Flags |= kFlagFormDescription;
-    else if (m_.InClassHeader) s_.Class = kStmtHeader;
+    if (m_.InFormHeader) s_.Flags.set(StatementFlag::FormDescription);
+    else if (m_.InClassHeader) s_.Class = StatementClass::Header;
     if (s_.Verb == 0) {
-        if (m_.InType) s_.Class = kStmtDeclaration, s_.Detail = 109;
-        else if (m_.InEnum) s_.Class = kStmtDeclaration, s_.Detail = 112;
+        if (m_.InType) declare(StatementDetail::TypeMember);
+        else if (m_.InEnum) declare(StatementDetail::EnumMember);
         t_.Statements[n_] = s_;
         return;
     }
@@ -88,11 +93,12 @@ void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
     const KeyWord& k = dialectKeyWord(pKeyWord);
     const std::string_view w = k.Word;
     procedureBounds(w);
-    if (declarationOffset(w) == 0) blockMembers(w);
-    else declaration(w);
+    DeclarationVerb verb = declarationVerb(w);
+    if (verb == DeclarationVerb::None) blockMembers(w);
+    else declaration(w, verb);
     if (isOneOf(w, {"GOSUB", "GOTO", "IF", "ON", "RESUME"})) ScanForLabelReferences(pKeyWord, s_, t_);
     if (k.Indent) indentFlag(k, w);
-    if (k.KeepLeadingComments) s_.Flags |= kFlagKeepLeadingComments;
+    if (k.KeepLeadingComments) s_.Flags.set(StatementFlag::KeepLeadingComments);
     if (k.Outdent) outdentFlag(k, w);
     t_.Statements[n_] = s_;
 }
@@ -100,8 +106,8 @@ void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
 // A label and its ":" (or a line number) belong to the statement that follows them.
 std::int32_t StatementBuilder::findStart() {
     Token& first = t_.Tokens[s_.FirstToken];
-    if (!first.is(kTokCommentish, kDetLabel)) return s_.FirstToken;
-    s_.Flags |= kFlagLabel;
+    if (!first.is(CommentishDetail::Label)) return s_.FirstToken;
+    s_.Flags.set(StatementFlag::Label);
     first.Statement = n_;
     // An alphanumeric label and its ":" stand ahead of the statement proper, and only the label
     // takes the statement's number. A line number has no ":": the token after it takes it too.
@@ -115,8 +121,8 @@ void StatementBuilder::findEnd(std::int32_t lastToken) {
     for (std::int32_t i = start_; i <= lastToken; ++i) {
         Token& token = t_.Tokens[i];
         token.Statement = n_;
-        if (token.Class != kTokCommentish && token.Class != kTokColon) s_.LastSignificant = i;
-        if (token.is(kTokColon, kDetSeparator)) {
+        if (token.Class != TokenClass::Commentish && token.Class != TokenClass::Colon) s_.LastSignificant = i;
+        if (token.is(ColonDetail::Separator)) {
             s_.LastToken = i;
             return;
         }
@@ -146,22 +152,22 @@ void StatementBuilder::findVerb() {
 void StatementBuilder::fileHeaders() {
     const std::string_view w = dialectKeyWord(t_.Tokens[s_.Verb].pKeyWord).Word;
     if (w == "ATTRIBUTE") {
-        s_.Class = kStmtHeader;
+        s_.Class = StatementClass::Header;
     } else if (w == "BEGIN") {
         if (start_ == s_.LastToken) m_.InClassHeader = true;
         else m_.InFormHeader = true;
     } else if (w == "VERSION") {
-        s_.Class = kStmtHeader;
+        s_.Class = StatementClass::Header;
         if (s_.LastToken == 2) m_.InFormHeader = true;
     }
 }
 
 void StatementBuilder::procedureBounds(std::string_view w) {
     if (w == "FUNCTION" || w == "SUB" || (w == "PROPERTY" && isOneOf(nextWord(), {"LET", "GET", "SET"}))) {
-        s_.Class = kStmtProcStart;
+        s_.Class = StatementClass::ProcStart;
         m_.InProc = true;
     } else if (w == "END" && s_.Verb < s_.LastToken && isOneOf(nextWord(), {"PROPERTY", "FUNCTION", "SUB"})) {
-        s_.Class = kStmtProcEnd;
+        s_.Class = StatementClass::ProcEnd;
         m_.InProc = false;
     }
 }
@@ -169,30 +175,30 @@ void StatementBuilder::procedureBounds(std::string_view w) {
 // Type and Enum are tracked one step ahead, by the tokenizer: so an "End Type" is recognised by
 // the member line before it.
 void StatementBuilder::blockMembers(std::string_view w) {
-    std::int32_t before = n_ > 1 ? t_.Statements[n_ - 1].Detail : 0;
-    if (m_.InType) s_.Class = kStmtDeclaration, s_.Detail = 111;
-    else if (w == "END" && before == 109) s_.Class = kStmtDeclaration, s_.Detail = 110;
-    if (m_.InEnum) s_.Class = kStmtDeclaration, s_.Detail = 114;
-    else if (w == "END" && before == 112) s_.Class = kStmtDeclaration, s_.Detail = 113;
+    StatementDetail before = n_ > 1 ? t_.Statements[n_ - 1].Detail : StatementDetail::None;
+    if (m_.InType) declare(StatementDetail::TypeHead);
+    else if (w == "END" && before == StatementDetail::TypeMember) declare(StatementDetail::TypeEnd);
+    if (m_.InEnum) declare(StatementDetail::EnumHeadOrValue);
+    else if (w == "END" && before == StatementDetail::EnumMember) declare(StatementDetail::EnumEnd);
 }
 
-void StatementBuilder::declaration(std::string_view w) {
-    s_.Class = kStmtDeclaration;
+void StatementBuilder::declaration(std::string_view w, DeclarationVerb verb) {
     const std::string_view p = dialectKeyWord(s_.Verb > 1 ? t_.Tokens[s_.Verb - 1].pKeyWord : 0).Word;
-    int base = 200;
-    if (isOneOf(p, {"PUBLIC", "GLOBAL"}) || isOneOf(w, {"PUBLIC", "GLOBAL"})) base = 100;
-    else if (m_.InProc) base = 300;
-    s_.Detail = base + declarationOffset(w);
+    DeclarationScope scope = DeclarationScope::Module;
+    if (isOneOf(p, {"PUBLIC", "GLOBAL"}) || isOneOf(w, {"PUBLIC", "GLOBAL"})) scope = DeclarationScope::Public;
+    else if (m_.InProc) scope = DeclarationScope::Procedure;
+    declare(declarationDetail(scope, verb));
 }
 
 void StatementBuilder::indentFlag(const KeyWord& /*k*/, std::string_view w) {
     if (w == "BEGIN" || w == "BEGINPROPERTY") {
-        if (inHeader()) s_.Flags |= kFlagIndent;
+        if (inHeader()) s_.Flags.set(StatementFlag::Indent);
     } else if (w == "IF") {
         std::string scratch;
-        if (s_.LastSignificant != 0 && upperWordAt(t_, s_.LastSignificant, scratch) == "THEN") s_.Flags |= kFlagIndent;
+        if (s_.LastSignificant != 0 && upperWordAt(t_, s_.LastSignificant, scratch) == "THEN")
+            s_.Flags.set(StatementFlag::Indent);
     } else if (!inHeader()) {
-        s_.Flags |= kFlagIndent;
+        s_.Flags.set(StatementFlag::Indent);
     }
 }
 
@@ -201,11 +207,11 @@ void StatementBuilder::outdentFlag(const KeyWord& /*k*/, std::string_view w) {
         if (s_.LastSignificant == 0) return;
         std::string scratch;
         const std::string& last = upperWordAt(t_, s_.LastSignificant, scratch);
-        if (!isOneOf(last, {"END", "FUNCTION", "PROPERTY", "SUB"}) || inHeader()) s_.Flags |= kFlagOutdent;
+        if (!isOneOf(last, {"END", "FUNCTION", "PROPERTY", "SUB"}) || inHeader()) s_.Flags.set(StatementFlag::Outdent);
     } else if (w == "ENDPROPERTY") {
-        if (m_.InFormHeader) s_.Flags |= kFlagOutdent;
+        if (m_.InFormHeader) s_.Flags.set(StatementFlag::Outdent);
     } else if ((!m_.InFormHeader && !m_.InType) || w == "ELSE") {
-        s_.Flags |= kFlagOutdent;
+        s_.Flags.set(StatementFlag::Outdent);
     }
 }
 

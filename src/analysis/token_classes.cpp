@@ -18,10 +18,9 @@ void swapTokens(WorkToken& a, WorkToken& b) {
     if (b.TextOwned) b.Text = b.Own;
 }
 
-void setClass(WorkToken& t, std::int32_t cls, std::int32_t detail) {
-    t.Class = static_cast<std::uint8_t>(cls);
-    t.Detail = static_cast<std::uint8_t>(detail);
-}
+// A token is cut with its class blank, which is a keyword's number: cutting classifies only a Rem
+// comment and the blanks that end a line, and a token still blank is for the classifier to decide.
+bool unclassified(const WorkToken& t) { return t.Class == TokenClass::Keyword; }
 
 class LineClassifier {
 public:
@@ -51,41 +50,41 @@ void LineClassifier::classify() {
 void LineClassifier::classifyOne(std::int32_t k) {
     WorkToken& t = w_[k];
     if (t.Text.empty()) {
-        if (k == 1) setClass(t, kTokCommentish, kDetEmpty);
+        if (k == 1) t.set(CommentishDetail::Empty);
         return;
     }
     char c = t.Text[0];
     if (isLetter(c)) {
-        if (t.Class == 0) keyword(k);
+        if (unclassified(t)) keyword(k);
     } else if (isDigit(c)) {
-        if (k == 1) setClass(t, kTokCommentish, kDetLabel);
-        else setClass(t, kTokLiteral, kDetNumber);
+        if (k == 1) t.set(CommentishDetail::Label);
+        else t.set(LiteralDetail::Number);
     } else {
         switch (c) {
-            case '"': setClass(t, kTokLiteral, kDetString); break;
+            case '"': t.set(LiteralDetail::String); break;
             case '.':
             case '+':
             case '-':
             case '&':
-                if (t.Text.size() > 1) setClass(t, kTokLiteral, kDetNumber);
-                else setClass(t, kTokOperator, kDetOperator);
+                if (t.Text.size() > 1) t.set(LiteralDetail::Number);
+                else t.set(OperatorDetail::Operator);
                 break;
             case '<':
-            case '>': setClass(t, kTokOperator, kDetOperator); break;
+            case '>': t.set(OperatorDetail::Operator); break;
             case '!':
-                setClass(t, kTokOperator, kDetOperator);
+                t.set(OperatorDetail::Operator);
                 typeSuffix(k);
                 break;
-            case '\'': setClass(t, kTokCommentish, kDetComment); break;
+            case '\'': t.set(CommentishDetail::Comment); break;
             case '#':
-                if (t.Text.size() == 1) setClass(t, kTokOperator, kDetOperator);
-                else setClass(t, kTokLiteral, kDetDate);
+                if (t.Text.size() == 1) t.set(OperatorDetail::Operator);
+                else t.set(LiteralDetail::Date);
                 break;
             case ':': labelColon(k); break;
             case '_':
             case '\\': continuation(k); break;
             default:
-                if (t.Class == 0) setClass(t, kTokOperator, kDetOperator);
+                if (unclassified(t)) t.set(OperatorDetail::Operator);
         }
     }
 }
@@ -106,21 +105,21 @@ void LineClassifier::typeSuffix(std::int32_t k) {
 void LineClassifier::labelColon(std::int32_t k) {
     WorkToken& t = w_[k];
     if (m_.InFormHeader) {
-        setClass(t, kTokOperator, kDetOperator);
+        t.set(OperatorDetail::Operator);
         return;
     }
     if (k == 1) return;
     WorkToken& before = w_[k - 1];
-    bool nameBefore = before.Class == kTokIdentifier || before.is(kTokLiteral, kDetNumber);
+    bool nameBefore = before.Class == TokenClass::Identifier || before.is(LiteralDetail::Number);
     if (nameBefore && !labelSeen_ && (k == 2 || w_[k - 2].Text == ":")) {
-        setClass(t, kTokColon, kDetLabelColon);
-        setClass(before, kTokCommentish, kDetLabel);
+        t.set(ColonDetail::LabelColon);
+        before.set(CommentishDetail::Label);
         labelSeen_ = true;
         return;
     }
     labelSeen_ = false;
-    t.Detail = kDetSeparator;
-    t.Class = t.Text == ":=" ? kTokOperator : kTokColon;
+    if (t.Text == ":=") t.set(OperatorDetail::NamedArg);
+    else t.set(ColonDetail::Separator);
 }
 
 // A lone "_" or "\" at the very end of a line continues it on the next.
@@ -131,7 +130,7 @@ void LineClassifier::continuation(std::int32_t k) {
         t.setView({});
         return;
     }
-    setClass(t, kTokOperator, kDetOperator);
+    t.set(OperatorDetail::Operator);
 }
 
 void LineClassifier::keyword(std::int32_t k) {
@@ -145,12 +144,12 @@ void LineClassifier::keyword(std::int32_t k) {
     std::int32_t index = 0;
     if (lookup && !propertyName) SearchForKeyWord(t.Text, index);
     if (index == 0) {
-        setClass(t, kTokIdentifier, kDetIdentifier);
+        t.set(IdentifierDetail::Name);
         return;
     }
     t.pKeyWord = static_cast<std::int16_t>(index);
     t.KeyWordSeen = t.KeyWordKept = true;
-    setClass(t, kTokKeyword, 0);
+    t.set(KeywordDetail::None);
     trackBlocks(k, m_.DialectKeyWords[index].Word);
 }
 

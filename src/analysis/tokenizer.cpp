@@ -201,8 +201,7 @@ void LineCutter::cutDelimiter(char delim) {
             if (t.Text.empty() && !t.LeadingSpace.empty()) {
                 t.setView(t.LeadingSpace);
                 t.LeadingSpace = {};
-                t.Class = kTokCommentish;
-                t.Detail = kDetEmpty;
+                t.set(CommentishDetail::Empty);
                 store();
             }
             return;
@@ -253,8 +252,7 @@ void LineCutter::cut(std::int32_t& count) {
                     rem.Continued = 1;
                     word_.dropLast();
                 }
-                rem.Class = kTokCommentish;
-                rem.Detail = kDetComment;
+                rem.set(CommentishDetail::Comment);
             }
             if (!word_.Text.empty()) {
                 building().takeText(word_);

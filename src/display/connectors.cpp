@@ -101,8 +101,8 @@ void HlydCLBeginOrEnd(Destination dest, const AreaRecord& pos, std::int32_t inde
     float h = static_cast<float>(keyWords.Height);
     float yMid = pos.Top + (posNext.Top - pos.Top) / static_cast<float>(wraps + 1) - h / 2;
     const Statement& st = t.Statements[t.Records[record].FirstS];
-    bool opens = st.Flags & kFlagIndent;
-    bool closes = st.Flags & kFlagOutdent;
+    bool opens = st.Flags.has(StatementFlag::Indent);
+    bool closes = st.Flags.has(StatementFlag::Outdent);
     if (indent < 0 || t.Records[record].FirstT != st.FirstToken) return;
     growStackTo(indent);
     ConnectorEntry copy = stack()[indent];

@@ -143,7 +143,8 @@ void ScreenEmission::requestForEnd() {
     std::int32_t count = 0;
     for (std::int32_t r = 1; r <= t.RecordCount && t.Records[r].FirstT != 0; ++r) {
         const Statement& st = t.Statements[t.Records[r].FirstS];
-        if (!((st.Flags & kFlagFormDescription) || (st.Class == kStmtHeader && st.Flags == 0))) break;
+        if (!(st.Flags.has(StatementFlag::FormDescription) || (st.Class == StatementClass::Header && st.Flags.none())))
+            break;
         ++count;
     }
     record_ = count - bar.LargeChange - 1 + stepForwardAtEnd(kEndStepFormDef, bar.LargeChange);
@@ -165,7 +166,7 @@ bool ScreenEmission::shown(std::int32_t r) const {
     const SourceTables& t = theSourceTables();
     const HlydSettings& settings = hlydSettings();
     if (t.Records[r].FirstT == 0) return false;
-    bool formDefinition = t.Statements[t.Records[r].FirstS].Flags & kFlagFormDescription;
+    bool formDefinition = t.Statements[t.Records[r].FirstS].Flags.has(StatementFlag::FormDescription);
     return formDefinition ? settings.ViewFormDef[kDisplay] : settings.ViewCode[kDisplay];
 }
 
@@ -173,7 +174,9 @@ void ScreenEmission::EmitCodeRecord(std::int32_t r) {
     RecordLayoutHooks hooks;
     const LayoutMetrics& m = layoutMetrics();
     hooks.separator = [&](const Statement& governing, const Record& rec, float xWrap, float& y) {
-        if (!f_.Separator || !(governing.Flags & kFlagProcListingStart) || governing.FirstToken != rec.FirstT) return;
+        if (!f_.Separator || !governing.Flags.has(StatementFlag::ProcListingStart) ||
+            governing.FirstToken != rec.FirstT)
+            return;
         s_.setDrawWidth(f_.SeparatorBold ? 5 : 1);
         s_.line(xWrap, y, s_.scaleWidth() - 1, y, screenAttributes(kElemKeyWords).ForeColor);
         if (f_.SeparatorBold) s_.setDrawWidth(1);
@@ -222,7 +225,7 @@ void ScreenEmission::emitSource() {
     if (firstEmitted_ != 0 && f_.ConnectControls) {
         const Record& last = t.Records[lastFetched_];
         std::int32_t open = last.Indent;
-        if (last.FirstT != 0 && (t.Statements[last.FirstS].Flags & kFlagIndent)) ++open;
+        if (last.FirstT != 0 && t.Statements[last.FirstS].Flags.has(StatementFlag::Indent)) ++open;
         HlydCLContinueAfterBottom(kDisplay, pos_.Top, open);
     }
 }
@@ -348,9 +351,10 @@ bool recordOnScreen(std::int32_t record) {
     const SourceTables& t = theSourceTables();
     if (record < 1 || record > t.RecordCount || t.Records[record].FirstT == 0) return false;
     const HlydSettings& settings = hlydSettings();
-    bool formDefinition = t.Statements[t.Records[record].FirstS].Flags & kFlagFormDescription;
+    bool formDefinition = t.Statements[t.Records[record].FirstS].Flags.has(StatementFlag::FormDescription);
     if (!(formDefinition ? settings.ViewFormDef[kDisplay] : settings.ViewCode[kDisplay])) return false;
-    return !(governingStatement(record).Class == kStmtHeader && displayAttributes().Format[kDisplay].SkipAttributes);
+    return !(governingStatement(record).Class == StatementClass::Header &&
+             displayAttributes().Format[kDisplay].SkipAttributes);
 }
 void resetEmitterState() { state() = EmitterState{}; }
 void setPresentView(void (*present)()) { presentView = present; }

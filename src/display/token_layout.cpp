@@ -448,13 +448,14 @@ void RecordPainter::drawPieces(const std::string& text, AttributeRecord& a, cons
 std::int32_t RecordPainter::run() {
     const Record& r = t_.Records[record_];
     const Statement& governing = governingStatement(record_);
-    if (governing.Class == kStmtHeader && f_.SkipAttributes) return -1;
+    if (governing.Class == StatementClass::Header && f_.SkipAttributes) return -1;
     std::int32_t last = lastToken(r);
     xWrap_ = m_.WhiteSpaceSize[dest_] > pos_.Right ? pos_.Right - m_.WhiteSpaceSize[dest_] : pos_.Left;
     x_ = pos_.Left;
     y_ = pos_.Top;
-    procedureLine_ = t_.Statements[r.FirstS].Class == kStmtProcStart || t_.Statements[r.LastS].Class == kStmtProcStart;
-    bool blankLine = governing.Class == kStmtBlank && hooks_.blankLineElement != 0;
+    procedureLine_ = t_.Statements[r.FirstS].Class == StatementClass::ProcStart ||
+                     t_.Statements[r.LastS].Class == StatementClass::ProcStart;
+    bool blankLine = governing.Class == StatementClass::Blank && hooks_.blankLineElement != 0;
     if (procedureLine_) lineHeight_ = static_cast<float>(attributesOf(kElemProcedures, dest_).Height);
     else if (blankLine) lineHeight_ = static_cast<float>(attributesOf(hooks_.blankLineElement, dest_).Height);
     else HlydTKGetMaxTokenHeight(lineHeight_, fileTable().TokenElements, dest_, r.FirstT, last);
@@ -481,7 +482,8 @@ std::int32_t RecordPainter::run() {
                 styleUnknown();
                 penX_ = penY_ = -1;  // the pen is where the line's number left it
             }
-            bool opensOrCloses = governing.Flags & (kFlagIndent | kFlagOutdent);
+            bool opensOrCloses =
+                    governing.Flags.has(StatementFlag::Indent) || governing.Flags.has(StatementFlag::Outdent);
             if (f_.ConnectControls && r.FirstT == governing.FirstToken && opensOrCloses && hooks_.connectors) {
                 hooks_.connectors(pos_, lineHeight_, wraps_, record_, x_);
                 styleUnknown();

@@ -44,10 +44,10 @@ void resetLoadState() {
 
 // The element a token is drawn with.
 std::int32_t elementOf(const Token& t) {
-    if (t.KeyWordSeen || t.Class == kTokOperator || t.Class == kTokColon) return 3;
-    if (t.Class == kTokIdentifier) return 2;
-    if (t.Class == kTokLiteral) return 4;
-    if (t.Class == kTokCommentish && (t.Detail == kDetLabelRef || t.Detail == kDetLabel)) return 2;
+    if (t.KeyWordSeen || t.Class == TokenClass::Operator || t.Class == TokenClass::Colon) return 3;
+    if (t.Class == TokenClass::Identifier) return 2;
+    if (t.Class == TokenClass::Literal) return 4;
+    if (t.is(CommentishDetail::LabelRef) || t.is(CommentishDetail::Label)) return 2;
     return 1;
 }
 

@@ -45,7 +45,9 @@ void HlydPCGetNext(std::int32_t& record) {
         ++record;
         HlydCFGetRecord(record, w.lblRecord);
         if (record > t.RecordCount || t.Records[record].FirstT == 0) break;
-        if ((t.Statements[t.Records[record].FirstS].Flags & kFlagProcListingStart) || navigation().stopRequested) break;
+        if (t.Statements[t.Records[record].FirstS].Flags.has(StatementFlag::ProcListingStart) ||
+            navigation().stopRequested)
+            break;
     }
     w.enableControls();
     theUi().setBusy(false);

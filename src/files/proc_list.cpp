@@ -35,7 +35,7 @@ void noteFileHead(std::int32_t r, std::int32_t s) {
     SourceTables& t = theSourceTables();
     const Record& rec = t.Records[r];
     if (r == 1 && textOf(s) == "VERSION" && t.TokenCount == 2) {
-        t.Statements[s].Flags |= kFlagFormDescription;
+        t.Statements[s].Flags.set(StatementFlag::FormDescription);
         fileTable().sVBName.clear();
     }
     if (textOf(t.Statements[s].FirstToken) == "Attribute" && textOf(rec.FirstT + 1) == "VB_Name") {
@@ -49,7 +49,7 @@ void noteFileHead(std::int32_t r, std::int32_t s) {
 NewEntry procedureEntry(std::int32_t s) {
     const SourceTables& t = theSourceTables();
     const Statement* st = &t.Statements[s];
-    if (st->Class == kStmtComment || st->Class == kStmtBlank) {
+    if (st->Class == StatementClass::Comment || st->Class == StatementClass::Blank) {
         std::int32_t tied = t.Records[st->FirstRecord].TiedTo;
         st = &t.Statements[t.Records[tied].FirstS];
     }
@@ -119,7 +119,7 @@ std::int32_t addEntry(const NewEntry& e, std::int32_t r, std::int32_t firstNewSt
     p.Type = e.type;
     p.FirstStatement = t.StatementCount;
     for (std::int32_t s = firstNewStatement; s <= t.StatementCount; ++s)
-        if (t.Statements[s].Class == kStmtProcStart) {
+        if (t.Statements[s].Class == StatementClass::ProcStart) {
             p.FirstStatement = s;
             break;
         }
@@ -137,17 +137,17 @@ bool entryDue(std::int32_t r, NewEntry& e) {
     const SourceTables& t = theSourceTables();
     std::int32_t s = t.Records[r].FirstS;
     const Statement& st = t.Statements[s];
-    if (st.Class == kStmtProcStart) {
+    if (st.Class == StatementClass::ProcStart) {
         e = procedureEntry(s);
         return true;
     }
-    bool formDefinition = (st.Flags & kFlagFormDescription) != 0;
+    bool formDefinition = st.Flags.has(StatementFlag::FormDescription);
     if (r == 1 && formDefinition) {
         e = {kDesignerDefinition, "M"};
         return true;
     }
     bool afterDefinition =
-            r > 1 && (t.Statements[t.Records[r - 1].FirstS].Flags & kFlagFormDescription) && !formDefinition;
+            r > 1 && t.Statements[t.Records[r - 1].FirstS].Flags.has(StatementFlag::FormDescription) && !formDefinition;
     if (r == 1 || afterDefinition) {
         e = {kDeclarations, "D"};
         return true;
@@ -173,7 +173,7 @@ std::int32_t declarationStatement(const ProcEntry& entry) {
     const SourceTables& t = theSourceTables();
     std::int32_t last = std::min(entry.LastStatement, t.StatementCount);
     for (std::int32_t s = entry.FirstStatement; s >= 1 && s <= last; ++s)
-        if (t.Statements[s].Class == kStmtProcStart) return s;
+        if (t.Statements[s].Class == StatementClass::ProcStart) return s;
     return entry.FirstStatement;
 }
 

@@ -94,8 +94,8 @@ std::string withoutDirectory(const std::string& full) {
 
 bool shownByView(const Statement& s) {
     const HlydSettings& settings = hlydSettings();
-    return (s.Flags & kFlagFormDescription) ? settings.ViewFormDef[kHTMLDestination]
-                                            : settings.ViewCode[kHTMLDestination];
+    return s.Flags.has(StatementFlag::FormDescription) ? settings.ViewFormDef[kHTMLDestination]
+                                                       : settings.ViewCode[kHTMLDestination];
 }
 
 // The look-up of a record's procedure is a search of them all; the records come in order, so
@@ -126,7 +126,7 @@ void emitSourceRecords() {
                 HlydPCGetAssociatedProc(counter, currentProc);
             startsProc = counter == yProc()[currentProc].FirstRecord;
         }
-        if (s.Class != kStmtProcStart && !startsProc) {
+        if (s.Class != StatementClass::ProcStart && !startsProc) {
             std::int32_t none = -1;
             hlydHTML::EmitCodeRecord(counter, firstToken, none);
         } else {
@@ -160,7 +160,7 @@ static int spacesFor(const SourceTables& t, const FormatRecord& f, const Record&
         return spaces;
     }
     // The form description keeps its own layout: its blanks, and no indentation on top of them.
-    if (s.Flags & kFlagFormDescription) return spaces + static_cast<int>(tok.LeadingSpace.size());
+    if (s.Flags.has(StatementFlag::FormDescription)) return spaces + static_cast<int>(tok.LeadingSpace.size());
     if (f.Indent) {
         // Capped as a view caps it: deep nesting would make the document grow with the square of
         // the depth.
@@ -182,9 +182,9 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
     const std::vector<std::int32_t>& elements = fileTable().TokenElements;
     std::string& line = emission().line;
     line.clear();
-    bool procedureLine = t.Statements[r.FirstS].Class == kStmtProcStart;
+    bool procedureLine = t.Statements[r.FirstS].Class == StatementClass::ProcStart;
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
-    if (!(s.Class == kStmtHeader && f.SkipAttributes)) {
+    if (!(s.Class == StatementClass::Header && f.SkipAttributes)) {
         int spaces = 0;
         for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
             bool blankAfter = false;
@@ -200,7 +200,7 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
         doc.InsertLineStart(start);
         line.insert(0, start);
     }
-    if (procIndex >= 0 && s.Class != kStmtBlank) {
+    if (procIndex >= 0 && s.Class != StatementClass::Blank) {
         const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
         if (procIndex > upper) procIndex = upper;
         if (emission().procPending) {

@@ -74,7 +74,7 @@ CodeListing::CodeListing(wPos& pos)
 
 // Records of the form's description or of the code, as the request asks.
 bool CodeListing::wanted(std::int32_t record) const {
-    bool formDefinition = t_.Statements[t_.Records[record].FirstS].Flags & kFlagFormDescription;
+    bool formDefinition = t_.Statements[t_.Records[record].FirstS].Flags.has(StatementFlag::FormDescription);
     return formDefinition ? p_.FormDef : p_.Code;
 }
 
@@ -139,7 +139,7 @@ std::int32_t CodeListing::orphanLines(std::int32_t record, int entry, bool procS
 // there: it is left out, as long as no line number counts it.
 bool CodeListing::blankAt(std::int32_t record) const {
     if (hlydSettings().LineNumbers || p_.PageNumber == 0) return false;
-    if (t_.Statements[t_.Records[record].FirstS].Class != kStmtBlank) return false;
+    if (t_.Statements[t_.Records[record].FirstS].Class != StatementClass::Blank) return false;
     float height = static_cast<float>(displayAttributes().Elements[kElemProjectFile].slot[kPrint].Height);
     return atColumnTop() || pos_.TopPos + height > p_.UsableArea.Bottom;
 }
@@ -173,7 +173,7 @@ void CodeListing::closeConnectors() {
     if (!f_.ConnectControls || lastRecord_ == 0) return;
     const Record& r = t_.Records[lastRecord_];
     std::int32_t open = r.Indent;
-    if (t_.Statements[r.FirstS].Flags & kFlagOutdent) ++open;
+    if (t_.Statements[r.FirstS].Flags.has(StatementFlag::Outdent)) ++open;
     HlydCLContinueAfterBottom(kPrint, p_.UsableArea.Bottom, open);
 }
 

@@ -25,7 +25,7 @@ AttributeRecord& printAttributes(int element) { return displayAttributes().Eleme
 std::int32_t openLevels(std::int32_t record) {
     const SourceTables& t = theSourceTables();
     std::int32_t indent = t.Records[record].Indent;
-    if (t.Statements[t.Records[record].FirstS].Flags & kFlagOutdent) ++indent;
+    if (t.Statements[t.Records[record].FirstS].Flags.has(StatementFlag::Outdent)) ++indent;
     return indent;
 }
 

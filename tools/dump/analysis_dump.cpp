@@ -31,9 +31,9 @@ void dumpRecord(const Record& r, std::int32_t n, std::ostream& out) {
 void dumpStatement(const Statement& s, std::int32_t n, std::ostream& out) {
     out << JsonObject("statement")
                     .add("n", n)
-                    .add("Class", s.Class)
-                    .add("Detail", s.Detail)
-                    .add("Flags", s.Flags)
+                    .add("Class", codeOf(s.Class))
+                    .add("Detail", codeOf(s.Detail))
+                    .add("Flags", s.Flags.bits())
                     .add("FirstToken", s.FirstToken)
                     .add("LastToken", s.LastToken)
                     .add("LastSignificant", s.LastSignificant)
@@ -47,7 +47,7 @@ void dumpStatement(const Statement& s, std::int32_t n, std::ostream& out) {
 void dumpToken(const Token& t, std::int32_t n, std::ostream& out) {
     out << JsonObject("token")
                     .add("n", n)
-                    .add("Class", t.Class)
+                    .add("Class", codeOf(t.Class))
                     .add("Detail", t.Detail)
                     .add("Flags", t.Flags)
                     .add("Continued", t.Continued)
