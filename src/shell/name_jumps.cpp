@@ -58,7 +58,7 @@ std::pair<std::string, std::string> nameAt(TextPlace place) {
         from = start + token.Text.size();
         auto column = static_cast<std::size_t>(std::max(place.column, 0));
         if (column < start || column > from) continue;
-        if (token.Class == kTokIdentifier) return {std::string(token.Text), shown.FileName};
+        if (token.Class == TokenClass::Identifier) return {std::string(token.Text), shown.FileName};
     }
     return {};
 }

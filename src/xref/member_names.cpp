@@ -28,14 +28,14 @@ void wordsOf(const SourceTables& t, const Statement& s, std::vector<Word>& words
         Word w;
         w.token = i;
         w.text = token.Text;
-        if (token.Class == kTokKeyword && token.pKeyWord > 0) {
+        if (token.Class == TokenClass::Keyword && token.pKeyWord > 0) {
             w.kind = Word::kKeyword;
             w.text = dialectKeyWord(token.pKeyWord).Word;
-        } else if (token.Class == kTokIdentifier) {
+        } else if (token.Class == TokenClass::Identifier) {
             w.kind = Word::kName;
-        } else if (token.Class == kTokOperator) {
+        } else if (token.Class == TokenClass::Operator) {
             w.kind = Word::kOperator;
-        } else if (token.Class == kTokCommentish) {
+        } else if (token.Class == TokenClass::Commentish) {
             continue;
         }
         // A name before ":=" names an argument of the procedure called: it uses nothing.
@@ -109,12 +109,13 @@ MemberNames MemberReader::read() {
 }
 
 void MemberReader::statement(const Statement& s) {
-    if (s.Class == kStmtComment || s.Class == kStmtBlank || s.Class == kStmtHeader) return;
-    if (s.Flags & kFlagFormDescription) return formDescription(s);
+    if (s.Class == StatementClass::Comment || s.Class == StatementClass::Blank || s.Class == StatementClass::Header)
+        return;
+    if (s.Flags.has(StatementFlag::FormDescription)) return formDescription(s);
     std::vector<Word>& w = words_;
     wordsOf(t_, s, w);
     if (w.empty()) return;
-    if (s.Class == kStmtProcEnd) {
+    if (s.Class == StatementClass::ProcEnd) {
         proc_ = kModuleLevel, procName_.clear();
         return usesOf(w);
     }
@@ -131,7 +132,7 @@ void MemberReader::statement(const Statement& s) {
         if (isKeyword(w[0], {"END"})) block_ = Block::kNone;
         else if (w[0].kind == Word::kName)
             declare(w[0], block_ == Block::kType ? NameKind::kTypeMember : NameKind::kEnumMember, typePublic_);
-    } else if (s.Class == kStmtProcStart) {
+    } else if (s.Class == StatementClass::ProcStart) {
         // A procedure without Private is Public.
         procedureStart(w, at, !explicitScope || isPublic);
     } else if (at < w.size() && (modifier || isKeyword(w[at], {"CONST", "TYPE", "ENUM", "DECLARE", "EVENT"}))) {
