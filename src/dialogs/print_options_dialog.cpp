@@ -8,7 +8,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
@@ -328,13 +327,10 @@ private:
 
 }  // namespace
 
-void installPrintOptionsDialog(QWidget* parent) {
-    QPointer<QWidget> owner(parent);
-    setPrintOptionsView([owner](PrintOptionsModel& m) {
-        PrintOptionsForm form(owner, m);
-        fitAndCentre(form, owner);
-        return form.exec() == QDialog::Accepted;
-    });
+bool showPrintOptionsForm(QWidget* parent, PrintOptionsModel& m) {
+    PrintOptionsForm form(parent, m);
+    fitAndCentre(form, parent);
+    return form.exec() == QDialog::Accepted;
 }
 
 }  // namespace hlyd

@@ -1,24 +1,18 @@
 #include "printing/print_options_dialog.h"
 
-#include <utility>
+#include <optional>
 
 #include "base/c_debug.h"
 #include "base/c_log.h"
-#include "printing/printing_state.h"
+#include "platform/views.h"
 
 namespace hlyd {
-
-namespace {
-PrintOptionsView& optionsView() { return printingState().printOptionsView; }
-}  // namespace
-
-void setPrintOptionsView(PrintOptionsView view) { optionsView() = std::move(view); }
 
 bool HlydPOShowPrintOptions() {
     TraceScope trace(theDebug().TraceApplication, "HlydPOShowPrintOptions");
     PrintOptionsModel m;
     fillPrintOptions(m);
-    if (optionsView()) return optionsView()(m);
+    if (std::optional<bool> accepted = theViews().showPrintOptions(m)) return *accepted;
     return cmdOK_Click(m);
 }
 
