@@ -20,7 +20,7 @@
 #include "dialogs/form_parts.h"
 #include "platform/qt/qt_text.h"
 #include "printing/print_dialog.h"
-#include "printing/print_options_dialog.h"
+#include "shell/print_options.h"
 #include "printing/print_request.h"
 #include "printing/print_status.h"
 #include "printing/printer_start.h"

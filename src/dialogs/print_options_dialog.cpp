@@ -22,9 +22,9 @@
 #include "dialogs/macro_strip.h"
 #include "dialogs/print_fonts_tab.h"
 #include "platform/qt/qt_text.h"
-#include "printing/print_options_checks.h"
-#include "printing/print_options_dialog.h"
-#include "printing/print_options_macros.h"
+#include "models/print_options_checks.h"
+#include "shell/print_options.h"
+#include "models/print_options_macros.h"
 
 namespace hlyd {
 

@@ -6,7 +6,6 @@
 #include "files/file_table.h"
 #include "files/print_history.h"
 #include "platform/views.h"
-#include "printing/print_options_dialog.h"
 #include "printing/print_state.h"
 #include "printing/select_proc.h"
 #include "settings/attributes.h"

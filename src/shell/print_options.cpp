@@ -1,4 +1,4 @@
-#include "printing/print_options_dialog.h"
+#include "shell/print_options.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 // The print options' procedure: fills the form from the settings and shows it; the form's OK
 // applies and saves the options.
-#include "printing/print_options_model.h"
+#include "models/print_options_model.h"
 
 namespace hlyd {
 
