@@ -22,6 +22,7 @@
 #include "shell/window_display.h"
 #include "shell/window_part.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd::test {
 namespace {
@@ -411,10 +412,11 @@ TEST_F(CommandLineRunTest, EveryMemberOfAProjectOfManyLinesPrintsAndTheDialogSay
     currentSession().renew();
     BabInitFrom(keywordFilePath());
     std::size_t offered = 0;
-    setProjectFileView([&offered](ProjectFileModel& m) {
+    test::TestViews views;
+    views.projectFile = [&offered](ProjectFileModel& m) {
         for (int n = 1; n <= m.Outline.NodeCount(); ++n) offered += m.Outline.Node(n).IsFile ? 1 : 0;
         return false;
-    });
+    };
     PFParseFile({cFileDesc{vbp, kFileProject, true, 0, 0}});
     EXPECT_EQ(offered, 100u);  // lines 1 to 999
     EXPECT_EQ(mainWindow().lblStatus, vbp + ": the Project File dialog lists the first 999 of its 2000 lines; "
@@ -428,7 +430,8 @@ TEST_F(CommandLineRunTest, MembersNotFoundStandInTheWindowsStatus) {
                             "Module=There; There.bas\r\nModule=A; A.bas\r\nModule=B; B.bas\r\n"
                             "Module=C; C.bas\r\nModule=D; D.bas\r\n");
     BabInitFrom(keywordFilePath());
-    setProjectFileView([](ProjectFileModel& m) { return cmdOK_Click(m); });
+    test::TestViews views;
+    views.projectFile = [](ProjectFileModel& m) { return cmdOK_Click(m); };
     PFParseFile({cFileDesc{vbp, kFileProject, true, 0, 0}});
     EXPECT_EQ(mainWindow().lblStatus, vbp + ": 4 members were not found and left out (A.bas, B.bas, C.bas, ...)");
     resetProjectFileDialog();

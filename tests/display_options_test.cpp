@@ -17,6 +17,7 @@
 #include "models/display_options_fonts.h"
 #include "models/display_options_rules.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd {
 namespace {
@@ -36,10 +37,6 @@ protected:
         setUi(&beeping);
         fillDisplayOptions(m);
     }
-    void TearDown() override {
-        setDisplayOptionsView(nullptr);
-        test::SurfaceTest::TearDown();
-    }
     std::string ini() const {
         std::ifstream in(dir + "/HLYD.INI");
         std::stringstream text;
@@ -52,6 +49,7 @@ protected:
         return texts;
     }
     BeepCountingUi beeping;
+    test::TestViews views;
     DisplayOptionsModel m;
 };
 
@@ -123,7 +121,7 @@ TEST_F(DisplayOptionsTest, FontsTheScreenLacksAreRefused) {
 }
 
 TEST_F(DisplayOptionsTest, OkWritesTheSettingsFileAndTheRecords) {
-    setDisplayOptionsView([](DisplayOptionsModel& d) {
+    views.displayOptions = [](DisplayOptionsModel& d) {
         d.txtUser[0] = "Ada";
         d.txtTabWidth = "x";
         EXPECT_FALSE(cmdOk_Click(d));
@@ -135,7 +133,7 @@ TEST_F(DisplayOptionsTest, OkWritesTheSettingsFileAndTheRecords) {
         setElementColour(d, kElemLiterals, true, 255);
         EXPECT_TRUE(setElementFont(d, kElemLiterals, {"Arial", 11, false, true}));
         EXPECT_TRUE(cmdOk_Click(d));
-    });
+    };
     mnuOptionsDisplay_Click();
 
     std::string text = ini();
@@ -170,25 +168,25 @@ TEST_F(DisplayOptionsTest, OkChecksTheFontsAndDrawsTheViewAnew) {
 
 TEST_F(DisplayOptionsTest, NothingUnacceptedReachesTheSettingsFile) {
     const std::string before = ini();
-    setDisplayOptionsView([this](DisplayOptionsModel& d) {
+    views.displayOptions = [this](DisplayOptionsModel& d) {
         d.txtUser[1] = "Initech";
         d.changed = true;
         beeping.answers = {MsgAnswer::Cancel, MsgAnswer::No};
         EXPECT_FALSE(Form_QueryUnload(d));  // stays open
         EXPECT_TRUE(Form_QueryUnload(d));   // closes, the edits dropped
-    });
+    };
     mnuOptionsDisplay_Click();
     EXPECT_EQ(messagesShown(), (Strings{"Do You Want to Save Your Options?", "Do You Want to Save Your Options?"}));
     EXPECT_EQ(beeping.shown.front().title, "Save Options");
     EXPECT_EQ(ini(), before);
     EXPECT_EQ(hlydSettings().UserCompany, "");
 
-    setDisplayOptionsView([this](DisplayOptionsModel& d) {
+    views.displayOptions = [this](DisplayOptionsModel& d) {
         d.txtUser[1] = "Initech";
         d.changed = true;
         beeping.answers = {MsgAnswer::Yes};
         EXPECT_TRUE(Form_QueryUnload(d));
-    });
+    };
     mnuOptionsDisplay_Click();
     EXPECT_NE(ini().find("User Company=Initech\n"), std::string::npos);
 }

@@ -12,6 +12,7 @@
 #include "files/project_file.h"
 #include "settings/settings_store.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd {
 namespace {
@@ -261,7 +262,8 @@ TEST_F(FileSelectionTest, CancelAtAnyStepKeepsWhatIsOpen) {
     expectFirstStillOpen("check of the file");
 
     ui.openAnswers.push_back(std::vector<std::string>{second});
-    setProjectFileView([](ProjectFileModel&) { return false; });  // the user cancels the choice
+    test::TestViews views;
+    views.projectFile = [](ProjectFileModel&) { return false; };  // the user cancels the choice
     GetFilesToProcess(0);
     expectFirstStillOpen("choice of members");
 

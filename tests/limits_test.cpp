@@ -21,6 +21,7 @@
 #include "settings/attributes.h"
 #include "shell/print_commands.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd::test {
 namespace {
@@ -97,14 +98,14 @@ TEST_F(ManyProceduresTest, TheViewTheHtmlAndTheSelectionReachTheLastProcedure) {
     std::string document = readAll(dir + "/many.html");
     EXPECT_NE(document.find("<a name=\"P" + std::to_string(kProcs) + "\">"), std::string::npos);
 
-    setSelectProcView([](SelectProcModel& m) {
+    test::TestViews views;
+    views.selectProc = [](SelectProcModel& m) {
         cmdAll_Click(m);
         return true;
-    });
+    };
     PrintDialogModel dialog;
     EXPECT_EQ(HlydHLYDPrintSelectProc(dialog, false), kProcs);
     EXPECT_EQ(dialog.lblProcs, "Entire file selected.");
-    setSelectProcView(nullptr);
 }
 
 // Nesting thousands deep: the indentation and the connector levels drawn are capped, so that what

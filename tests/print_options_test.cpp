@@ -7,11 +7,11 @@
 #include <string>
 
 #include "base/app_info.h"
-#include "printing/print_options_checks.h"
-#include "printing/print_options_dialog.h"
-#include "printing/print_options_fonts.h"
-#include "printing/print_options_macros.h"
-#include "printing/print_options_model.h"
+#include "models/print_options_checks.h"
+#include "shell/print_options.h"
+#include "models/print_options_fonts.h"
+#include "models/print_options_macros.h"
+#include "models/print_options_model.h"
 #include "printing/print_state.h"
 #include "printing/printer_start.h"
 #include "printing/printer_systems.h"

@@ -28,6 +28,7 @@
 #include "shell/print_commands.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "test_views.h"
 #include "files/command_ids.h"
 
 namespace hlyd {
@@ -98,10 +99,10 @@ protected:
     }
     // The print command with a dialog whose user does `act` and then presses OK once.
     void printWith(const std::function<void(PrintDialogModel&)>& act) {
-        setPrintDialogView([act](PrintDialogModel& m) {
+        views.printDialog = [act](PrintDialogModel& m) {
             act(m);
             return cmdOK_Click(m);
-        });
+        };
         events.clear();
         HlydPRProcessPrintRequest();
     }
@@ -119,6 +120,7 @@ protected:
     }
 
     std::unique_ptr<FileRecorderSystem> recorders;
+    test::TestViews views;
     std::vector<PrintEvent> events;
     JobLog jobs;
 };
@@ -180,12 +182,12 @@ TEST_F(PrintRequestTest, NewerFilesWithNothingChangedRefuseOkAndPrintNothing) {
     showSource("two.bas", procedures(1, 1));
     markAllPrinted();
     int refusals = 0;
-    setPrintDialogView([&refusals](PrintDialogModel& m) {
+    views.printDialog = [&refusals](PrintDialogModel& m) {
         m.chkAll[1] = true;
         chkAll_Click(m, 1);
         refusals += cmdOK_Click(m) ? 0 : 1;
         return false;  // the user gives up
-    });
+    };
     events.clear();
     HlydPRProcessPrintRequest();
     EXPECT_EQ(refusals, 1);
@@ -254,9 +256,9 @@ TEST_F(PrintRequestTest, CancelBetweenTwoFilesLeavesNoOpenDocument) {
     showSource("two.bas", procedures(1, 3));
     HlydFLProcessSelectedFile(1);
     std::string second = oFile().Item(2).FileName;
-    setPrintStatusView([second](const std::string& text) {
+    views.statusChanged = [second](const std::string& text) {
         if (text.rfind(second, 0) == 0) cmdCancel_Click();
-    });
+    };
     printWith([](PrintDialogModel& m) {
         m.chkAll[0] = true;
         chkAll_Click(m, 0);
@@ -277,12 +279,12 @@ TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStoppe
     std::vector<bool> enabledDuring;
     std::vector<bool> statusShown;
     ui.answers = {MsgAnswer::Yes};
-    setPrintStatusView([&](const std::string&) {
+    views.statusChanged = [&](const std::string&) {
         enabledDuring.push_back(mainWindow().controlsEnabled);
         statusShown.push_back(printStatusDialog().visible);
         if (enabledDuring.size() == 1) stopPrinting();
-    });
-    setPrintDialogView([](PrintDialogModel& m) { return cmdOK_Click(m); });
+    };
+    views.printDialog = [](PrintDialogModel& m) { return cmdOK_Click(m); };
     mnuFilPrint_Click();
     ASSERT_FALSE(enabledDuring.empty());
     EXPECT_FALSE(enabledDuring.front());
@@ -300,10 +302,10 @@ TEST_F(PrintRequestTest, TheWindowIsFencedDuringTheRunAndOpenAfterEvenWhenStoppe
 TEST_F(PrintRequestTest, AConfirmedStopKeepsThePagesPrintedBeforeIt) {
     showSource("one.bas", procedures(1, 200));
     ui.answers = {MsgAnswer::Yes};
-    setPrintStatusView([](const std::string& text) {
+    views.statusChanged = [](const std::string& text) {
         if (text.rfind("Now Printing Page 3", 0) == 0) stopPrinting();
-    });
-    setPrintDialogView([](PrintDialogModel& m) { return cmdOK_Click(m); });
+    };
+    views.printDialog = [](PrintDialogModel& m) { return cmdOK_Click(m); };
     events.clear();
     mnuFilPrint_Click();
     EXPECT_EQ(jobs.kept, std::vector<bool>{true});
@@ -320,14 +322,14 @@ TEST_F(PrintRequestTest, AConfirmedStopKeepsThePagesPrintedBeforeIt) {
 
 TEST_F(PrintRequestTest, SelectedProceduresAloneArePrinted) {
     showSource("one.bas", procedures(3, 1));
-    setSelectProcView([](SelectProcModel& m) {
+    views.selectProc = [](SelectProcModel& m) {
         EXPECT_EQ(m.Caption, "Select Procs to Print");
         EXPECT_EQ(m.lblProc, "Procedures");
         cmdAll_Click(m);
         cmdNone_Click(m);
         m.selected[std::find(m.lstProc.begin(), m.lstProc.end(), "P2") - m.lstProc.begin()] = true;
         return true;
-    });
+    };
     std::string line;
     printWith([&line](PrintDialogModel& m) {
         optSelectedProcedures_Click(m, kSelectProcedures);
@@ -356,12 +358,12 @@ TEST_F(PrintRequestTest, PrintThisProcedurePrintsTheProcedureShown) {
 TEST_F(PrintRequestTest, SelectedFilesAreTheOnlyOnesPrinted) {
     showSource("one.bas", procedures(1, 1));
     showSource("two.bas", "Sub Q()\nY = 1\nEnd Sub\n");
-    setSelectProcView([](SelectProcModel& m) {
+    views.selectProc = [](SelectProcModel& m) {
         EXPECT_EQ(m.Caption, "Select Files to Print");
         EXPECT_EQ(m.lblProc, "Files");
         m.selected = {false, true};
         return true;
-    });
+    };
     std::string line;
     printWith([&line](PrintDialogModel& m) {
         optSelectedProcedures_Click(m, kSelectFiles);

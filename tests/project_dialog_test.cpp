@@ -13,6 +13,7 @@
 #include "settings/profile_file.h"
 #include "settings/settings_store.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd {
 namespace {
@@ -26,7 +27,7 @@ protected:
         src_ = fs::path(dir) / "src";
         hlydSettings().SaveHYFile = (fs::path(dir) / "history.tmr").string();
         // The user's part: whatever `act` does, then OK until it is accepted or `act` says Cancel.
-        setProjectFileView([this](ProjectFileModel& m) {
+        views.projectFile = [this](ProjectFileModel& m) {
             ++shown;
             for (;;) {
                 if (act && !act(m)) return false;
@@ -36,7 +37,7 @@ protected:
                 }
                 if (++refusals > 3) return false;
             }
-        });
+        };
     }
 
     std::string write(const std::string& relative, const std::string& text) {
@@ -83,6 +84,7 @@ protected:
     std::optional<ProjectFileModel> accepted;
     int shown = 0;
     int refusals = 0;
+    test::TestViews views;
 };
 
 TEST_F(ProjectDialogTest, TreeOfAProjectWithAMissingMember) {
@@ -219,7 +221,7 @@ TEST_F(ProjectDialogTest, OkWithNothingCheckedStaysUntilAMemberIsChecked) {
     EXPECT_EQ(tableNames(), (std::vector<std::string>{"Sample.vbp", "Shape.cls"}));
 
     // Members that are all binary: without a window nothing can be chosen, which is said.
-    setProjectFileView(nullptr);
+    views.projectFile = nullptr;
     resetFileTable();
     ui.shown.clear();
     write("bin/Old.frm", std::string("VERSION 2.00\0\0\0 Begin Form Old\n", 32));

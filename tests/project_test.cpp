@@ -12,6 +12,7 @@
 #include "files/project_listing.h"
 #include "platform/os.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd {
 namespace {
@@ -58,7 +59,7 @@ protected:
     void SetUp() override {
         ProgramTest::SetUp();
         setUi(&chooser);
-        setProjectFileView([this](ProjectFileModel& m) { return chooser.choose(m); });
+        views.projectFile = [this](ProjectFileModel& m) { return chooser.choose(m); };
         dir_ = fs::path(dir) / "src";
     }
 
@@ -84,6 +85,7 @@ protected:
     }
 
     ChooserUi chooser;
+    test::TestViews views;
     fs::path dir_;
 };
 

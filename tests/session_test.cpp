@@ -1,20 +1,25 @@
 // Each Session keeps its own state: what one run loads and sets, another run never sees, and a
 // renewed Session starts from nothing while what was held into it stays valid.
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "analysis/basiclan_state.h"
 #include "base/c_debug.h"
+#include "base/message_box.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "platform/session.h"
 #include "printing/contents.h"
+#include "printing/print_status.h"
+#include "printing/printer_start.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
 #include "shell/app_start.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd::test {
 namespace {
@@ -99,6 +104,59 @@ TEST_F(SessionTest, ARenewedSessionStartsFromNothingWhereItStands) {
     EXPECT_EQ(hlydMain().StartMode, 0);
     EXPECT_EQ(localeTexts().DecimalSeparator, ".");
     EXPECT_EQ(TOC().size(), 1u);
+}
+
+// The ports and views of one Session are never asked from another; a view installed for a while
+// goes back to what its own Session had, whichever is current then. A reset keeps what the run
+// was given, but not the printer in force, which went with the printing part that opened it.
+TEST_F(SessionTest, EachSessionAsksItsOwnPortsAndViews) {
+    Session first, second;
+    ScriptedUi firstUi, secondUi;
+    FixedClock secondClock;
+    secondClock.moment = 42;
+    std::vector<std::string> firstTold, secondTold;
+    std::optional<TestViews> firstViews, secondViews;
+    {
+        SessionScope scope(first);
+        setUi(&firstUi);
+        setPrinterSystem(&printers);
+        firstViews.emplace().statusChanged = [&firstTold](const std::string& text) { firstTold.push_back(text); };
+    }
+    {
+        SessionScope scope(second);
+        setUi(&secondUi);
+        setClock(&secondClock);
+        secondViews.emplace().statusChanged = [&secondTold](const std::string& text) { secondTold.push_back(text); };
+        showPrintStatus("second's page");
+        showMessage("second's message", "Halyard");
+        EXPECT_EQ(theClock().now(), 42);
+        EXPECT_EQ(printerSystem(), nullptr);
+    }
+    {
+        SessionScope scope(first);
+        showPrintStatus("first's page");
+        showMessage("first's message", "Halyard");
+        EXPECT_NE(theClock().now(), 42);
+        InitPrinter();
+        ASSERT_NE(currentPrinter(), nullptr);
+        first.renew();
+        EXPECT_EQ(currentPrinter(), nullptr);
+        EXPECT_EQ(printerSurface(), nullptr);
+        EXPECT_EQ(&theUi(), &firstUi);
+        EXPECT_EQ(printerSystem(), &printers);
+    }
+    EXPECT_EQ(firstTold, std::vector<std::string>{"first's page"});
+    EXPECT_EQ(secondTold, std::vector<std::string>{"second's page"});
+    ASSERT_FALSE(firstUi.shown.empty());  // the start of the printer may have told more
+    EXPECT_EQ(firstUi.shown[0].text, "first's message");
+    ASSERT_EQ(secondUi.shown.size(), 1u);
+    EXPECT_EQ(secondUi.shown[0].text, "second's message");
+
+    SessionScope scope(second);
+    firstViews.reset();
+    EXPECT_EQ(&theViews(), &*secondViews);
+    SessionScope back(first);
+    EXPECT_EQ(&theViews(), &windowlessViews());
 }
 
 }  // namespace

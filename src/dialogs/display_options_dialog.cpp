@@ -492,12 +492,9 @@ private:
 
 }  // namespace
 
-void installDisplayOptionsDialog(QWidget* parent) {
-    QPointer<QWidget> owner(parent);
-    setDisplayOptionsView([owner](DisplayOptionsModel& m) {
-        DisplayOptionsForm form(owner, m);
-        form.exec();
-    });
+void showDisplayOptionsForm(QWidget* parent, DisplayOptionsModel& m) {
+    DisplayOptionsForm form(parent, m);
+    form.exec();
 }
 
 }  // namespace hlyd

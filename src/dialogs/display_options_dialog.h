@@ -5,7 +5,9 @@ class QWidget;
 
 namespace hlyd {
 
-// Makes the form the view of the Display Options command, over `parent`.
-void installDisplayOptionsDialog(QWidget* parent);
+struct DisplayOptionsModel;
+
+// The form shown modally over `parent`, until it closes.
+void showDisplayOptionsForm(QWidget* parent, DisplayOptionsModel& m);
 
 }  // namespace hlyd

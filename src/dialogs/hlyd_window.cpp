@@ -15,11 +15,8 @@
 #include "dialogs/help_key.h"
 #include "dialogs/input_blocker.h"
 #include "dialogs/pic_show.h"
-#include "dialogs/display_options_dialog.h"
-#include "dialogs/print_dialogs.h"
-#include "dialogs/project_file_dialog.h"
-#include "dialogs/print_options_dialog.h"
 #include "dialogs/view_hooks.h"
+#include "dialogs/window_views.h"
 #include "display/screen_emitter.h"
 #include "display/viewing.h"
 #include "display/wheel_scroll.h"
@@ -37,10 +34,6 @@ namespace hlyd {
 namespace {
 
 HlydWindow* presentingWindow = nullptr;
-
-void presentOnWindow() {
-    if (presentingWindow) presentingWindow->presentView();
-}
 
 // The scroll bar, the status labels and the procedure list sit in the classic places.
 constexpr int kStatusMinimumWidth = 120;
@@ -64,19 +57,13 @@ HlydWindow::HlydWindow(QWidget* parent) : QMainWindow(parent), picDisplay_(std::
     buildToolBar();
     buildPopupMenu();
     presentingWindow = this;
-    setPresentView(&presentOnWindow);
     bindModelHooks();
-    installPrintDialogs(this);
-    installProjectFileDialog(this);
-    installDisplayOptionsDialog(this);
-    installPrintOptionsDialog(this);
+    views_ = std::make_unique<WindowViews>(*this);
+    viewsInForce_ = std::make_unique<ViewsScope>(*views_);
 }
 
 HlydWindow::~HlydWindow() {
-    if (presentingWindow == this) {
-        presentingWindow = nullptr;
-        setPresentView(nullptr);
-    }
+    if (presentingWindow == this) presentingWindow = nullptr;
 }
 
 void HlydWindow::buildView() {

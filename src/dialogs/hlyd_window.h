@@ -25,6 +25,8 @@ class FindHits;
 class ImageSurface;
 class InputBlocker;
 class PicShow;
+class ViewsScope;
+class WindowViews;
 
 class HlydWindow : public QMainWindow {
     Q_OBJECT
@@ -109,6 +111,8 @@ private:
     void refreshHighlights();
 
     std::unique_ptr<ImageSurface> picDisplay_;
+    std::unique_ptr<WindowViews> views_;
+    std::unique_ptr<ViewsScope> viewsInForce_;  // goes before the views it installed
     PicShow* picShow_ = nullptr;
     QScrollBar* vsbDisplay_ = nullptr;
     QComboBox* cboProc_ = nullptr;

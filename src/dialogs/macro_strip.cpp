@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
-#include "printing/print_options_macros.h"
+#include "models/print_options_macros.h"
 
 namespace hlyd {
 

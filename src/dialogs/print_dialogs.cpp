@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
@@ -21,7 +20,7 @@
 #include "dialogs/form_parts.h"
 #include "platform/qt/qt_text.h"
 #include "printing/print_dialog.h"
-#include "printing/print_options_dialog.h"
+#include "shell/print_options.h"
 #include "printing/print_request.h"
 #include "printing/print_status.h"
 #include "printing/printer_start.h"
@@ -222,6 +221,8 @@ private:
     std::map<std::string, QLineEdit*> fields_;
 };
 
+}  // namespace
+
 // HLYDSelectProc: a list that keeps filling the form, and All, None, OK, Cancel.
 bool showSelectForm(QWidget* parent, SelectProcModel& m) {
     QDialog form(parent);
@@ -260,6 +261,8 @@ bool showSelectForm(QWidget* parent, SelectProcModel& m) {
     for (int i = 0; i < list->count(); ++i) m.selected[static_cast<std::size_t>(i)] = list->item(i)->isSelected();
     return true;
 }
+
+namespace {
 
 // HLYDPrintStatus: closing it by the window's menu is a Cancel.
 class StatusForm : public QDialog {
@@ -333,23 +336,18 @@ private:
 
 }  // namespace
 
-void installPrintDialogs(QWidget* parent) {
-    QPointer<QWidget> owner(parent);
-    setPrintDialogView([owner](PrintDialogModel& m) {
-        PrintForm form(owner, m);
-        return form.exec() == QDialog::Accepted;
-    });
-    setSelectProcView([owner](SelectProcModel& m) { return showSelectForm(owner, m); });
-    auto* status = new StatusForm(parent);
-    QPointer<StatusForm> statusForm(status);
-    setPrintStatusShown([statusForm](bool shown) {
-        if (!statusForm) return;
-        statusForm->showModel();
-        statusForm->setVisible(shown);
-    });
-    setPrintStatusView([statusForm](const std::string&) {
-        if (statusForm) statusForm->showModel();
-    });
+bool showPrintForm(QWidget* parent, PrintDialogModel& m) {
+    PrintForm form(parent, m);
+    return form.exec() == QDialog::Accepted;
+}
+
+QDialog* makePrintStatusForm(QWidget* parent) { return new StatusForm(parent); }
+
+void refreshPrintStatusForm(QDialog& form) { static_cast<StatusForm&>(form).showModel(); }
+
+void setPrintStatusFormShown(QDialog& form, bool shown) {
+    refreshPrintStatusForm(form);
+    form.setVisible(shown);
 }
 
 }  // namespace hlyd

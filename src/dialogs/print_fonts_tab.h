@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <array>
 
-#include "printing/print_options_model.h"
+#include "models/print_options_model.h"
 
 class QComboBox;
 class QDoubleSpinBox;

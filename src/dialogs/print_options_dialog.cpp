@@ -8,7 +8,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
@@ -23,9 +22,9 @@
 #include "dialogs/macro_strip.h"
 #include "dialogs/print_fonts_tab.h"
 #include "platform/qt/qt_text.h"
-#include "printing/print_options_checks.h"
-#include "printing/print_options_dialog.h"
-#include "printing/print_options_macros.h"
+#include "models/print_options_checks.h"
+#include "shell/print_options.h"
+#include "models/print_options_macros.h"
 
 namespace hlyd {
 
@@ -328,13 +327,10 @@ private:
 
 }  // namespace
 
-void installPrintOptionsDialog(QWidget* parent) {
-    QPointer<QWidget> owner(parent);
-    setPrintOptionsView([owner](PrintOptionsModel& m) {
-        PrintOptionsForm form(owner, m);
-        fitAndCentre(form, owner);
-        return form.exec() == QDialog::Accepted;
-    });
+bool showPrintOptionsForm(QWidget* parent, PrintOptionsModel& m) {
+    PrintOptionsForm form(parent, m);
+    fitAndCentre(form, parent);
+    return form.exec() == QDialog::Accepted;
 }
 
 }  // namespace hlyd

@@ -5,7 +5,9 @@ class QWidget;
 
 namespace hlyd {
 
-// Makes the form the one the print options command shows, over `parent`.
-void installPrintOptionsDialog(QWidget* parent);
+struct PrintOptionsModel;
+
+// The form shown modally over `parent`, fitted to the screen; true when its OK let it close.
+bool showPrintOptionsForm(QWidget* parent, PrintOptionsModel& m);
 
 }  // namespace hlyd

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPainter>
-#include <QPointer>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -227,14 +226,11 @@ private:
 
 }  // namespace
 
-void installProjectFileDialog(QWidget* parent) {
-    QPointer<QWidget> owner(parent);
-    setProjectFileView([owner](ProjectFileModel& m) {
-        // A file printed from the command line runs without forms: every member, as listed.
-        if (hlydMain().StartMode == kStartCommandLineFile) return cmdOK_Click(m);
-        ProjectFileForm form(owner, m);
-        return form.exec() == QDialog::Accepted;
-    });
+bool showProjectFileForm(QWidget* parent, ProjectFileModel& m) {
+    // A file printed from the command line runs without forms: every member, as listed.
+    if (hlydMain().StartMode == kStartCommandLineFile) return cmdOK_Click(m);
+    ProjectFileForm form(parent, m);
+    return form.exec() == QDialog::Accepted;
 }
 
 }  // namespace hlyd

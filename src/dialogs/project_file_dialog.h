@@ -6,7 +6,9 @@ class QWidget;
 
 namespace hlyd {
 
-// Makes the form the choice of a project's members, over `parent`.
-void installProjectFileDialog(QWidget* parent);
+struct ProjectFileModel;
+
+// The form shown modally over `parent`; true when its OK let it close.
+bool showProjectFileForm(QWidget* parent, ProjectFileModel& m);
 
 }  // namespace hlyd

@@ -15,6 +15,7 @@
 #include "files/project_file.h"
 #include "platform/surface.h"
 #include "platform/ui.h"
+#include "platform/views.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
@@ -22,7 +23,6 @@ namespace hlyd {
 namespace {
 
 EmitterState& state() { return displayState().emitter; }
-void (*presentView)() = nullptr;
 
 constexpr float kProjectIndent = 40;
 constexpr std::int32_t kScrollLimit = 32767;
@@ -310,7 +310,7 @@ void ScreenEmission::scrollBarAndList() {
 
 void ScreenEmission::finish() {
     mainWindow().lblRecord = "Line: " + std::to_string(state().FirstRecord);
-    if (presentView) presentView();
+    theViews().present();
     mainWindow().enableControls();
     state().Active = false;
     theUi().setBusy(false);
@@ -357,7 +357,6 @@ bool recordOnScreen(std::int32_t record) {
              displayAttributes().Format[kDisplay].SkipAttributes);
 }
 void resetEmitterState() { state() = EmitterState{}; }
-void setPresentView(void (*present)()) { presentView = present; }
 
 void HlydDSEmitRequestedData(std::int32_t& record) {
     Surface* surface = displaySurface();

@@ -30,7 +30,4 @@ void HlydDSEmitRequestedData(std::int32_t& record);
 // a search and a copy pass over those it does not.
 bool recordOnScreen(std::int32_t record);
 
-// The window layer: the finished hidden picture becomes the visible one.
-void setPresentView(void (*present)());
-
 }  // namespace hlyd

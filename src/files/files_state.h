@@ -22,7 +22,6 @@ struct CutReports;
 struct FilesState {
     FileTableModule fileTable;
     std::unique_ptr<cProjectFiles> projects = std::make_unique<cProjectFiles>();
-    ProjectFileView projectFileView;
     std::optional<ProjectFileModel> projectFileForm;  // the open project's, kept
     bool resourcesOpen = false;  // every open entry is a resource file: the next selection starts afresh
     NavigationState navigation;

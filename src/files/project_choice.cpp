@@ -7,12 +7,12 @@
 #include "files/cut_reports.h"
 #include "files/files_state.h"
 #include "files/project_file.h"
+#include "platform/views.h"
 
 namespace hlyd {
 
 namespace {
 
-ProjectFileView& dialogView() { return filesState().projectFileView; }
 std::optional<ProjectFileModel>& loadedForm() { return filesState().projectFileForm; }
 
 void logChosen(const FileCollection& chosen) {
@@ -32,8 +32,8 @@ bool acceptChoice(ProjectFileModel& m, bool anyMember) {
     return false;
 }
 
-// The dialog's tree holds the first lines of a project only; the user hears which projects
-// list members it cannot offer.
+// The dialog's tree holds the first lines of a project only; the user who saw it hears which
+// projects list members it could not offer.
 void tellLinesBeyondTheTree() {
     cProjectFiles& projects = oProjectFiles();
     for (int p = 1; p <= projects.Count(); ++p) {
@@ -58,9 +58,10 @@ bool chooseWithoutWindow(ProjectFileModel& m) {
 }
 
 bool runForm(ProjectFileModel& m) {
-    if (!dialogView()) return chooseWithoutWindow(m);
+    std::optional<bool> accepted = theViews().showProjectFile(m);
+    if (!accepted) return chooseWithoutWindow(m);
     tellLinesBeyondTheTree();
-    return dialogView()(m);
+    return *accepted;
 }
 
 }  // namespace
@@ -72,8 +73,6 @@ bool cmdOK_Click(ProjectFileModel& m) {
     m.Chosen.Clear();
     return acceptChoice(m, m.Outline.GetSelected(oProjectFiles(), m.Chosen));
 }
-
-void setProjectFileView(ProjectFileView view) { dialogView() = std::move(view); }
 
 std::optional<ProjectFileModel> chooseProjectMembers(const std::string& caption) {
     ProjectFileModel m;
@@ -98,9 +97,6 @@ std::optional<FileCollection> showProjectFileFormAgain() {
     return loadedForm()->Chosen;
 }
 
-void resetProjectFileDialog() {
-    dialogView() = nullptr;
-    loadedForm().reset();
-}
+void resetProjectFileDialog() { loadedForm().reset(); }
 
 }  // namespace hlyd

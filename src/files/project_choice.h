@@ -2,7 +2,6 @@
 // The Project File dialog's procedure: the tree and dates of the listing just read, shown to the
 // user, and OK turning the checked members into entries of the file table. The form stays loaded
 // while the project is open, so that the Window menu can show it again with its marks.
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -27,13 +26,9 @@ ProjectPanel panelOf(ProjectFileModel& m, int node);
 // Otherwise the user is told that nothing can go on, and the dialog stays.
 bool cmdOK_Click(ProjectFileModel& m);
 
-// The window shows the form modally, passes the clicks to the model, and returns true when
-// cmdOK_Click let it close; false on Cancel.
-using ProjectFileView = std::function<bool(ProjectFileModel& m)>;
-void setProjectFileView(ProjectFileView view);
-
 // A new form for the listing in oProjectFiles, shown; the accepted form, or nothing on Cancel.
-// Without a window the tree is taken as it comes, OK pressed once.
+// The window shows the form modally and passes the clicks to the model. Without a window the tree
+// is taken as it comes, OK pressed once.
 std::optional<ProjectFileModel> chooseProjectMembers(const std::string& caption);
 
 // The form that the open project's listing keeps, and its unloading when the files close.
@@ -45,7 +40,7 @@ void unloadProjectFileForm();
 // were, which are always those of the open files. The chosen entries, or nothing on Cancel.
 std::optional<FileCollection> showProjectFileFormAgain();
 
-// Tests: no view, no form.
+// Tests: no form.
 void resetProjectFileDialog();
 
 }  // namespace hlyd

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <ctime>
 
+#include "platform/session.h"
+
 namespace hlyd {
 
 class Clock {
@@ -12,8 +14,11 @@ public:
     virtual std::int64_t ticksMs() const = 0;  // a monotonic millisecond counter
 };
 
-Clock& theClock();
+// The clock of the Session in force.
+inline Clock& theClock() { return *currentSession().ports.clock; }
 void setClock(Clock* clock);  // nullptr restores the system clock
+// The clock of every Session that was given none.
+Clock& systemClock();
 
 // Broken-down local time of a moment, safe for one thread.
 std::tm localTime(std::time_t t);

@@ -35,12 +35,11 @@ MsgAnswer ConsoleUi::messageBox(const MessageBoxRequest& request) {
 
 void Ui::errorReport(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
 
-namespace {
-ConsoleUi consoleUi;
-Ui* currentUi = &consoleUi;
-}  // namespace
+ConsoleUi& sharedConsoleUi() {
+    static ConsoleUi console;
+    return console;
+}
 
-Ui& theUi() { return *currentUi; }
-void setUi(Ui* ui) { currentUi = ui ? ui : &consoleUi; }
+void setUi(Ui* ui) { currentSession().ports.ui = ui ? ui : &sharedConsoleUi(); }
 
 }  // namespace hlyd

@@ -22,4 +22,7 @@ public:
     std::optional<std::string> saveAs;
 };
 
+// The Ui of every Session that was given none. It keeps nothing of a run.
+ConsoleUi& sharedConsoleUi();
+
 }  // namespace hlyd

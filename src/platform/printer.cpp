@@ -2,18 +2,11 @@
 
 namespace hlyd {
 
-namespace {
-Printer* current = nullptr;
-PrinterSystem* system = nullptr;
-}  // namespace
-
-Printer* currentPrinter() { return current; }
 void setCurrentPrinter(Printer* printer) {
-    current = printer;
+    currentSession().ports.printer = printer;
     setPrinterSurface(printer);
 }
 
-PrinterSystem* printerSystem() { return system; }
-void setPrinterSystem(PrinterSystem* printers) { system = printers; }
+void setPrinterSystem(PrinterSystem* printers) { currentSession().ports.printers = printers; }
 
 }  // namespace hlyd

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/session.h"
 #include "platform/surface.h"
 
 namespace hlyd {
@@ -99,10 +100,10 @@ public:
 
 // The printer in force, also installed as the printer surface; none until the start or a test
 // installs one. The caller keeps ownership.
-Printer* currentPrinter();
+inline Printer* currentPrinter() { return currentSession().ports.printer; }
 void setCurrentPrinter(Printer* printer);
 
-PrinterSystem* printerSystem();
+inline PrinterSystem* printerSystem() { return currentSession().ports.printers; }
 void setPrinterSystem(PrinterSystem* system);
 
 }  // namespace hlyd

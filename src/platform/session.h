@@ -8,6 +8,8 @@
 // runs upward. The shell puts the parts together (shell/session.cpp).
 #include <memory>
 
+#include "platform/ports.h"
+
 namespace hlyd {
 
 // What a layer does with its part of the Session, where the part's type is whole: a layer's
@@ -63,8 +65,12 @@ struct Session {
     Session& operator=(const Session&) = delete;
 
     // Builds every part afresh where it stands: a reference to a part, or to anything a part holds
-    // by value, stays valid and sees the fresh state.
+    // by value, stays valid and sees the fresh state. The ports stay as they were put in, except
+    // the printer in force, which a part owns.
     void renew();
+
+    // Declared first, so that they outlast the parts, which may still use them as they go.
+    Ports ports;
 
     // From the ground up, and built in this order: a part may read a lower one as it starts.
     SessionPart<BaseState> base;

@@ -2,11 +2,6 @@
 
 namespace hlyd {
 
-namespace {
-Surface* display = nullptr;
-Surface* printer = nullptr;
-}  // namespace
-
 int measuredLines(std::string_view text) {
     int lines = 1;
     for (std::size_t at = text.find("\r\n"); at != std::string_view::npos; at = text.find("\r\n", at + 2)) ++lines;
@@ -25,10 +20,7 @@ void Surface::setTextStyle(const TextStyle& style) {
     if (fontUnderline() != style.underline) setFontUnderline(style.underline);
 }
 
-Surface* displaySurface() { return display; }
-void setDisplaySurface(Surface* surface) { display = surface; }
-Surface* printerSurface() { return printer; }
-void setPrinterSurface(Surface* surface) { printer = surface; }
-Surface* surfaceFor(Destination destination) { return destination == kPrint ? printer : display; }
+void setDisplaySurface(Surface* surface) { currentSession().ports.display = surface; }
+void setPrinterSurface(Surface* surface) { currentSession().ports.printerSurface = surface; }
 
 }  // namespace hlyd

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/destination.h"
+#include "platform/session.h"
 
 namespace hlyd {
 
@@ -90,15 +91,18 @@ public:
 int measuredLines(std::string_view text);
 
 // The hidden picture of the main window's view (picDisplay); none until the window layer or a
-// test installs one.
-Surface* displaySurface();
+// test installs one. Layout reads it for nearly every token, so it is one read of the Session.
+inline Surface* displaySurface() { return currentSession().ports.display; }
 void setDisplaySurface(Surface* surface);
 
 // The printer's page; none while nothing prints.
-Surface* printerSurface();
+inline Surface* printerSurface() { return currentSession().ports.printerSurface; }
 void setPrinterSurface(Surface* surface);
 
 // The surface of a destination: 1 the display, 2 the printer.
-Surface* surfaceFor(Destination destination);
+inline Surface* surfaceFor(Destination destination) {
+    const Ports& ports = currentSession().ports;
+    return destination == kPrint ? ports.printerSurface : ports.display;
+}
 
 }  // namespace hlyd

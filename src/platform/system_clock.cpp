@@ -13,12 +13,14 @@ public:
         return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
     }
 };
-SystemClock systemClock;
-Clock* currentClock = &systemClock;
 }  // namespace
 
-Clock& theClock() { return *currentClock; }
-void setClock(Clock* clock) { currentClock = clock ? clock : &systemClock; }
+Clock& systemClock() {
+    static SystemClock system;
+    return system;
+}
+
+void setClock(Clock* clock) { currentSession().ports.clock = clock ? clock : &systemClock(); }
 
 std::tm localTime(std::time_t t) {
     std::tm result{};

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/session.h"
+
 namespace hlyd {
 
 enum class MsgButtons { OK, OKCancel, AbortRetryIgnore, YesNoCancel, YesNo, RetryCancel };
@@ -91,8 +93,8 @@ public:
     virtual void setClipboardText([[maybe_unused]] const std::string& text) {}
 };
 
-// The port in force; a console implementation until the program installs another.
-Ui& theUi();
+// The port of the Session in force; a console implementation until the run installs another.
+inline Ui& theUi() { return *currentSession().ports.ui; }
 void setUi(Ui* ui);  // nullptr restores the console implementation
 
 }  // namespace hlyd

@@ -1,13 +1,12 @@
 #include "printing/print_dialog.h"
 
-#include <utility>
+#include <optional>
 
 #include "base/c_log.h"
 #include "files/file_table.h"
 #include "files/print_history.h"
-#include "printing/print_options_dialog.h"
+#include "platform/views.h"
 #include "printing/print_state.h"
-#include "printing/printing_state.h"
 #include "printing/select_proc.h"
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
@@ -15,8 +14,6 @@
 namespace hlyd {
 
 namespace {
-
-PrintDialogView& dialogView() { return printingState().printDialogView; }
 
 bool changedSincePrinted(const std::string& name) {
     try {
@@ -80,7 +77,7 @@ void logRequest(const PrintDialogRequest& r) {
 }
 
 bool showDialog(PrintDialogModel& m) {
-    if (dialogView()) return dialogView()(m);
+    if (std::optional<bool> accepted = theViews().showPrintDialog(m)) return *accepted;
     return cmdOK_Click(m);
 }
 
@@ -108,8 +105,6 @@ PrintDialogRequest requestFromSettings() {
     takeAllMembersOfShownProject(r);
     return r;
 }
-
-void setPrintDialogView(PrintDialogView view) { dialogView() = std::move(view); }
 
 bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request) {
     PrintDialogModel m;

@@ -2,7 +2,6 @@
 // The Print dialog's procedure: fills the form, shows it, and turns the user's choices into the
 // request that the print command runs.
 #include <cstdint>
-#include <functional>
 #include <string>
 
 #include "printing/print_dialog_model.h"
@@ -35,12 +34,8 @@ struct PrintDialogRequest {
 // The request as the settings stand, for a print without the dialog.
 PrintDialogRequest requestFromSettings();
 
-// The window shows the form modally, passes the user's clicks to the model's handlers, and
-// returns true when cmdOK_Click let the form close; false on Cancel.
-using PrintDialogView = std::function<bool(PrintDialogModel& m)>;
-void setPrintDialogView(PrintDialogView view);
-
-// False when the user cancels. Without a window the form is taken as filled, OK pressed once.
+// The window shows the form modally and passes the user's clicks to the model's handlers. False
+// when the user cancels. Without a window the form is taken as filled, OK pressed once.
 bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request);
 
 }  // namespace hlyd

@@ -1,7 +1,6 @@
 #pragma once
 // The print status dialog: the text it shows, its Cancel button, and the one place where the
 // window may take a Cancel click while pages are made.
-#include <functional>
 #include <string>
 
 namespace hlyd {
@@ -18,11 +17,8 @@ struct PrintStatusModel {
 
 PrintStatusModel& printStatusDialog();
 
-// The window's dialog listens here; without one the text only lands in the state.
-void setPrintStatusView(std::function<void(const std::string& text)> show);
-// Told when the dialog opens (true) and closes (false).
-void setPrintStatusShown(std::function<void(bool shown)> shown);
-// Shows the text and lets pending events in.
+// Shows the text and lets pending events in. The window's dialog hears of it through its views;
+// without one the text only lands in the state.
 void showPrintStatus(const std::string& text);
 
 void openPrintStatus();

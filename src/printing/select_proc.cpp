@@ -1,17 +1,14 @@
 #include "printing/select_proc.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "files/file_table.h"
+#include "platform/views.h"
 #include "printing/print_state.h"
-#include "printing/printing_state.h"
 
 namespace hlyd {
 
 namespace {
-
-SelectProcView& selectView() { return printingState().selectProcView; }
 
 void fillFiles(SelectProcModel& m) {
     m.Caption = "Select Files to Print";
@@ -63,14 +60,12 @@ const std::vector<std::pair<std::string, std::string>>& selectProcCaptions() {
 void cmdAll_Click(SelectProcModel& m) { std::fill(m.selected.begin(), m.selected.end(), true); }
 void cmdNone_Click(SelectProcModel& m) { std::fill(m.selected.begin(), m.selected.end(), false); }
 
-void setSelectProcView(SelectProcView view) { selectView() = std::move(view); }
-
 bool HlydHLYDSelectProcProcessDialog(bool files) {
     SelectProcModel m;
     m.files = files;
     if (files) fillFiles(m);
     else fillProcedures(m);
-    if (!selectView() || !selectView()(m)) return false;
+    if (!theViews().showSelectProc(m)) return false;
     writeBack(m);
     return true;
 }

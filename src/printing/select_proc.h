@@ -2,7 +2,6 @@
 // The selection dialog of the Print dialog (HLYDSelectProc): the files of the table, or the
 // procedures of the current file, to print.
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,12 +23,9 @@ const std::vector<std::pair<std::string, std::string>>& selectProcCaptions();
 void cmdAll_Click(SelectProcModel& m);
 void cmdNone_Click(SelectProcModel& m);
 
-// The window shows the dialog modally; true on OK (a double click on an item is OK too).
-using SelectProcView = std::function<bool(SelectProcModel& m)>;
-void setSelectProcView(SelectProcView view);
-
-// Fills the dialog from the procedure array or the files' IsSelected, runs it, and writes the
-// choice back on OK. False when the user cancels (or nobody can choose).
+// Fills the dialog from the procedure array or the files' IsSelected, has the window show it, and
+// writes the choice back on OK (a double click on an item is OK too). False when the user cancels
+// (or nobody can choose).
 bool HlydHLYDSelectProcProcessDialog(bool files);
 
 // cmdSelect of the Print dialog: runs the selection and tells the outcome in lblProcs; returns the

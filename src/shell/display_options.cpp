@@ -1,7 +1,6 @@
 #include "shell/display_options.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/app_info.h"
@@ -12,14 +11,13 @@
 #include "files/main_window_model.h"
 #include "files/file_table.h"
 #include "platform/ui.h"
+#include "platform/views.h"
 #include "settings/ini_handler.h"
 #include "settings/settings_store.h"
 
 namespace hlyd {
 
 namespace {
-
-DisplayOptionsView optionsView;
 
 constexpr int kMaxTabWidth = 32;
 
@@ -73,12 +71,10 @@ std::string folderOf(const std::string& path) {
 
 }  // namespace
 
-void setDisplayOptionsView(DisplayOptionsView view) { optionsView = std::move(view); }
-
 void mnuOptionsDisplay_Click() {
     DisplayOptionsModel m;
     fillDisplayOptions(m);
-    if (optionsView) optionsView(m);
+    theViews().showDisplayOptions(m);
 }
 
 bool cmdOk_Click(DisplayOptionsModel& m) {

@@ -1,19 +1,13 @@
 #pragma once
 // The Display Options command: fills the dialog from the records, shows it, and on acceptance
 // writes the records and the settings file, checks the fonts on the screen and draws the view anew.
-#include <functional>
-
 #include "models/display_options_model.h"
 
 namespace hlyd {
 
-// The window shows the form modally, passes the user's clicks to the handlers, and returns when
-// the form closes (by cmdOk_Click, cmdCancel or Form_QueryUnload).
-using DisplayOptionsView = std::function<void(DisplayOptionsModel& m)>;
-void setDisplayOptionsView(DisplayOptionsView view);
-
-// mnuOptionsDisplay, tbrDisplayOptions and the popup item. Without a window nothing is shown,
-// so nothing is accepted.
+// mnuOptionsDisplay, tbrDisplayOptions and the popup item. The window shows the form modally,
+// passes the user's clicks to the handlers, and returns when the form closes (by cmdOk_Click,
+// cmdCancel or Form_QueryUnload). Without a window nothing is shown, so nothing is accepted.
 void mnuOptionsDisplay_Click();
 
 // False when a field is refused: lblMessage says why and the dialog stays open.

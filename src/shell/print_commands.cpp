@@ -6,7 +6,7 @@
 #include "files/cut_reports.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
-#include "printing/print_options_dialog.h"
+#include "shell/print_options.h"
 #include "printing/print_request.h"
 #include "printing/print_state.h"
 #include "printing/printer_start.h"

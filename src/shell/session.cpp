@@ -16,13 +16,24 @@ Session::Session()
       html(SessionPartLife<HtmlState>::make()),
       shell(SessionPartLife<ShellState>::make()) {}
 
-// The members go in the reverse order, the higher parts first, as in renew.
-Session::~Session() = default;
+namespace {
+// The printer in force is, as a rule, the one the printing part opened and owns: nobody may be
+// left holding it once the part goes.
+void letGoOfPrinter(Ports& ports) {
+    ports.printer = nullptr;
+    ports.printerSurface = nullptr;
+}
+}  // namespace
+
+// The members go in the reverse order, the higher parts first, as in renew; the ports last.
+Session::~Session() { letGoOfPrinter(ports); }
 
 // The higher parts go first, as at the end of a run, since one being destroyed may still write to
 // the log of a lower one; then all are built from the ground up, as at the start. Each is built
-// where the old one stood, so that what was held into a part stays valid.
+// where the old one stood, so that what was held into a part stays valid. The other ports were
+// put in by whoever runs the program, and stay.
 void Session::renew() {
+    letGoOfPrinter(ports);
     SessionPartLife<ShellState>::end(*shell);
     SessionPartLife<HtmlState>::end(*html);
     SessionPartLife<PrintingState>::end(*printing);

@@ -17,7 +17,7 @@
 #include "dialogs/macro_strip.h"
 #include "platform/printer.h"
 #include "platform/qt/printer_dialog.h"
-#include "printing/print_options_macros.h"
+#include "models/print_options_macros.h"
 #include "shown_window.h"
 #include "test_support.h"
 #include "files/command_ids.h"

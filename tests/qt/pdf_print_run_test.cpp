@@ -17,6 +17,7 @@
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "test_support.h"
+#include "test_views.h"
 
 namespace hlyd {
 namespace {
@@ -78,13 +79,13 @@ TEST_F(PdfPrintRunTest, AConfirmedStopLeavesAWholePdfOfThePagesBeforeIt) {
     if (!havePoppler()) GTEST_SKIP() << "poppler-utils is not installed: the PDF cannot be read back";
     showSource("module.bas", test::procedures(1, 300));
     ui.answers = {MsgAnswer::Yes};
-    setPrintStatusView([](const std::string& text) {
+    test::TestViews views;
+    views.statusChanged = [](const std::string& text) {
         if (text.rfind("Now Printing Page 3", 0) == 0) stopPrinting();
-    });
+    };
     PrintRunRequest request;
     request.outputPath = dir + "/stopped.pdf";
     PrintRunResult result = runPrint(request);
-    setPrintStatusView(nullptr);
     EXPECT_EQ(result.printStatus, kPrintStopped);
     ASSERT_TRUE(result.written) << result.error;
     std::string info = run("pdfinfo '" + request.outputPath + "' 2>&1");

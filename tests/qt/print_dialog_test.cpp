@@ -23,6 +23,7 @@
 #include "shell/window_commands.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "test_views.h"
 #include "files/command_ids.h"
 
 namespace hlyd {
@@ -80,11 +81,13 @@ TEST_F(PrintDialogWindowTest, StopInThePrintStatusDialogKeepsThePagesPrinted) {
         if (top->objectName() == "HLYDPrintStatus") stop = top->findChild<QPushButton*>("cmdStop");
     ASSERT_NE(stop, nullptr);
     EXPECT_EQ(stop->text().toStdString(), "Stop");
-    setPrintStatusView([stop](const std::string& text) {
-        if (text.rfind("Now Printing Page 3", 0) == 0) stop->click();
-    });
-    window->action(kMnuFilPrint)->trigger();
-    setPrintStatusView(nullptr);
+    {
+        test::TestViews views;
+        views.statusChanged = [stop](const std::string& text) {
+            if (text.rfind("Now Printing Page 3", 0) == 0) stop->click();
+        };
+        window->action(kMnuFilPrint)->trigger();
+    }
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_EQ(ui.shown[0].text, "Are you sure you want to stop?");
     std::size_t pages = test::eventsOf(events, PrintEvent::PageStart).size();

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <memory>
+#include <optional>
 
 #include "files/main_window_model.h"
 #include "printing/print_status.h"
@@ -16,6 +17,7 @@
 #include "shell/app_start.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "test_views.h"
 #include "files/command_ids.h"
 
 namespace hlyd {
@@ -29,7 +31,7 @@ protected:
         window = test::showWindow();
     }
     void TearDown() override {
-        setPrintStatusView(nullptr);
+        views.reset();
         test::closeWindow(window);
         RecorderTest::TearDown();
     }
@@ -39,6 +41,7 @@ protected:
         return nullptr;
     }
     std::unique_ptr<HlydWindow> window;
+    std::optional<test::TestViews> views;  // over the window's
 };
 
 TEST_F(StatusFeedbackTest, ThePrintCommandEndsWithWhatItPrintedOrThatItWasCancelled) {
@@ -52,9 +55,9 @@ TEST_F(StatusFeedbackTest, ThePrintCommandEndsWithWhatItPrintedOrThatItWasCancel
     QWidget* status = statusDialog();
     ASSERT_NE(status, nullptr);
     auto* cancel = status->findChild<QPushButton*>("cmdCancel");
-    setPrintStatusView([cancel](const std::string& text) {
+    views.emplace().statusChanged = [cancel](const std::string& text) {
         if (text.rfind("Now Printing Page 2", 0) == 0) cancel->click();
-    });
+    };
     window->action(kMnuFilPrint)->trigger();
     EXPECT_EQ(mainWindow().lblStatus, "Cancelled");
 

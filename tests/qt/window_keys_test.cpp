@@ -21,6 +21,7 @@
 #include "files/project_choice.h"
 #include "shown_window.h"
 #include "test_support.h"
+#include "test_views.h"
 #include "files/command_ids.h"
 
 namespace hlyd {
@@ -174,10 +175,11 @@ TEST_F(WindowKeysTest, EveryDialogsAccessKeysReachOneControlEach) {
         });
     // The Project File dialog, as opening a project brings it up.
     bool seen = false;
-    setProjectFileView([&](ProjectFileModel& m) {
+    test::TestViews views;
+    views.projectFile = [&](ProjectFileModel& m) {
         seen = true;
         return cmdOK_Click(m);
-    });
+    };
     ui.openAnswers.push_back(std::vector<std::string>{kSampleProject});
     QTimer::singleShot(0, [&] {
         if (QWidget* form = QApplication::activeModalWidget()) {

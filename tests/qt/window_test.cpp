@@ -22,6 +22,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <optional>
 
 #include "analysis/basiclan_state.h"
 #include "analysis/keywords.h"
@@ -42,6 +43,7 @@
 #include "shell/app_start.h"
 #include "shell/window_commands.h"
 #include "test_support.h"
+#include "test_views.h"
 #include "files/command_ids.h"
 
 namespace hlyd {
@@ -65,7 +67,7 @@ protected:
         ProgramTest::SetUp();
         window = std::make_unique<HlydWindow>();
         // The user takes a project's members as the Project File dialog offers them.
-        setProjectFileView([](ProjectFileModel& m) { return cmdOK_Click(m); });
+        views.emplace().projectFile = [](ProjectFileModel& m) { return cmdOK_Click(m); };
         setDisplaySurface(&window->picDisplay());
         HlydDAValidateFonts();
         sbSetToolBar();
@@ -76,6 +78,7 @@ protected:
     }
     void TearDown() override {
         setDisplaySurface(nullptr);
+        views.reset();
         window.reset();
         ProgramTest::TearDown();
     }
@@ -95,6 +98,7 @@ protected:
     }
 
     std::unique_ptr<HlydWindow> window;
+    std::optional<test::TestViews> views;  // over the window's
 };
 
 TEST_F(WindowTest, TheOpenCommandShowsTheFile) {

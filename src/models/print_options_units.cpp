@@ -1,4 +1,4 @@
-#include "printing/print_options_units.h"
+#include "models/print_options_units.h"
 
 #include <cctype>
 #include <cmath>

@@ -3,7 +3,7 @@
 // font against the printer in force before OK takes it.
 #include <string>
 
-#include "printing/print_options_model.h"
+#include "models/print_options_model.h"
 
 namespace hlyd {
 

@@ -4,7 +4,7 @@
 // field and PrintStatus at 4.
 #include <string>
 
-#include "printing/print_options_model.h"
+#include "models/print_options_model.h"
 
 namespace hlyd {
 

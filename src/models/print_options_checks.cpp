@@ -1,4 +1,4 @@
-#include "printing/print_options_checks.h"
+#include "models/print_options_checks.h"
 
 #include <array>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "base/c_log.h"
-#include "printing/print_options_units.h"
+#include "models/print_options_units.h"
 #include "printing/print_state.h"
 #include "printing/printer_info.h"
 #include "printing/usable_area.h"

@@ -1,4 +1,4 @@
-#include "printing/print_options_macros.h"
+#include "models/print_options_macros.h"
 
 #include <algorithm>
 

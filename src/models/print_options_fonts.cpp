@@ -1,4 +1,4 @@
-#include "printing/print_options_fonts.h"
+#include "models/print_options_fonts.h"
 
 #include <cmath>
 

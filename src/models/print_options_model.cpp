@@ -1,12 +1,12 @@
-#include "printing/print_options_model.h"
+#include "models/print_options_model.h"
 
 #include <optional>
 
 #include "base/app_info.h"
 #include "base/message_box.h"
-#include "printing/print_options_checks.h"
-#include "printing/print_options_fonts.h"
-#include "printing/print_options_units.h"
+#include "models/print_options_checks.h"
+#include "models/print_options_fonts.h"
+#include "models/print_options_units.h"
 #include "printing/print_state.h"
 #include "printing/printer_fonts.h"
 #include "printing/usable_area.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "printing/print_options_model.h"
+#include "models/print_options_model.h"
 
 namespace hlyd {
 
