@@ -259,19 +259,54 @@ TEST(HtmlWriterTest, ColoursTagsAndEscaping) {
     doc.InsertLineBreak(lineEnd);
     EXPECT_EQ(lineEnd, "");  // nothing open at the start of a line
     // Each element keeps its own tag, the link and the unknown ones too, with and without a close.
-    std::string line;
+    LineBuffer line;
     for (int element : {99, 7, 42, 99, 0, 7}) doc.AppendToken("x", 0, element, line);
-    EXPECT_EQ(line,
+    EXPECT_EQ(line.view(),
               "<font class=\"a:link\">x</font><font class=\"PageHead\">x</font><font class=\"Unknown\">x"
               "</font><font class=\"a:link\">x</font><font class=\"Unknown\">x</font><font class=\"PageHead\">x");
-    // A byte to show is found wherever it stands in a run, ahead of or after whole groups of four.
-    std::string shown;
-    appendSourceText(shown, std::string("abcdefg<h>ijklmn\x01", 17));
-    EXPECT_EQ(shown, "abcdefg&lt;h&gt;ijklmn&#x2401;");
-
     EXPECT_EQ(escapedText("<a href=\"x\">Tom & 'Jerry'</a>\t\x81"),
               "&lt;a href=&quot;x&quot;&gt;Tom &amp; &#39;Jerry&#39;&lt;/a&gt;\t&#xFFFD;");
     EXPECT_EQ(styleSafe("Courier New;}</style><script>\n"), "Courier New/stylescript");
+}
+
+// Texts are tested a word at a time, the last word overlapping the one before: a byte to show is
+// found in every place of texts that are one word, one and a half and two, and a byte that only
+// looks special to the word test (a tab, a letter of the upper half) is still copied as it is.
+using Shown = std::pair<std::string, std::string>;  // the text and how it is shown
+class SourceTextTest : public ::testing::TestWithParam<Shown> {};
+
+TEST_P(SourceTextTest, IsShownAsTheReaderMustSeeIt) {
+    const auto& [text, shown] = GetParam();
+    LineBuffer line;
+    line.commit(writeSourceText(line.room(text.size() * kWidestShownByte), text));
+    EXPECT_EQ(line.view(), shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, SourceTextTest,
+                         ::testing::Values(Shown{"", ""}, Shown{"<", "&lt;"}, Shown{"a>c", "a&gt;c"},
+                                           Shown{"abcd<", "abcd&lt;"}, Shown{"<abcdefg", "&lt;abcdefg"},
+                                           Shown{"abcdefghi<", "abcdefghi&lt;"},
+                                           Shown{"abcdefg<h>ijklmn\x01", "abcdefg&lt;h&gt;ijklmn&#x2401;"},
+                                           Shown{std::string("x\0y", 3), "x&#x2400;y"},
+                                           Shown{"abcdefgh\x7F", "abcdefgh&#x2421;"},
+                                           Shown{"Let s = \"\x81\"", "Let s = \"&#xFFFD;\""},
+                                           Shown{"' caf\xE9\tx & \"y\" =~", "' caf\xE9\tx & \"y\" =~"}));
+
+TEST(LineBufferTest, KeepsItsLineAcrossGrowth) {
+    LineBuffer line;
+    std::string expected;
+    for (int i = 0; i < 100; ++i) {
+        std::string piece = std::to_string(i) + ",";
+        line.append(piece);
+        expected += piece;
+    }
+    line.appendBlanks(300);
+    expected.append(300, ' ');
+    line.insertFront("<a>");
+    EXPECT_EQ(line.view(), "<a>" + expected);
+    line.clear();
+    line.append("x");
+    EXPECT_EQ(line.view(), "x");
 }
 
 }  // namespace

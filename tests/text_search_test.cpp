@@ -111,6 +111,21 @@ TEST(RecordTexts, KeepsEachLineAndFindsTheRecordOfAnOffset) {
     EXPECT_EQ(texts.line(4), "");
 }
 
+// The tokens' texts are views of the lines as kept: a view stays whole while the buffer outgrows
+// its room, unreserved, and while a record is replaced.
+TEST(RecordTexts, ViewsStayWholeAsTheBufferGrows) {
+    RecordTexts texts;
+    std::vector<std::pair<std::string, std::string_view>> views;
+    for (int record = 1; record <= 400; ++record) {
+        std::string line = "line " + std::to_string(record) + std::string(static_cast<std::size_t>(record % 7), 'x');
+        views.emplace_back(line, texts.set(record, line));
+    }
+    views.emplace_back("again", texts.set(2, "again"));
+    for (const auto& [line, view] : views) EXPECT_EQ(view, line);
+    EXPECT_EQ(texts.line(2), "again");
+    EXPECT_EQ(texts.count(), 2);
+}
+
 class LinesAsRead : public test::AnalysisTest {};
 
 // What the view copies and searches is each line byte for byte, whatever the tokens made of it,

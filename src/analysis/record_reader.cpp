@@ -1,6 +1,6 @@
 #include "analysis/record_reader.h"
 
-#include <array>
+#include <functional>
 #include <new>
 #include <utility>
 
@@ -29,49 +29,46 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
     Token& token = t.Tokens[++t.TokenCount];
     token = Token{};
     token.set(CommentishDetail::Comment);
-    std::string_view text = line;
+    m.RecordIndex = ++t.RecordCount;
+    std::string_view text = t.Texts->set(m.RecordIndex, line);
     if (!text.empty() && text.back() == '_') {
         token.Continued = 1;
         text.remove_suffix(1);
     }
-    token.Text = t.TokenTexts.keep(text);
-    m.RecordIndex = ++t.RecordCount;
-    t.Texts->set(m.RecordIndex, line);
+    if (!text.empty()) token.Text = text;
     Record record;
     record.FirstT = record.LastT = t.TokenCount;
     t.Records[m.RecordIndex] = record;
 }
 
-// Texts that every file has over and over need no copy of their own: blanks of spaces alone, and
-// the one-byte operators and separators, are views of tables made when the program is built.
-// Between them they are most of the tokens' texts by count.
-constexpr std::size_t kLongestBlanks = 256;
-constexpr auto kSpaces = [] {
-    std::array<char, kLongestBlanks> spaces{};
-    spaces.fill(' ');
-    return spaces;
-}();
-constexpr auto kBytes = [] {
-    std::array<char, 256> bytes{};
-    for (std::size_t b = 0; b < bytes.size(); ++b) bytes[b] = static_cast<char>(b);
-    return bytes;
-}();
+// A token's texts are pieces of its line, and are kept as views of the line as stored; only a
+// text the tokenizer composed (a string that gains its closing quote, "Rem" and its blank) is
+// copied. A copy of every text was a second copy of the whole file.
+class TokenKeeper {
+public:
+    TokenKeeper(std::string_view line, std::string_view stored, TokenTextStore& texts)
+        : line_(line), stored_(stored), texts_(texts) {}
 
-inline std::string_view keptText(std::string_view text, TokenTextStore& texts) {
-    if (text.size() <= 1)
-        return text.empty() ? std::string_view() : std::string_view(&kBytes[static_cast<unsigned char>(text[0])], 1);
-    if (text.size() <= kLongestBlanks && text[0] == ' ' && text.find_first_not_of(' ') == std::string_view::npos)
-        return {kSpaces.data(), text.size()};
-    return texts.keep(text);
-}
+    void keep(const WorkToken& work, Token& token) const {
+        static_cast<TokenFields&>(token) = work;
+        token.Text = kept(work.Text);
+        token.LeadingSpace = kept(work.LeadingSpace);
+    }
 
-// The work token's texts are copied, not moved: the work token keeps its strings' room for the
-// next line.
-void keepToken(const WorkToken& work, TokenTextStore& texts, Token& token) {
-    static_cast<TokenFields&>(token) = work;
-    token.Text = keptText(work.Text, texts);
-    token.LeadingSpace = keptText(work.LeadingSpace, texts);
-}
+private:
+    std::string_view kept(std::string_view text) const {
+        if (text.empty()) return {};
+        const char* begin = line_.data();
+        std::less<const char*> before;  // a total order, also for a text that is not in the line
+        if (before(text.data(), begin) || before(begin + line_.size(), text.data() + text.size()))
+            return texts_.keep(text);
+        return {stored_.data() + (text.data() - begin), text.size()};
+    }
+
+    std::string_view line_;
+    std::string_view stored_;
+    TokenTextStore& texts_;
+};
 
 void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
     if (t.TokenCount + incoming <= m.TokensUBound) return;
@@ -98,13 +95,13 @@ void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
         m.RecordsUBound += kRecordsStep;
         t.Records.redimPreserve(m.RecordsUBound);
     }
-    for (std::int32_t i = 1; i <= count; ++i) keepToken(m.WorkTokens[i], t.TokenTexts, t.Tokens[t.TokenCount + i]);
+    const TokenKeeper keeper(line, t.Texts->set(m.RecordIndex, line), t.TokenTexts);
+    for (std::int32_t i = 1; i <= count; ++i) keeper.keep(m.WorkTokens[i], t.Tokens[t.TokenCount + i]);
     Record record;
     record.FirstT = t.TokenCount + 1;
     record.LastT = t.TokenCount + count;
     t.TokenCount += count;
     t.Records[m.RecordIndex] = record;
-    t.Texts->set(m.RecordIndex, line);
 }
 
 std::string failureMessage(int status) {

@@ -4,24 +4,47 @@
 
 namespace hlyd {
 
-void RecordTexts::set(std::int32_t record, std::string_view line) {
-    if (record < 1) return;
+namespace {
+
+// Past the few bytes a string keeps inside itself: a buffer of views is always on the heap, where
+// moving the string leaves its bytes in place.
+constexpr std::size_t kSmallestBuffer = 256;
+
+}  // namespace
+
+std::string_view RecordTexts::set(std::int32_t record, std::string_view line) {
+    if (record < 1) return {};
     auto index = static_cast<std::size_t>(record);
-    if (index < starts_.size()) {
-        buffer_.resize(starts_[index]);
-        starts_.resize(index);
-    }
+    bool replacing = index < starts_.size();
+    std::size_t kept = replacing ? starts_[index] : buffer_.size();
+    std::size_t needed = kept + (replacing ? 0 : index - starts_.size()) + line.size() + 1;
+    if (buffer_.empty() && buffer_.capacity() < kSmallestBuffer) buffer_.reserve(std::max(needed, kSmallestBuffer));
+    if (replacing || needed > buffer_.capacity()) moveToFreshBuffer(kept, needed);
+    if (replacing) starts_.resize(index);
     while (starts_.size() < index) {
         starts_.push_back(buffer_.size());
         buffer_.push_back('\n');
     }
-    starts_.push_back(buffer_.size());
+    std::size_t at = buffer_.size();
+    starts_.push_back(at);
     buffer_.append(line);
     buffer_.push_back('\n');
+    return std::string_view(buffer_).substr(at, line.size());
+}
+
+// The bytes handed out stay where they are: the buffer is retired whole, and its first
+// `keptBytes` go on in a fresh one of at least twice its room.
+void RecordTexts::moveToFreshBuffer(std::size_t keptBytes, std::size_t neededBytes) {
+    std::string fresh;
+    fresh.reserve(std::max({neededBytes, 2 * buffer_.capacity(), kSmallestBuffer}));
+    fresh.assign(buffer_, 0, keptBytes);
+    retired_.push_back(std::move(buffer_));
+    buffer_ = std::move(fresh);
 }
 
 void RecordTexts::clear() {
     buffer_.clear();
+    retired_.clear();
     starts_.assign(1, 0);
 }
 

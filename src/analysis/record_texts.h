@@ -4,6 +4,8 @@
 // line continuation's "_" is dropped, an unfinished string gains its quote), and a search of the
 // token texts would miss words that span their blanks. The lines share one buffer, each ended by
 // a LF, which no line holds (a line ends at CR LF, LF or CR), so that one pass searches them all.
+// The tokens' texts are views into the lines kept here: a view handed out stays valid, its bytes
+// unchanged, until clear(), however the buffer grows.
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,12 +16,15 @@ namespace hlyd {
 class RecordTexts {
 public:
     // The text of `record`; records come in order, one skipped (a reader's marker) stays empty, and
-    // one given again replaces it and those after it.
-    void set(std::int32_t record, std::string_view line);
+    // one given again replaces it and those after it. Returns the line as kept.
+    std::string_view set(std::int32_t record, std::string_view line);
+    // Every view handed out so far is let go.
     void clear();
     // Room for the lines of a file of `fileBytes`, which never need more: the buffer is not
     // moved while it fills, and holds no spare half of itself at the end.
-    void reserve(std::size_t fileBytes) { buffer_.reserve(fileBytes + 1); }
+    void reserve(std::size_t fileBytes) {
+        if (buffer_.empty()) buffer_.reserve(fileBytes + 1);
+    }
 
     std::int32_t count() const { return static_cast<std::int32_t>(starts_.size()) - 1; }
     // Empty for a record that has none.
@@ -31,7 +36,13 @@ public:
     std::int32_t recordAt(std::size_t offset) const;
 
 private:
+    void moveToFreshBuffer(std::size_t keptBytes, std::size_t neededBytes);
+
     std::string buffer_;
+    // Buffers the lines outgrew, or whose last lines were replaced, kept whole: views of them were
+    // handed out. Only a file whose size was not known beforehand, or that grew while it was read,
+    // leaves one here.
+    std::vector<std::string> retired_;
     std::vector<std::size_t> starts_{0};  // starts_[r]: where record r begins; element 0 unused
 };
 

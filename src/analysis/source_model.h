@@ -114,7 +114,8 @@ struct WorkToken : TokenFields {
     }
 };
 
-// A token of the tables: its texts are views into the tables' TokenTexts, which outlive it.
+// A token of the tables: its texts are views into the lines as kept (Texts) or, when composed,
+// into TokenTexts; both outlive it.
 struct Token : TokenFields {
     std::string_view Text;
     std::string_view LeadingSpace;

@@ -153,7 +153,10 @@ void LineClassifier::keyword(std::int32_t k) {
     trackBlocks(k, m_.DialectKeyWords[index].Word);
 }
 
+// Only "Type", "Enum" and "End" move the state; the words before them are looked at only then,
+// not for each of the keywords of a line.
 void LineClassifier::trackBlocks(std::int32_t k, std::string_view word) {
+    if (word != "TYPE" && word != "ENUM" && word != "END") return;
     bool first = k == 1 || equalsUpper(w_[1].Text, "PRIVATE") || equalsUpper(w_[1].Text, "PUBLIC");
     bool endLine = word == "END" && k == 1 && n_ >= 2;
     if (word == "TYPE" && !m_.InProc && !m_.InFormHeader && first) m_.InType = true;

@@ -1,8 +1,8 @@
 #pragma once
-// Where the texts of a file's tokens are kept: one store per file, filled in reading order and
-// never moved, so that a token holds a view of its text instead of two strings of its own. A large
-// module has a quarter of a million tokens: their texts, kept apart, were most of the table, and
-// each one long enough to leave the string was a heap block to allocate and, at the end, to free.
+// Where the texts that the tokenizer composed are kept (a string that gains its closing quote,
+// "Rem" and its blank): one store per file, filled in reading order and never moved, so that a
+// token holds a view of its text instead of a string of its own. Every other text is a view of its
+// line as kept (record_texts.h), and needs no copy at all.
 #include <cstddef>
 #include <cstring>
 #include <memory>

@@ -16,6 +16,7 @@ std::shared_ptr<const RecordTexts> readLines(const std::string& fileName) {
     SourceFile file;
     if (file.open(fileName) != 0) return nullptr;
     auto texts = std::make_shared<RecordTexts>();
+    texts->reserve(static_cast<std::size_t>(file.size()));  // grown, the buffer would keep its old ones
     for (std::int32_t record = 1; !file.atEnd(); ++record) texts->set(record, file.readLine());
     return texts;
 }

@@ -1,6 +1,8 @@
 #include "html/gen_html.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 
 #include "base/app_info.h"
 #include "base/hlyd_error.h"
@@ -140,48 +142,55 @@ void cGenHTML::InsertBodyStart() {
 }
 
 void cGenHTML::InsertToken(const std::string& text, int spaces, int element, std::string& result) {
-    result.clear();
-    AppendToken(text, spaces, element, result);
+    LineBuffer line;
+    AppendToken(text, spaces, element, line);
+    result = line.view();
 }
 
 // Every token of a new element changes the tag: the switch, with the close of the tag before it,
 // is made once per element and class of change, and goes into the line as one piece.
-std::string_view cGenHTML::makeSwitchTag(int element, bool closeFirst) {
-    std::string& tag = switchTags_[closeFirst ? 1 : 0][switchSlot(element)];
-    tag = std::string(closeFirst ? "</font>" : "") + "<font class=\"" + htmlClassName(element) + "\">";
-    return tag;
+void cGenHTML::makeSwitchTag(SwitchTag& tag, int element, bool closeFirst) {
+    std::string text = std::string(closeFirst ? "</font>" : "") + "<font class=\"" + htmlClassName(element) + "\">";
+    tag.size = std::min(text.size(), SwitchTag::kRoom);  // the class names are short: it always fits
+    std::memcpy(tag.bytes, text.data(), tag.size);
 }
 
-void cGenHTML::AppendToken(std::string_view text, int spaces, int element, std::string& line) {
-    if (spaces > 0) line.append(static_cast<std::size_t>(spaces), ' ');
+// The blanks, the tag and the text go into room asked for once: the most the text can become,
+// and the tag's whole room, which the blanks' last word fits in too.
+void cGenHTML::AppendToken(std::string_view text, int spaces, int element, LineBuffer& line) {
+    std::size_t blanks = spaces > 0 ? static_cast<std::size_t>(spaces) : 0;
+    char* out = writeBlanks(line.room(blanks + SwitchTag::kRoom + text.size() * kWidestShownByte), blanks);
     if (element != currentElement_) {
-        line += switchTag(element, currentElement_ != -1);
+        const SwitchTag& tag = switchTag(element, currentElement_ != -1);
+        std::memcpy(out, tag.bytes, SwitchTag::kRoom);
+        out += tag.size;
         currentElement_ = static_cast<std::int16_t>(element);
     }
-    appendSourceText(line, text);
+    line.commit(writeSourceText(out, text));
 }
 
 void cGenHTML::InsertLine(const std::string& text) {
-    std::string line = text;
+    LineBuffer line;
+    line.append(text);
     EmitLine(line);
 }
 
 // A line is one write: the anchor, the link back to the contents, the closing tag and the line
 // end join it in the caller's buffer, instead of going out as three more pieces.
-void cGenHTML::EmitLine(std::string& line) {
+void cGenHTML::EmitLine(LineBuffer& line) {
     if (!pendingAnchor_.empty()) {
         std::string end;
         InsertProcEnd(end);
-        line.insert(0, "<a name=\"" + escapedText(pendingAnchor_) + "\">");
-        line += end;
+        line.insertFront("<a name=\"" + escapedText(pendingAnchor_) + "\">");
+        line.append(end);
         pendingAnchor_.clear();
     }
     if (currentElement_ != -1) {
-        line += "</font>";
+        line.append("</font>");
         currentElement_ = -1;
     }
-    line += kLineEnd;
-    write(line);
+    line.append(kLineEnd);
+    write(line.view());
 }
 
 void cGenHTML::InsertLineBreak(std::string& result) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "html/line_buffer.h"
 #include "platform/os.h"
 
 namespace hlyd {
@@ -31,12 +32,11 @@ public:
     void InsertBodyStart();
     void InsertToken(const std::string& text, int spaces, int element, std::string& result);
     // As InsertToken, but adds to the end of `line`: a whole line is built in one buffer.
-    void AppendToken(std::string_view text, int spaces, int element, std::string& line);
+    void AppendToken(std::string_view text, int spaces, int element, LineBuffer& line);
     void InsertLine(const std::string& text);
     // As InsertLine, but ends the line in `line` itself and writes it in one piece.
-    void EmitLine(std::string& line);
+    void EmitLine(LineBuffer& line);
     void InsertLineBreak(std::string& result);
-    void InsertLineStart(std::string& result) { result.clear(); }
     void LineStart(std::string& result) { result.clear(); }
     void InsertHorizontalLine() { writeLine("<hr>"); }
     void InsertHREF(const std::string& name, std::string& result);
@@ -58,11 +58,18 @@ private:
     void write(std::string_view text);
     [[noreturn]] void failed(int reason);  // drops the document and raises the system's reason
     static int switchSlot(int element) { return element >= 1 && element <= 8 ? element : element == 99 ? 9 : 0; }
-    std::string_view switchTag(int element, bool closeFirst) {
-        const std::string& tag = switchTags_[closeFirst ? 1 : 0][switchSlot(element)];
-        return tag.empty() ? makeSwitchTag(element, closeFirst) : std::string_view(tag);
+    // A tag padded to a fixed room, so that it goes into a line as one move of known size.
+    struct SwitchTag {
+        static constexpr std::size_t kRoom = 48;
+        char bytes[kRoom] = {};
+        std::size_t size = 0;
+    };
+    const SwitchTag& switchTag(int element, bool closeFirst) {
+        SwitchTag& tag = switchTags_[closeFirst ? 1 : 0][switchSlot(element)];
+        if (tag.size == 0) makeSwitchTag(tag, element, closeFirst);
+        return tag;
     }
-    std::string_view makeSwitchTag(int element, bool closeFirst);
+    static void makeSwitchTag(SwitchTag& tag, int element, bool closeFirst);
 
     // Written beside the output and put in its place when complete.
     std::unique_ptr<os::AtomicWriter> file_;
@@ -73,7 +80,7 @@ private:
     std::string procLine_;
     // The tags that open an element's font, without and with the close of the one before; by
     // element 1 to 8, 9 for links and 0 for any other.
-    std::string switchTags_[2][10];
+    SwitchTag switchTags_[2][10];
     std::string subTitle1_, subTitle2_, heading_, title_;
 };
 

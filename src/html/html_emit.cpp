@@ -35,7 +35,7 @@ constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display 
 struct HtmlEmission {
     std::unique_ptr<cGenHTML> doc;
     bool procPending = false;
-    std::string line;  // one buffer for every line: a line costs no fresh memory
+    LineBuffer line;  // one buffer for every line: a line costs no fresh memory
 };
 HLYD_PRIVATE_PART(HtmlEmission)
 
@@ -180,7 +180,7 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
     const Statement& s = governingStatement(record);
     const Record& r = t.Records[record];
     const std::vector<std::int32_t>& elements = fileTable().TokenElements;
-    std::string& line = emission().line;
+    LineBuffer& line = emission().line;
     line.clear();
     bool procedureLine = t.Statements[r.FirstS].Class == StatementClass::ProcStart;
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
@@ -193,12 +193,9 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
             if (element == 0) element = kElemIdentifiers;
             if (procedureLine) element = kElemProcedures;
             doc.AppendToken(t.Tokens[i].Text, spaces, element, line);
-            if (blankAfter) line += ' ';
+            if (blankAfter) line.appendBlanks(1);
         }
         if (f.ContinueHonor && lastContinued) doc.AppendToken(" _", spaces, kElemKeyWords, line);
-        std::string start;
-        doc.InsertLineStart(start);
-        line.insert(0, start);
     }
     if (procIndex >= 0 && s.Class != StatementClass::Blank) {
         const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
@@ -207,12 +204,12 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
             if (!lastContinued) {
                 std::string lineBreak;
                 doc.InsertLineBreak(lineBreak);
-                line += lineBreak;
+                line.append(lineBreak);
             }
             emission().procPending = false;
         } else {
             if (f.Separator) doc.InsertHorizontalLine();
-            doc.InsertProcStart(line, withoutAngles(yProc()[procIndex].Name));
+            doc.InsertProcStart(std::string(line.view()), withoutAngles(yProc()[procIndex].Name));
         }
         if (lastContinued) {
             doc.InsertProcContinue();
@@ -228,8 +225,9 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
 void EmitProjectRecord(const std::string& text) {
     ProjectLineHooks hooks;
     hooks.drawPiece = [](const std::string& piece, float, float, bool) {
-        std::string line;
-        emission().doc->InsertToken(piece, 0, kElemProjectFile, line);
+        LineBuffer& line = emission().line;
+        line.clear();
+        emission().doc->AppendToken(piece, 0, kElemProjectFile, line);
         emission().doc->EmitLine(line);
     };
     AreaRecord noArea;
