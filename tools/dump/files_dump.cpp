@@ -1,7 +1,5 @@
 #include "files_dump.h"
 
-#include "platform/os.h"
-
 #include <cstring>
 #include <filesystem>
 #include <vector>
@@ -15,6 +13,7 @@
 #include "files/project_file.h"
 #include "files/project_listing.h"
 #include "json_lines.h"
+#include "tool_errors.h"
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
@@ -89,10 +88,7 @@ bool loadSettings() {
 }  // namespace
 
 int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err) {
-    if (int problem = os::regularFileProblem(path); problem != 0) {
-        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
-        return 2;
-    }
+    if (unreadableFile("hlyd-dump", path, err)) return 2;
     loadSettings();
     oFile().Add({path, kFileSource, false, 0, 0});
     HlydFLProcessSelectedFile(1);
@@ -132,10 +128,7 @@ int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err
 }
 
 int dumpProject(const std::string& path, std::ostream& out, std::ostream& err) {
-    if (int problem = os::regularFileProblem(path); problem != 0) {
-        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
-        return 2;
-    }
+    if (unreadableFile("hlyd-dump", path, err)) return 2;
     loadSettings();
     RecordingUi ui;
     setUi(&ui);

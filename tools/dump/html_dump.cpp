@@ -10,14 +10,12 @@
 #include "platform/console_ui.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
+#include "tool_errors.h"
 
 namespace hlyd {
 
 int dumpHtml(const std::string& outPath, const std::string& path, std::ostream& err) {
-    if (int problem = os::regularFileProblem(path); problem != 0) {
-        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
-        return 2;
-    }
+    if (unreadableFile("hlyd-dump", path, err)) return 2;
     queryLocaleSeparators();
     loadSettingsAtStartup();
     // The document names its source with its full path, as a file chosen in the Open dialog has.

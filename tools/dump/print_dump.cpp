@@ -8,6 +8,7 @@
 #include "files/file_table.h"
 #include "files/open_for_run.h"
 #include "json_lines.h"
+#include "tool_errors.h"
 #include "platform/console_ui.h"
 #include "platform/os.h"
 #include "printing/print_run.h"
@@ -132,10 +133,7 @@ bool parsePageRange(const std::string& text, PrintDumpOptions& options) {
 }
 
 int dumpPrint(const PrintDumpOptions& options, std::ostream& out, std::ostream& err) {
-    if (int problem = os::regularFileProblem(options.file); problem != 0) {
-        err << "hlyd-dump: cannot open " << options.file << ": " << os::errorText(problem) << '\n';
-        return 2;
-    }
+    if (unreadableFile("hlyd-dump", options.file, err)) return 2;
     queryLocaleSeparators();
     loadSettingsAtStartup();
     std::string name = hlydSettings().CurrentPrinter.empty() ? "Recorder" : hlydSettings().CurrentPrinter;

@@ -4,7 +4,7 @@
 
 #include "files/open_for_run.h"
 #include "json_lines.h"
-#include "platform/os.h"
+#include "tool_errors.h"
 #include "settings/settings_store.h"
 #include "settings/system_queries.h"
 #include "xref/name_index.h"
@@ -20,10 +20,7 @@ JsonObject placeObject(JsonObject object, const NamePlace& place) {
 }  // namespace
 
 int dumpCrossReference(const std::string& path, std::ostream& out, std::ostream& err) {
-    if (int problem = os::regularFileProblem(path); problem != 0) {
-        err << "hlyd-dump: cannot open " << path << ": " << os::errorText(problem) << '\n';
-        return 2;
-    }
+    if (unreadableFile("hlyd-dump", path, err)) return 2;
     queryLocaleSeparators();
     loadSettingsAtStartup();
     // A member that cannot be read is told on standard error, as a run without a window tells it.
