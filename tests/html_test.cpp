@@ -4,7 +4,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <cstdio>
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 #include "base/hlyd_error.h"
@@ -204,6 +206,53 @@ TEST_F(HtmlTest, FontTagsBalanceAndTheFormDescriptionIsIndentedOnce) {
     EXPECT_NE(form.find("\r\n   <font class=\"Identifier\">Caption         </font>"), std::string::npos);
     EXPECT_NE(form.find("\r\n      <font class=\"Identifier\">Caption         </font>"), std::string::npos);
     EXPECT_NE(form.find("\r\n   <font class=\"KeyWord\">End</font>\r\n"), std::string::npos);
+}
+
+// A large file's lines are made in shares by two threads; a heading continued over lines may
+// straddle two shares. Every copy of one procedure must come out the same, wherever it falls.
+TEST_F(HtmlTest, EveryCopyOfAProcedureIsTheSameInALargeFile) {
+    constexpr int kCopies = 2000;  // eleven lines each: share borders fall on every line of one
+    std::ofstream big(source("Big.bas"), std::ios::binary);
+    big << "Attribute VB_Name = \"Big\"\r\n";
+    for (int i = 1; i <= kCopies; ++i) {
+        char name[8];
+        std::snprintf(name, sizeof name, "P%04d", i);
+        const std::string n = name;
+        big << "Public Function " << n << "(ByVal a As Long, _\r\n"
+            << "                      ByVal b As String, _\r\n"
+            << "                      c As Variant) As Long\r\n"
+            << "10  Dim s As String ' a <comment> & more\r\n"
+            << "    s = \"x < y & z\"\r\n"
+            << "    If a > 0 Then\r\n"
+            << "        " << n << " = a + Len(b)\r\n"
+            << "    Else\r\n"
+            << "        " << n << " = -1\r\n"
+            << "    End If\r\n"
+            << "End Function\r\n";
+    }
+    big.close();
+    oFile().Add({source("Big.bas"), kFileSource, false, 0, 0});
+    HlydFLProcessSelectedFile(1);
+    ui.saveAnswer = source("big.html");
+    HTMLEmitAFile();
+    const std::string written = readAll(source("big.html"));
+    int expected = 1;  // the copies in their order
+    for (std::size_t at = written.find("<a name=\"P"); at != std::string::npos;
+         at = written.find("<a name=\"P", at + 1))
+        ASSERT_EQ(std::stoi(written.substr(at + 10, 4)), expected++);
+    const std::string document = std::regex_replace(written, std::regex("P[0-9]{4}"), std::string("PXXXX"));
+    std::vector<std::size_t> starts;
+    for (std::size_t at = document.find("<a name=\"PXXXX\">"); at != std::string::npos;
+         at = document.find("<a name=\"PXXXX\">", at + 1))
+        starts.push_back(at);
+    ASSERT_EQ(starts.size(), static_cast<std::size_t>(kCopies));
+    const std::string first = document.substr(starts[0], starts[1] - starts[0]);
+    EXPECT_NE(first.find("a &lt;comment&gt; & more"), std::string::npos);
+    for (std::size_t k = 1; k + 1 < starts.size(); ++k)
+        ASSERT_EQ(document.substr(starts[k], starts[k + 1] - starts[k]), first) << "copy " << k + 1;
+    // The last has no separator after it.
+    const std::string last = first.substr(0, first.rfind("<hr>"));
+    EXPECT_EQ(document.compare(starts.back(), last.size(), last), 0);
 }
 
 // A name is text wherever it stands: the file's in the title and the paragraph, the module's in

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <memory>
 #include <string_view>
+#include <system_error>
+#include <thread>
 
 #include "analysis/source_model.h"
 #include "base/c_debug.h"
@@ -17,6 +20,7 @@
 #include "files/project_file.h"
 #include "html/gen_html.h"
 #include "html/html_state.h"
+#include "html/record_plan.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
 #include "settings/attributes.h"
@@ -34,7 +38,6 @@ constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display 
 
 struct HtmlEmission {
     std::unique_ptr<cGenHTML> doc;
-    bool procPending = false;
     LineBuffer line;  // one buffer for every line: a line costs no fresh memory
 };
 HLYD_PRIVATE_PART(HtmlEmission)
@@ -42,30 +45,6 @@ HLYD_PRIVATE_PART(HtmlEmission)
 namespace {
 
 HtmlEmission& emission() { return *htmlState().emission; }
-
-// Numbers as the language reads them: digits with a sign, a point, an exponent; or &H and &O.
-bool isNumericText(std::string_view text) {
-    std::size_t i = 0, n = text.size();
-    while (i < n && text[i] == ' ') ++i;
-    if (i + 1 < n && text[i] == '&' &&
-        (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
-        return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string_view::npos;
-    if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
-    bool digits = false;
-    while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
-    if (i < n && text[i] == '.') {
-        ++i;
-        while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
-    }
-    if (digits && i < n && (text[i] == 'E' || text[i] == 'e')) {
-        ++i;
-        if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
-        if (i >= n || !std::isdigit(static_cast<unsigned char>(text[i]))) return false;
-        while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i;
-    }
-    while (i < n && text[i] == ' ') ++i;
-    return digits && i == n;
-}
 
 std::string withoutAngles(std::string name) {
     std::erase(name, '<');
@@ -92,66 +71,17 @@ std::string withoutDirectory(const std::string& full) {
     return name;
 }
 
-bool shownByView(const Statement& s) {
-    const HlydSettings& settings = hlydSettings();
-    return s.Flags.has(StatementFlag::FormDescription) ? settings.ViewFormDef[kHTMLDestination]
-                                                       : settings.ViewCode[kHTMLDestination];
-}
-
-// The look-up of a record's procedure is a search of them all; the records come in order, so
-// nearly always the answer is the procedure of the record before, which is seen from its
-// neighbour alone. Only a record past the next procedure's start, or tied to a record there,
-// needs the search.
-bool stillInProc(const SourceTables& t, std::int32_t record, std::int32_t proc) {
-    const std::vector<ProcEntry>& procs = yProc();
-    if (proc < 0 || static_cast<std::size_t>(proc) + 1 >= procs.size()) return false;
-    std::int32_t tiedTo = record <= t.Records.UBound() ? t.Records[record].TiedTo : 0;
-    std::int32_t reach = std::max(record, tiedTo);
-    return reach < procs[static_cast<std::size_t>(proc) + 1].FirstRecord &&
-           (proc == 0 || procs[static_cast<std::size_t>(proc)].FirstRecord <= reach);
-}
-
-void emitSourceRecords() {
-    const SourceTables& t = theSourceTables();
-    std::int32_t currentProc = 0;
-    const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
-    for (std::int32_t counter = 1; counter <= t.RecordCount && t.Records[counter].FirstT != 0; ++counter) {
-        const Record& r = t.Records[counter];
-        const Statement& s = t.Statements[r.FirstS];
-        std::int32_t firstToken = isNumericText(t.Tokens[r.FirstT].Text) ? r.FirstT + 1 : r.FirstT;
-        if (!shownByView(s)) continue;
-        bool startsProc = false;
-        if (currentProc >= 0 && currentProc <= upper) {
-            if (counter > yProc()[currentProc].FirstRecord && !stillInProc(t, counter, currentProc))
-                HlydPCGetAssociatedProc(counter, currentProc);
-            startsProc = counter == yProc()[currentProc].FirstRecord;
-        }
-        if (s.Class != StatementClass::ProcStart && !startsProc) {
-            std::int32_t none = -1;
-            hlydHTML::EmitCodeRecord(counter, firstToken, none);
-        } else {
-            // A heading continued over records steps the index back, so that it is found again.
-            hlydHTML::EmitCodeRecord(counter, firstToken, currentProc);
-            if (currentProc < 0) currentProc = 0;
-        }
-    }
-}
-
-void emitProject(const cFileDesc& entry) {
-    if (entry.WhichProject < 1 || entry.WhichProject > oProjectFiles().Count()) return;
-    for (const cProjectLine& line : oProjectFiles().Item(entry.WhichProject).ProjectRecords)
-        hlydHTML::EmitProjectRecord(line.AsRecord);
-}
-
-}  // namespace
-
-namespace hlydHTML {
+// The records of each step: the helper thread's share is the larger, since the main thread also
+// plans both shares and writes them (measured: it then waits least). Big enough that starting a
+// thread costs little beside the work, small enough that the share kept in memory stays small.
+constexpr std::size_t kMainShare = 1500;
+constexpr std::size_t kHelperShare = 2700;
 
 // Spaces ahead of a token: the source's own gap, or for the first token that counts the
 // analysed indentation (a line number before it keeps its place). `blankAfter` tells that a line
 // number is followed by a blank.
-static int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std::int32_t token,
-                     std::int32_t firstToken, const Statement& s, int spaces, bool& blankAfter) {
+int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std::int32_t token,
+              std::int32_t firstToken, const Statement& s, int spaces, bool& blankAfter) {
     const Token& tok = t.Tokens[token];
     blankAfter = false;
     if (token != firstToken) {
@@ -173,14 +103,12 @@ static int spacesFor(const SourceTables& t, const FormatRecord& f, const Record&
     return spaces;
 }
 
-void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& procIndex) {
-    cGenHTML& doc = *emission().doc;
+void renderRecord(cGenHTML& doc, LineBuffer& line, const RecordJob& job) {
     const SourceTables& t = theSourceTables();
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
-    const Statement& s = governingStatement(record);
-    const Record& r = t.Records[record];
+    const Statement& s = *job.governing;
+    const Record& r = t.Records[job.record];
     const std::vector<std::int32_t>& elements = fileTable().TokenElements;
-    LineBuffer& line = emission().line;
     line.clear();
     bool procedureLine = t.Statements[r.FirstS].Class == StatementClass::ProcStart;
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
@@ -188,7 +116,7 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
         int spaces = 0;
         for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
             bool blankAfter = false;
-            spaces = spacesFor(t, f, r, i, firstToken, s, spaces, blankAfter);
+            spaces = spacesFor(t, f, r, i, job.firstToken, s, spaces, blankAfter);
             int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
             if (element == 0) element = kElemIdentifiers;
             if (procedureLine) element = kElemProcedures;
@@ -197,28 +125,81 @@ void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& 
         }
         if (f.ContinueHonor && lastContinued) doc.AppendToken(" _", spaces, kElemKeyWords, line);
     }
-    if (procIndex >= 0 && s.Class != StatementClass::Blank) {
-        const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);
-        if (procIndex > upper) procIndex = upper;
-        if (emission().procPending) {
-            if (!lastContinued) {
-                std::string lineBreak;
-                doc.InsertLineBreak(lineBreak);
-                line.append(lineBreak);
-            }
-            emission().procPending = false;
-        } else {
-            if (f.Separator) doc.InsertHorizontalLine();
-            doc.InsertProcStart(std::string(line.view()), withoutAngles(yProc()[procIndex].Name));
-        }
-        if (lastContinued) {
-            doc.InsertProcContinue();
-            emission().procPending = true;
-            --procIndex;
-        }
+    if (job.closesHeading) {
+        std::string lineBreak;
+        doc.InsertLineBreak(lineBreak);
+        line.append(lineBreak);
     }
+    if (job.procAnchor >= 0) {
+        if (f.Separator) doc.InsertHorizontalLine();
+        doc.InsertProcStart(std::string(line.view()), withoutAngles(yProc()[job.procAnchor].Name));
+    }
+    if (job.headingContinues) doc.InsertProcContinue();
     doc.EmitLine(line);
 }
+
+void renderJobs(cGenHTML& doc, LineBuffer& line, const std::vector<RecordJob>& jobs) {
+    for (const RecordJob& job : jobs) renderRecord(doc, line, job);
+}
+
+// Makes `second` into `tail` on a thread of its own while `first` is made here; false when no
+// thread could be had, and nothing was made.
+bool renderSharesAtOnce(HtmlEmission& e, const std::vector<RecordJob>& first, const std::vector<RecordJob>& second,
+                        cGenHTML& tail) {
+    std::exception_ptr tailFailure;
+    {
+        std::jthread helper;
+        try {
+            helper = std::jthread([&tail, &tailFailure, &second] {
+                try {
+                    LineBuffer line;
+                    renderJobs(tail, line, second);
+                } catch (...) {
+                    tailFailure = std::current_exception();
+                }
+            });
+        } catch (const std::system_error&) {
+            return false;
+        }
+        renderJobs(*e.doc, e.line, first);
+    }
+    if (tailFailure) std::rethrow_exception(tailFailure);
+    e.doc->writeCaptured(tail);
+    return true;
+}
+
+// The lines of a large file are made two shares at a time: the second share by a helper
+// thread into memory, written after the first (what is kept in memory is one share). Every line
+// depends on its own record alone once the records are planned, and each share has its own
+// document state, so the bytes are the same as when one thread makes them all.
+void emitSourceRecords() {
+    HtmlEmission& e = emission();
+    bool twoThreads = std::thread::hardware_concurrency() >= 2;
+    RecordPlanner planner;
+    std::vector<RecordJob> first, second;
+    cGenHTML tail;
+    tail.captureInMemory();
+    for (;;) {
+        first.clear();
+        second.clear();
+        if (!planner.next(first, kMainShare)) return;
+        bool more = planner.next(second, kHelperShare);
+        if (more && twoThreads && renderSharesAtOnce(e, first, second, tail)) continue;
+        twoThreads = false;  // a thread refused once is not asked for again
+        renderJobs(*e.doc, e.line, first);
+        renderJobs(*e.doc, e.line, second);
+    }
+}
+
+void emitProject(const cFileDesc& entry) {
+    if (entry.WhichProject < 1 || entry.WhichProject > oProjectFiles().Count()) return;
+    for (const cProjectLine& line : oProjectFiles().Item(entry.WhichProject).ProjectRecords)
+        hlydHTML::EmitProjectRecord(line.AsRecord);
+}
+
+}  // namespace
+
+namespace hlydHTML {
 
 // The document has no right edge and no measures: each line stays whole, and a line of blanks
 // is left out.
@@ -242,7 +223,6 @@ bool HTMLEmitAFile(const std::function<void(const std::string& target)>& targetC
     if (files.wCurrentFile < 1 || files.wCurrentFile > files.oFile.Count()) return false;
     theUi().setBusy(true);
     emission().doc = std::make_unique<cGenHTML>();
-    emission().procPending = false;
     const cFileDesc& entry = files.oFile.Item(files.wCurrentFile);
     bool project = entry.FileType == kFileGroup || entry.FileType == kFileProject;
     std::string name = withoutDirectory(entry.FileName);

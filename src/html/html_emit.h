@@ -15,7 +15,6 @@ bool HTMLEmitAFile(const std::function<void(const std::string& target)>& targetC
 void HlydMNSaveAsHTML();
 
 namespace hlydHTML {
-void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& procIndex);
 void EmitProjectRecord(const std::string& text);
 }  // namespace hlydHTML
 
