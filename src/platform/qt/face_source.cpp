@@ -40,7 +40,7 @@ std::optional<QByteArray> tableInFile(const QByteArray& file, const char* tag) {
 }
 
 // Whether a font file holds the face Qt chose: the same tables of names, metrics and characters.
-// The file's own weight and slant are the ones asked for (fontFileOf sees to it), so Qt had no
+// The file's own weight and slant are the ones asked for (fontFilesOf sees to it), so Qt had no
 // cause to make up a bold or a slant from it.
 bool fileHoldsFace(const QString& path, const QRawFont& chosen) {
     QFile file(path);
@@ -69,8 +69,11 @@ QRawFont rawFaceOf(const QFont& font) {
     useFontConfiguration();
     QRawFont raw = QRawFont::fromFont(font);
     if (rememberingFaceFiles()) {
-        QString file = fontFileOf(family, font.bold(), font.italic());
-        if (!file.isEmpty() && fileHoldsFace(file, raw)) rememberFaceFile(toUtf8(family), styleOf(font), toUtf8(file));
+        for (const QString& file : fontFilesOf(family, font.bold(), font.italic())) {
+            if (!fileHoldsFace(file, raw)) continue;
+            rememberFaceFile(toUtf8(family), styleOf(font), toUtf8(file));
+            break;
+        }
     }
     return raw;
 }

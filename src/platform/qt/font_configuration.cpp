@@ -56,7 +56,29 @@ void useFontConfiguration() {
 
 bool fontConfigurationLoaded() { return !startedEmpty; }
 
-QString fontFileOf(const QString& family, bool bold, bool italic) {
+namespace {
+
+// Whether a candidate is a whole file of the family itself in the weight and slant asked for,
+// rather than a substitute or a face that would have to be made bold or slanted.
+QString fileOfExactly(FcPattern* candidate, const QString& family, bool bold, bool italic) {
+    FcChar8 *path = nullptr, *matched = nullptr;
+    int weight = 0, slant = 0, index = -1;
+    if (FcPatternGetString(candidate, FC_FILE, 0, &path) == FcResultMatch &&
+        FcPatternGetString(candidate, FC_FAMILY, 0, &matched) == FcResultMatch &&
+        FcPatternGetInteger(candidate, FC_WEIGHT, 0, &weight) == FcResultMatch &&
+        FcPatternGetInteger(candidate, FC_SLANT, 0, &slant) == FcResultMatch &&
+        FcPatternGetInteger(candidate, FC_INDEX, 0, &index) == FcResultMatch && index == 0 &&
+        QString::fromUtf8(reinterpret_cast<const char*>(matched)) == family && (weight >= FC_WEIGHT_BOLD) == bold &&
+        (slant != FC_SLANT_ROMAN) == italic)
+        return QString::fromUtf8(reinterpret_cast<const char*>(path));
+    return {};
+}
+
+}  // namespace
+
+// Every file, best first: a system may hold two versions of one family (a desktop often has
+// both generations of a font package), and the face Qt chose need not be the best match.
+QStringList fontFilesOf(const QString& family, bool bold, bool italic) {
     useFontConfiguration();
     QByteArray name = family.toUtf8();
     FcPattern* pattern = FcPatternCreate();
@@ -66,21 +88,15 @@ QString fontFileOf(const QString& family, bool bold, bool italic) {
     FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
     FcDefaultSubstitute(pattern);
     FcResult result;
-    FcPattern* match = FcFontMatch(nullptr, pattern, &result);
+    FcFontSet* sorted = FcFontSort(nullptr, pattern, FcFalse, nullptr, &result);
     FcPatternDestroy(pattern);
-    QString file;
-    FcChar8 *path = nullptr, *matched = nullptr;
-    int weight = 0, slant = 0, index = -1;
-    if (match && FcPatternGetString(match, FC_FILE, 0, &path) == FcResultMatch &&
-        FcPatternGetString(match, FC_FAMILY, 0, &matched) == FcResultMatch &&
-        FcPatternGetInteger(match, FC_WEIGHT, 0, &weight) == FcResultMatch &&
-        FcPatternGetInteger(match, FC_SLANT, 0, &slant) == FcResultMatch &&
-        FcPatternGetInteger(match, FC_INDEX, 0, &index) == FcResultMatch && index == 0 &&
-        QString::fromUtf8(reinterpret_cast<const char*>(matched)) == family && (weight >= FC_WEIGHT_BOLD) == bold &&
-        (slant != FC_SLANT_ROMAN) == italic)
-        file = QString::fromUtf8(reinterpret_cast<const char*>(path));
-    if (match) FcPatternDestroy(match);
-    return file;
+    QStringList files;
+    for (int i = 0; sorted && i < sorted->nfont; ++i) {
+        QString file = fileOfExactly(sorted->fonts[i], family, bold, italic);
+        if (!file.isEmpty() && !files.contains(file)) files.append(file);
+    }
+    if (sorted) FcFontSetDestroy(sorted);
+    return files;
 }
 
 std::vector<std::string> fontConfigurationSources() {

@@ -4,6 +4,7 @@
 // step. A print whose faces are all remembered from an earlier run reads their files directly and
 // starts without it; the first look-up that needs the system's fonts loads it after all.
 #include <QString>
+#include <QStringList>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,9 @@ void startWithoutFontConfiguration();
 void useFontConfiguration();
 bool fontConfigurationLoaded();
 
-// The file of a family's face that is drawn as it is (not made bold or slanted from another face),
-// the first face of its file; empty otherwise.
-QString fontFileOf(const QString& family, bool bold, bool italic);
+// The files of a family's face that is drawn as it is (not made bold or slanted from another
+// face), the first face of each file, best match first; none otherwise.
+QStringList fontFilesOf(const QString& family, bool bold, bool italic);
 // The configuration files and font directories, and the places of the user's own configuration
 // that do not exist yet: when none has changed, the installed families are still the ones an
 // earlier run saw.
