@@ -16,6 +16,7 @@
 #include "files/print_history.h"
 #include "files/project_file.h"
 #include "html/gen_html.h"
+#include "html/html_records.h"
 #include "html/html_state.h"
 #include "platform/clock.h"
 #include "platform/ui.h"
@@ -36,36 +37,13 @@ struct HtmlEmission {
     std::unique_ptr<cGenHTML> doc;
     bool procPending = false;
     LineBuffer line;  // one buffer for every line: a line costs no fresh memory
+    std::vector<ShownToken> tokens;  // the same for the tokens of a line
 };
 HLYD_PRIVATE_PART(HtmlEmission)
 
 namespace {
 
 HtmlEmission& emission() { return *htmlState().emission; }
-
-// Numbers as the language reads them: digits with a sign, a point, an exponent; or &H and &O.
-bool isNumericText(std::string_view text) {
-    std::size_t i = 0, n = text.size();
-    while (i < n && text[i] == ' ') ++i;
-    if (i + 1 < n && text[i] == '&' &&
-        (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
-        return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string_view::npos;
-    if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
-    bool digits = false;
-    while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
-    if (i < n && text[i] == '.') {
-        ++i;
-        while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i, digits = true;
-    }
-    if (digits && i < n && (text[i] == 'E' || text[i] == 'e')) {
-        ++i;
-        if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
-        if (i >= n || !std::isdigit(static_cast<unsigned char>(text[i]))) return false;
-        while (i < n && std::isdigit(static_cast<unsigned char>(text[i]))) ++i;
-    }
-    while (i < n && text[i] == ' ') ++i;
-    return digits && i == n;
-}
 
 std::string withoutAngles(std::string name) {
     std::erase(name, '<');
@@ -74,15 +52,10 @@ std::string withoutAngles(std::string name) {
 }
 
 void writeStyles(cGenHTML& doc) {
-    auto style = [&](int cls, int element) {
-        const AttributeRecord& a = displayAttributes().Elements[element].slot[kHTMLDestination];
-        doc.InsertStyle(cls, a.Font.Name, static_cast<long>(std::nearbyint(a.Font.Size)), a.Font.Italic, a.Font.Bold,
-                        a.ForeColor);
-    };
     doc.InsertStyleStart();
-    style(99, kElemProcedures);
-    for (int e = 1; e <= kElementCount; ++e) style(e, e);
-    style(9, kElemKeyWords);
+    doc.InsertLine(htmlElementStyle(99, kElemProcedures));
+    for (int e = 1; e <= kElementCount; ++e) doc.InsertLine(htmlElementStyle(e, e));
+    doc.InsertLine(htmlElementStyle(9, kElemKeyWords));
     doc.InsertStyleEnd();
 }
 
@@ -90,12 +63,6 @@ std::string withoutDirectory(const std::string& full) {
     std::string name, directory;
     sbFileNameFromDir(full, name, directory);
     return name;
-}
-
-bool shownByView(const Statement& s) {
-    const HlydSettings& settings = hlydSettings();
-    return s.Flags.has(StatementFlag::FormDescription) ? settings.ViewFormDef[kHTMLDestination]
-                                                       : settings.ViewCode[kHTMLDestination];
 }
 
 // The look-up of a record's procedure is a search of them all; the records come in order, so
@@ -118,7 +85,7 @@ void emitSourceRecords() {
     for (std::int32_t counter = 1; counter <= t.RecordCount && t.Records[counter].FirstT != 0; ++counter) {
         const Record& r = t.Records[counter];
         const Statement& s = t.Statements[r.FirstS];
-        std::int32_t firstToken = isNumericText(t.Tokens[r.FirstT].Text) ? r.FirstT + 1 : r.FirstT;
+        std::int32_t firstToken = firstIndentedToken(r);
         if (!shownByView(s)) continue;
         bool startsProc = false;
         if (currentProc >= 0 && currentProc <= upper) {
@@ -147,55 +114,19 @@ void emitProject(const cFileDesc& entry) {
 
 namespace hlydHTML {
 
-// Spaces ahead of a token: the source's own gap, or for the first token that counts the
-// analysed indentation (a line number before it keeps its place). `blankAfter` tells that a line
-// number is followed by a blank.
-static int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std::int32_t token,
-                     std::int32_t firstToken, const Statement& s, int spaces, bool& blankAfter) {
-    const Token& tok = t.Tokens[token];
-    blankAfter = false;
-    if (token != firstToken) {
-        spaces = static_cast<int>(tok.LeadingSpace.size());
-        blankAfter = token == r.FirstT && isNumericText(tok.Text);
-        return spaces;
-    }
-    // The form description keeps its own layout: its blanks, and no indentation on top of them.
-    if (s.Flags.has(StatementFlag::FormDescription)) return spaces + static_cast<int>(tok.LeadingSpace.size());
-    if (f.Indent) {
-        // Capped as a view caps it: deep nesting would make the document grow with the square of
-        // the depth.
-        std::int64_t indent = std::int64_t{f.IndentAmount} * r.Indent;
-        spaces += static_cast<int>(std::min<std::int64_t>(indent, kFurthestTextColumn));
-        if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;
-    } else {
-        spaces += static_cast<int>(tok.LeadingSpace.size());
-    }
-    return spaces;
-}
-
 void EmitCodeRecord(std::int32_t record, std::int32_t firstToken, std::int32_t& procIndex) {
     cGenHTML& doc = *emission().doc;
     const SourceTables& t = theSourceTables();
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
     const Statement& s = governingStatement(record);
     const Record& r = t.Records[record];
-    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
     LineBuffer& line = emission().line;
     line.clear();
-    bool procedureLine = t.Statements[r.FirstS].Class == StatementClass::ProcStart;
     bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
-    if (!(s.Class == StatementClass::Header && f.SkipAttributes)) {
-        int spaces = 0;
-        for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
-            bool blankAfter = false;
-            spaces = spacesFor(t, f, r, i, firstToken, s, spaces, blankAfter);
-            int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
-            if (element == 0) element = kElemIdentifiers;
-            if (procedureLine) element = kElemProcedures;
-            doc.AppendToken(t.Tokens[i].Text, spaces, element, line);
-            if (blankAfter) line.appendBlanks(1);
-        }
-        if (f.ContinueHonor && lastContinued) doc.AppendToken(" _", spaces, kElemKeyWords, line);
+    shownTokens(record, firstToken, emission().tokens);
+    for (const ShownToken& shown : emission().tokens) {
+        doc.AppendToken(shown.text, shown.spaces, shown.element, line);
+        if (shown.blankAfter) line.appendBlanks(1);
     }
     if (procIndex >= 0 && s.Class != StatementClass::Blank) {
         const std::int32_t upper = static_cast<std::int32_t>(yProc().size() - 1);

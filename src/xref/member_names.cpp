@@ -85,6 +85,7 @@ private:
     void declare(const Word& w, NameKind kind, bool isPublic, bool indexed = true);
     void usesOf(const std::vector<Word>& w);
     std::int32_t lineOf(std::int32_t token) const;
+    std::int32_t placeInLine(std::int32_t token, std::int32_t line) const;
     bool writtenAt(const std::vector<Word>& w, std::size_t at) const;
 
     const SourceTables& t_;
@@ -258,7 +259,8 @@ void MemberReader::declare(const Word& w, NameKind kind, bool isPublic, bool ind
     bool local = proc_ != kModuleLevel;
     d.proc = local ? proc_ : kModuleLevel;
     d.entry.isPublic = !local && isPublic;
-    d.entry.declared = {file_, lineOf(w.token), local ? procName_ : std::string()};
+    std::int32_t line = lineOf(w.token);
+    d.entry.declared = {file_, line, local ? procName_ : std::string(), placeInLine(w.token, line)};
     names_.declared.push_back(std::move(d));
 }
 
@@ -290,6 +292,11 @@ std::int32_t MemberReader::lineOf(std::int32_t token) const {
     return s.FirstRecord;
 }
 
+std::int32_t MemberReader::placeInLine(std::int32_t token, std::int32_t line) const {
+    if (line < 1 || line > t_.RecordCount || token < t_.Records[line].FirstT) return -1;
+    return token - t_.Records[line].FirstT;
+}
+
 void MemberReader::usesOf(const std::vector<Word>& w) {
     for (std::size_t i = 0; i < w.size(); ++i) {
         if (w[i].kind != Word::kName || declaring_[static_cast<std::size_t>(w[i].token)]) continue;
@@ -303,6 +310,7 @@ void MemberReader::usesOf(const std::vector<Word>& w) {
         }
         u.written = writtenAt(w, i);
         u.line = lineOf(w[i].token);
+        u.token = placeInLine(w[i].token, u.line);
         names_.uses.push_back(u);
     }
 }
