@@ -289,7 +289,18 @@ std::int32_t MemberReader::lineOf(std::int32_t token) const {
     const Statement& s = t_.Statements[statement];
     for (std::int32_t r = s.FirstRecord; r >= 1 && r <= s.LastRecord && r <= t_.RecordCount; ++r)
         if (token >= t_.Records[r].FirstT && token <= t_.Records[r].LastT) return r;
-    return s.FirstRecord;
+    if (s.FirstRecord >= 1) return s.FirstRecord;
+    // A statement after a ":" is given no records of its own: the records hold the tokens in
+    // order, so the one that holds the token is found by halves.
+    std::int32_t low = 1, high = t_.RecordCount;
+    while (low <= high) {
+        std::int32_t mid = low + (high - low) / 2;
+        const Record& r = t_.Records[mid];
+        if (r.FirstT == 0 || token < r.FirstT) high = mid - 1;
+        else if (token > r.LastT) low = mid + 1;
+        else return mid;
+    }
+    return 0;
 }
 
 std::int32_t MemberReader::placeInLine(std::int32_t token, std::int32_t line) const {
