@@ -36,7 +36,7 @@ constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display 
 struct HtmlEmission {
     std::unique_ptr<cGenHTML> doc;
     bool procPending = false;
-    LineBuffer line;  // one buffer for every line: a line costs no fresh memory
+    LineBuffer line;                 // one buffer for every line: a line costs no fresh memory
     std::vector<ShownToken> tokens;  // the same for the tokens of a line
 };
 HLYD_PRIVATE_PART(HtmlEmission)

@@ -14,7 +14,7 @@ namespace {
 
 void addLink(SiteModel& site, const NamePlace& place, std::string href) {
     std::size_t m = site.memberOf(place.file);
-    if (m == SiteModel::kNoMember || place.token < 0) return;
+    if (m == SiteModel::kNoMember || place.token < 0 || place.line < 1) return;
     site.links[m].push_back({place.line, {place.token, std::move(href)}});
 }
 
@@ -35,6 +35,7 @@ std::string SiteModel::lineHref(const NamePlace& place, std::size_t from) const 
     std::size_t m = memberOf(place.file);
     std::string anchor = "#L" + std::to_string(place.line);
     if (m == kNoMember) return kSiteIndexPage;
+    if (place.line < 1) return pages[m];  // a place the reader could not tell: the member at least
     return m == from ? anchor : pages[m] + anchor;
 }
 
@@ -94,8 +95,9 @@ std::string sitePageHead(const std::string& title) {
 
 std::string siteNamesTable(const SiteModel& site, const std::vector<std::size_t>& names, std::size_t from,
                            bool linkNames) {
-    std::string out = "<table class=\"names\">\n<thead><tr><th>Name</th><th>Kind</th><th>Declared</th>"
-                      "<th>Uses</th></tr></thead>\n<tbody>\n";
+    std::string out =
+            "<table class=\"names\">\n<thead><tr><th>Name</th><th>Kind</th><th>Declared</th>"
+            "<th>Uses</th></tr></thead>\n<tbody>\n";
     for (std::size_t i : names) {
         const IndexedName& name = site.index.names[i];
         std::size_t home = site.memberOf(name.declared.file);

@@ -23,10 +23,10 @@ struct SiteModel {
     std::string title;   // the project, group or file shown
     std::string source;  // its path
     NameIndex index;
-    std::vector<std::string> pages;             // by the members of the index
-    std::vector<std::string> modules;           // the same: each member's VB_Name
-    std::vector<std::vector<LinkAt>> links;     // the same: by line and token
-    std::vector<std::vector<std::size_t>> declared;  // the same: the names each declares
+    std::vector<std::string> pages;                        // by the members of the index
+    std::vector<std::string> modules;                      // the same: each member's VB_Name
+    std::vector<std::vector<LinkAt>> links;                // the same: by line and token
+    std::vector<std::vector<std::size_t>> declared;        // the same: the names each declares
     std::unordered_map<std::string, std::size_t> members;  // by file: a million uses look here
 
     static constexpr std::size_t kNoMember = static_cast<std::size_t>(-1);

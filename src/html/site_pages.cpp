@@ -14,9 +14,8 @@ namespace {
 // The members in the groups a reader of a project knows them by, in the order a project lists them.
 const char* memberGroup(const std::string& file) {
     static const std::map<std::string, const char*> kGroups = {
-            {".FRM", "Forms"},         {".BAS", "Modules"},          {".CLS", "Classes"},
-            {".CTL", "User Controls"}, {".PAG", "Property Pages"},   {".DSR", "Designers"},
-            {".DOB", "User Documents"}};
+            {".FRM", "Forms"},          {".BAS", "Modules"},   {".CLS", "Classes"},       {".CTL", "User Controls"},
+            {".PAG", "Property Pages"}, {".DSR", "Designers"}, {".DOB", "User Documents"}};
     auto it = kGroups.find(upperCase(std::filesystem::path(file).extension().string()));
     return it == kGroups.end() ? "Other Files" : it->second;
 }

@@ -34,8 +34,8 @@ void addToCommandLine(BatchOptions& options, const std::string& word) {
 }
 
 std::string checkCombinations(const BatchOptions& options) {
-    bool wantsOutput = !options.pdfOut.empty() || !options.htmlOut.empty() || !options.siteOut.empty() ||
-                       !options.printer.empty();
+    bool wantsOutput =
+            !options.pdfOut.empty() || !options.htmlOut.empty() || !options.siteOut.empty() || !options.printer.empty();
     if (!options.openFiles.empty() && (wantsOutput || !options.files.empty()))
         return "--open shows files in the window; it does not go with a file to print or an output";
     if (options.help || options.version) return {};
