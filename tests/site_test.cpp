@@ -93,6 +93,8 @@ TEST_F(SiteTest, AProjectsUsesLeadToTheirDeclarationsAcrossMembers) {
                      "AddShape -> #L6", "MaxShapes -> #L4"}));
     std::string index = page("index.html");
     EXPECT_NE(index.find("<h2>Classes</h2>\n<ul>\n<li><a href=\"Counter-cls.html\">Counter</a>"), std::string::npos);
+    EXPECT_LT(index.find("<h2>Forms"), index.find("<h2>Modules"));
+    EXPECT_LT(index.find("<h2>Modules"), index.find("<h2>Classes"));
     EXPECT_NE(index.find("<a href=\"Shapes-bas-2.html#d5\">Report</a></td><td>Sub</td><td><a "
                          "href=\"Shapes-bas-2.html#L2\">ShapesToo:2</a></td><td><a href=\"frmMain-frm.html#L11\">"
                          "frmMain:11</a></td>"),

@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <map>
 
 #include "analysis/source_model.h"
 #include "html/html_records.h"
@@ -11,13 +10,18 @@ namespace hlyd {
 
 namespace {
 
-// The members in the groups a reader of a project knows them by, in the order a project lists them.
-const char* memberGroup(const std::string& file) {
-    static const std::map<std::string, const char*> kGroups = {
-            {".FRM", "Forms"},          {".BAS", "Modules"},   {".CLS", "Classes"},       {".CTL", "User Controls"},
-            {".PAG", "Property Pages"}, {".DSR", "Designers"}, {".DOB", "User Documents"}};
-    auto it = kGroups.find(upperCase(std::filesystem::path(file).extension().string()));
-    return it == kGroups.end() ? "Other Files" : it->second;
+// The members in the groups a reader of a project knows them by, forms first as the
+// development environment lists them.
+constexpr const char* kGroups[][2] = {{".FRM", "Forms"},          {".BAS", "Modules"},        {".CLS", "Classes"},
+                                      {".CTL", "User Controls"},  {".PAG", "Property Pages"}, {".DSR", "Designers"},
+                                      {".DOB", "User Documents"}, {"", "Other Files"}};
+constexpr std::size_t kGroupCount = sizeof kGroups / sizeof kGroups[0];
+
+std::size_t memberGroup(const std::string& file) {
+    std::string extension = upperCase(std::filesystem::path(file).extension().string());
+    std::size_t g = 0;
+    while (g + 1 < kGroupCount && extension != kGroups[g][0]) ++g;
+    return g;
 }
 
 bool isProcedure(NameKind kind) {
@@ -78,11 +82,12 @@ std::string listing(const std::vector<LinkAt>& links) {
 std::string siteIndexPage(const SiteModel& site) {
     std::string out = sitePageHead(site.title) + "<body>\n<h1>" + siteText(site.title) + "</h1>\n";
     out += "<p>" + sitePathText(site.source) + "</p>\n<nav><a href=\"#xref\">Cross-reference</a></nav>\n";
-    std::map<std::string, std::vector<std::size_t>> groups;
+    std::vector<std::vector<std::size_t>> groups(kGroupCount);
     for (std::size_t m = 0; m < site.pages.size(); ++m) groups[memberGroup(site.index.files[m])].push_back(m);
-    for (const auto& [group, members] : groups) {
-        out += "<h2>" + group + "</h2>\n<ul>\n";
-        for (std::size_t m : members)
+    for (std::size_t g = 0; g < kGroupCount; ++g) {
+        if (groups[g].empty()) continue;
+        out += "<h2>" + std::string(kGroups[g][1]) + "</h2>\n<ul>\n";
+        for (std::size_t m : groups[g])
             out += "<li><a href=\"" + site.pages[m] + "\">" + siteText(site.modules[m]) + "</a> <span class=\"kind\">" +
                    sitePathText(std::filesystem::path(site.index.files[m]).filename().string()) + "</span>\n" +
                    procedureList(site, m, SiteModel::kNoMember) + "</li>\n";
