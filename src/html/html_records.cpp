@@ -90,7 +90,7 @@ void shownTokens(std::int32_t record, std::int32_t firstToken, std::vector<Shown
     for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
         ShownToken shown;
         spaces = spacesFor(t, f, r, i, firstToken, s, spaces, shown.blankAfter);
-        int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
+        int element = i < static_cast<std::int32_t>(elements.size()) ? elements[static_cast<std::size_t>(i)] : 0;
         if (element == 0) element = kElemIdentifiers;
         if (procedureLine) element = kElemProcedures;
         shown.text = t.Tokens[i].Text;
@@ -104,7 +104,7 @@ void shownTokens(std::int32_t record, std::int32_t firstToken, std::vector<Shown
 }
 
 std::string htmlElementStyle(int cls, int element) {
-    const AttributeRecord& a = displayAttributes().Elements[element].slot[kHTMLDestination];
+    const AttributeRecord& a = displayAttributes().Elements[static_cast<std::size_t>(element)].slot[kHTMLDestination];
     return htmlStyleRule(cls, a.Font.Name, static_cast<long>(std::nearbyint(a.Font.Size)), a.Font.Italic, a.Font.Bold,
                          a.ForeColor);
 }
