@@ -211,6 +211,23 @@ TEST_F(XrefTest, AFormsControlsAreItsOwnNamesAndTheOthersReachThemThroughTheForm
     EXPECT_EQ(uses(name("frmShapes", "cmdGo", NameKind::kControl)), (Uses{"frmShapes:18:cmdGo_Click"}));
 }
 
+using XrefPlaceTest = test::ProgramTest;
+
+TEST_F(XrefPlaceTest, AUseAfterAColonStandsOnItsLineAndEveryPlaceKnowsItsToken) {
+    showSource("Colons.bas",
+               "Attribute VB_Name = \"Colons\"\nPublic A As Long, B As Long\n"
+               "Sub Fill()\n    A = 1: B = A\nEnd Sub\n");
+    NameIndex index = indexOpenFiles();
+    ASSERT_GE(index.names.size(), 2u);
+    // The tokens of a line count from 0: "Public A As Long , B".
+    EXPECT_EQ(index.names[1].name, "B");
+    EXPECT_EQ(index.names[1].declared.token, 5);
+    std::vector<std::pair<std::int32_t, std::int32_t>> places;
+    for (const NameUse& use : index.names[1].uses) places.emplace_back(use.place.line, use.place.token);
+    for (const NameUse& use : index.names[0].uses) places.emplace_back(use.place.line, use.place.token);
+    EXPECT_EQ(places, (std::vector<std::pair<std::int32_t, std::int32_t>>{{4, 4}, {4, 0}, {4, 6}}));
+}
+
 using XrefDumpTest = test::ProgramTest;
 
 TEST_F(XrefDumpTest, TheToolPrintsANameALineAndRefusesWhatIsNoFile) {

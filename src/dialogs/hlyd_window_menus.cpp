@@ -10,6 +10,7 @@
 #include "display/viewing.h"
 #include "files/main_window_model.h"
 #include "html/html_emit.h"
+#include "html/site_command.h"
 #include "platform/qt/qt_text.h"
 #include "shell/debug_menu.h"
 #include "shell/help_commands.h"
@@ -70,6 +71,7 @@ void HlydWindow::buildFileMenu() {
     addCommand(fileMenu_, kMnuFilPrint, "&Print...", mnuFilPrint_Click);
     addCommand(fileMenu_, kMnuFilPrintSetup, "Print &Setup...", mnuFilPrintSetup_Click);
     addCommand(fileMenu_, kMnuFileHTML, "Save as &HTML", HlydMNSaveAsHTML);
+    addCommand(fileMenu_, kMnuFileHTMLSite, "Save as HTML Si&te...", HlydMNSaveAsHTMLSite);
     fileMenu_->addSeparator();
     for (int i = 1; i <= kMruSize; ++i) {
         QAction* item =

@@ -35,6 +35,7 @@ inline constexpr char kMnuFilPrint[] = "mnuFilPrint";
 inline constexpr char kMnuFilPrintSetup[] = "mnuFilPrintSetup";
 inline constexpr char kMnuFile[] = "mnuFile";
 inline constexpr char kMnuFileHTML[] = "mnuFileHTML";
+inline constexpr char kMnuFileHTMLSite[] = "mnuFileHTMLSite";
 inline constexpr char kMnuHelAbout[] = "mnuHelAbout";
 inline constexpr char kMnuHelContents[] = "mnuHelContents";
 inline constexpr char kMnuHelHelp[] = "mnuHelHelp";

@@ -39,6 +39,18 @@ std::string htmlColourText(std::uint32_t colour) {
     }
 }
 
+std::string htmlStyleRule(int element, const std::string& fontName, long size, bool italic, bool bold,
+                          std::uint32_t colour) {
+    std::string text = std::string(".") + htmlClassName(element) + " {" + kLineEnd;
+    text += "    color:" + htmlColourText(colour) + ";" + kLineEnd;
+    text += "    font-family:" + styleSafe(fontName) + ";" + kLineEnd;
+    text += "    font-size:" + std::to_string(size) + "pt;" + kLineEnd;
+    text += std::string("    font-weight: ") + (bold ? "bold;" : "normal;") + kLineEnd;
+    text += std::string("    font-style: ") + (italic ? "italic;" : "normal;") + kLineEnd;
+    text += "}";
+    return text;
+}
+
 // A document that was not finished never stands under the chosen name: the writer abandons it.
 cGenHTML::~cGenHTML() = default;
 
@@ -118,14 +130,7 @@ void cGenHTML::InsertStyleStart() {
 
 void cGenHTML::InsertStyle(int element, const std::string& fontName, long size, bool italic, bool bold,
                            std::uint32_t colour) {
-    std::string text = std::string(".") + htmlClassName(element) + " {" + kLineEnd;
-    text += "    color:" + htmlColourText(colour) + ";" + kLineEnd;
-    text += "    font-family:" + styleSafe(fontName) + ";" + kLineEnd;
-    text += "    font-size:" + std::to_string(size) + "pt;" + kLineEnd;
-    text += std::string("    font-weight: ") + (bold ? "bold;" : "normal;") + kLineEnd;
-    text += std::string("    font-style: ") + (italic ? "italic;" : "normal;") + kLineEnd;
-    text += "}";
-    writeLine(text);
+    writeLine(htmlStyleRule(element, fontName, size, italic, bold, colour));
 }
 
 void cGenHTML::InsertStyleEnd() {

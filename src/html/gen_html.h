@@ -98,6 +98,10 @@ private:
 // "Comment", "Identifier", ... for elements 1 to 8, "a:link" for 99, "Unknown" for the rest.
 const char* htmlClassName(int element);
 
+// The style rule of an element's class: its colour, font, size, weight and slant.
+std::string htmlStyleRule(int element, const std::string& fontName, long size, bool italic, bool bold,
+                          std::uint32_t colour);
+
 // A colour value (blue in the high byte) as "RRGGBB"; odd-length hex gives black, on purpose.
 std::string htmlColourText(std::uint32_t colour);
 

@@ -19,6 +19,7 @@
 #include "files/print_history.h"
 #include "files/project_file.h"
 #include "html/gen_html.h"
+#include "html/html_records.h"
 #include "html/html_state.h"
 #include "html/record_plan.h"
 #include "platform/clock.h"
@@ -36,9 +37,15 @@ constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display 
 
 }  // namespace
 
+// What a thread makes lines with, kept from line to line: a line costs no fresh memory.
+struct LineWork {
+    LineBuffer line;
+    std::vector<ShownToken> tokens;
+};
+
 struct HtmlEmission {
     std::unique_ptr<cGenHTML> doc;
-    LineBuffer line;  // one buffer for every line: a line costs no fresh memory
+    LineWork work;
 };
 HLYD_PRIVATE_PART(HtmlEmission)
 
@@ -53,15 +60,10 @@ std::string withoutAngles(std::string name) {
 }
 
 void writeStyles(cGenHTML& doc) {
-    auto style = [&](int cls, int element) {
-        const AttributeRecord& a = displayAttributes().Elements[element].slot[kHTMLDestination];
-        doc.InsertStyle(cls, a.Font.Name, static_cast<long>(std::nearbyint(a.Font.Size)), a.Font.Italic, a.Font.Bold,
-                        a.ForeColor);
-    };
     doc.InsertStyleStart();
-    style(99, kElemProcedures);
-    for (int e = 1; e <= kElementCount; ++e) style(e, e);
-    style(9, kElemKeyWords);
+    doc.InsertLine(htmlElementStyle(99, kElemProcedures));
+    for (int e = 1; e <= kElementCount; ++e) doc.InsertLine(htmlElementStyle(e, e));
+    doc.InsertLine(htmlElementStyle(9, kElemKeyWords));
     doc.InsertStyleEnd();
 }
 
@@ -77,53 +79,14 @@ std::string withoutDirectory(const std::string& full) {
 constexpr std::size_t kMainShare = 1500;
 constexpr std::size_t kHelperShare = 2700;
 
-// Spaces ahead of a token: the source's own gap, or for the first token that counts the
-// analysed indentation (a line number before it keeps its place). `blankAfter` tells that a line
-// number is followed by a blank.
-int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std::int32_t token,
-              std::int32_t firstToken, const Statement& s, int spaces, bool& blankAfter) {
-    const Token& tok = t.Tokens[token];
-    blankAfter = false;
-    if (token != firstToken) {
-        spaces = static_cast<int>(tok.LeadingSpace.size());
-        blankAfter = token == r.FirstT && isNumericText(tok.Text);
-        return spaces;
-    }
-    // The form description keeps its own layout: its blanks, and no indentation on top of them.
-    if (s.Flags.has(StatementFlag::FormDescription)) return spaces + static_cast<int>(tok.LeadingSpace.size());
-    if (f.Indent) {
-        // Capped as a view caps it: deep nesting would make the document grow with the square of
-        // the depth.
-        std::int64_t indent = std::int64_t{f.IndentAmount} * r.Indent;
-        spaces += static_cast<int>(std::min<std::int64_t>(indent, kFurthestTextColumn));
-        if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;
-    } else {
-        spaces += static_cast<int>(tok.LeadingSpace.size());
-    }
-    return spaces;
-}
-
-void renderRecord(cGenHTML& doc, LineBuffer& line, const RecordJob& job) {
-    const SourceTables& t = theSourceTables();
+void renderRecord(cGenHTML& doc, LineWork& work, const RecordJob& job) {
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
-    const Statement& s = *job.governing;
-    const Record& r = t.Records[job.record];
-    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    LineBuffer& line = work.line;
     line.clear();
-    bool procedureLine = t.Statements[r.FirstS].Class == StatementClass::ProcStart;
-    bool lastContinued = r.LastT >= 1 && (t.Tokens[r.LastT].Continued & 1);
-    if (!(s.Class == StatementClass::Header && f.SkipAttributes)) {
-        int spaces = 0;
-        for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {
-            bool blankAfter = false;
-            spaces = spacesFor(t, f, r, i, job.firstToken, s, spaces, blankAfter);
-            int element = i < static_cast<std::int32_t>(elements.size()) ? elements[i] : 0;
-            if (element == 0) element = kElemIdentifiers;
-            if (procedureLine) element = kElemProcedures;
-            doc.AppendToken(t.Tokens[i].Text, spaces, element, line);
-            if (blankAfter) line.appendBlanks(1);
-        }
-        if (f.ContinueHonor && lastContinued) doc.AppendToken(" _", spaces, kElemKeyWords, line);
+    shownTokens(job.record, job.firstToken, *job.governing, work.tokens);
+    for (const ShownToken& shown : work.tokens) {
+        doc.AppendToken(shown.text, shown.spaces, shown.element, line);
+        if (shown.blankAfter) line.appendBlanks(1);
     }
     if (job.closesHeading) {
         std::string lineBreak;
@@ -138,8 +101,8 @@ void renderRecord(cGenHTML& doc, LineBuffer& line, const RecordJob& job) {
     doc.EmitLine(line);
 }
 
-void renderJobs(cGenHTML& doc, LineBuffer& line, const std::vector<RecordJob>& jobs) {
-    for (const RecordJob& job : jobs) renderRecord(doc, line, job);
+void renderJobs(cGenHTML& doc, LineWork& work, const std::vector<RecordJob>& jobs) {
+    for (const RecordJob& job : jobs) renderRecord(doc, work, job);
 }
 
 // Makes `second` into `tail` on a thread of its own while `first` is made here; false when no
@@ -152,8 +115,8 @@ bool renderSharesAtOnce(HtmlEmission& e, const std::vector<RecordJob>& first, co
         try {
             helper = std::jthread([&tail, &tailFailure, &second] {
                 try {
-                    LineBuffer line;
-                    renderJobs(tail, line, second);
+                    LineWork work;
+                    renderJobs(tail, work, second);
                 } catch (...) {
                     tailFailure = std::current_exception();
                 }
@@ -161,7 +124,7 @@ bool renderSharesAtOnce(HtmlEmission& e, const std::vector<RecordJob>& first, co
         } catch (const std::system_error&) {
             return false;
         }
-        renderJobs(*e.doc, e.line, first);
+        renderJobs(*e.doc, e.work, first);
     }
     if (tailFailure) std::rethrow_exception(tailFailure);
     e.doc->writeCaptured(tail);
@@ -186,8 +149,8 @@ void emitSourceRecords() {
         bool more = planner.next(second, kHelperShare);
         if (more && twoThreads && renderSharesAtOnce(e, first, second, tail)) continue;
         twoThreads = false;  // a thread refused once is not asked for again
-        renderJobs(*e.doc, e.line, first);
-        renderJobs(*e.doc, e.line, second);
+        renderJobs(*e.doc, e.work, first);
+        renderJobs(*e.doc, e.work, second);
     }
 }
 
@@ -206,7 +169,7 @@ namespace hlydHTML {
 void EmitProjectRecord(const std::string& text) {
     ProjectLineHooks hooks;
     hooks.drawPiece = [](const std::string& piece, float, float, bool) {
-        LineBuffer& line = emission().line;
+        LineBuffer& line = emission().work.line;
         line.clear();
         emission().doc->AppendToken(piece, 0, kElemProjectFile, line);
         emission().doc->EmitLine(line);

@@ -6,20 +6,11 @@
 #include "display/token_layout.h"
 #include "files/file_table.h"
 #include "files/navigation.h"
-#include "settings/attributes.h"
-#include "settings/settings_store.h"
+#include "html/html_records.h"
 
 namespace hlyd {
 
 namespace {
-
-constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display settings
-
-bool shownByView(const Statement& s) {
-    const HlydSettings& settings = hlydSettings();
-    return s.Flags.has(StatementFlag::FormDescription) ? settings.ViewFormDef[kHTMLDestination]
-                                                       : settings.ViewCode[kHTMLDestination];
-}
 
 // The look-up of a record's procedure is a search of them all; the records come in order, so
 // nearly always the answer is the procedure of the record before, which is seen from its
@@ -69,7 +60,7 @@ bool RecordPlanner::next(std::vector<RecordJob>& jobs, std::size_t count) {
     for (; jobs.size() < count && counter_ <= t_.RecordCount && t_.Records[counter_].FirstT != 0; ++counter_) {
         const Record& r = t_.Records[counter_];
         const Statement& s = t_.Statements[r.FirstS];
-        std::int32_t firstToken = isNumericText(t_.Tokens[r.FirstT].Text) ? r.FirstT + 1 : r.FirstT;
+        std::int32_t firstToken = firstIndentedToken(r);
         if (!shownByView(s)) continue;
         bool startsProc = false;
         if (currentProc_ >= 0 && currentProc_ <= upper) {
@@ -86,34 +77,6 @@ bool RecordPlanner::next(std::vector<RecordJob>& jobs, std::size_t count) {
         }
     }
     return !jobs.empty();
-}
-
-// Numbers as the language reads them: digits with a sign, a point, an exponent; or &H and &O.
-bool isNumericText(std::string_view text) {
-    // Nearly every record begins with a word: its first byte settles it.
-    if (text.empty()) return false;
-    if (char c = text[0]; c != ' ' && c != '&' && c != '+' && c != '-' && c != '.' && (c < '0' || c > '9'))
-        return false;
-    std::size_t i = 0, n = text.size();
-    while (i < n && text[i] == ' ') ++i;
-    if (i + 1 < n && text[i] == '&' &&
-        (text[i + 1] == 'H' || text[i + 1] == 'h' || text[i + 1] == 'O' || text[i + 1] == 'o'))
-        return i + 2 < n && text.find_first_not_of("0123456789ABCDEFabcdef&", i + 2) == std::string_view::npos;
-    if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
-    bool digits = false;
-    while (i < n && text[i] >= '0' && text[i] <= '9') ++i, digits = true;
-    if (i < n && text[i] == '.') {
-        ++i;
-        while (i < n && text[i] >= '0' && text[i] <= '9') ++i, digits = true;
-    }
-    if (digits && i < n && (text[i] == 'E' || text[i] == 'e')) {
-        ++i;
-        if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
-        if (i >= n || text[i] < '0' || text[i] > '9') return false;
-        while (i < n && text[i] >= '0' && text[i] <= '9') ++i;
-    }
-    while (i < n && text[i] == ' ') ++i;
-    return digits && i == n;
 }
 
 }  // namespace hlyd

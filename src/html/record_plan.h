@@ -4,7 +4,6 @@
 // to, a heading continued over lines); once they are made, each line's text depends on its own
 // record alone, so the lines can be made in any order, and by more than one thread.
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 #include "analysis/source_model.h"
@@ -19,9 +18,6 @@ struct RecordJob {
     bool closesHeading = false;     // the last line of a heading continued over lines
     bool headingContinues = false;  // a heading that goes on in the next record
 };
-
-// A line number's text: a record that begins with one keeps it where it stands.
-bool isNumericText(std::string_view text);
 
 // Walks the records of the file loaded now that the document shows, in order.
 class RecordPlanner {

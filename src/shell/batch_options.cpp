@@ -10,6 +10,7 @@ namespace {
 std::string* valueSlot(BatchOptions& options, const std::string& arg) {
     if (arg == "--pdf") return &options.pdfOut;
     if (arg == "--html") return &options.htmlOut;
+    if (arg == "--site") return &options.siteOut;
     if (arg == "--printer") return &options.printer;
     return nullptr;
 }
@@ -33,7 +34,8 @@ void addToCommandLine(BatchOptions& options, const std::string& word) {
 }
 
 std::string checkCombinations(const BatchOptions& options) {
-    bool wantsOutput = !options.pdfOut.empty() || !options.htmlOut.empty() || !options.printer.empty();
+    bool wantsOutput =
+            !options.pdfOut.empty() || !options.htmlOut.empty() || !options.siteOut.empty() || !options.printer.empty();
     if (!options.openFiles.empty() && (wantsOutput || !options.files.empty()))
         return "--open shows files in the window; it does not go with a file to print or an output";
     if (options.help || options.version) return {};
@@ -42,6 +44,8 @@ std::string checkCombinations(const BatchOptions& options) {
     // once the names are known.
     if (!options.htmlOut.empty() && options.files.size() > 1)
         return "--html exports one file, project or group; " + std::to_string(options.files.size()) + " are named";
+    if (!options.siteOut.empty() && options.files.size() > 1)
+        return "--site shows one file, project or group; " + std::to_string(options.files.size()) + " are named";
     return {};
 }
 
@@ -84,16 +88,17 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& args) {
 }
 
 bool runPrints(const BatchOptions& options) {
-    return options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty();
+    return (options.htmlOut.empty() && options.siteOut.empty()) || !options.pdfOut.empty() || !options.printer.empty();
 }
 
 std::string batchUsageLine() {
-    return "Usage: halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] [--] FILE...\n";
+    return "Usage: halyard [--pdf OUT.pdf] [--html OUT.html] [--site DIR] [--printer NAME] [--quiet] [--] FILE...\n";
 }
 
 std::string batchUsage() {
     return "Usage: halyard [FILE...]\n"
-           "       halyard [--pdf OUT.pdf] [--html OUT.html] [--printer NAME] [--quiet] [--] FILE...\n"
+           "       halyard [--pdf OUT.pdf] [--html OUT.html] [--site DIR] [--printer NAME] [--quiet] [--]\n"
+           "               FILE...\n"
            "       halyard --open FILE [--open FILE ...]\n"
            "\n"
            "Without FILE the window opens. With FILE (a source file, project or group) the listing is\n"
@@ -105,6 +110,11 @@ std::string batchUsage() {
            "  --pdf OUT.pdf    print on the PDF printer into OUT.pdf\n"
            "  --html OUT.html  export the HTML document of one FILE into OUT.html (with no --pdf or\n"
            "                   --printer, nothing is printed)\n"
+           "  --site DIR       write one FILE as linked HTML pages into the folder DIR: index.html, and\n"
+           "                   a page per member whose names link to their declarations; DIR is made\n"
+           "                   when its parent folder exists, and pages of an earlier run are replaced.\n"
+           "                   It goes with --html, --pdf and --printer: each output is written apart\n"
+           "                   from the same reading, and none is printed with --site alone\n"
            "  --printer NAME   print on the printer NAME\n"
            "  --open FILE      open FILE in the window instead of printing it (what the desktop's\n"
            "                   menu entry and a double-click on a file use)\n"

@@ -11,6 +11,7 @@ namespace hlyd {
 struct BatchOptions {
     std::string pdfOut;                  // print on the PDF printer into this file
     std::string htmlOut;                 // export the HTML document into this file
+    std::string siteOut;                 // write the linked HTML site into this folder
     std::string printer;                 // print on this printer
     std::vector<std::string> openFiles;  // show these in the window (what a desktop's double-click asks)
     bool quiet = false;                  // no line per file on standard error

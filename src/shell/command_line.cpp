@@ -15,6 +15,7 @@
 #include "shell/command_line_job.h"
 #include "shell/command_line_names.h"
 #include "shell/error_report.h"
+#include "shell/site_output.h"
 
 namespace hlyd {
 
@@ -42,8 +43,11 @@ void printNamedFiles(const std::vector<std::string>& names) {
     std::string first = os::absolutePath(names.front());
     if (!commandLineOutputsAllowed(first)) return;
     const BatchOptions& options = commandLineJob().options;
+    // The site goes first: its pages are known only once it is planned, and a refusal of one
+    // must leave every output unwritten.
+    if (!options.siteOut.empty() && !exportSiteForCommandLine(first)) return;
     if (!options.htmlOut.empty()) exportHtmlForCommandLine();
-    if (options.htmlOut.empty() || !options.pdfOut.empty() || !options.printer.empty()) printForCommandLine(first);
+    if (runPrints(options)) printForCommandLine(first);
 }
 
 }  // namespace
@@ -58,10 +62,11 @@ void HlydCMProcess(const std::vector<std::string>& names) {
         theUi().setBusy(true);
         HlydPAValidateFonts(false);
         std::vector<std::string> files = filesToPrint(names);
-        // One document holds one file, project or group.
-        if (files.size() > 1 && !commandLineJob().options.htmlOut.empty())
-            failJob(kExitUsage,
-                    "--html exports one file, project or group; " + std::to_string(files.size()) + " are named");
+        // One document, or one site, holds one file, project or group.
+        const BatchOptions& options = commandLineJob().options;
+        if (files.size() > 1 && (!options.htmlOut.empty() || !options.siteOut.empty()))
+            failJob(kExitUsage, std::string(options.htmlOut.empty() ? "--site shows" : "--html exports") +
+                                        " one file, project or group; " + std::to_string(files.size()) + " are named");
         else if (!files.empty()) printNamedFiles(files);
         mainWindow().enableControls();
         theUi().setBusy(false);

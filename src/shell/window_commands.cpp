@@ -35,6 +35,7 @@ constexpr MenuItem kMenuItems[] = {
         {kMnuFilPrint, "&Print..."},
         {kMnuFilPrintSetup, "Print &Setup..."},
         {kMnuFileHTML, "Save as &HTML"},
+        {kMnuFileHTMLSite, "Save as HTML Si&te..."},
         {kMnuFilExit, "E&xit"},
         {kMnuView, "&View"},
         {kMnuViewProc0, "Next Procedure"},
@@ -118,6 +119,7 @@ void sbButtonsOpen() {
     setCommand(kMnuFilCloseAll, fileOpen);
     setCommand(kTbrClose, fileOpen);
     setCommand(kMnuFileHTML, fileOpen);
+    setCommand(kMnuFileHTMLSite, fileOpen);
     setButtonAndMenu(kTbrDisplayOptions, kMnuOptionsDisplay, true);
     setButtonAndMenu(kTbrPrintOptions, kMnuOptionsPrint, true);
     setCommand(kMnuWinProjectWindow, projectWindowAvailable());

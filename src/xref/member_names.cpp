@@ -85,6 +85,7 @@ private:
     void declare(const Word& w, NameKind kind, bool isPublic, bool indexed = true);
     void usesOf(const std::vector<Word>& w);
     std::int32_t lineOf(std::int32_t token) const;
+    std::int32_t placeInLine(std::int32_t token, std::int32_t line) const;
     bool writtenAt(const std::vector<Word>& w, std::size_t at) const;
 
     const SourceTables& t_;
@@ -258,7 +259,8 @@ void MemberReader::declare(const Word& w, NameKind kind, bool isPublic, bool ind
     bool local = proc_ != kModuleLevel;
     d.proc = local ? proc_ : kModuleLevel;
     d.entry.isPublic = !local && isPublic;
-    d.entry.declared = {file_, lineOf(w.token), local ? procName_ : std::string()};
+    std::int32_t line = lineOf(w.token);
+    d.entry.declared = {file_, line, local ? procName_ : std::string(), placeInLine(w.token, line)};
     names_.declared.push_back(std::move(d));
 }
 
@@ -287,7 +289,23 @@ std::int32_t MemberReader::lineOf(std::int32_t token) const {
     const Statement& s = t_.Statements[statement];
     for (std::int32_t r = s.FirstRecord; r >= 1 && r <= s.LastRecord && r <= t_.RecordCount; ++r)
         if (token >= t_.Records[r].FirstT && token <= t_.Records[r].LastT) return r;
-    return s.FirstRecord;
+    if (s.FirstRecord >= 1) return s.FirstRecord;
+    // A statement after a ":" is given no records of its own: the records hold the tokens in
+    // order, so the one that holds the token is found by halves.
+    std::int32_t low = 1, high = t_.RecordCount;
+    while (low <= high) {
+        std::int32_t mid = low + (high - low) / 2;
+        const Record& r = t_.Records[mid];
+        if (r.FirstT == 0 || token < r.FirstT) high = mid - 1;
+        else if (token > r.LastT) low = mid + 1;
+        else return mid;
+    }
+    return 0;
+}
+
+std::int32_t MemberReader::placeInLine(std::int32_t token, std::int32_t line) const {
+    if (line < 1 || line > t_.RecordCount || token < t_.Records[line].FirstT) return -1;
+    return token - t_.Records[line].FirstT;
 }
 
 void MemberReader::usesOf(const std::vector<Word>& w) {
@@ -303,6 +321,7 @@ void MemberReader::usesOf(const std::vector<Word>& w) {
         }
         u.written = writtenAt(w, i);
         u.line = lineOf(w[i].token);
+        u.token = placeInLine(w[i].token, u.line);
         names_.uses.push_back(u);
     }
 }

@@ -44,6 +44,7 @@ struct UseCandidate {
     bool written = false;  // the statement assigns to it
     int proc = kModuleLevel;
     std::int32_t line = 0;
+    std::int32_t token = -1;  // among the tokens of its line, from 0
 };
 
 struct MemberNames {

@@ -35,6 +35,9 @@ struct NamePlace {
     std::string file;
     std::int32_t line = 0;
     std::string proc;
+    // The name's token among the tokens of its line, from 0: what lets a listing mark the very
+    // word. -1 when not known.
+    std::int32_t token = -1;
 };
 
 struct NameUse {

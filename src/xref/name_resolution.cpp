@@ -141,7 +141,8 @@ NameIndex resolveNames(std::vector<MemberNames> members) {
             if (member == kNone || slot[member][declared] == kNone) continue;
             const std::string& proc =
                     use.proc == kModuleLevel ? std::string() : members[m].procNames[static_cast<std::size_t>(use.proc)];
-            index.names[slot[member][declared]].uses.push_back({{members[m].file, use.line, proc}, use.written});
+            index.names[slot[member][declared]].uses.push_back(
+                    {{members[m].file, use.line, proc, use.token}, use.written});
         }
     return index;
 }

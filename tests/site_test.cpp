@@ -1,0 +1,108 @@
+// The linked HTML site: how a line's tokens become page text and links, the names of the member
+// pages, and the links a small project of our own gets.
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+#include "files/file_loading.h"
+#include "files/file_table.h"
+#include "files/open_for_run.h"
+#include "html/site_line.h"
+#include "html/site_names.h"
+#include "html/site_writer.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+
+namespace hlyd {
+namespace {
+
+ShownToken token(std::string_view text, int spaces, int element, std::int32_t index) {
+    return {text, spaces, element, false, index};
+}
+
+TEST(SiteLineTest, TokensAreEscapedTextAndALinkLandsOnItsOwnToken) {
+    // x = "a<b & ""c""" ' 1 < 2 & "é" — a string and a comment hold every character to escape.
+    std::vector<ShownToken> tokens = {token("x", 4, 2, 0), token("=", 1, 3, 1), token("\"a<b & \"\"c\"\"\"", 1, 4, 2),
+                                      token("' 1 < 2 & \"\xE9\"", 1, 1, 3)};
+    std::string line = siteLine(tokens, 7, 3, {{0, "Other-bas.html#L12"}, {3, "never\"used"}});
+    EXPECT_EQ(line,
+              "<span class=\"LineNo\" id=\"L7\">  7</span>     <a class=\"Identifier\" "
+              "href=\"Other-bas.html#L12\">x</a> <span class=\"KeyWord\">=</span> <span class=\"Literal\">"
+              "&quot;a&lt;b &amp; &quot;&quot;c&quot;&quot;&quot;</span> <a class=\"Comment\" "
+              "href=\"never&quot;used\">&#39; 1 &lt; 2 &amp; &quot;\xC3\xA9&quot;</a>");
+    // The continuation mark is no token of the line, and takes no link.
+    EXPECT_EQ(siteLine({token(" _", 0, 3, -1)}, 1, 1, {{-1, "x.html"}}),
+              "<span class=\"LineNo\" id=\"L1\">1</span> <span class=\"KeyWord\"> _</span>");
+}
+
+TEST(SiteLineTest, PathsStayUtf8AndOtherBytesAreReadAsTheSource) {
+    EXPECT_EQ(sitePathText("/p/Gr\xC3\xBC\xC3\x9F<e>.bas"), "/p/Gr\xC3\xBC\xC3\x9F&#60;e&#62;.bas");
+    EXPECT_EQ(sitePathText("/p/Gr\xFC\xDF.bas"), "/p/Gr\xC3\xBC\xC3\x9F.bas");
+}
+
+TEST(SitePageNamesTest, NamesAreSafeAndUniqueWithoutRegardToCase) {
+    EXPECT_EQ(sitePageNames(
+                      {"/a/Main.bas", "/b/main.bas", "/a/Main.frm", "/a/index", "/a/x<y> \"z\".cls", "/a/\xE9.bas"}),
+              (std::vector<std::string>{"Main-bas.html", "main-bas-2.html", "Main-frm.html", "index-2.html",
+                                        "x_y___z_-cls.html", "_-bas.html"}));
+}
+
+// Each link of a page as "text -> href".
+std::vector<std::string> linksIn(const std::string& page, const std::string& from, const std::string& to) {
+    std::size_t begin = page.find(from), end = page.find(to, begin);
+    std::string part = page.substr(begin, end - begin);
+    static const std::regex kLink("<a class=\"[A-Za-z]+\" href=\"([^\"]*)\">([^<]*)</a>");
+    std::vector<std::string> out;
+    for (std::sregex_iterator it(part.begin(), part.end(), kLink), last; it != last; ++it)
+        out.push_back((*it)[2].str() + " -> " + (*it)[1].str());
+    return out;
+}
+
+class SiteTest : public test::ProgramTest {
+protected:
+    std::string page(const std::string& name) {
+        std::ifstream in(fs::path(dir) / "site" / name, std::ios::binary);
+        std::ostringstream all;
+        all << in.rdbuf();
+        return all.str();
+    }
+};
+
+TEST_F(SiteTest, AProjectsUsesLeadToTheirDeclarationsAcrossMembers) {
+    openFileForRun(std::string(HLYD_TEST_DATA) + "/site/Site.vbp");
+    fs::create_directory(fs::path(dir) / "site");
+    ProcessSelectedFile(3);
+    HtmlSite site(dir + "/site");
+    EXPECT_EQ(site.outputs(), (std::vector<std::string>{dir + "/site/index.html", dir + "/site/frmMain-frm.html",
+                                                        dir + "/site/Shapes-bas.html", dir + "/site/Shapes-bas-2.html",
+                                                        dir + "/site/Counter-cls.html"}));
+    ASSERT_EQ(site.write(), "");
+    using Links = std::vector<std::string>;
+    // A use in another member leads to that member's page; a declaration to its uses.
+    EXPECT_EQ(linksIn(page("frmMain-frm.html"), "<pre", "</pre>"),
+              (Links{"cmdGo -> #d0", "cmdGo_Click -> #d1", "cmdGo -> #L4", "gCount -> Shapes-bas.html#L3",
+                     "Report -> Shapes-bas-2.html#L2"}));
+    EXPECT_EQ(linksIn(page("Counter-cls.html"), "<pre", "</pre>"),
+              (Links{"mValue -> #d6", "Bump -> #d7", "mValue -> #L6", "mValue -> #L6",
+                     "AddShape -> Shapes-bas.html#L6"}));
+    // Comments and strings use nothing: the member's own names only.
+    EXPECT_EQ(linksIn(page("Shapes-bas.html"), "<pre", "</pre>"),
+              (Links{"gCount -> #d2", "MaxShapes -> #d3", "AddShape -> #d4", "gCount -> #L3", "gCount -> #L3",
+                     "AddShape -> #L6", "MaxShapes -> #L4"}));
+    std::string index = page("index.html");
+    EXPECT_NE(index.find("<h2>Classes</h2>\n<ul>\n<li><a href=\"Counter-cls.html\">Counter</a>"), std::string::npos);
+    EXPECT_LT(index.find("<h2>Forms"), index.find("<h2>Modules"));
+    EXPECT_LT(index.find("<h2>Modules"), index.find("<h2>Classes"));
+    EXPECT_NE(index.find("<a href=\"Shapes-bas-2.html#d5\">Report</a></td><td>Sub</td><td><a "
+                         "href=\"Shapes-bas-2.html#L2\">ShapesToo:2</a></td><td><a href=\"frmMain-frm.html#L11\">"
+                         "frmMain:11</a></td>"),
+              std::string::npos);
+    // The tables describe the file selected before the site, as the window expects.
+    EXPECT_EQ(fileTable().wCurrentFile, 3);
+    EXPECT_EQ(fileTable().sVBName, "Shapes");
+}
+
+}  // namespace
+}  // namespace hlyd
