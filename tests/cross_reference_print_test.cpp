@@ -2,11 +2,15 @@
 // form, with enough lines that the names are used on several pages.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "files/open_for_run.h"
 #include "printing/print_run.h"
+#include "printing/printer_start.h"
+#include "settings/page_settings.h"
 #include "printing/print_state.h"
 #include "printing/recording_printer.h"
 #include "settings/settings_store.h"
@@ -127,6 +131,90 @@ TEST_F(CrossReferencePrintTest, EachNameListsThePagesOfItsDeclarationAndUsesFile
     EXPECT_EQ(entry("shDark"), "shDark (Enum Member) Shared.bas 1: Helpers.bas 2");
     EXPECT_EQ(entry("Twice"), "Twice (Function) Shared.bas 2: Main.frm 1; Shared.bas 2*; / Helpers.bas 2");
 }
+
+TEST_F(CrossReferencePrintTest, EveryPageNumberLinksToTheCodePageItNames) {
+    hlydSettings().CrossReference = true;
+    runPrint({});
+    std::set<std::string> named;
+    std::string helpersPage2;
+    int doc = 0;
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart && e.page == 1) ++doc;
+        if (e.kind == PrintEvent::Destination && e.text.rfind("page", 0) == 0) {
+            named.insert(e.text);
+            if (doc == 4 && e.page == 2) helpersPage2 = e.text;  // the project, Main, Shared, Helpers
+        }
+    }
+    std::vector<PrintEvent> links = test::eventsOf(events, PrintEvent::Link);
+    ASSERT_FALSE(links.empty());
+    for (const PrintEvent& link : links) EXPECT_TRUE(named.count(link.text)) << link.text;
+    // "Helpers.bas 2" of the entry of shDark leads to Helpers' second page.
+    std::vector<PrintEvent> texts = test::eventsOf(events, PrintEvent::Text);
+    auto shDark = std::find_if(texts.rbegin(), texts.rend(), [](const PrintEvent& e) { return e.text == "shDark"; });
+    ASSERT_NE(shDark, texts.rend());
+    auto page = std::find_if(links.begin(), links.end(), [&](const PrintEvent& e) {
+        return e.doc == shDark->doc && e.y1 == shDark->y1 && e.x1 > 1080 + 40 * 144;
+    });
+    ASSERT_NE(page, links.end());
+    EXPECT_EQ(page->text, helpersPage2);
+}
+
+TEST_F(CrossReferencePrintTest, OffItLeavesThePrintAsItWas) {
+    runPrint({});
+    for (const PrintEvent& e : events) {
+        EXPECT_NE(e.type, kPageProcContents);
+        EXPECT_FALSE(e.kind == PrintEvent::Destination && e.text.rfind("page", 0) == 0) << e.text;
+    }
+}
+
+TEST_F(CrossReferencePrintTest, TheSettingIsSavedWithThePrintChoicesAndReadBack) {
+    hlydSettings().CrossReference = true;
+    sbPrintINISave();
+    resetSettings();
+    sbINIGetInfo(false);
+    EXPECT_TRUE(hlydSettings().CrossReference);
+}
+
+// Many names, on one column and on two: the section's lines stand between the heading and the
+// footing and within the page's width, however many pages they take.
+class CrossReferencePagesTest : public test::RecorderTest, public ::testing::WithParamInterface<std::int16_t> {};
+
+TEST_P(CrossReferencePagesTest, LinesNeverReachTheFootingNorThePagesEdge) {
+    HlydSettings& s = hlydSettings();
+    bareHeadings();
+    s.FootingCenter = "<Footing>";
+    s.TableOfContents = true;
+    s.CrossReference = true;
+    pageSettings().Columns = ColumnSpec{GetParam(), false, 720, 0};
+    InitPrinter();
+    std::string code = "Attribute VB_Name = \"Many\"\n";
+    for (int i = 0; i < 150; ++i) code += "Public Const LongConstantName" + std::to_string(i) + " = 1\n";
+    code += "Sub UseThem()\n";
+    for (int i = 0; i < 150; ++i)
+        for (int k = 0; k < 3; ++k)
+            code += "    Debug.Print LongConstantName" + std::to_string((i * 7 + k) % 150) + "\n";
+    code += "End Sub\n";
+    showSource("Many.bas", code);
+    events.clear();
+    runPrint({});
+    float footing = 0;
+    int sectionPages = 0;
+    bool inSection = false;
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart) inSection = e.type == kPageProcContents;
+        if (e.kind == PrintEvent::Text && e.text.rfind("Footing", 0) == 0) footing = e.y1;
+    }
+    ASSERT_GT(footing, 0);
+    for (const PrintEvent& e : events) {
+        if (e.kind == PrintEvent::PageStart) inSection = e.type == kPageProcContents && ++sectionPages;
+        if (!inSection || e.kind != PrintEvent::Text || e.text.rfind("Footing", 0) == 0) continue;
+        EXPECT_LE(e.y1 + 288, footing) << e.text;
+        EXPECT_LE(e.x1 + 144 * static_cast<float>(e.text.size()), 1080 + 10080) << e.text;
+    }
+    EXPECT_GT(sectionPages, 3);  // the contents' page and the cross-reference's
+}
+
+INSTANTIATE_TEST_SUITE_P(Columns, CrossReferencePagesTest, ::testing::Values(1, 2));
 
 }  // namespace
 }  // namespace hlyd
