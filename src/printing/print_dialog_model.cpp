@@ -119,7 +119,7 @@ const std::vector<std::pair<std::string, std::string>>& printDialogCaptions() {
             {"optView3", "&Neither"},
             {"chkSkipAttributes", "S&kip Attributes"},
             {"chkTOC", "Tab&le of Contents"},
-            {"chkXref", "Cross-Re&ference"},
+            {"chkXref", "Cross-Reference of Na&mes"},
             {"chkProcContents", "P&rocedure Table of Contents"},
             {"lblPageNumberStart", "S&tarting Page Number"},
             {"fraHeading", "Optional A&dditional Heading Line"},
