@@ -55,6 +55,12 @@ TEST(BatchOptionsTest, OurOptionsAreTakenOutAndTheRestAreTheFilesInTheirOrder) {
     EXPECT_FALSE(parseBatchOptions({"--open"}).error.empty());
     EXPECT_FALSE(parseBatchOptions({"--open", "a.bas", "b.bas"}).error.empty());
     EXPECT_FALSE(parseBatchOptions({"--open", "a.bas", "--pdf", "a.pdf"}).error.empty());
+    // The cross-reference belongs to a print: with nothing printed it would be dropped unseen.
+    EXPECT_TRUE(parseBatchOptions({"--xref", "--pdf", "a.pdf", "a.vbp"}).crossReference);
+    EXPECT_TRUE(parseBatchOptions({"--xref", "a.vbp"}).error.empty());
+    EXPECT_TRUE(parseBatchOptions({"--xref", "--html", "a.html", "--printer", "P", "a.vbp"}).error.empty());
+    EXPECT_FALSE(parseBatchOptions({"--xref"}).error.empty());
+    EXPECT_FALSE(parseBatchOptions({"--xref", "--html", "a.html", "a.vbp"}).error.empty());
 }
 
 // Which environments can show the window. Without a display the window system would abort.

@@ -334,9 +334,10 @@ TEST_F(SettingsStoreTest, EachSaveRoutineWritesOnlyItsKeys) {
     };
     using Keys = std::set<std::string>;
     fs::create_directories(settingsDirectory());
-    EXPECT_EQ(keysAfter(sbPrintINISave), (Keys{"General/OptionalHeading", "General/ProcContents",
-                                               "General/TableOfContents", "General/PrintContinuous", "View/Code.Print",
-                                               "View/FormDef.Print", "Format/SkipAttributes.Print"}));
+    EXPECT_EQ(keysAfter(sbPrintINISave),
+              (Keys{"General/OptionalHeading", "General/ProcContents", "General/TableOfContents",
+                    "General/CrossReference", "General/PrintContinuous", "View/Code.Print", "View/FormDef.Print",
+                    "Format/SkipAttributes.Print"}));
     EXPECT_EQ(keysAfter(savePrinterState), (Keys{"General/Orientation", "General/CurrentPrinter", "General/Duplex",
                                                  "General/PaperSize", "General/Copies", "General/PrintQuality"}));
     EXPECT_EQ(keysAfter(saveWindowState), (Keys{"General/WindowState", "General/Screen", "General/ToolBar",

@@ -77,7 +77,8 @@ private:
             connect(views_[i], &QRadioButton::clicked, this, [this] { store(); });
             box->addWidget(views_[i]);
         }
-        for (const char* name : {"chkSkipAttributes", "chkTOC", "chkProcContents"}) box->addWidget(check(name));
+        for (const char* name : {"chkSkipAttributes", "chkTOC", "chkXref", "chkProcContents"})
+            box->addWidget(check(name));
         auto* start = new QLabel(printCaption("lblPageNumberStart"));
         QLineEdit* field = digits("txtPageNumberStart");
         start->setBuddy(field);
@@ -170,6 +171,7 @@ private:
             if (views_[i]->isChecked()) m_.optView = i;
         m_.chkSkipAttributes = checks_["chkSkipAttributes"]->isChecked();
         m_.chkTOC = checks_["chkTOC"]->isChecked();
+        m_.chkXref = checks_["chkXref"]->isChecked();
         m_.chkProcContents = checks_["chkProcContents"]->isChecked();
         m_.chkCurrent = checks_["chkCurrent"]->isChecked();
         for (int i = 0; i < 2; ++i) {
@@ -188,6 +190,7 @@ private:
         views_[m_.optView]->setChecked(true);
         checks_["chkSkipAttributes"]->setChecked(m_.chkSkipAttributes);
         checks_["chkTOC"]->setChecked(m_.chkTOC);
+        checks_["chkXref"]->setChecked(m_.chkXref);
         checks_["chkProcContents"]->setChecked(m_.chkProcContents);
         checks_["chkCurrent"]->setChecked(m_.chkCurrent);
         for (int i = 0; i < 2; ++i) {

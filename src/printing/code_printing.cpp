@@ -13,6 +13,7 @@
 #include "printing/column_fonts.h"
 #include "printing/columns.h"
 #include "printing/contents.h"
+#include "printing/line_pages.h"
 #include "printing/job_properties.h"
 #include "printing/reader_marks.h"
 #include "settings/settings_store.h"
@@ -59,6 +60,8 @@ CodeListing::CodeListing(wPos& pos)
     pos_.LeftPos = p_.UsableArea.Left + (f_.ConnectControls ? 2 * layoutMetrics().ConnectorSize[kPrint] : 0);
     numberSpace_ = hlydSettings().LineNumbers ? p_.LineNumberWidth : 0;
     planIndentation();
+    const FileTableModule& files = fileTable();
+    notePagesOfFile(files.oFile.Item(files.wCurrentFile).FileName, t_.RecordCount);
     entryOf_.assign(static_cast<std::size_t>(t_.RecordCount) + 2, -1);
     declarationOf_ = entryOf_;
     std::vector<ProcEntry>& procs = yProc();

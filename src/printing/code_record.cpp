@@ -10,6 +10,7 @@
 #include "platform/printer.h"
 #include "printing/code_printing.h"
 #include "printing/columns.h"
+#include "printing/line_pages.h"
 #include "printing/page_change.h"
 #include "printing/printer_fonts.h"
 #include "printing/reader_marks.h"
@@ -140,7 +141,9 @@ std::int32_t RecordOnPaper::run() {
     // Two pointers, held by the hook without an allocation of its own.
     hooks.beforeFirstToken = [this, &area](std::int32_t) {
         pos_.FirstLinePage = printState().PrintedPageNumber;
-        if (mode_ == kEmitCode) placeAwaitedDeclaration(*currentPrinter(), area.Top);
+        if (mode_ != kEmitCode) return;
+        placeAwaitedDeclaration(*currentPrinter(), area.Top);
+        noteLinePage(record_);
     };
     std::int32_t wraps = layoutRecord(kPrint, record_, area, hooks);
     if (wraps < 0) return 0;

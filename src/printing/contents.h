@@ -31,7 +31,8 @@ void addTocEntry(std::int16_t type, const std::string& text, const std::string& 
 // Adds a procedure, or with `continued` appends the text to the last one; the page is the last given.
 // It links to the declaration printed last.
 void SetTOC(const std::string& text, std::int32_t page, bool continued);
-void EmitTOC(wPos& pos);
+// Returns the number of its pages.
+std::int32_t EmitTOC(wPos& pos);
 void EmitProcContents(wPos& pos, std::int32_t& contentsPages, bool mode, bool project);
 void EmitProcContentsForOneFile(wPos& pos, bool mode);
 void EmitProcContentsProject(wPos& pos);

@@ -15,6 +15,7 @@
 #include "platform/printer.h"
 #include "platform/ui.h"
 #include "printing/heading_fit.h"
+#include "printing/line_pages.h"
 #include "printing/job_properties.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
@@ -144,6 +145,7 @@ void headPage(Printer& printer, float& topPos, const std::string& procText, std:
     printer.setPageLabel(kind == kPageProcContents ? contentsPage : p.PrintedPageNumber, kind);
     printerStep([&] { printer.print(""); });
     if (documentStarts) markDocumentStart(printer, kind);
+    if (kind == kPageCode || kind == kPageProject) notePageBegun(p.PrintedPageNumber);
     p.FootingPrinted = false;
     HlydPASetAttributes(headingElement());
     checkPageCount(printer);

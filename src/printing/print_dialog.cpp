@@ -60,6 +60,7 @@ void readDialog(const PrintDialogModel& m, PrintDialogRequest& r) {
     r.SkipAttributes = m.chkSkipAttributes;
     r.ProcContents = m.chkProcContents;
     r.TableOfContents = m.chkTOC;
+    r.CrossReference = m.chkXref;
     r.PrintedPageNumber = pageValue(m.txtPageNumberStart) - 1;
     setView(m.optView, r);
     r.OptionalLine = m.txtHeading;
@@ -97,6 +98,7 @@ PrintDialogRequest requestFromSettings() {
     PrintDialogRequest r;
     r.ProcContents = s.ProcContentsPrint;
     r.TableOfContents = s.TableOfContents;
+    r.CrossReference = s.CrossReference;
     r.PrintContinuous = s.PrintContinuous;
     r.SkipAttributes = displayAttributes().Format[kPrint].SkipAttributes != 0;
     r.Code = s.ViewCode[kPrint];

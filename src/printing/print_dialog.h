@@ -19,6 +19,7 @@ struct PrintDialogRequest {
     bool ContentsOnly = false;   // only the procedure table of the current file or project
     bool ProcContents = false;
     bool TableOfContents = false;
+    bool CrossReference = false;
     bool PrintContinuous = false;
     bool SkipAttributes = false;
     bool Code = true;

@@ -119,6 +119,7 @@ const std::vector<std::pair<std::string, std::string>>& printDialogCaptions() {
             {"optView3", "&Neither"},
             {"chkSkipAttributes", "S&kip Attributes"},
             {"chkTOC", "Tab&le of Contents"},
+            {"chkXref", "Cross-Reference of Na&mes"},
             {"chkProcContents", "P&rocedure Table of Contents"},
             {"lblPageNumberStart", "S&tarting Page Number"},
             {"fraHeading", "Optional A&dditional Heading Line"},
@@ -151,6 +152,7 @@ void fillPrintDialog(PrintDialogModel& m) {
     clearSelections();
     m.chkSkipAttributes = displayAttributes().Format[kPrint].SkipAttributes != 0;
     m.chkTOC = s.TableOfContents;
+    m.chkXref = s.CrossReference;
     m.chkProcContents = s.ProcContentsPrint;
     m.chkPrintContinuous = s.PrintContinuous;
     m.optView = viewOf(s.ViewCode[kPrint], s.ViewFormDef[kPrint]);

@@ -25,6 +25,7 @@ struct PrintDialogModel {
     int optView = kViewBoth;
     bool chkSkipAttributes = false;
     bool chkTOC = false;
+    bool chkXref = false;
     bool chkProcContents = false;
     std::string txtPageNumberStart = "1";
     std::string txtHeading;

@@ -28,6 +28,7 @@ public:
         const HlydSettings& s = hlydSettings();
         procContents_ = s.ProcContentsPrint;
         tableOfContents_ = s.TableOfContents;
+        crossReference_ = s.CrossReference;
         printContinuous_ = s.PrintContinuous;
     }
     ~KeptForRun() { putBack(); }
@@ -40,6 +41,7 @@ public:
         area.Width = area_.Width;
         s.ProcContentsPrint = procContents_;
         s.TableOfContents = tableOfContents_;
+        s.CrossReference = crossReference_;
         s.PrintContinuous = printContinuous_;
     }
 
@@ -47,6 +49,7 @@ private:
     AreaRecord area_;
     bool procContents_ = false;
     bool tableOfContents_ = false;
+    bool crossReference_ = false;
     bool printContinuous_ = false;
 };
 
@@ -80,6 +83,7 @@ void takeRequest(const PrintDialogRequest& r) {
     PrintState& p = printState();
     s.ProcContentsPrint = r.ProcContents;
     s.TableOfContents = r.TableOfContents;
+    s.CrossReference = r.CrossReference;
     s.PrintContinuous = r.PrintContinuous;
     p.PageRange = r.PageRange;
     p.FirstPage = r.FirstPage;

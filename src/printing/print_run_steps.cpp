@@ -6,6 +6,8 @@
 #include "files/file_table.h"
 #include "platform/printer.h"
 #include "printing/contents.h"
+#include "printing/cross_reference.h"
+#include "printing/line_pages.h"
 #include "printing/print_file.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
@@ -49,6 +51,7 @@ bool printerReadyForRun(PrintRunResult& result) {
 bool beginRun(const std::string& outputPath, PrintRunResult& result) {
     PrintState& p = printState();
     resetTOC();
+    beginNotingPages(hlydSettings().CrossReference);
     p.PrintStatus = kPrintOk;
     p.Stop = StopKind::DropsJob;
     p.StopAsked = false;
@@ -94,9 +97,17 @@ void endRun(PrintRunResult& result) {
     PrintState& p = printState();
     Printer* printer = currentPrinter();
     wPos pos;
+    // The names are indexed before the contents, which leave the project as the file in hand.
+    bool crossReference = p.PrintStatus != kPrintStopped && hlydSettings().CrossReference;
+    std::vector<XrefEntry> entries = crossReference ? gatherCrossReference() : std::vector<XrefEntry>{};
+    std::int32_t contentsPages = 0;
     if (p.PrintStatus != kPrintStopped && hlydSettings().TableOfContents) {
         duplexPadding(false);
-        EmitTOC(pos);
+        contentsPages = EmitTOC(pos);
+    }
+    if (crossReference && p.PrintStatus != kPrintStopped) {
+        duplexPadding(false);
+        EmitCrossReference(pos, entries, contentsPages);
     }
     if (hlydSettings().PrintContinuous) printer->endDoc();
     result.printStatus = p.PrintStatus;

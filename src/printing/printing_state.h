@@ -9,6 +9,7 @@
 #include "platform/session.h"
 #include "printing/contents.h"
 #include "printing/heading_templates.h"
+#include "printing/line_pages.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
 
@@ -27,6 +28,7 @@ struct PrintingState {
     PrintStatusModel status;
     int awaitedDeclaration = -1;  // the procedure whose mark goes where its declaration is printed
     std::string lastDeclared;
+    LinePages linePages;
 };
 
 inline PrintingState& printingState() { return *detail::current.printing; }

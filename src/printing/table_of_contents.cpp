@@ -151,11 +151,11 @@ void SetTOC(const std::string& text, std::int32_t page, bool continued) {
     last.Destination = lastDeclaration();
 }
 
-void EmitTOC(wPos& pos) {
+std::int32_t EmitTOC(wPos& pos) {
     Printer* printer = currentPrinter();
     PrintState& p = printState();
     FileTableModule& files = fileTable();
-    if (!printer) return;
+    if (!printer) return 0;
     if (hlydSettings().PrintContinuous) duplexPadding(false);
     SetPrinterProp();
     p.PagesBeforeToc = p.PageNumber;
@@ -167,9 +167,10 @@ void EmitTOC(wPos& pos) {
     HlydPHInit(true);
     std::int32_t contentsPages = 0;
     HlydPHEmitProcContents(pos.TopPos, contentsPages, "TABLE OF ");
-    if (p.PrintStatus == kPrintStopped) return;
+    if (p.PrintStatus == kPrintStopped) return contentsPages;
     TocPages(*printer, pos, contentsPages).print();
     endDocument();
+    return contentsPages;
 }
 
 }  // namespace hlyd

@@ -106,6 +106,7 @@ void generalKeys(KeyList& k, HlydSettings& s) {
     k.text(g, "OptionalHeading", s.OptionalHeading, kSavePrint);
     k.boolean(g, "ProcName", s.ProcName, kSaveNever);
     k.boolean(g, "TableOfContents", s.TableOfContents, kSavePrint);
+    k.boolean(g, "CrossReference", s.CrossReference, kSavePrint);
     k.boolean(g, "PrintContinuous", s.PrintContinuous, kSavePrint);
     k.boolean(g, "ProcContents", s.ProcContentsPrint, kSavePrint);
     k.number(g, "Orientation", s.Orientation, kSavePrinterState);

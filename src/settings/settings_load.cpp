@@ -332,6 +332,7 @@ void readContentsViewAndPrintState(HlydSettings& s) {
     cINIHandler& i = iniHandler();
     i.setSection("General");
     s.TableOfContents = i.ReadBool("TableOfContents", false);
+    s.CrossReference = i.ReadBool("CrossReference", false);
     s.PrintContinuous = i.ReadBool("PrintContinuous", false);
     s.ProcContentsPrint = i.ReadBool("ProcContents", false);
     s.ProcContentsDisplay = i.ReadBool("ProcContents", false, std::string("Display"));

@@ -51,6 +51,7 @@ struct HlydSettings {
     std::string OptionalHeading;
     bool ProcName = true;
     bool TableOfContents = false;
+    bool CrossReference = false;  // the names of the run, their declarations and uses, after the contents
     bool PrintContinuous = false;
     bool ProcContentsPrint = false;
     std::int16_t Orientation = 1;

@@ -17,6 +17,7 @@ std::string* valueSlot(BatchOptions& options, const std::string& arg) {
 
 bool takeFlag(BatchOptions& options, const std::string& arg) {
     if (arg == "--quiet") return options.quiet = true;
+    if (arg == "--xref") return options.crossReference = true;
     if (arg == "--help") return options.help = true;
     if (arg == "--version") return options.version = true;
     return false;
@@ -40,6 +41,9 @@ std::string checkCombinations(const BatchOptions& options) {
         return "--open shows files in the window; it does not go with a file to print or an output";
     if (options.help || options.version) return {};
     if (wantsOutput && options.files.empty()) return "no file to print: name a source file, project or group";
+    // A cross-reference is part of a print: an export or the window alone would drop it unseen.
+    if (options.crossReference && (options.files.empty() || !runPrints(options)))
+        return "--xref goes with a print: name a file to print, with --pdf or --printer if --html or --site is given";
     // One document holds one file, project or group; a pattern that matches several is told
     // once the names are known.
     if (!options.htmlOut.empty() && options.files.size() > 1)
@@ -92,13 +96,14 @@ bool runPrints(const BatchOptions& options) {
 }
 
 std::string batchUsageLine() {
-    return "Usage: halyard [--pdf OUT.pdf] [--html OUT.html] [--site DIR] [--printer NAME] [--quiet] [--] FILE...\n";
+    return "Usage: halyard [--pdf OUT.pdf] [--html OUT.html] [--site DIR] [--printer NAME] [--xref] [--quiet] [--] "
+           "FILE...\n";
 }
 
 std::string batchUsage() {
     return "Usage: halyard [FILE...]\n"
-           "       halyard [--pdf OUT.pdf] [--html OUT.html] [--site DIR] [--printer NAME] [--quiet] [--]\n"
-           "               FILE...\n"
+           "       halyard [--pdf OUT.pdf] [--html OUT.html] [--site DIR] [--printer NAME] [--xref] [--quiet]\n"
+           "               [--] FILE...\n"
            "       halyard --open FILE [--open FILE ...]\n"
            "\n"
            "Without FILE the window opens. With FILE (a source file, project or group) the listing is\n"
@@ -118,6 +123,8 @@ std::string batchUsage() {
            "  --printer NAME   print on the printer NAME\n"
            "  --open FILE      open FILE in the window instead of printing it (what the desktop's\n"
            "                   menu entry and a double-click on a file use)\n"
+           "  --xref           end the print with a cross-reference: every name, its kind, the page of\n"
+           "                   its declaration and the pages of its uses (not for --html or --site alone)\n"
            "  --quiet          no line per file on standard error\n"
            "  --help           this text\n"
            "  --version        the version\n"

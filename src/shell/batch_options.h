@@ -15,6 +15,7 @@ struct BatchOptions {
     std::string printer;                 // print on this printer
     std::vector<std::string> openFiles;  // show these in the window (what a desktop's double-click asks)
     bool quiet = false;                  // no line per file on standard error
+    bool crossReference = false;         // the print ends with the cross-reference of names
     bool help = false;
     bool version = false;
     std::vector<std::string> files;  // the files to print, as given (patterns not yet expanded)

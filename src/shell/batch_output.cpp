@@ -54,6 +54,20 @@ private:
     std::string kept_;
 };
 
+// --xref asks for the cross-reference in this run only; the settings' own choice comes back.
+class CrossReferenceForThisRun {
+public:
+    explicit CrossReferenceForThisRun(bool wanted) : kept_(hlydSettings().CrossReference) {
+        if (wanted) hlydSettings().CrossReference = true;
+    }
+    ~CrossReferenceForThisRun() { hlydSettings().CrossReference = kept_; }
+    CrossReferenceForThisRun(const CrossReferenceForThisRun&) = delete;
+    CrossReferenceForThisRun& operator=(const CrossReferenceForThisRun&) = delete;
+
+private:
+    bool kept_;
+};
+
 // Where the listing goes: the file given, or for the PDF printer <name>.pdf here; nothing for a
 // printer that puts ink on paper.
 std::string printOutput(const std::string& source) {
@@ -106,6 +120,7 @@ void printForCommandLine(const std::string& source) {
     request.fileBegins = [](const std::string& file) {
         if (!commandLineJob().options.quiet) jobErr() << "halyard: printing " << file << '\n';
     };
+    CrossReferenceForThisRun crossReference(commandLineJob().options.crossReference);
     PrintRunResult result = runPrint(request);
     for (const std::string& skipped : result.skipped)
         failJob(kExitUnreadable, "skipped " + skipped + ": cannot be read");

@@ -40,7 +40,7 @@ bool isStandardModule(const std::string& path) {
 
 }  // namespace
 
-NameIndex indexOpenFiles() {
+NameIndex indexOpenFiles(const std::function<void(const std::string& file)>& loading) {
     std::vector<MemberNames> members;
     std::vector<std::string> files;
     NameKeys keys;
@@ -49,6 +49,7 @@ NameIndex indexOpenFiles() {
     for (int i = 1; i <= f.oFile.Count(); ++i) {
         const cFileDesc desc = f.oFile.Item(i);
         if (desc.FileType != kFileSource) continue;
+        if (loading) loading(desc.FileName);
         ProcessSelectedFile(static_cast<std::int16_t>(i));
         if (!f.openFailure.empty()) continue;  // told as the load tells it; nothing to index
         std::string module = f.sVBName.empty() ? std::filesystem::path(desc.FileName).stem().string() : f.sVBName;

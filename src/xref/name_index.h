@@ -3,6 +3,7 @@
 // it is used. It is built from the analysis tables of each member in turn, never by reading the
 // text again, so that a comment or a string can never count as a use.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -60,7 +61,8 @@ struct NameIndex {
 };
 
 // Loads every source member of the open file table in turn and indexes them together; then the
-// file selected before is loaded again, so that the tables describe it as they did.
-NameIndex indexOpenFiles();
+// file selected before is loaded again, so that the tables describe it as they did. `loading`
+// hears of each member before it is loaded, for a long run to show how far it has come.
+NameIndex indexOpenFiles(const std::function<void(const std::string& file)>& loading = {});
 
 }  // namespace hlyd
