@@ -10,7 +10,7 @@
 #include "files/file_loading.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "platform/ui.h"
 #include "base/message_box.h"
 

@@ -10,7 +10,7 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/navigation.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/project_file.h"
 #include "platform/private_part.h"
 #include "platform/session.h"

@@ -11,7 +11,7 @@
 #include "base/vb_convert.h"
 #include "files/main_window_model.h"
 #include "files/member_paths.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/project_file.h"
 #include "platform/line_reader.h"
 #include "platform/os.h"

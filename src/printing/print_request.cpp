@@ -7,7 +7,7 @@
 #include "files/output_guard.h"
 #include "files/run_inputs.h"
 #include "files/status_progress.h"
-#include "printing/print_dialog.h"
+#include "shell/print_dialog.h"
 #include "printing/print_file.h"
 #include "printing/print_output.h"
 #include "printing/print_run_steps.h"

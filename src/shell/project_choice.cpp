@@ -1,4 +1,4 @@
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 
 #include "base/app_info.h"
 #include "base/c_debug.h"

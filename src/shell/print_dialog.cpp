@@ -1,4 +1,4 @@
-#include "printing/print_dialog.h"
+#include "shell/print_dialog.h"
 
 #include <optional>
 
@@ -7,7 +7,7 @@
 #include "files/print_history.h"
 #include "platform/views.h"
 #include "printing/print_state.h"
-#include "printing/select_proc.h"
+#include "models/select_proc_model.h"
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "printing/print_dialog_model.h"
+#include "models/print_dialog_model.h"
 
 namespace hlyd {
 
