@@ -104,7 +104,7 @@ protected:
             return cmdOK_Click(m);
         };
         events.clear();
-        HlydPRProcessPrintRequest();
+        HlydPRProcessPrintRequest(HlydHLYDPrintProcessDialog);
     }
     std::vector<PrintEvent> of(PrintEvent::Kind kind) const { return test::eventsOf(events, kind); }
     bool printed(const std::string& wanted) const { return test::textPrinted(events, wanted); }
@@ -189,7 +189,7 @@ TEST_F(PrintRequestTest, NewerFilesWithNothingChangedRefuseOkAndPrintNothing) {
         return false;  // the user gives up
     };
     events.clear();
-    HlydPRProcessPrintRequest();
+    HlydPRProcessPrintRequest(HlydHLYDPrintProcessDialog);
     EXPECT_EQ(refusals, 1);
     EXPECT_TRUE(events.empty());
 }

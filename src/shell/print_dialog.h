@@ -1,38 +1,10 @@
 #pragma once
 // The Print dialog's procedure: fills the form, shows it, and turns the user's choices into the
 // request that the print command runs.
-#include <cstdint>
-#include <string>
-
 #include "models/print_dialog_model.h"
+#include "printing/print_dialog_request.h"
 
 namespace hlyd {
-
-// AllFiles of the request.
-constexpr std::int16_t kPrintCurrentFile = 1;
-constexpr std::int16_t kPrintSomeFiles = 2;
-constexpr std::int16_t kPrintAllFiles = 3;
-
-struct PrintDialogRequest {
-    std::int16_t AllFiles = kPrintCurrentFile;
-    bool ProcsSelected = false;  // the procedures chosen are in printState().SelectedProcs
-    bool ContentsOnly = false;   // only the procedure table of the current file or project
-    bool ProcContents = false;
-    bool TableOfContents = false;
-    bool PrintContinuous = false;
-    bool SkipAttributes = false;
-    bool Code = true;
-    bool FormDef = true;
-    std::string OptionalLine;
-    bool PageRange = false;
-    std::int32_t FirstPage = 0;
-    std::int32_t LastPage = 0;
-    std::int32_t PrintedPageNumber = 0;  // the number before the first page's
-    bool NoHistory = false;
-};
-
-// The request as the settings stand, for a print without the dialog.
-PrintDialogRequest requestFromSettings();
 
 // The window shows the form modally and passes the user's clicks to the model's handlers. False
 // when the user cancels. Without a window the form is taken as filled, OK pressed once.
