@@ -11,7 +11,7 @@
 
 #include "base/app_info.h"
 #include "files/main_window_model.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/project_listing.h"
 #include "platform/session.h"
 #include "shell/app_start.h"

@@ -6,7 +6,7 @@
 
 #include "base/c_debug.h"
 #include "files/file_selection.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/project_file.h"

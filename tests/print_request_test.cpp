@@ -15,14 +15,14 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/print_history.h"
-#include "printing/print_dialog.h"
+#include "shell/print_dialog.h"
 #include "printing/print_request.h"
 #include "printing/print_state.h"
 #include "printing/print_status.h"
 #include "printing/printer_start.h"
 #include "printing/printer_systems.h"
 #include "printing/recording_printer.h"
-#include "printing/select_proc.h"
+#include "models/select_proc_model.h"
 #include "settings/attributes.h"
 #include "settings/settings_store.h"
 #include "shell/print_commands.h"
@@ -104,7 +104,7 @@ protected:
             return cmdOK_Click(m);
         };
         events.clear();
-        HlydPRProcessPrintRequest();
+        HlydPRProcessPrintRequest(HlydHLYDPrintProcessDialog);
     }
     std::vector<PrintEvent> of(PrintEvent::Kind kind) const { return test::eventsOf(events, kind); }
     bool printed(const std::string& wanted) const { return test::textPrinted(events, wanted); }
@@ -189,7 +189,7 @@ TEST_F(PrintRequestTest, NewerFilesWithNothingChangedRefuseOkAndPrintNothing) {
         return false;  // the user gives up
     };
     events.clear();
-    HlydPRProcessPrintRequest();
+    HlydPRProcessPrintRequest(HlydHLYDPrintProcessDialog);
     EXPECT_EQ(refusals, 1);
     EXPECT_TRUE(events.empty());
 }

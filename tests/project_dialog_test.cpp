@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "files/file_table.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/project_file.h"
 #include "files/project_listing.h"
 #include "files/status_progress.h"

@@ -8,7 +8,7 @@
 #include "base/c_debug.h"
 #include "files/file_table.h"
 #include "files/project_file.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/project_listing.h"
 #include "platform/os.h"
 #include "test_support.h"

@@ -54,9 +54,9 @@ TEST_F(TokenizerTest, EmptyBlankAndTrailingBlankLines) {
     expectToken(at(3, 4), CommentishDetail::Empty, "   ");
     EXPECT_EQ(at(3, 4).LeadingSpace, "");
     // 1 marks the last token of the line, 2 the first of a statement.
-    EXPECT_EQ(at(3, 1).Flags, 2);
-    EXPECT_EQ(at(3, 3).Flags, 0);
-    EXPECT_EQ(at(3, 4).Flags, 1);
+    EXPECT_EQ(at(3, 1).Flags.bits(), 2);
+    EXPECT_EQ(at(3, 3).Flags.bits(), 0);
+    EXPECT_EQ(at(3, 4).Flags.bits(), 1);
     EXPECT_EQ(at(3, 1).Column, 1);
 }
 

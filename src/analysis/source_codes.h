@@ -109,4 +109,25 @@ private:
     std::int32_t bits_ = 0;
 };
 
+// A token's place in its line and statement, as bits. The numbers are the dump's, as above.
+enum class TokenFlag : std::uint8_t {
+    LineEnd = 1,         // the last token of a line
+    StatementStart = 2,  // the first token of a statement
+};
+
+// A token's flags: the bits of TokenFlag, in the one byte a token has for them.
+class TokenFlags {
+public:
+    constexpr bool has(TokenFlag flag) const { return (bits_ & bitOf(flag)) != 0; }
+    constexpr bool none() const { return bits_ == 0; }
+    constexpr void set(TokenFlag flag) { bits_ = static_cast<std::uint8_t>(bits_ | bitOf(flag)); }
+    // Those of a token merged into this one, as when "x!" becomes one name.
+    constexpr void add(TokenFlags other) { bits_ = static_cast<std::uint8_t>(bits_ | other.bits_); }
+    constexpr std::uint8_t bits() const { return bits_; }
+
+private:
+    static constexpr std::uint8_t bitOf(TokenFlag flag) { return static_cast<std::uint8_t>(flag); }
+    std::uint8_t bits_ = 0;
+};
+
 }  // namespace hlyd

@@ -44,7 +44,7 @@ struct TokenFields {
     std::int16_t pKeyWord = 0;  // keyword entries past its range are never found
     TokenClass Class = TokenClass::Keyword;
     std::uint8_t Detail = 0;  // means something only within Class: is() and set() read and write it
-    std::uint8_t Flags = 0;
+    TokenFlags Flags;
     std::uint8_t Continued = 0;
     bool KeyWordSeen = false;
     bool KeyWordKept = false;

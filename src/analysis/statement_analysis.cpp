@@ -67,7 +67,7 @@ private:
 void StatementBuilder::build(std::int32_t& nextToken, std::int32_t lastToken) {
     s_.FirstToken = nextToken;
     Token& first = t_.Tokens[nextToken];
-    first.Flags += 2;
+    first.Flags.set(TokenFlag::StatementStart);
     if (first.is(CommentishDetail::Comment) || first.is(CommentishDetail::Empty)) {
         s_.Class = statementClassOf(first.detailAs<CommentishDetail>());
         first.Statement = n_;

@@ -98,7 +98,7 @@ void LineClassifier::typeSuffix(std::int32_t k) {
     if (nextFirst >= 'A' && nextFirst <= 'Z') return;
     WorkToken& before = w_[k - 1];
     before.extend(bang.Text);
-    before.Flags += bang.Flags;
+    before.Flags.add(bang.Flags);
     bang.setView({});
 }
 

@@ -265,7 +265,7 @@ void LineCutter::cut(std::int32_t& count) {
         blankToken(work_[1]);
         index_ = 1;
     }
-    work_[index_].Flags |= 1;
+    work_[index_].Flags.set(TokenFlag::LineEnd);
     count = index_;
 }
 

@@ -19,12 +19,12 @@
 #include "dialogs/help_key.h"
 #include "dialogs/form_parts.h"
 #include "platform/qt/qt_text.h"
-#include "printing/print_dialog.h"
+#include "shell/print_dialog.h"
 #include "shell/print_options.h"
 #include "printing/print_request.h"
 #include "printing/print_status.h"
 #include "printing/printer_start.h"
-#include "printing/select_proc.h"
+#include "models/select_proc_model.h"
 #include "shell/help_commands.h"
 
 namespace hlyd {

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "base/app_info.h"
-#include "files/project_choice.h"
+#include "models/project_file_model.h"
 #include "platform/qt/qt_text.h"
 #include "settings/settings_store.h"
 #include "shell/app_start.h"

@@ -10,7 +10,7 @@
 #include "files/file_loading.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
-#include "files/project_choice.h"
+#include "files/files_state.h"
 #include "platform/ui.h"
 #include "base/message_box.h"
 
@@ -148,7 +148,7 @@ void cHLYD::CloseFiles() {
     f.oFile.Clear();
     f.wCurrentFile = 0;
     f.projectOpen = false;
-    unloadProjectFileForm();  // its marks belong to the project that closed
+    filesState().projectFileForm.reset();  // its marks belong to the project that closed
     showNothing();
     mainWindow().enableControls();
 }

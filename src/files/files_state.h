@@ -1,6 +1,7 @@
 #pragma once
 // The files' part of the Session: the file table and what was loaded of it, the open project and
 // its form, navigation, the cut reports, the texts of the open files, and the main window's model.
+#include <any>
 #include <map>
 #include <memory>
 #include <optional>
@@ -10,7 +11,7 @@
 #include "files/file_table.h"
 #include "files/main_window_model.h"
 #include "files/navigation.h"
-#include "files/project_choice.h"
+#include "files/member_choice.h"
 #include "files/project_file.h"
 #include "platform/private_part.h"
 #include "platform/session.h"
@@ -22,8 +23,9 @@ struct CutReports;
 struct FilesState {
     FileTableModule fileTable;
     std::unique_ptr<cProjectFiles> projects = std::make_unique<cProjectFiles>();
-    std::optional<ProjectFileModel> projectFileForm;  // the open project's, kept
-    bool resourcesOpen = false;  // every open entry is a resource file: the next selection starts afresh
+    std::any projectFileForm;     // the open project's, kept (see member_choice.h)
+    MemberChooser chooseMembers;  // put in by the shell with the Session
+    bool resourcesOpen = false;   // every open entry is a resource file: the next selection starts afresh
     NavigationState navigation;
     PrivatePart<CutReports> cutReports;
     std::map<std::string, std::shared_ptr<const RecordTexts>> openFileTexts;

@@ -11,7 +11,8 @@
 #include "base/vb_convert.h"
 #include "files/main_window_model.h"
 #include "files/member_paths.h"
-#include "files/project_choice.h"
+#include "files/files_state.h"
+#include "files/member_choice.h"
 #include "files/project_file.h"
 #include "platform/line_reader.h"
 #include "platform/os.h"
@@ -145,9 +146,9 @@ bool readProject(const cFileDesc& entry, const std::string& formExt, const std::
 }
 
 // Reads every project and group and lets the user choose the members in the Project File
-// dialog; its accepted form, or nothing when the listing ends early (a project cannot be read,
+// dialog; the choice, or nothing when the listing ends early (a project cannot be read,
 // or the user cancelled).
-std::optional<ProjectFileModel> readAndChoose(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups) {
+std::optional<MemberChoice> readAndChoose(std::vector<cFileDesc>& projects, std::vector<cFileDesc>& groups) {
     const HlydSettings& s = hlydSettings();
     std::string moduleExt = pointList(s.BasicExt);
     std::string formExt = pointList(s.FormExt);
@@ -163,7 +164,7 @@ std::optional<ProjectFileModel> readAndChoose(std::vector<cFileDesc>& projects, 
         }
     }
     if (oProjectFiles().Count() == 0) return std::nullopt;
-    return chooseProjectMembers("Project File - " + oProjectFiles().Item(1).FileName);
+    return filesState().chooseMembers("Project File - " + oProjectFiles().Item(1).FileName);
 }
 
 }  // namespace
@@ -174,15 +175,15 @@ void PFParseFile(std::vector<cFileDesc> projects, const std::function<void()>& b
     // The listing in force stays whole until the new one is chosen: a Cancel goes back to it.
     std::unique_ptr<cProjectFiles> previous = replaceProjectFiles(std::make_unique<cProjectFiles>());
     std::vector<cFileDesc> groups;
-    std::optional<ProjectFileModel> form = readAndChoose(projects, groups);
-    if (!form) {
+    std::optional<MemberChoice> choice = readAndChoose(projects, groups);
+    if (!choice) {
         replaceProjectFiles(std::move(previous));
         return;
     }
     if (beforeAdding) beforeAdding();  // closes what was open, and the form it kept with it
     for (cFileDesc& group : groups) oFile().Add(std::move(group));
-    for (const cFileDesc& entry : form->Chosen) oFile().Add(entry);
-    keepProjectFileForm(std::move(*form));
+    for (const cFileDesc& entry : choice->chosen) oFile().Add(entry);
+    filesState().projectFileForm = std::move(choice->form);
 }
 
 void VBFileValidate(std::vector<std::string>& names, bool canOverride) {

@@ -3,8 +3,8 @@
 // tells the window that the view of the file is drawn. The window installs its views once; a run
 // without a window keeps these, which show nothing; a test installs a few of its own.
 //
-// The models belong to the layers that fill them; here they are only named, so that files/,
-// display/ and printing/ can all call the views without any of them knowing the window.
+// The models belong to the layers that fill them; here they are only named, so that display/,
+// printing/, models/ and shell/ can all call the views without any of them knowing the window.
 #include <optional>
 #include <string>
 

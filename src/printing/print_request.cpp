@@ -7,7 +7,6 @@
 #include "files/output_guard.h"
 #include "files/run_inputs.h"
 #include "files/status_progress.h"
-#include "printing/print_dialog.h"
 #include "printing/print_file.h"
 #include "printing/print_output.h"
 #include "printing/print_run_steps.h"
@@ -191,11 +190,11 @@ void runRequest(const PrintDialogRequest& r, const std::string& outputPath) {
 
 }  // namespace
 
-void HlydPRProcessPrintRequest() {
+void HlydPRProcessPrintRequest(const PrintDialogStep& askUser) {
     if (oFile().Count() == 0) return;
     KeptForRun kept;
     PrintDialogRequest request = requestFromSettings();
-    if (!hlydSettings().DoNotShowPrintDialog && !HlydHLYDPrintProcessDialog(request)) return tellCancelled();
+    if (!hlydSettings().DoNotShowPrintDialog && !askUser(request)) return tellCancelled();
     std::string outputPath;
     if (!askPrintOutputPath(outputPath)) return tellCancelled();
     saveLastingChoices(request);

@@ -6,6 +6,7 @@
 #include "files/cut_reports.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
+#include "shell/print_dialog.h"
 #include "shell/print_options.h"
 #include "printing/print_request.h"
 #include "printing/print_state.h"
@@ -67,7 +68,7 @@ void sbPrintButtonSet(bool tellFonts) {
 void mnuFilPrint_Click() {
     {
         PrintingStatus status;
-        HlydPRProcessPrintRequest();
+        HlydPRProcessPrintRequest(HlydHLYDPrintProcessDialog);
     }
     sbPrintButtonSet();
 }

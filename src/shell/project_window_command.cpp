@@ -3,7 +3,7 @@
 #include "base/vb_convert.h"
 #include "files/file_show.h"
 #include "files/file_table.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "shell/window_commands.h"
 
 namespace hlyd {

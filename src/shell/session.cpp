@@ -1,10 +1,16 @@
 // The shell puts the Session together from the parts that each layer makes, renews and frees in
-// its own source; it needs none of their types.
+// its own source; it needs none of their types. It also points the hooks that a lower part holds
+// at the shell's procedures, so that they stand in every Session and survive every reset.
 #include "shell/session.h"
 
 #include "platform/session.h"
+#include "shell/project_choice.h"
 
 namespace hlyd {
+
+namespace {
+void connectParts(Session& s) { connectMemberChoice(*s.files); }
+}  // namespace
 
 Session::Session()
     : base(SessionPartLife<BaseState>::make()),
@@ -14,7 +20,9 @@ Session::Session()
       display(SessionPartLife<DisplayState>::make()),
       printing(SessionPartLife<PrintingState>::make()),
       html(SessionPartLife<HtmlState>::make()),
-      shell(SessionPartLife<ShellState>::make()) {}
+      shell(SessionPartLife<ShellState>::make()) {
+    connectParts(*this);
+}
 
 namespace {
 // The printer in force is, as a rule, the one the printing part opened and owns: nobody may be
@@ -50,6 +58,7 @@ void Session::renew() {
     SessionPartLife<PrintingState>::begin(*printing);
     SessionPartLife<HtmlState>::begin(*html);
     SessionPartLife<ShellState>::begin(*shell);
+    connectParts(*this);
 }
 
 // The program's own Session is never destroyed, so that nothing of it runs at exit (a large

@@ -22,7 +22,7 @@
 #include "display/view_find.h"
 #include "display/view_map.h"
 #include "files/file_table.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "platform/qt/image_surface.h"
 #include "shown_window.h"
 #include "test_support.h"

@@ -18,7 +18,7 @@
 #include "dialogs/pic_show.h"
 #include "files/file_table.h"
 #include "shell/app_start.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "shown_window.h"
 #include "test_support.h"
 #include "test_views.h"

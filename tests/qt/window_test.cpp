@@ -36,7 +36,7 @@
 #include "display/viewing.h"
 #include "files/file_table.h"
 #include "files/main_window_model.h"
-#include "files/project_choice.h"
+#include "shell/project_choice.h"
 #include "files/project_file.h"
 #include "platform/qt/image_surface.h"
 #include "settings/settings_store.h"

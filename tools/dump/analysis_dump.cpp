@@ -49,7 +49,7 @@ void dumpToken(const Token& t, std::int32_t n, std::ostream& out) {
                     .add("n", n)
                     .add("Class", codeOf(t.Class))
                     .add("Detail", t.Detail)
-                    .add("Flags", t.Flags)
+                    .add("Flags", t.Flags.bits())
                     .add("Continued", t.Continued)
                     .add("KeyWordSeen", t.KeyWordSeen)
                     .add("pKeyWord", t.pKeyWord)

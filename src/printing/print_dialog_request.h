@@ -1,10 +1,9 @@
 #pragma once
-// The Print dialog's procedure: fills the form, shows it, and turns the user's choices into the
-// request that the print command runs.
+// What the print command is asked to print: the settings as they stand, or the user's choices in
+// the Print dialog, which the shell reads into it. The run below knows this struct alone, never
+// the dialog.
 #include <cstdint>
 #include <string>
-
-#include "printing/print_dialog_model.h"
 
 namespace hlyd {
 
@@ -34,9 +33,5 @@ struct PrintDialogRequest {
 
 // The request as the settings stand, for a print without the dialog.
 PrintDialogRequest requestFromSettings();
-
-// The window shows the form modally and passes the user's clicks to the model's handlers. False
-// when the user cancels. Without a window the form is taken as filled, OK pressed once.
-bool HlydHLYDPrintProcessDialog(PrintDialogRequest& request);
 
 }  // namespace hlyd

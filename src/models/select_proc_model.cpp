@@ -1,4 +1,4 @@
-#include "printing/select_proc.h"
+#include "models/select_proc_model.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "printing/print_dialog_model.h"
+#include "models/print_dialog_model.h"
 
 namespace hlyd {
 

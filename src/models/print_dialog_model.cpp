@@ -1,4 +1,4 @@
-#include "printing/print_dialog_model.h"
+#include "models/print_dialog_model.h"
 
 #include <algorithm>
 #include <cctype>
