@@ -68,7 +68,9 @@ std::vector<int> ListingConnectors::crossing(std::int32_t record, const std::vec
     std::sort(columns.begin(), columns.end());
     columns.erase(std::unique(columns.begin(), columns.end()), columns.end());
     if (!tokens.empty() && r.Indent >= 0 && opensBlock(r, governingStatement(record))) {
-        if (r.Indent >= known) openerColumns_.resize(static_cast<std::size_t>(r.Indent) + 1, -1);
+        // The levels deeper than a new block's belong to blocks inside it, none seen yet: a form
+        // description's own columns must not stand for the code's.
+        openerColumns_.resize(static_cast<std::size_t>(r.Indent) + 1, -1);
         openerColumns_[static_cast<std::size_t>(r.Indent)] = text;
     }
     return columns;
