@@ -168,6 +168,14 @@ TEST_F(SiteTest, VerticalsCrossTheLinesInsideEachBlockAtItsOpenersColumn) {
     EXPECT_EQ(connectorColumns(page("Form1-frm.html")), (Columns{{}, {}, {0}, {0}, {0, 3}, {0}, {}, {}}));
     EXPECT_NE(page("Nesting-bas.html").find("pre.listing .Connector { border-left: 1px solid #"), std::string::npos);
 
+    // With the source's own blanks kept, its own columns count, however it indents.
+    showSource("Kept.bas",
+               "Attribute VB_Name = \"Kept\"\r\nSub Go()\r\nIf a Then\r\n  If b Then\r\n     x = 1\r\n"
+               "  End If\r\nEnd If\r\nEnd Sub\r\n");
+    displayAttributes().Format[kDisplay].Indent = 0;
+    ASSERT_EQ(HtmlSite(dir + "/site").write(), "");
+    EXPECT_EQ(connectorColumns(page("Kept-bas.html")), (Columns{{}, {}, {}, {0}, {0, 2}, {0}, {}, {}}));
+
     displayAttributes().Format[kDisplay].ConnectControls = 0;
     ASSERT_EQ(HtmlSite(dir + "/site").write(), "");
     EXPECT_EQ(page("Nesting-bas.html").find("Connector"), std::string::npos);
