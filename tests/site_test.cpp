@@ -8,9 +8,11 @@
 #include "files/file_loading.h"
 #include "files/file_table.h"
 #include "files/open_for_run.h"
+#include "html/site_connectors.h"
 #include "html/site_line.h"
 #include "html/site_names.h"
 #include "html/site_writer.h"
+#include "settings/attributes.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -102,6 +104,71 @@ TEST_F(SiteTest, AProjectsUsesLeadToTheirDeclarationsAcrossMembers) {
     // The tables describe the file selected before the site, as the window expects.
     EXPECT_EQ(fileTable().wCurrentFile, 3);
     EXPECT_EQ(fileTable().sVBName, "Shapes");
+}
+
+// Where each line of a page's listing has a vertical: the columns of its connector spans.
+std::vector<std::vector<int>> connectorColumns(const std::string& page) {
+    std::vector<std::vector<int>> lines;
+    std::istringstream in(page.substr(page.find("<pre"), page.find("</pre>") - page.find("<pre")));
+    const std::string lineNo = "</span> ", connector = std::string("<span class=\"") + kConnectorClass + "\">";
+    for (std::string line; std::getline(in, line);) {
+        if (line.find(lineNo) == std::string::npos) continue;
+        std::vector<int>& columns = lines.emplace_back();
+        int column = 0;
+        for (std::size_t i = line.find(lineNo) + lineNo.size(); i < line.size(); ++i) {
+            if (line.compare(i, connector.size(), connector) == 0) columns.push_back(column);
+            if (line[i] == '<') i = line.find('>', i);
+            else if (line[i] == '&') i = line.find(';', i), ++column;
+            else ++column;
+        }
+    }
+    return lines;
+}
+
+TEST_F(SiteTest, VerticalsCrossTheLinesInsideEachBlockAtItsOpenersColumn) {
+    showSource("Nesting.bas",
+               "Attribute VB_Name = \"Nesting\"\r\n"
+               "Public Function Tally(ByVal limit As Long) As Long\r\n"
+               "    Dim i As Long\r\n"
+               "    For i = 1 To limit\r\n"
+               "        If i Mod 2 = 0 Then\r\n"
+               "            Do While Tally < i\r\n"
+               "                Tally = Tally + 1\r\n"
+               "            Loop\r\n"
+               "        Else\r\n"
+               "10          Tally = Tally _\r\n"
+               "                - 1\r\n"
+               "        End If\r\n"
+               "    Next i\r\n"
+               "End Function\r\n");
+    // A form description keeps its own blanks: its verticals stand where its Begin lines do.
+    showSource("Form1.frm",
+               "VERSION 5.00\r\nBegin VB.Form Form1\r\n   Caption = \"One\"\r\n   Begin VB.CommandButton cmdGo\r\n"
+               "      Caption = \"Go\"\r\n   End\r\nEnd\r\nAttribute VB_Name = \"Form1\"\r\n");
+    fs::create_directory(fs::path(dir) / "site");
+    ASSERT_EQ(HtmlSite(dir + "/site").write(), "");
+    using Columns = std::vector<std::vector<int>>;
+    EXPECT_EQ(connectorColumns(page("Nesting-bas.html")),
+              (Columns{{}, {}, {}, {}, {0}, {0, 4}, {0, 4, 8}, {0, 4}, {0}, {4}, {0, 4}, {0}, {}, {}}));
+    EXPECT_EQ(connectorColumns(page("Form1-frm.html")), (Columns{{}, {}, {0}, {0}, {0, 3}, {0}, {}, {}}));
+    EXPECT_NE(page("Nesting-bas.html").find("pre.listing .Connector { border-left: 1px solid #"), std::string::npos);
+
+    // With the source's own blanks kept, its own columns count, however it indents.
+    showSource("Kept.bas",
+               "Attribute VB_Name = \"Kept\"\r\nSub Go()\r\nIf a Then\r\n  If b Then\r\n     x = 1\r\n"
+               "  End If\r\nEnd If\r\nEnd Sub\r\n");
+    displayAttributes().Format[kDisplay].Indent = 0;
+    ASSERT_EQ(HtmlSite(dir + "/site").write(), "");
+    EXPECT_EQ(connectorColumns(page("Kept-bas.html")), (Columns{{}, {}, {}, {0}, {0, 2}, {0}, {}, {}}));
+
+    // The spans only wrap blanks: without them the text a reader copies is as before.
+    std::string drawn = page("Nesting-bas.html");
+    displayAttributes().Format[kDisplay].ConnectControls = 0;
+    ASSERT_EQ(HtmlSite(dir + "/site").write(), "");
+    std::string plain = page("Nesting-bas.html");
+    EXPECT_EQ(plain.find("Connector"), std::string::npos);
+    drawn = std::regex_replace(drawn, std::regex("<span class=\"Connector\">( *)</span>"), "$1");
+    EXPECT_EQ(drawn.substr(drawn.find("<pre")), plain.substr(plain.find("<pre")));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "html/gen_html.h"
 #include "html/html_text.h"
+#include "html/site_connectors.h"
 #include "platform/text_encoding.h"
 
 namespace hlyd {
@@ -32,6 +33,24 @@ bool isUtf8(std::string_view text) {
     return true;
 }
 
+// `count` blanks from `column`: each vertical that stands among them begins a span of blanks whose
+// left border draws it, up to the next vertical or the blanks' end.
+void appendBlanks(std::string& out, int column, int count, const std::vector<int>& verticals) {
+    int end = column + count;
+    auto v = std::lower_bound(verticals.begin(), verticals.end(), column);
+    int at = column;
+    for (; v != verticals.end() && *v < end; ++v) {
+        out.append(static_cast<std::size_t>(*v - at), ' ');
+        at = *v;
+        int next = v + 1 != verticals.end() && *(v + 1) < end ? *(v + 1) : end;
+        out += "<span class=\"" + std::string(kConnectorClass) + "\">";
+        out.append(static_cast<std::size_t>(next - at), ' ');
+        out += "</span>";
+        at = next;
+    }
+    out.append(static_cast<std::size_t>(end - at), ' ');
+}
+
 }  // namespace
 
 std::string sitePathText(std::string_view path) {
@@ -49,14 +68,21 @@ std::string sitePathText(std::string_view path) {
 }
 
 std::string siteLine(const std::vector<ShownToken>& tokens, std::int32_t lineNo, int numberWidth,
-                     const std::vector<TokenLink>& links) {
+                     const std::vector<TokenLink>& links, const std::vector<int>& verticals) {
     std::string number = std::to_string(lineNo);
     std::string out = "<span class=\"LineNo\" id=\"L" + number + "\">";
     out.append(static_cast<std::size_t>(std::max(0, numberWidth - static_cast<int>(number.size()))), ' ');
     out += number + "</span> ";
     auto link = links.begin();
+    // Verticals cross only the blanks ahead of the line's own text; `column` is counted until then.
+    int column = verticals.empty() ? -1 : 0;
+    auto blanks = [&](int count) {
+        if (column < 0) return out.append(static_cast<std::size_t>(count), ' '), void();
+        appendBlanks(out, column, count, verticals);
+        column += count;
+    };
     for (const ShownToken& token : tokens) {
-        out.append(static_cast<std::size_t>(std::max(0, token.spaces)), ' ');
+        blanks(std::max(0, token.spaces));
         while (link != links.end() && link->index < token.index) ++link;
         const char* cls = htmlClassName(token.element);
         bool linked = token.index >= 0 && link != links.end() && link->index == token.index;
@@ -64,7 +90,9 @@ std::string siteLine(const std::vector<ShownToken>& tokens, std::int32_t lineNo,
         else out += "<span class=\"" + std::string(cls) + "\">";
         out += siteText(token.text);
         out += linked ? "</a>" : "</span>";
-        if (token.blankAfter) out += ' ';
+        if (!token.blankAfter) column = -1;  // the line's own text has begun
+        else if (column >= 0) column += static_cast<int>(token.text.size());
+        if (token.blankAfter) blanks(1);
     }
     return out;
 }

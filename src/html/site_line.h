@@ -17,9 +17,10 @@ struct TokenLink {
     std::string href;
 };
 
-// `links` are in the order of their tokens; `numberWidth` is the room the line numbers take.
+// `links` are in the order of their tokens; `numberWidth` is the room the line numbers take;
+// `verticals` the columns, ascending, where connector lines cross the blanks ahead of the text.
 std::string siteLine(const std::vector<ShownToken>& tokens, std::int32_t lineNo, int numberWidth,
-                     const std::vector<TokenLink>& links);
+                     const std::vector<TokenLink>& links, const std::vector<int>& verticals = {});
 
 // Text from the source or a name of it, as page text or an attribute value.
 std::string siteText(std::string_view text);

@@ -5,6 +5,7 @@
 
 #include "files/file_table.h"
 #include "html/html_records.h"
+#include "html/site_connectors.h"
 #include "html/site_names.h"
 #include "settings/attributes.h"
 
@@ -89,6 +90,7 @@ std::string sitePageHead(const std::string& title) {
             "ul.procs { columns: 3 16em; }\n"
             ".kind { color: #666; }\n";
     for (int e = 1; e <= kElementCount; ++e) head += htmlElementStyle(e, e) + "\n";
+    head += connectorStyleRule();
     head += "</style>\n</head>\n";
     return head;
 }

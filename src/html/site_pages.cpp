@@ -2,6 +2,7 @@
 
 #include "analysis/source_model.h"
 #include "html/html_records.h"
+#include "html/site_connectors.h"
 #include "html/site_model.h"
 #include "html/site_names.h"
 #include "platform/char_case.h"
@@ -65,13 +66,14 @@ std::string listing(const std::vector<LinkAt>& links) {
     std::string out = "<pre class=\"listing\">\n";
     std::vector<ShownToken> tokens;
     std::vector<TokenLink> lineLinks;
+    ListingConnectors connectors;
     auto link = links.begin();
     for (std::int32_t record = 1; record <= t.RecordCount && t.Records[record].FirstT != 0; ++record) {
         shownTokens(record, firstIndentedToken(t.Records[record]), tokens);
         lineLinks.clear();
         for (; link != links.end() && link->line <= record; ++link)
             if (link->line == record) lineLinks.push_back(link->link);
-        out += siteLine(tokens, record, width, lineLinks);
+        out += siteLine(tokens, record, width, lineLinks, connectors.crossing(record, tokens));
         out += '\n';
     }
     return out + "</pre>\n";
