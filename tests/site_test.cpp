@@ -101,6 +101,12 @@ TEST_F(SiteTest, AProjectsUsesLeadToTheirDeclarationsAcrossMembers) {
                          "href=\"Shapes-bas-2.html#L2\">ShapesToo:2</a></td><td><a href=\"frmMain-frm.html#L11\">"
                          "frmMain:11</a></td>"),
               std::string::npos);
+    // A page that declares HTML5 gets its colours only with the "#": without it the browser drops them.
+    const std::string shapes = page("Shapes-bas.html");
+    EXPECT_NE(shapes.find(".KeyWord {\r\n    color:#"), std::string::npos);
+    EXPECT_EQ(std::regex_search(shapes, std::regex("color:[0-9A-Fa-f]")), false);
+    // gCount = gCount + 1 reads and assigns: the assignment is told apart.
+    EXPECT_NE(shapes.find(">Shapes:8*</a>, <a href=\"#L8\">Shapes:8</a>"), std::string::npos);
     // The tables describe the file selected before the site, as the window expects.
     EXPECT_EQ(fileTable().wCurrentFile, 3);
     EXPECT_EQ(fileTable().sVBName, "Shapes");

@@ -40,9 +40,10 @@ std::string htmlColourText(std::uint32_t colour) {
 }
 
 std::string htmlStyleRule(int element, const std::string& fontName, long size, bool italic, bool bold,
-                          std::uint32_t colour) {
+                          std::uint32_t colour, ColourSyntax syntax) {
     std::string text = std::string(".") + htmlClassName(element) + " {" + kLineEnd;
-    text += "    color:" + htmlColourText(colour) + ";" + kLineEnd;
+    text += std::string("    color:") + (syntax == ColourSyntax::Css ? "#" : "") + htmlColourText(colour) + ";" +
+            kLineEnd;
     text += "    font-family:" + styleSafe(fontName) + ";" + kLineEnd;
     text += "    font-size:" + std::to_string(size) + "pt;" + kLineEnd;
     text += std::string("    font-weight: ") + (bold ? "bold;" : "normal;") + kLineEnd;

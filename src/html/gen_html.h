@@ -98,9 +98,13 @@ private:
 // "Comment", "Identifier", ... for elements 1 to 8, "a:link" for 99, "Unknown" for the rest.
 const char* htmlClassName(int element);
 
+// How a rule writes its colour: the single document keeps the bare digits it always wrote, which
+// browsers accept only outside standards mode; a page that declares HTML5 needs the "#".
+enum class ColourSyntax { Bare, Css };
+
 // The style rule of an element's class: its colour, font, size, weight and slant.
 std::string htmlStyleRule(int element, const std::string& fontName, long size, bool italic, bool bold,
-                          std::uint32_t colour);
+                          std::uint32_t colour, ColourSyntax syntax = ColourSyntax::Bare);
 
 // A colour value (blue in the high byte) as "RRGGBB"; odd-length hex gives black, on purpose.
 std::string htmlColourText(std::uint32_t colour);

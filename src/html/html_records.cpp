@@ -110,10 +110,10 @@ void shownTokens(std::int32_t record, std::int32_t firstToken, const Statement& 
     if (f.ContinueHonor && lastContinued) tokens.push_back({" _", spaces, kElemKeyWords, false, -1});
 }
 
-std::string htmlElementStyle(int cls, int element) {
+std::string htmlElementStyle(int cls, int element, ColourSyntax syntax) {
     const AttributeRecord& a = displayAttributes().Elements[static_cast<std::size_t>(element)].slot[kHTMLDestination];
     return htmlStyleRule(cls, a.Font.Name, static_cast<long>(std::nearbyint(a.Font.Size)), a.Font.Italic, a.Font.Bold,
-                         a.ForeColor);
+                         a.ForeColor, syntax);
 }
 
 }  // namespace hlyd

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/source_model.h"
+#include "html/gen_html.h"
 
 namespace hlyd {
 
@@ -32,6 +33,6 @@ void shownTokens(std::int32_t record, std::int32_t firstToken, std::vector<Shown
 void shownTokens(std::int32_t record, std::int32_t firstToken, const Statement& governing,
                  std::vector<ShownToken>& tokens);
 // The style rule of one element, in the settings' font and colour for HTML.
-std::string htmlElementStyle(int cls, int element);
+std::string htmlElementStyle(int cls, int element, ColourSyntax syntax = ColourSyntax::Bare);
 
 }  // namespace hlyd

@@ -89,7 +89,7 @@ std::string sitePageHead(const std::string& title) {
             "th, td { text-align: left; vertical-align: top; padding: 2px 8px; border-bottom: 1px solid #ddd; }\n"
             "ul.procs { columns: 3 16em; }\n"
             ".kind { color: #666; }\n";
-    for (int e = 1; e <= kElementCount; ++e) head += htmlElementStyle(e, e) + "\n";
+    for (int e = 1; e <= kElementCount; ++e) head += htmlElementStyle(e, e, ColourSyntax::Css) + "\n";
     head += connectorStyleRule();
     head += "</style>\n</head>\n";
     return head;
@@ -99,7 +99,7 @@ std::string siteNamesTable(const SiteModel& site, const std::vector<std::size_t>
                            bool linkNames) {
     std::string out =
             "<table class=\"names\">\n<thead><tr><th>Name</th><th>Kind</th><th>Declared</th>"
-            "<th>Uses</th></tr></thead>\n<tbody>\n";
+            "<th>Uses (* assigned)</th></tr></thead>\n<tbody>\n";
     for (std::size_t i : names) {
         const IndexedName& name = site.index.names[i];
         std::size_t home = site.memberOf(name.declared.file);
@@ -109,9 +109,10 @@ std::string siteNamesTable(const SiteModel& site, const std::vector<std::size_t>
         out += "</td><td>" + std::string(nameKindText(name.kind)) + "</td><td><a href=\"" +
                site.lineHref(name.declared, from) + "\">" + siteText(site.placeText(name.declared)) + "</a></td><td>";
         for (std::size_t u = 0; u < name.uses.size(); ++u) {
+            // A line that reads and assigns a name lists it twice: the "*" tells the assignment.
             const NamePlace& place = name.uses[u].place;
             out += (u == 0 ? "" : ", ") + std::string("<a href=\"") + site.lineHref(place, from) + "\">" +
-                   siteText(site.placeText(place)) + "</a>";
+                   siteText(site.placeText(place)) + (name.uses[u].written ? "*" : "") + "</a>";
         }
         out += "</td></tr>\n";
     }
