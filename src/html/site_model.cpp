@@ -82,8 +82,8 @@ std::string sitePageHead(const std::string& title) {
     head += "<title>" + siteText(title) + "</title>\n<style>\n";
     head += "body { margin: 1em 2em; font-family: sans-serif; }\n"
             "pre.listing { line-height: 1.2; }\n"
-            "pre.listing a { text-decoration: none; }\n"
-            "pre.listing a:hover { text-decoration: underline; }\n"
+            "pre.listing a { text-decoration: underline dotted; }\n"
+            "pre.listing a:hover { text-decoration: underline solid; }\n"
             ":target { background: #fff3a0; }\n"
             "table { border-collapse: collapse; }\n"
             "th, td { text-align: left; vertical-align: top; padding: 2px 8px; border-bottom: 1px solid #ddd; }\n"
