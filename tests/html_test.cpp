@@ -208,10 +208,10 @@ TEST_F(HtmlTest, FontTagsBalanceAndTheFormDescriptionIsIndentedOnce) {
     EXPECT_NE(form.find("\r\n   <font class=\"KeyWord\">End</font>\r\n"), std::string::npos);
 }
 
-// A large file's lines are made in shares by two threads; a heading continued over lines may
-// straddle two shares. Every copy of one procedure must come out the same, wherever it falls.
+// A large file's records are planned in shares; a heading continued over lines may straddle
+// two of them. Every copy of one procedure must come out the same, wherever it falls.
 TEST_F(HtmlTest, EveryCopyOfAProcedureIsTheSameInALargeFile) {
-    constexpr int kCopies = 2000;  // eleven lines each: share borders fall on every line of one
+    constexpr int kCopies = 2000;  // eleven lines each: share borders fall on several lines of one
     std::ofstream big(source("Big.bas"), std::ios::binary);
     big << "Attribute VB_Name = \"Big\"\r\n";
     for (int i = 1; i <= kCopies; ++i) {

@@ -117,10 +117,6 @@ void cGenHTML::writeLine(std::string_view text) {
 
 // The writer gathers the pieces into large blocks itself.
 void cGenHTML::write(std::string_view text) {
-    if (capturing_) {
-        captured_.append(text);
-        return;
-    }
     if (!file_) return;
     if (!file_->write(text)) failed(file_->error());
 }

@@ -52,15 +52,6 @@ public:
     // Ends the document; only now does it replace a file of its name.
     void TerminateDoc();
 
-    // A part of a document made apart, by another thread: what it writes is kept in memory
-    // until the document it belongs to writes it in its place.
-    void captureInMemory() { capturing_ = true; }
-    // Writes what `part` kept and empties it, keeping its room for the next part.
-    void writeCaptured(cGenHTML& part) {
-        write(part.captured_);
-        part.captured_.clear();
-    }
-
 private:
     std::string GetFileName();
     void writeLine(std::string_view text);
@@ -91,8 +82,6 @@ private:
     // element 1 to 8, 9 for links and 0 for any other.
     SwitchTag switchTags_[2][10];
     std::string subTitle1_, subTitle2_, heading_, title_;
-    bool capturing_ = false;
-    std::string captured_;
 };
 
 // "Comment", "Identifier", ... for elements 1 to 8, "a:link" for 99, "Unknown" for the rest.

@@ -2,11 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
 #include <memory>
 #include <string_view>
-#include <system_error>
-#include <thread>
 
 #include "analysis/source_model.h"
 #include "base/c_debug.h"
@@ -37,7 +34,7 @@ constexpr Destination kHTMLDestination = kDisplay;  // HTML follows the display 
 
 }  // namespace
 
-// What a thread makes lines with, kept from line to line: a line costs no fresh memory.
+// What lines are made with, kept from line to line: a line costs no fresh memory.
 struct LineWork {
     LineBuffer line;
     std::vector<ShownToken> tokens;
@@ -73,11 +70,8 @@ std::string withoutDirectory(const std::string& full) {
     return name;
 }
 
-// The records of each step: the helper thread's share is the larger, since the main thread also
-// plans both shares and writes them (measured: it then waits least). Big enough that starting a
-// thread costs little beside the work, small enough that the share kept in memory stays small.
-constexpr std::size_t kMainShare = 1500;
-constexpr std::size_t kHelperShare = 2700;
+// Records planned at a time: their jobs stay small in memory.
+constexpr std::size_t kRecordsPerShare = 4096;
 
 void renderRecord(cGenHTML& doc, LineWork& work, const RecordJob& job) {
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
@@ -105,52 +99,17 @@ void renderJobs(cGenHTML& doc, LineWork& work, const std::vector<RecordJob>& job
     for (const RecordJob& job : jobs) renderRecord(doc, work, job);
 }
 
-// Makes `second` into `tail` on a thread of its own while `first` is made here; false when no
-// thread could be had, and nothing was made.
-bool renderSharesAtOnce(HtmlEmission& e, const std::vector<RecordJob>& first, const std::vector<RecordJob>& second,
-                        cGenHTML& tail) {
-    std::exception_ptr tailFailure;
-    {
-        std::jthread helper;
-        try {
-            helper = std::jthread([&tail, &tailFailure, &second] {
-                try {
-                    LineWork work;
-                    renderJobs(tail, work, second);
-                } catch (...) {
-                    tailFailure = std::current_exception();
-                }
-            });
-        } catch (const std::system_error&) {
-            return false;
-        }
-        renderJobs(*e.doc, e.work, first);
-    }
-    if (tailFailure) std::rethrow_exception(tailFailure);
-    e.doc->writeCaptured(tail);
-    return true;
-}
-
-// The lines of a large file are made two shares at a time: the second share by a helper
-// thread into memory, written after the first (what is kept in memory is one share). Every line
-// depends on its own record alone once the records are planned, and each share has its own
-// document state, so the bytes are the same as when one thread makes them all.
+// The records are planned a share at a time and each share's lines made after it: the plan
+// holds what passes from record to record, so a line is made from its own record and job alone.
+// (Making every other share on a second thread was measured slower on a two-core machine: the
+// thread's share ran on cold caches, and the main thread waited for it.)
 void emitSourceRecords() {
     HtmlEmission& e = emission();
-    bool twoThreads = std::thread::hardware_concurrency() >= 2;
     RecordPlanner planner;
-    std::vector<RecordJob> first, second;
-    cGenHTML tail;
-    tail.captureInMemory();
-    for (;;) {
-        first.clear();
-        second.clear();
-        if (!planner.next(first, kMainShare)) return;
-        bool more = planner.next(second, kHelperShare);
-        if (more && twoThreads && renderSharesAtOnce(e, first, second, tail)) continue;
-        twoThreads = false;  // a thread refused once is not asked for again
-        renderJobs(*e.doc, e.work, first);
-        renderJobs(*e.doc, e.work, second);
+    std::vector<RecordJob> jobs;
+    while (planner.next(jobs, kRecordsPerShare)) {
+        renderJobs(*e.doc, e.work, jobs);
+        jobs.clear();
     }
 }
 

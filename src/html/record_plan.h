@@ -2,7 +2,7 @@
 // What the document shows of each record of a file, decided in the records' order before any
 // text is made. The decisions carry state from record to record (the procedure a line belongs
 // to, a heading continued over lines); once they are made, each line's text depends on its own
-// record alone, so the lines can be made in any order, and by more than one thread.
+// record alone, so the lines can be made apart from the decisions.
 #include <cstdint>
 #include <vector>
 
