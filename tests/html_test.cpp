@@ -2,11 +2,11 @@
 // rules that a reader of the document relies on.
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <cstdio>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 #include "base/hlyd_error.h"
@@ -240,7 +240,14 @@ TEST_F(HtmlTest, EveryCopyOfAProcedureIsTheSameInALargeFile) {
     for (std::size_t at = written.find("<a name=\"P"); at != std::string::npos;
          at = written.find("<a name=\"P", at + 1))
         ASSERT_EQ(std::stoi(written.substr(at + 10, 4)), expected++);
-    const std::string document = std::regex_replace(written, std::regex("P[0-9]{4}"), std::string("PXXXX"));
+    // Every name made the same (no std::regex: its automaton trips a false warning of GCC in the
+    // sanitized build).
+    std::string document = written;
+    for (std::size_t at = document.find('P'); at != std::string::npos; at = document.find('P', at + 1))
+        if (at + 5 <= document.size() && std::all_of(document.begin() + static_cast<std::ptrdiff_t>(at) + 1,
+                                                     document.begin() + static_cast<std::ptrdiff_t>(at) + 5,
+                                                     [](char c) { return c >= '0' && c <= '9'; }))
+            document.replace(at + 1, 4, "XXXX");
     std::vector<std::size_t> starts;
     for (std::size_t at = document.find("<a name=\"PXXXX\">"); at != std::string::npos;
          at = document.find("<a name=\"PXXXX\">", at + 1))
