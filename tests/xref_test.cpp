@@ -1,6 +1,9 @@
 // The cross-reference: what each member declares, and which declaration each use reaches by VB's
 // rules across the members of the file table.
 #include <algorithm>
+#include <cctype>
+#include <cstdint>
+#include <iterator>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -229,6 +232,72 @@ TEST_F(XrefPlaceTest, AUseAfterAColonStandsOnItsLineAndEveryPlaceKnowsItsToken) 
 }
 
 using XrefDumpTest = test::ProgramTest;
+
+// A generated project: the uses the index finds of a global equal a word search of the code
+// outside comments and strings, less the procedures whose local of the same name hides it.
+class XrefWordSearchTest : public test::ProgramTest {};
+
+// The whole-word, case-blind occurrences of `name` in a line's code: strings and the comment cut.
+int wordsInCode(const std::string& line, const std::string& name) {
+    std::string code;
+    bool inString = false;
+    for (char c : line) {
+        if (c == '"') inString = !inString;
+        else if (c == '\'' && !inString) break;
+        code += inString || c == '"' ? ' ' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    std::string word;
+    for (char c : name) word += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    auto isNameChar = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; };
+    int count = 0;
+    for (std::size_t at = code.find(word); at != std::string::npos; at = code.find(word, at + 1))
+        if ((at == 0 || !isNameChar(code[at - 1])) &&
+            (at + word.size() >= code.size() || !isNameChar(code[at + word.size()])))
+            ++count;
+    return count;
+}
+
+TEST_F(XrefWordSearchTest, UsesOfAGlobalEqualAWordSearchLessTheShadowedOnes) {
+    const char* const kLines[] = {"    gTotal = gTotal + 1",
+                                  "    Debug.Print \"gTotal is \" & GTOTAL ' gTotal in a comment",
+                                  "    If gTotal > 3 Then x = 1: gTotal = 0",
+                                  "    ' gTotal only in a comment",
+                                  "    s = \"gTotal only in a string\"",
+                                  "    Call Report(gTotal, gTotalMax)",
+                                  "    x = Module0.gTotal"};
+    std::uint32_t seed = 12345;
+    auto next = [&seed](std::uint32_t n) {
+        seed = seed * 1103515245u + 12345u;
+        return (seed >> 16) % n;
+    };
+    int expected = 0;
+    std::vector<std::string> texts;
+    for (int m = 0; m < 12; ++m) {
+        std::string text = "Attribute VB_Name = \"Module" + std::to_string(m) + "\"\n";
+        if (m == 0) text += "Public gTotal As Long\nPublic gTotalMax As Long\n";
+        for (int p = 0; p < 6; ++p) {
+            bool shadows = next(4) == 0;
+            text += "Public Sub P" + std::to_string(m) + "_" + std::to_string(p) + "()\n";
+            if (shadows) text += "    Dim gTotal As Long\n";
+            for (std::uint32_t l = 0, lines = 2 + next(6); l < lines; ++l) {
+                std::string line = kLines[next(std::size(kLines))];
+                // A local hides the global, but Module0.gTotal still names it.
+                if (!shadows) expected += wordsInCode(line, "gTotal") - wordsInCode(line, "Module0.gTotal");
+                if (!shadows || line.find("Module0.") != std::string::npos)
+                    expected += wordsInCode(line, "Module0.gTotal");
+                text += line + "\n";
+            }
+            text += "End Sub\n";
+        }
+        showSource("Module" + std::to_string(m) + ".bas", text);
+    }
+    NameIndex index = indexOpenFiles();
+    auto it = std::find_if(index.names.begin(), index.names.end(),
+                           [](const IndexedName& n) { return n.name == "gTotal" && n.kind == NameKind::kVariable; });
+    ASSERT_NE(it, index.names.end());
+    EXPECT_GT(expected, 50);
+    EXPECT_EQ(static_cast<int>(it->uses.size()), expected);
+}
 
 TEST_F(XrefDumpTest, TheToolPrintsANameALineAndRefusesWhatIsNoFile) {
     std::string path = dir + "/Small.bas";
