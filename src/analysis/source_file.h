@@ -8,13 +8,21 @@
 
 #include "analysis/basiclan_state.h"
 #include "platform/line_reader.h"
+#include "platform/os.h"
 
 namespace hlyd {
 
 class SourceFile {
 public:
+    // From this size on, a file's tables and texts are megabytes, worth large memory pages.
+    static constexpr std::uint64_t kLargeFileBytes = 256 * 1024;
+
     // Returns 0 or the errno of the failure; only a regular file is opened.
-    int open(const std::string& path) { return reader_.open(path); }
+    int open(const std::string& path) {
+        int error = reader_.open(path);
+        if (error == 0 && reader_.size() >= kLargeFileBytes) os::preferLargeMemoryPages();
+        return error;
+    }
     void openText(std::string content) { reader_.openText(std::move(content)); }  // for tests and tools
     void close() { reader_.close(); }
 

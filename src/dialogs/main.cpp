@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/app_info.h"
+#include "platform/os.h"
 #include "shell/batch_options.h"
 #include "shell/command_line_job.h"
 #include "shell/core_batch_run.h"
@@ -32,6 +33,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (hlyd::runsOnCoreAlone(options)) return hlyd::runOnCoreAlone(options);
+    // Printing and the windows hold fonts and pages of megabytes from their start.
+    hlyd::os::preferLargeMemoryPages();
     if (hlyd::printsToPdfAlone(options)) {
         if (std::optional<int> rc = hlyd::runPdfOnCore(options)) return *rc;
         return hlyd::runPrintPart(argc, argv);

@@ -16,8 +16,13 @@ namespace hlyd {
 
 namespace {
 
-// Enough of a file to tell what it is; a history's sections are looked for this far.
-constexpr std::size_t kHeadBytes = std::size_t{1024} * 1024;
+// Enough of a file to tell what it is. A history's sections are looked for this far; the other
+// kinds tell themselves in their first bytes, and reading a megabyte of the PDF or HTML a run
+// replaces cost a large module's run more time than its analysis's worst routine.
+constexpr std::size_t kHistoryHeadBytes = std::size_t{1024} * 1024;
+constexpr std::size_t kHeadBytes = 4096;
+
+std::size_t headBytesFor(OutputKind kind) { return kind == OutputKind::History ? kHistoryHeadBytes : kHeadBytes; }
 
 const char* kindName(OutputKind kind) {
     switch (kind) {
@@ -54,10 +59,10 @@ bool visualBasicExtension(const std::string& extension) {
 
 // Room for the head only as far as the file goes: a megabyte blanked for a file of a few
 // kilobytes cost a batch run's start more than all its own work.
-int readHead(const std::string& path, std::uint64_t size, std::string& head) {
+int readHead(const std::string& path, std::uint64_t size, std::size_t wanted, std::string& head) {
     os::InputFile file;
     if (int error = file.open(path); error != 0) return error;
-    head.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kHeadBytes, size)));
+    head.resize(static_cast<std::size_t>(std::min<std::uint64_t>(wanted, size)));
     std::size_t got = 0;
     while (got < head.size()) {
         long n = file.read(head.data() + got, head.size() - got);
@@ -111,7 +116,7 @@ std::string reasonToRefuse(const OutputTarget& target, const std::vector<std::st
     // An empty file holds nothing to lose: a script may well make the name before the run.
     if (info.size == 0) return {};
     std::string head;
-    if (int error = readHead(target.path, info.size, head); error != 0)
+    if (int error = readHead(target.path, info.size, headBytesFor(target.kind), head); error != 0)
         return "cannot be read to see what it holds (" + os::errorText(error) + ")";
     if (!holdsWhatWeWrite(target.kind, head))
         return std::string("is there and is no ") + kindName(target.kind) + " of ours";

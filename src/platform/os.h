@@ -156,6 +156,10 @@ long processId();
 void useBinaryStandardStreams();
 // The full name of the running program; empty when the system does not tell.
 std::string executablePath();
+// From now on, where the system can, the heap is served in large pages: for a run that will use
+// megabytes (a large module's tables and texts, a print's fonts and pages), where a fault per
+// small page cost nearly half the time. A second call changes nothing.
+void preferLargeMemoryPages();
 
 // A program part loaded at run time: the address of `symbol` in the shared library at `path`, which
 // stays loaded until the process ends; nullptr with the system's words in `error` when it cannot be had.
