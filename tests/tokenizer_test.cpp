@@ -230,6 +230,19 @@ TEST_F(TokenizerTest, LeadingSpaceAndTextGiveBackTheLine) {
     EXPECT_EQ(texts(4), (Texts{"label1", ":", "s$", "=", "Mid$", "(", "t", ",", "2", ")", "&", "\"\""}));
 }
 
+// The tokens of a line are made as long lines come: a line of hundreds of tokens keeps its early
+// texts while later tokens are added, and its unclosed last string gains its NUL and quote.
+TEST_F(TokenizerTest, ALongLineKeepsItsEarlyTexts) {
+    std::string line = "x = \"a\"\"b\"";
+    for (int i = 0; i < 300; ++i) line += " & v" + std::to_string(i);
+    line += " & \"tail";
+    ASSERT_EQ(analyze(line + "\r\n"), 11);
+    ASSERT_EQ(record(1).LastT - record(1).FirstT + 1, 3 + 2 * 300 + 2);
+    EXPECT_EQ(at(1, 3).Text, "\"a\"\"b\"");
+    EXPECT_EQ(at(1, 603).Text, "v299");
+    EXPECT_EQ(at(1, 605).Text, "\"tail"s + '\0' + "\"");
+}
+
 // The texts are views into a store that fills chunk after chunk: a module larger than many chunks
 // keeps every early text, and the next file's texts replace the old ones without mixing.
 TEST_F(TokenizerTest, TextsOfALargeModuleStayWholeAndGiveWayToTheNextFile) {

@@ -1,7 +1,6 @@
 #pragma once
 // The state of the analysis module that lives between calls: keyword tables, table bounds and the
 // per-file flags. One in each Session.
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "analysis/keyword_index.h"
 #include "analysis/keywords.h"
 #include "analysis/source_model.h"
+#include "analysis/work_tokens.h"
 
 namespace hlyd {
 
@@ -49,7 +49,7 @@ struct BasiclanModule {
     std::int32_t RecordIndex = 0;
 
     // The tokens of the one line being cut.
-    std::array<WorkToken, kWorkTokensUBound + 1> WorkTokens;
+    WorkTokenArray WorkTokens;
 };
 
 BasiclanModule& basiclan();

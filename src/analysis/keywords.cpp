@@ -112,13 +112,11 @@ void readKeywordFile(const std::string& path) {
         std::string dialect = reader.readValue();
         std::string flags = reader.readValue();
         ++count;
-        if (count >= static_cast<std::int32_t>(m.KeyWords.size())) m.KeyWords.resize(count + 101);
         KeyWord entry;
-        std::string fault = parseEntry(word, dialect, flags, m.KeyWords[count - 1], entry);
+        std::string fault = parseEntry(word, dialect, flags, m.KeyWords.back(), entry);
         if (!fault.empty()) badKeywordEntry(path, fault, count, word);
-        m.KeyWords[count] = std::move(entry);
+        m.KeyWords.push_back(std::move(entry));
     }
-    m.KeyWords.resize(count + 1);
     m.KeyWordTotal = count;
 }
 
@@ -133,8 +131,10 @@ void BabInitFrom(const std::string& path) {
     }
     m.BabInitDone = true;
     theLog().LogData("BASICLAN.BAS Version 87 Dated 19-Dec-95\n BASICLAN.BE Version 29 Dated 18-Dec-95");
-    m.KeyWords.assign(kKeyWordsInitialUBound + 1, KeyWord{});
-    m.KeyWords[0] = sentinelKeyWord();
+    // Room for the file's entries, but none made yet: thousands of blank entries built only to be
+    // overwritten were a third of a small file's run.
+    m.KeyWords.assign(1, sentinelKeyWord());
+    m.KeyWords.reserve(kKeyWordsInitialUBound + 1);
     m.KeyWordTotal = 0;
     m.CurrentDialect.clear();
 

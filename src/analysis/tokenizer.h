@@ -1,14 +1,11 @@
 #pragma once
 // Cutting one source line into raw tokens, and classifying them.
-#include <array>
 #include <cstdint>
 #include <string_view>
 
 #include "analysis/basiclan_state.h"
 
 namespace hlyd {
-
-using WorkTokenArray = std::array<WorkToken, kWorkTokensUBound + 1>;
 
 // Cuts the line into WorkTokens(1..count). Leaves status 4 when the line has too many tokens.
 void ExtractTokens(std::string_view sourceRec, WorkTokenArray& workTokens, std::int32_t& workTokenCount);
