@@ -7,6 +7,8 @@
 
 #include <climits>
 #include <cstdlib>
+#include <map>
+#include <utility>
 
 #include "platform/os.h"
 #include "platform/text_encoding.h"
@@ -24,12 +26,18 @@ std::string localeName(const char* categoryVariable) {
     return "C";
 }
 
+// A locale is loaded once a run for each name and categories: loading reads its files, and a run
+// asks for the same few a dozen times (a tenth of a small file's batch run went to it).
+locale_t loadedLocale(int mask, const std::string& name) {
+    static std::map<std::pair<int, std::string>, locale_t> loaded;
+    auto [entry, fresh] = loaded.try_emplace({mask, name}, static_cast<locale_t>(0));
+    if (fresh) entry->second = ::newlocale(mask, name.c_str(), static_cast<locale_t>(0));
+    return entry->second;
+}
+
 std::string langInfo(int mask, const char* categoryVariable, nl_item item) {
-    locale_t loc = ::newlocale(mask, localeName(categoryVariable).c_str(), static_cast<locale_t>(0));
-    if (!loc) return {};
-    std::string value = ::nl_langinfo_l(item, loc);
-    ::freelocale(loc);
-    return value;
+    locale_t loc = loadedLocale(mask, localeName(categoryVariable));
+    return loc ? std::string(::nl_langinfo_l(item, loc)) : std::string();
 }
 
 // The text of a locale in the program's single-byte form.
@@ -48,13 +56,12 @@ std::string timeSeparatorOf(const std::string& format) {
 }
 
 void addTimeFacts(LocaleFacts& facts) {
-    locale_t time = ::newlocale(LC_TIME_MASK, "", static_cast<locale_t>(0));
+    locale_t time = loadedLocale(LC_TIME_MASK, localeName("LC_TIME"));
     if (!time) return;
     facts.am = ::nl_langinfo_l(AM_STR, time);
     facts.pm = ::nl_langinfo_l(PM_STR, time);
     for (int month = 0; month < 12; ++month) facts.monthAbbreviations[month] = singleByte(time, ABMON_1 + month);
     facts.timeSeparator = timeSeparatorOf(::nl_langinfo_l(T_FMT, time));
-    ::freelocale(time);
 }
 
 }  // namespace
