@@ -49,7 +49,7 @@ struct BasiclanModule {
     std::int32_t RecordIndex = 0;
 
     // The tokens of the one line being cut.
-    WorkTokenArray WorkTokens;
+    WorkTokenArray WorkTokens{kWorkTokensUBound};
 };
 
 BasiclanModule& basiclan();

@@ -1,5 +1,6 @@
 #include "analysis/tokenizer.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -272,6 +273,9 @@ void LineCutter::cut(std::int32_t& count) {
 }  // namespace
 
 void ExtractTokens(std::string_view sourceRec, WorkTokenArray& workTokens, std::int32_t& workTokenCount) {
+    // Every token but the blank one after the last takes a character of the line or its NUL;
+    // twice as many leaves room for any rule that splits a character off.
+    workTokens.prepare(static_cast<std::int32_t>(std::min<std::size_t>(2 * sourceRec.size() + 4, kWorkTokensUBound)));
     LineCutter(sourceRec, workTokens).cut(workTokenCount);
 }
 

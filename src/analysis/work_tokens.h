@@ -1,11 +1,12 @@
 #pragma once
 // The tokens of the one line being cut, made as lines need them: most lines hold a few dozen
 // tokens, and the two thousand a line may hold, made at the start, cost a small file's run a
-// fifteenth of its time. They come in fixed blocks, so that a token never moves: a composed text
-// views the token's own string.
-#include <array>
+// fifteenth of its time. Their room is reserved at once and never grows, so that a token never
+// moves (a composed text views the token's own string); memory the system hands out untouched
+// costs nothing until a long line uses it.
 #include <cstdint>
-#include <memory>
+#include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 #include "analysis/source_model.h"
@@ -14,22 +15,30 @@ namespace hlyd {
 
 class WorkTokenArray {
 public:
+    explicit WorkTokenArray(std::int32_t upperBound) : upperBound_(upperBound) {
+        tokens_.reserve(static_cast<std::size_t>(upperBound) + 1);
+    }
+
+    // Makes tokens 0 to `last` (at most the upper bound) ready. The cutter asks once a line for
+    // as many as the line can hold, so that an access needs no check of its own.
+    void prepare(std::int32_t last) {
+        auto wanted = static_cast<std::size_t>(last < upperBound_ ? last : upperBound_) + 1;
+        while (tokens_.size() < wanted) tokens_.emplace_back();
+    }
+
     WorkToken& operator[](std::int32_t i) {
-        auto block = static_cast<std::size_t>(i) >> kBlockBits;
-        if (block >= blocks_.size()) growTo(block);
-        return (*blocks_[block])[static_cast<std::size_t>(i) & (kBlockSize - 1)];
+#if defined(HLYD_CHECKED_INDEX) || !defined(NDEBUG)
+        if (i < 0 || static_cast<std::size_t>(i) >= tokens_.size()) {
+            std::fprintf(stderr, "WorkTokenArray: token %ld was not prepared\n", static_cast<long>(i));
+            std::abort();
+        }
+#endif
+        return tokens_[static_cast<std::size_t>(i)];
     }
 
 private:
-    static constexpr int kBlockBits = 6;
-    static constexpr std::size_t kBlockSize = std::size_t{1} << kBlockBits;
-    using Block = std::array<WorkToken, kBlockSize>;
-
-    void growTo(std::size_t block) {
-        while (blocks_.size() <= block) blocks_.push_back(std::make_unique<Block>());
-    }
-
-    std::vector<std::unique_ptr<Block>> blocks_;
+    std::int32_t upperBound_;
+    std::vector<WorkToken> tokens_;
 };
 
 }  // namespace hlyd
