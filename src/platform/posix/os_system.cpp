@@ -28,9 +28,20 @@ std::string localeName(const char* categoryVariable) {
 
 // A locale is loaded once a run for each name and categories: loading reads its files, and a run
 // asks for the same few a dozen times (a tenth of a small file's batch run went to it).
+struct LoadedLocales {
+    std::map<std::pair<int, std::string>, locale_t> byName;
+    LoadedLocales() = default;
+    LoadedLocales(const LoadedLocales&) = delete;
+    LoadedLocales& operator=(const LoadedLocales&) = delete;
+    ~LoadedLocales() {
+        for (auto& [name, loc] : byName)
+            if (loc) ::freelocale(loc);
+    }
+};
+
 locale_t loadedLocale(int mask, const std::string& name) {
-    static std::map<std::pair<int, std::string>, locale_t> loaded;
-    auto [entry, fresh] = loaded.try_emplace({mask, name}, static_cast<locale_t>(0));
+    static LoadedLocales loaded;
+    auto [entry, fresh] = loaded.byName.try_emplace({mask, name}, static_cast<locale_t>(0));
     if (fresh) entry->second = ::newlocale(mask, name.c_str(), static_cast<locale_t>(0));
     return entry->second;
 }
