@@ -15,7 +15,7 @@ namespace hlyd {
 class SourceFile {
 public:
     // From this size on, a file's tables and texts are megabytes, worth large memory pages.
-    static constexpr std::uint64_t kLargeFileBytes = 256 * 1024;
+    static constexpr std::uint64_t kLargeFileBytes = std::uint64_t{256} * 1024;
 
     // Returns 0 or the errno of the failure; only a regular file is opened.
     int open(const std::string& path) {
