@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "analysis/source_model.h"
+#include "analysis/vb_array.h"
 
 namespace hlyd {
 
@@ -27,7 +28,7 @@ public:
     }
 
     WorkToken& operator[](std::int32_t i) {
-#if defined(HLYD_CHECKED_INDEX) || !defined(NDEBUG)
+#if HLYD_VBARRAY_CHECKED
         if (i < 0 || static_cast<std::size_t>(i) >= tokens_.size()) {
             std::fprintf(stderr, "WorkTokenArray: token %ld was not prepared\n", static_cast<long>(i));
             std::abort();
