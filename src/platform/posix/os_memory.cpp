@@ -31,6 +31,18 @@ std::size_t belowNextLargePage(const char* at) {
     return static_cast<std::size_t>((kLargePage - address % kLargePage) % kLargePage);
 }
 
+// The free room below the first large page boundary can only be faulted in small pages: the
+// large block around it is not wholly the heap's. Left free, it would take the first megabyte or
+// two of a large module's texts (measured: 300 small faults, a twentieth of the run). One block
+// that is never touched nor freed fills it; untouched, it costs no memory.
+void fillHeapBelow(char* boundary) {
+    static void* filler = nullptr;
+    char* freeStart = static_cast<char*>(::sbrk(0)) - ::mallinfo2().keepcost;
+    constexpr std::size_t kChunkHeader = 2 * sizeof(std::size_t);
+    if (filler != nullptr || freeStart + kChunkHeader >= boundary) return;
+    filler = std::malloc(static_cast<std::size_t>(boundary - freeStart) - kChunkHeader);
+}
+
 }  // namespace
 
 void preferLargeMemoryPages() {
@@ -50,8 +62,9 @@ void preferLargeMemoryPages() {
     std::free(grow);
     char* end = static_cast<char*>(::sbrk(0));
     char* begin = first + belowNextLargePage(first);
-    if (end > begin + kLargePage)
-        ::madvise(begin, static_cast<std::size_t>(end - begin) / kLargePage * kLargePage, MADV_HUGEPAGE);
+    if (end <= begin + kLargePage) return;
+    ::madvise(begin, static_cast<std::size_t>(end - begin) / kLargePage * kLargePage, MADV_HUGEPAGE);
+    fillHeapBelow(begin);
 }
 
 #else
