@@ -7,6 +7,7 @@
 
 #include "analysis/source_model.h"
 #include "analysis/vb_array.h"
+#include "platform/os.h"
 
 namespace hlyd {
 namespace {
@@ -51,6 +52,21 @@ TEST(VbArrayTest, ZeroedChunksHoldBlankRecordsStatementsAndTokens) {
     tokens.redim(2 * VbArray<Token>::kChunkSize);
     const Token& fresh = tokens[VbArray<Token>::kChunkSize + 3];
     EXPECT_TRUE(fresh.Class == TokenClass{} && fresh.Column == 0 && !fresh.KeyWordKept && fresh.Text.empty());
+}
+
+// With large pages preferred, chunks come from pages the system cleared, and a chunk given back is
+// kept for the next table: that one must be cleared again, not handed out as it was left.
+TEST(VbArrayTest, AChunkGivenBackComesBlankToTheNextTable) {
+    os::preferLargeMemoryPages();
+    constexpr std::int32_t kBound = 3 * VbArray<Record>::kChunkSize;
+    VbArray<Record> records;
+    for (int round = 0; round < 3; ++round) {
+        SCOPED_TRACE(round);
+        records.redim(kBound);
+        for (std::int32_t i = 0; i <= kBound; ++i)
+            if (records[i].FirstT != 0) FAIL() << "record " << i << " kept " << records[i].FirstT;
+        for (std::int32_t i = 0; i <= kBound; ++i) records[i].FirstT = i + 1;
+    }
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "platform/zeroed_blocks.h"
+
 // Debug and checked builds test every index against the bounds: storage comes in whole chunks,
 // so an index past the upper bound would otherwise reach memory that holds stale elements.
 #if defined(HLYD_CHECKED_INDEX) || !defined(NDEBUG)
@@ -79,11 +81,12 @@ public:
 
 private:
     static constexpr bool kZeroed = BlankIsZeroBytes<T>::value;
+    static constexpr std::size_t kChunkBytes = sizeof(T) * kChunkSize;
     static_assert(!kZeroed || (std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>),
                   "only a plain type can be blanked by zeroing its bytes");
     struct ChunkFree {
         void operator()(T* chunk) const {
-            if constexpr (kZeroed) std::free(chunk);
+            if constexpr (kZeroed) os::freeZeroed(chunk, kChunkBytes);
             else delete[] chunk;
         }
     };
@@ -91,7 +94,7 @@ private:
 
     static Chunk blankChunk() {
         if constexpr (kZeroed) {
-            void* bytes = std::calloc(kChunkSize, sizeof(T));
+            void* bytes = os::allocateZeroed(kChunkBytes);
             if (!bytes) throw std::bad_alloc();
             return Chunk(static_cast<T*>(bytes));
         } else {

@@ -3,7 +3,12 @@
 // of a large module fault in by the two megabytes, not by the four kilobytes. Elsewhere, or where
 // the kernel refuses the advice, the heap stays as it was: only the speed differs. A large page is
 // cleared whole when first touched, so a run that needs little memory is better off without.
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+
 #include "platform/os.h"
+#include "platform/zeroed_blocks.h"
 
 #if defined(__linux__) && defined(__GLIBC__)
 #include <malloc.h>
@@ -11,7 +16,6 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdlib>
 #endif
 
 namespace hlyd::os {
@@ -43,12 +47,83 @@ void fillHeapBelow(char* boundary) {
     filler = std::malloc(static_cast<std::size_t>(boundary - freeStart) - kChunkHeader);
 }
 
+// Address space for the zeroed blocks, taken once in large-page alignment; only what is touched
+// costs memory. Blocks given back are kept for the next ask of their size and cleared then. (The
+// sanitized build keeps to the C library, whose blocks its checks follow.)
+constexpr std::size_t kArenaBytes = 1024 * kMegabyte;
+constexpr std::size_t kKeptBlocks = 512;
+
+struct ZeroedArena {
+    char* begin = nullptr;
+    char* next = nullptr;
+    char* end = nullptr;
+    struct Block {
+        void* at;
+        std::size_t bytes;
+    };
+    // Plain storage: blocks are given back by tables that outlive any destructor order.
+    Block kept[kKeptBlocks];
+    std::size_t keptCount = 0;
+};
+ZeroedArena arena;
+bool largePagesPreferred = false;
+
+bool openArena() {
+    void* at = ::mmap(nullptr, kArenaBytes + kLargePage, PROT_READ | PROT_WRITE,
+                      MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (at == MAP_FAILED) return false;
+    char* aligned = static_cast<char*>(at) + belowNextLargePage(static_cast<char*>(at));
+    ::madvise(aligned, kArenaBytes, MADV_HUGEPAGE);
+    arena.begin = arena.next = aligned;
+    arena.end = aligned + kArenaBytes;
+    return true;
+}
+
+bool inArena(const void* block) {
+    std::less_equal<const void*> notAfter;
+    return arena.begin != nullptr && notAfter(arena.begin, block) && !notAfter(arena.end, block);
+}
+
+void* reuseKept(std::size_t bytes) {
+    for (std::size_t i = 0; i < arena.keptCount; ++i) {
+        if (arena.kept[i].bytes != bytes) continue;
+        void* block = arena.kept[i].at;
+        arena.kept[i] = arena.kept[--arena.keptCount];
+        return std::memset(block, 0, bytes);
+    }
+    return nullptr;
+}
+
+void* arenaBlock(std::size_t bytes) {
+    if (void* block = reuseKept(bytes)) return block;
+    if (arena.begin == nullptr && !openArena()) return nullptr;
+    std::size_t rounded = (bytes + 63) / 64 * 64;
+    if (static_cast<std::size_t>(arena.end - arena.next) < rounded) return nullptr;
+    void* block = arena.next;
+    arena.next += rounded;
+    return block;
+}
+
 }  // namespace
 
+#if defined(__SANITIZE_ADDRESS__)
+void* allocateZeroed(std::size_t bytes) { return std::calloc(1, bytes); }
+void freeZeroed(void* block, std::size_t) { std::free(block); }
+#else
+void* allocateZeroed(std::size_t bytes) {
+    void* block = largePagesPreferred ? arenaBlock(bytes) : nullptr;
+    return block != nullptr ? block : std::calloc(1, bytes);
+}
+
+void freeZeroed(void* block, std::size_t bytes) {
+    if (!inArena(block)) std::free(block);
+    else if (arena.keptCount < kKeptBlocks) arena.kept[arena.keptCount++] = {block, bytes};
+}
+#endif
+
 void preferLargeMemoryPages() {
-    static bool done = false;
-    if (done) return;
-    done = true;
+    if (largePagesPreferred) return;
+    largePagesPreferred = true;
     // Tables and buffers up to 32 MB come from the heap, where the advice holds, and freed memory
     // stays for the next file instead of being given back and faulted in again. (Measured: a
     // 2 MB module's run takes half the time; a small file's HTML run, asked always, 3 ms more.)
@@ -70,6 +145,8 @@ void preferLargeMemoryPages() {
 #else
 
 void preferLargeMemoryPages() {}
+void* allocateZeroed(std::size_t bytes) { return std::calloc(1, bytes); }
+void freeZeroed(void* block, std::size_t) { std::free(block); }
 
 #endif
 
