@@ -63,9 +63,16 @@ cINIHandler::cINIHandler() {
 
 void cINIHandler::setSection(const std::string& name) { section_ = replaceBrackets(name); }
 
+// Asked for every key read: the join is made again only when the name or the directory changed.
 std::string cINIHandler::resolvedPath() const {
     if (iniFileName_.find_first_of("/\\") != std::string::npos) return iniFileName_;
-    return (std::filesystem::path(settingsDirectory()) / iniFileName_).string();
+    std::string directory = settingsDirectory();
+    if (directory != resolvedDirectory_ || iniFileName_ != resolvedName_) {
+        resolvedPath_ = (std::filesystem::path(directory) / iniFileName_).string();
+        resolvedDirectory_ = std::move(directory);
+        resolvedName_ = iniFileName_;
+    }
+    return resolvedPath_;
 }
 
 std::string cINIHandler::readRaw(const std::string& key, const std::string& defaultValue, bool /*useSystem*/) const {

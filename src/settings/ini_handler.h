@@ -54,6 +54,8 @@ private:
 
     std::string iniFileName_;
     std::string section_ = "DEFAULT";
+    // The last path resolvedPath() joined, and what from.
+    mutable std::string resolvedPath_, resolvedDirectory_, resolvedName_;
 };
 
 // The leading number of a text as Val reads it: blanks skipped, a sign, digits and one point.

@@ -13,6 +13,25 @@ namespace {
 
 std::string lowerKey(const std::string& s) { return lowerCaseAscii(trimBlanks(s)); }
 
+// `into` += `s` without its blanks and tabs at either end, lower-cased.
+void appendLowerKey(std::string& into, std::string_view s) {
+    std::size_t begin = s.find_first_not_of(" \t");
+    if (begin == std::string_view::npos) return;
+    for (char c : s.substr(begin, s.find_last_not_of(" \t") - begin + 1))
+        into += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+// How the keys are indexed: the section and the key, each as lowerKey makes it, a LF between.
+// Built in one string: a start-up reads two hundred keys.
+std::string indexKey(std::string_view section, std::string_view key) {
+    std::string joined;
+    joined.reserve(section.size() + key.size() + 1);
+    appendLowerKey(joined, section);
+    joined += '\n';
+    appendLowerKey(joined, key);
+    return joined;
+}
+
 // One parsed file: its lines as they stand, and where each section and key is.
 struct ProfileDocument {
     std::vector<std::string> lines;
@@ -57,7 +76,7 @@ void index(ProfileDocument& doc) {
             inSection = true;
             doc.sections.emplace(section, i);
         } else if (inSection && keyLine(doc.lines[i], key, value)) {
-            doc.keys.emplace(section + '\n' + lowerKey(key), i);
+            doc.keys.emplace(indexKey(section, key), i);
         }
     }
 }
@@ -186,7 +205,7 @@ void eraseLines(ProfileDocument& doc, std::size_t from, std::size_t to) {
 }
 
 void appendKey(ProfileDocument& doc, const std::string& section, const std::string& key, const std::string& value) {
-    doc.keys.emplace(lowerKey(section) + '\n' + lowerKey(key), doc.lines.size());
+    doc.keys.emplace(indexKey(section, key), doc.lines.size());
     insertLine(doc, doc.lines.size(), key + "=" + value);
 }
 
@@ -216,7 +235,7 @@ bool applyWrite(ProfileDocument& doc, const std::string& section, const std::opt
         index(doc);
         return true;
     }
-    auto existing = doc.keys.find(lowerKey(section) + '\n' + lowerKey(*key));
+    auto existing = doc.keys.find(indexKey(section, *key));
     if (existing != doc.keys.end()) {
         std::string& line = doc.lines[existing->second];
         if (value) {
@@ -251,7 +270,7 @@ std::string getProfileString(const std::string& file, const std::string& section
                              const std::string& defaultValue) {
     const ProfileDocument* doc = load(file);
     if (!doc) return defaultValue;
-    auto at = doc->keys.find(lowerKey(section) + '\n' + lowerKey(key));
+    auto at = doc->keys.find(indexKey(section, key));
     if (at == doc->keys.end()) return defaultValue;
     std::string k, value;
     keyLine(doc->lines[at->second], k, value);
