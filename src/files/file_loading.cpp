@@ -62,6 +62,11 @@ void trackConditional(std::int32_t firstNewToken) {
 void assignElements(std::int32_t oldTokenCount) {
     const SourceTables& t = theSourceTables();
     std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    // A line's tokens follow those already placed: appended, without a resize's call for each line.
+    if (elements.size() == static_cast<std::size_t>(oldTokenCount) + 1 && t.TokenCount >= oldTokenCount) {
+        for (std::int32_t i = oldTokenCount + 1; i <= t.TokenCount; ++i) elements.push_back(elementOf(t.Tokens[i]));
+        return;
+    }
     elements.resize(static_cast<std::size_t>(t.TokenCount) + 1, 0);
     for (std::int32_t i = oldTokenCount + 1; i <= t.TokenCount; ++i) elements[i] = elementOf(t.Tokens[i]);
 }

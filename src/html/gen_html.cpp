@@ -161,20 +161,6 @@ void cGenHTML::makeSwitchTag(SwitchTag& tag, int element, bool closeFirst) {
     std::memcpy(tag.bytes, text.data(), tag.size);
 }
 
-// The blanks, the tag and the text go into room asked for once: the most the text can become,
-// and the tag's whole room, which the blanks' last word fits in too.
-void cGenHTML::AppendToken(std::string_view text, int spaces, int element, LineBuffer& line) {
-    std::size_t blanks = spaces > 0 ? static_cast<std::size_t>(spaces) : 0;
-    char* out = writeBlanks(line.room(blanks + SwitchTag::kRoom + text.size() * kWidestShownByte), blanks);
-    if (element != currentElement_) {
-        const SwitchTag& tag = switchTag(element, currentElement_ != -1);
-        std::memcpy(out, tag.bytes, SwitchTag::kRoom);
-        out += tag.size;
-        currentElement_ = static_cast<std::int16_t>(element);
-    }
-    line.commit(writeSourceText(out, text));
-}
-
 void cGenHTML::InsertLine(const std::string& text) {
     LineBuffer line;
     line.append(text);

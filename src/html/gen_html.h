@@ -2,10 +2,12 @@
 // The HTML document of a listing: a fixed head, a style per language element, and the text in
 // font tags inside one pre element. It knows HTML and nothing of source code.
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "html/html_text.h"
 #include "html/line_buffer.h"
 #include "platform/os.h"
 
@@ -31,8 +33,21 @@ public:
     void InsertStyleEnd();
     void InsertBodyStart();
     void InsertToken(const std::string& text, int spaces, int element, std::string& result);
-    // As InsertToken, but adds to the end of `line`: a whole line is built in one buffer.
-    void AppendToken(std::string_view text, int spaces, int element, LineBuffer& line);
+    // As InsertToken, but adds to the end of `line`: a whole line is built in one buffer. The
+    // blanks, the tag and the text go into room asked for once: the most the text can become,
+    // and the tag's whole room, which the blanks' last word fits in too. Inline: it runs once a
+    // token, and the call cost a tenth of it.
+    void AppendToken(std::string_view text, int spaces, int element, LineBuffer& line) {
+        std::size_t blanks = spaces > 0 ? static_cast<std::size_t>(spaces) : 0;
+        char* out = writeBlanks(line.room(blanks + SwitchTag::kRoom + text.size() * kWidestShownByte), blanks);
+        if (element != currentElement_) {
+            const SwitchTag& tag = switchTag(element, currentElement_ != -1);
+            std::memcpy(out, tag.bytes, SwitchTag::kRoom);
+            out += tag.size;
+            currentElement_ = static_cast<std::int16_t>(element);
+        }
+        line.commit(writeSourceText(out, text));
+    }
     void InsertLine(const std::string& text);
     // As InsertLine, but ends the line in `line` itself and writes it in one piece.
     void EmitLine(LineBuffer& line);
