@@ -57,6 +57,7 @@ cGenHTML::~cGenHTML() = default;
 
 void cGenHTML::failed(int reason) {
     file_.reset();
+    gathered_.clear();
     throw HlydError(runtimeErrorFromErrno(reason), describeSystemError(reason), "cGenHTML");
 }
 
@@ -115,10 +116,11 @@ void cGenHTML::writeLine(std::string_view text) {
     write(kLineEnd);
 }
 
-// The writer gathers the pieces into large blocks itself.
-void cGenHTML::write(std::string_view text) {
+void cGenHTML::passOn() {
     if (!file_) return;
-    if (!file_->write(text)) failed(file_->error());
+    bool ok = file_->write(gathered_.view());
+    gathered_.clear();
+    if (!ok) failed(file_->error());
 }
 
 void cGenHTML::InsertStyleStart() {
@@ -233,6 +235,7 @@ void cGenHTML::TerminateDoc() {
     writeLine("</pre>");
     writeLine("</html>");
     if (!file_) return;
+    passOn();
     int problem = file_->commit();
     file_.reset();
     if (problem != 0) failed(problem);

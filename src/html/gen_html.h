@@ -70,7 +70,15 @@ public:
 private:
     std::string GetFileName();
     void writeLine(std::string_view text);
-    void write(std::string_view text);
+    // The document's pieces are gathered here and handed to the writer in large blocks: a call
+    // into it for each line cost more than copying the line.
+    void write(std::string_view text) {
+        if (!file_) return;
+        gathered_.append(text);
+        if (gathered_.size() >= kGatheredBytes) passOn();
+    }
+    void passOn();
+    static constexpr std::size_t kGatheredBytes = std::size_t{64} * 1024;
     [[noreturn]] void failed(int reason);  // drops the document and raises the system's reason
     static int switchSlot(int element) { return element >= 1 && element <= 8 ? element : element == 99 ? 9 : 0; }
     // A tag padded to a fixed room, so that it goes into a line as one move of known size.
@@ -88,6 +96,7 @@ private:
 
     // Written beside the output and put in its place when complete.
     std::unique_ptr<os::AtomicWriter> file_;
+    LineBuffer gathered_;
     std::string fileName_;
     std::string outputPath_;
     std::string pendingAnchor_;

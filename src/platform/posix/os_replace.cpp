@@ -117,7 +117,12 @@ struct AtomicWriter::Handle {
     std::string pending;     // written out in blocks: a document comes a line at a time
 
     bool flush(int& error) {
-        std::string_view data = pending;
+        bool ok = flushView(pending, error);
+        pending.clear();
+        return ok;
+    }
+
+    bool flushView(std::string_view data, int& error) const {
         while (fd >= 0 && !data.empty()) {
             ssize_t put = ::write(fd, data.data(), data.size());
             if (put < 0 && errno == EINTR) continue;
@@ -127,7 +132,6 @@ struct AtomicWriter::Handle {
             }
             data.remove_prefix(static_cast<std::size_t>(put));
         }
-        pending.clear();
         return fd >= 0;
     }
 };
@@ -158,6 +162,12 @@ int AtomicWriter::begin(const std::string& target) {
 bool AtomicWriter::write(std::string_view data) {
     Handle& h = *handle_;
     if (h.fd < 0) return false;
+    // A block gathered by the caller goes out as it is, without a copy.
+    if (h.pending.empty() && data.size() >= std::size_t{64} * 1024) {
+        if (h.flushView(data, error_)) return true;
+        abandon();
+        return false;
+    }
     h.pending.append(data);
     if (h.pending.size() < std::size_t{64} * 1024 || h.flush(error_)) return true;
     abandon();
