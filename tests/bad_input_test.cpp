@@ -77,7 +77,7 @@ TEST_P(LineLimitTest, FitsOrEndsTheFile) {
         EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, c.fitsTokens);
         std::string line;
         for (std::int32_t t = record(2).FirstT; t <= record(2).LastT; ++t)
-            (line += token(t).LeadingSpace) += token(t).Text;
+            (line += token(t).leadingSpace()) += token(t).Text;
         EXPECT_EQ(line, c.fits);
     }
     hlyd::theLog().LogOpen(logPath(), 1);

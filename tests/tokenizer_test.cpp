@@ -33,7 +33,7 @@ protected:
     std::string rebuilt(std::int32_t r) const {
         std::string line;
         for (std::int32_t i = record(r).FirstT; i <= record(r).LastT; ++i)
-            (line += token(i).LeadingSpace) += token(i).Text;
+            (line += token(i).leadingSpace()) += token(i).Text;
         return line;
     }
 };
@@ -48,11 +48,11 @@ TEST_F(TokenizerTest, EmptyBlankAndTrailingBlankLines) {
     // The blanks of a blank line are its token's text, not leading space.
     ASSERT_EQ(record(2).FirstT, record(2).LastT);
     expectToken(at(2, 1), CommentishDetail::Empty, " \t ");
-    EXPECT_EQ(at(2, 1).LeadingSpace, "");
+    EXPECT_EQ(at(2, 1).leadingSpace(), "");
 
     EXPECT_EQ(texts(3), (Texts{"x", "=", "1", "   "}));
     expectToken(at(3, 4), CommentishDetail::Empty, "   ");
-    EXPECT_EQ(at(3, 4).LeadingSpace, "");
+    EXPECT_EQ(at(3, 4).leadingSpace(), "");
     // 1 marks the last token of the line, 2 the first of a statement.
     EXPECT_EQ(at(3, 1).Flags.bits(), 2);
     EXPECT_EQ(at(3, 3).Flags.bits(), 0);
@@ -172,7 +172,7 @@ TEST_F(TokenizerTest, ContinuationByUnderscoreOrBackslash) {
     EXPECT_EQ(texts(1), (Texts{"x", "=", "1", "+"}));
     EXPECT_EQ(at(1, 4).Continued, 1);
     EXPECT_EQ(texts(2), (Texts{"2"}));
-    EXPECT_EQ(at(2, 1).LeadingSpace, "    ");
+    EXPECT_EQ(at(2, 1).leadingSpace(), "    ");
     EXPECT_EQ(record(2).FirstS, record(1).FirstS);
 
     EXPECT_EQ(texts(3), (Texts{"y", "=", "a"}));
@@ -197,7 +197,7 @@ TEST_F(TokenizerTest, ContinuedCommentTakesTheNextLineRaw) {
     EXPECT_EQ(at(1, 1).Continued, 1);
     ASSERT_EQ(record(2).FirstT, record(2).LastT);
     expectToken(at(2, 1), CommentishDetail::Comment, "   second: x = \"1 ");
-    EXPECT_EQ(at(2, 1).LeadingSpace, "");
+    EXPECT_EQ(at(2, 1).leadingSpace(), "");
     EXPECT_EQ(at(2, 1).Continued, 1);
     ASSERT_EQ(record(3).FirstT, record(3).LastT);
     expectToken(at(3, 1), CommentishDetail::Comment, "  REM third");
@@ -230,6 +230,16 @@ TEST_F(TokenizerTest, LeadingSpaceAndTextGiveBackTheLine) {
     EXPECT_EQ(texts(4), (Texts{"label1", ":", "s$", "=", "Mid$", "(", "t", ",", "2", ")", "&", "\"\""}));
 }
 
+// A text the tokenizer composes (an unclosed string gains its NUL and quote, "Rem" its blank) is
+// kept apart from the line, and its leading blanks with it.
+TEST_F(TokenizerTest, AComposedTextKeepsTheBlanksBeforeIt) {
+    ASSERT_EQ(analyze("x =   \"open\r\n   Rem\tnote\r\n"), 11);
+    EXPECT_EQ(at(1, 3).Text, std::string("\"open\0\"", 7));
+    EXPECT_EQ(at(1, 3).leadingSpace(), "   ");
+    EXPECT_EQ(at(2, 1).Text, "Rem note");
+    EXPECT_EQ(at(2, 1).leadingSpace(), "   ");
+}
+
 // The tokens of a line are made as long lines come: a line of hundreds of tokens keeps its early
 // texts while later tokens are added, and its unclosed last string gains its NUL and quote.
 TEST_F(TokenizerTest, ALongLineKeepsItsEarlyTexts) {
@@ -258,7 +268,7 @@ TEST_F(TokenizerTest, TextsOfALargeModuleStayWholeAndGiveWayToTheNextFile) {
 
     ASSERT_EQ(analyze("\tb = 2 ' second\r\n"), 11);
     EXPECT_EQ(rebuilt(1), "\tb = 2 ' second");
-    EXPECT_EQ(at(1, 1).LeadingSpace, "\t");
+    EXPECT_EQ(at(1, 1).leadingSpace(), "\t");
 }
 
 TEST_F(TokenizerTest, KeywordsDependOnTheDialect) {

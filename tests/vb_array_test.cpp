@@ -46,7 +46,7 @@ TEST(VbArrayTest, ZeroedChunksHoldBlankRecordsStatementsAndTokens) {
     const TokenFields& fields = token;
     EXPECT_TRUE(allZero(&fields, offsetof(TokenFields, KeyWordKept) + 1));
     EXPECT_TRUE(token.Text.data() == nullptr && token.Text.empty());
-    EXPECT_TRUE(token.LeadingSpace.data() == nullptr && token.LeadingSpace.empty());
+    EXPECT_TRUE(token.LeadingLength == 0 && token.leadingSpace().empty());
 
     VbArray<Token> tokens;
     tokens.redim(2 * VbArray<Token>::kChunkSize);

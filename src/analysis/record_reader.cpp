@@ -43,7 +43,8 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
 
 // A token's texts are pieces of its line, and are kept as views of the line as stored; only a
 // text the tokenizer composed (a string that gains its closing quote, "Rem" and its blank) is
-// copied. A copy of every text was a second copy of the whole file.
+// copied, with its leading blanks before it. A copy of every text was a second copy of the whole
+// file.
 class TokenKeeper {
 public:
     TokenKeeper(std::string_view line, std::string_view stored, TokenTextStore& texts)
@@ -51,18 +52,19 @@ public:
 
     void keep(const WorkToken& work, Token& token) const {
         static_cast<TokenFields&>(token) = work;
-        token.Text = kept(work.Text);
-        token.LeadingSpace = kept(work.LeadingSpace);
+        std::string_view lead = work.LeadingSpace;
+        token.LeadingLength = static_cast<std::uint32_t>(lead.size());
+        bool leadBefore = lead.empty() || lead.data() + lead.size() == work.Text.data();
+        if (!work.Text.empty() && leadBefore && inLine(work.Text))
+            token.Text = {stored_.data() + (work.Text.data() - line_.data()), work.Text.size()};
+        else token.Text = texts_.keepAfter(lead, work.Text);
     }
 
 private:
-    std::string_view kept(std::string_view text) const {
-        if (text.empty()) return {};
+    bool inLine(std::string_view text) const {
         const char* begin = line_.data();
         std::less<const char*> before;  // a total order, also for a text that is not in the line
-        if (before(text.data(), begin) || before(begin + line_.size(), text.data() + text.size()))
-            return texts_.keep(text);
-        return {stored_.data() + (text.data() - begin), text.size()};
+        return !before(text.data(), begin) && !before(begin + line_.size(), text.data() + text.size());
     }
 
     std::string_view line_;

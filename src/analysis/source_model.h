@@ -114,12 +114,19 @@ struct WorkToken : TokenFields {
     }
 };
 
-// A token of the tables: its texts are views into the lines as kept (Texts) or, when composed,
-// into TokenTexts; both outlive it.
+// A token of the tables: its text is a view into the lines as kept (Texts) or, when composed,
+// into TokenTexts; both outlive it. The blanks before it stand right before its text, in the line
+// or in TokenTexts where the text was composed, so that their length is all a token holds of them:
+// a quarter of a million tokens a large module, each eight bytes fewer.
 struct Token : TokenFields {
     std::string_view Text;
-    std::string_view LeadingSpace;
+    std::uint32_t LeadingLength = 0;
+
+    std::string_view leadingSpace() const {
+        return LeadingLength == 0 ? std::string_view() : std::string_view(Text.data() - LeadingLength, LeadingLength);
+    }
 };
+static_assert(sizeof(Token) == 40, "a large module holds a quarter of a million tokens");
 
 // Blank records, statements and tokens are all zero bytes (a vb_array test holds them to it).
 template <>

@@ -24,6 +24,19 @@ public:
         return {at, text.size()};
     }
 
+    // A copy of `lead` followed by `text`, which stay put until clear(); the view is of the text.
+    std::string_view keepAfter(std::string_view lead, std::string_view text) {
+        std::size_t bytes = lead.size() + text.size();
+        if (bytes == 0) return {};
+        if (bytes > room_) addChunk(bytes);
+        char* at = next_;
+        if (!lead.empty()) std::memcpy(at, lead.data(), lead.size());
+        if (!text.empty()) std::memcpy(at + lead.size(), text.data(), text.size());
+        next_ += bytes;
+        room_ -= bytes;
+        return {at + lead.size(), text.size()};
+    }
+
     // Every view handed out so far is let go.
     void clear();
 

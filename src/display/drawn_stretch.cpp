@@ -15,7 +15,7 @@ std::vector<std::int32_t> tokenColumns(const SourceTables& t, std::int32_t recor
     std::size_t cursor = 0;
     for (std::int32_t i = r.FirstT; i >= 1 && i <= r.LastT; ++i) {
         const Token& token = t.Tokens[i];
-        cursor = std::min(line.size(), cursor + token.LeadingSpace.size());
+        cursor = std::min(line.size(), cursor + token.LeadingLength);
         std::size_t at = cursor;
         // A token that does not stand right after its blanks (the reader dropped or changed a
         // byte before it) is looked for a little further on.

@@ -36,7 +36,7 @@ struct DrawnStretch {
 const std::vector<float>& stretchEdges(const DrawnStretch& stretch);
 
 // The offset in the record's line at which each of its tokens starts, from the record's first
-// token on. Blanks before a token are its LeadingSpace; a token whose text the reader changed (a
+// token on. Blanks before a token are its leading space; a token whose text the reader changed (a
 // "Rem" with a tab after it) is placed after the blanks all the same.
 std::vector<std::int32_t> tokenColumns(const SourceTables& tables, std::int32_t record);
 

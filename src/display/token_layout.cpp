@@ -172,7 +172,7 @@ bool RecordPainter::breakIfFull() {
 // were typed in a fixed-width font: an averaged width let aligned `=` signs and comments wander.
 // A tab goes on to the next multiple of the tab width, counted from where the code starts.
 void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
-    std::string_view lead = t_.Tokens[next].LeadingSpace;
+    std::string_view lead = t_.Tokens[next].leadingSpace();
     column_ += static_cast<std::int32_t>(lastLength_);
     std::int32_t blanks = 0;
     for (char c : lead) blanks += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - (column_ + blanks) % f_.TabWidth : 1;
@@ -369,7 +369,7 @@ void RecordPainter::firstTokenStart(const Token& token) {
         // The source's own indentation, blank by blank in the first token's font and tabs to
         // their stops, counted from the line's start, as the editor it was typed in showed it.
         std::int32_t columns = 0;
-        for (char c : token.LeadingSpace)
+        for (char c : token.leadingSpace())
             columns += c == '\t' && f_.TabWidth > 0 ? f_.TabWidth - columns % f_.TabWidth : 1;
         x_ += static_cast<float>(columns) * static_cast<float>(attributesOf(elementOf(first), dest_).SpaceWidth);
         column_ = columns;

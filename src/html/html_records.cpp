@@ -24,12 +24,12 @@ int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std
     const Token& tok = t.Tokens[token];
     blankAfter = false;
     if (token != firstToken) {
-        spaces = static_cast<int>(tok.LeadingSpace.size());
+        spaces = static_cast<int>(tok.LeadingLength);
         blankAfter = token == r.FirstT && isNumericText(tok.Text);
         return spaces;
     }
     // The form description keeps its own layout: its blanks, and no indentation on top of them.
-    if (s.Flags.has(StatementFlag::FormDescription)) return spaces + static_cast<int>(tok.LeadingSpace.size());
+    if (s.Flags.has(StatementFlag::FormDescription)) return spaces + static_cast<int>(tok.LeadingLength);
     if (f.Indent) {
         // Capped as a view caps it: deep nesting would make the document grow with the square of
         // the depth.
@@ -37,7 +37,7 @@ int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std
         spaces += static_cast<int>(std::min<std::int64_t>(indent, kFurthestTextColumn));
         if (token > 1 && t.Tokens[token - 1].Continued == 1) spaces += 1;
     } else {
-        spaces += static_cast<int>(tok.LeadingSpace.size());
+        spaces += static_cast<int>(tok.LeadingLength);
     }
     return spaces;
 }

@@ -57,7 +57,7 @@ void dumpToken(const Token& t, std::int32_t n, std::ostream& out) {
                     .add("Statement", t.Statement)
                     .add("Column", t.Column)
                     .add("Text", t.Text)
-                    .add("LeadingSpace", t.LeadingSpace)
+                    .add("LeadingSpace", t.leadingSpace())
                     .str()
         << '\n';
 }
