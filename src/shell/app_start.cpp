@@ -16,6 +16,7 @@
 #include "files/mru.h"
 #include "platform/clock.h"
 #include "platform/os.h"
+#include "platform/printer.h"
 #include "platform/surface.h"
 #include "printing/printer_start.h"
 #include "settings/attributes.h"
@@ -239,8 +240,10 @@ void HlydMNTerminateApp() {
 }
 
 void HLYDEndApplication() {
-    // Only the window and printer state change outside the dialogs' own saves.
-    savePrinterState();
+    // Only the window and printer state change outside the dialogs' own saves; a run without a
+    // print system (the HTML export on the core) changes no printer state, and building the keys
+    // to find that out was an eighth of a small file's run.
+    if (printerSystem() != nullptr) savePrinterState();
     mainState().ApplicationEnding = true;
     if (windowHooks.unloadForms) windowHooks.unloadForms();
     theLog().LogEnd();
