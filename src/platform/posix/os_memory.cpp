@@ -50,6 +50,11 @@ void fillHeapBelow(char* boundary) {
 // Address space for the zeroed blocks, taken once in large-page alignment; only what is touched
 // costs memory. Blocks given back are kept for the next ask of their size and cleared then. (The
 // sanitized build keeps to the C library, whose blocks its checks follow.)
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kOwnZeroedBlocks = false;
+#else
+constexpr bool kOwnZeroedBlocks = true;
+#endif
 constexpr std::size_t kArenaBytes = 1024 * kMegabyte;
 constexpr std::size_t kKeptBlocks = 512;
 
@@ -106,12 +111,8 @@ void* arenaBlock(std::size_t bytes) {
 
 }  // namespace
 
-#if defined(__SANITIZE_ADDRESS__)
-void* allocateZeroed(std::size_t bytes) { return std::calloc(1, bytes); }
-void freeZeroed(void* block, std::size_t) { std::free(block); }
-#else
 void* allocateZeroed(std::size_t bytes) {
-    void* block = largePagesPreferred ? arenaBlock(bytes) : nullptr;
+    void* block = kOwnZeroedBlocks && largePagesPreferred ? arenaBlock(bytes) : nullptr;
     return block != nullptr ? block : std::calloc(1, bytes);
 }
 
@@ -119,7 +120,6 @@ void freeZeroed(void* block, std::size_t bytes) {
     if (!inArena(block)) std::free(block);
     else if (arena.keptCount < kKeptBlocks) arena.kept[arena.keptCount++] = {block, bytes};
 }
-#endif
 
 void preferLargeMemoryPages() {
     if (largePagesPreferred) return;
