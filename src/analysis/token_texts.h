@@ -1,8 +1,8 @@
 #pragma once
 // Where the texts that the tokenizer composed are kept (a string that gains its closing quote,
-// "Rem" and its blank): one store per file, filled in reading order and never moved, so that a
-// token holds a view of its text instead of a string of its own. Every other text is a view of its
-// line as kept (record_texts.h), and needs no copy at all.
+// "Rem" and its blank), each after its leading blanks: one store per file, filled in reading order
+// and never moved, so that a token holds a view of its text instead of a string of its own. Every
+// other text is a view of its line as kept (record_texts.h), and needs no copy at all.
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -13,17 +13,6 @@ namespace hlyd {
 
 class TokenTextStore {
 public:
-    // A copy of `text` that stays put until clear().
-    std::string_view keep(std::string_view text) {
-        if (text.empty()) return {};
-        if (text.size() > room_) addChunk(text.size());
-        char* at = next_;
-        std::memcpy(at, text.data(), text.size());
-        next_ += text.size();
-        room_ -= text.size();
-        return {at, text.size()};
-    }
-
     // A copy of `lead` followed by `text`, which stay put until clear(); the view is of the text.
     std::string_view keepAfter(std::string_view lead, std::string_view text) {
         std::size_t bytes = lead.size() + text.size();
