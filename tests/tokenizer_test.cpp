@@ -276,14 +276,14 @@ TEST_F(TokenizerTest, KeywordsDependOnTheDialect) {
         ASSERT_EQ(analyze("Enum Colors\n", dialect), 11);
         expectToken(token(1), IdentifierDetail::Name, "Enum");
         EXPECT_EQ(token(1).pKeyWord, 0) << dialect;
-        EXPECT_FALSE(token(1).KeyWordSeen) << dialect;
+        EXPECT_FALSE(token(1).keyWordSeen()) << dialect;
         EXPECT_FALSE(hlyd::basiclan().InEnum) << dialect;
     }
     for (const char* dialect : {"5", "6"}) {
         ASSERT_EQ(analyze("Enum Colors\n", dialect), 11);
         EXPECT_EQ(token(1).Class, TokenClass::Keyword) << dialect;
         EXPECT_NE(token(1).pKeyWord, 0) << dialect;
-        EXPECT_TRUE(token(1).KeyWordSeen && token(1).KeyWordKept) << dialect;
+        EXPECT_TRUE(token(1).keyWordSeen()) << dialect;
         EXPECT_TRUE(hlyd::basiclan().InEnum) << dialect;
     }
 }

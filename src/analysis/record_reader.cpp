@@ -53,7 +53,7 @@ public:
     void keep(const WorkToken& work, Token& token) const {
         static_cast<TokenFields&>(token) = work;
         std::string_view lead = work.LeadingSpace;
-        token.LeadingLength = static_cast<std::uint32_t>(lead.size());
+        token.LeadingLength = static_cast<std::uint16_t>(lead.size());
         bool leadBefore = lead.empty() || lead.data() + lead.size() == work.Text.data();
         if (!work.Text.empty() && leadBefore && inLine(work.Text))
             token.Text = {stored_.data() + (work.Text.data() - line_.data()), work.Text.size()};
@@ -83,6 +83,9 @@ void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
     theDebug().setStatus(kStatusTooManyTokens, 0);
     raiseInternal(kProcName);
 }
+
+// A kept token holds the length of its leading blanks in 16 bits; a longer line is not read.
+static_assert(kMaxRecordLength < 0xFFFF);
 
 void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
     std::int32_t count = 0;

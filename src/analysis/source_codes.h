@@ -113,6 +113,7 @@ private:
 enum class TokenFlag : std::uint8_t {
     LineEnd = 1,         // the last token of a line
     StatementStart = 2,  // the first token of a statement
+    KeyWordSeen = 4,     // a keyword was looked for and found
 };
 
 // A token's flags: the bits of TokenFlag, in the one byte a token has for them.

@@ -46,8 +46,11 @@ struct TokenFields {
     std::uint8_t Detail = 0;  // means something only within Class: is() and set() read and write it
     TokenFlags Flags;
     std::uint8_t Continued = 0;
-    bool KeyWordSeen = false;
-    bool KeyWordKept = false;
+    // The blanks that stand right before the text (a kept token's; the line being cut has its own).
+    std::uint16_t LeadingLength = 0;
+
+    // A keyword was looked for and found: the token is drawn as one, whatever it became.
+    bool keyWordSeen() const { return Flags.has(TokenFlag::KeyWordSeen); }
 
     // Whether the token is of the class and detail that `detail` names, as in is(LiteralDetail::Number).
     template <class ClassDetail>
@@ -120,13 +123,12 @@ struct WorkToken : TokenFields {
 // a quarter of a million tokens a large module, each eight bytes fewer.
 struct Token : TokenFields {
     std::string_view Text;
-    std::uint32_t LeadingLength = 0;
 
     std::string_view leadingSpace() const {
         return LeadingLength == 0 ? std::string_view() : std::string_view(Text.data() - LeadingLength, LeadingLength);
     }
 };
-static_assert(sizeof(Token) == 40, "a large module holds a quarter of a million tokens");
+static_assert(sizeof(Token) == 32, "a large module holds a quarter of a million tokens");
 
 // Blank records, statements and tokens are all zero bytes (a vb_array test holds them to it).
 template <>

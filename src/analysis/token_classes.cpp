@@ -148,7 +148,7 @@ void LineClassifier::keyword(std::int32_t k) {
         return;
     }
     t.pKeyWord = static_cast<std::int16_t>(index);
-    t.KeyWordSeen = t.KeyWordKept = true;
+    t.Flags.set(TokenFlag::KeyWordSeen);
     t.set(KeywordDetail::None);
     trackBlocks(k, m_.DialectKeyWords[index].Word);
 }

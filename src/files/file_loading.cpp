@@ -44,7 +44,7 @@ void resetLoadState() {
 
 // The element a token is drawn with.
 std::int32_t elementOf(const Token& t) {
-    if (t.KeyWordSeen || t.Class == TokenClass::Operator || t.Class == TokenClass::Colon) return 3;
+    if (t.keyWordSeen() || t.Class == TokenClass::Operator || t.Class == TokenClass::Colon) return 3;
     if (t.Class == TokenClass::Identifier) return 2;
     if (t.Class == TokenClass::Literal) return 4;
     if (t.is(CommentishDetail::LabelRef) || t.is(CommentishDetail::Label)) return 2;

@@ -49,9 +49,9 @@ void dumpToken(const Token& t, std::int32_t n, std::ostream& out) {
                     .add("n", n)
                     .add("Class", codeOf(t.Class))
                     .add("Detail", t.Detail)
-                    .add("Flags", t.Flags.bits())
+                    .add("Flags", t.Flags.bits() & ~static_cast<int>(TokenFlag::KeyWordSeen))  // shown apart
                     .add("Continued", t.Continued)
-                    .add("KeyWordSeen", t.KeyWordSeen)
+                    .add("KeyWordSeen", t.keyWordSeen())
                     .add("pKeyWord", t.pKeyWord)
                     .add("KeyWord", t.pKeyWord == 0 ? std::string() : dialectKeyWord(t.pKeyWord).Word)
                     .add("Statement", t.Statement)
