@@ -1,6 +1,6 @@
 #include "analysis/record_reader.h"
 
-#include <functional>
+#include <cstdint>
 #include <new>
 #include <utility>
 
@@ -52,21 +52,19 @@ public:
 
     void keep(const WorkToken& work, Token& token) const {
         static_cast<TokenFields&>(token) = work;
-        std::string_view lead = work.LeadingSpace;
+        std::string_view text = work.Text, lead = work.LeadingSpace;
         token.LeadingLength = static_cast<std::uint16_t>(lead.size());
-        bool leadBefore = lead.empty() || lead.data() + lead.size() == work.Text.data();
-        if (!work.Text.empty() && leadBefore && inLine(work.Text))
-            token.Text = {stored_.data() + (work.Text.data() - line_.data()), work.Text.size()};
-        else token.Text = texts_.keepAfter(lead, work.Text);
+        // As addresses: a text that is not in the line lies before it (and wraps round to an
+        // offset past its end) or after it.
+        auto offset = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(text.data()) -
+                                               reinterpret_cast<std::uintptr_t>(line_.data()));
+        bool inLine = offset <= line_.size() && text.size() <= line_.size() - offset;
+        bool leadBefore = lead.empty() || lead.data() + lead.size() == text.data();
+        if (!text.empty() && inLine && leadBefore) token.Text = {stored_.data() + offset, text.size()};
+        else token.Text = texts_.keepAfter(lead, text);
     }
 
 private:
-    bool inLine(std::string_view text) const {
-        const char* begin = line_.data();
-        std::less<const char*> before;  // a total order, also for a text that is not in the line
-        return !before(text.data(), begin) && !before(begin + line_.size(), text.data() + text.size());
-    }
-
     std::string_view line_;
     std::string_view stored_;
     TokenTextStore& texts_;

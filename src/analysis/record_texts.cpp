@@ -15,6 +15,15 @@ constexpr std::size_t kSmallestBuffer = 256;
 std::string_view RecordTexts::set(std::int32_t record, std::string_view line) {
     if (record < 1) return {};
     auto index = static_cast<std::size_t>(record);
+    std::size_t at = buffer_.size();
+    // Nearly every call: the next record, in room reserved for it (on the heap, never in the
+    // string's own few bytes).
+    bool roomOnHeap = buffer_.capacity() >= kSmallestBuffer && line.size() < buffer_.capacity() - at;
+    if (index == starts_.size() && roomOnHeap) {
+        starts_.push_back(at);
+        buffer_.append(line).push_back('\n');
+        return {buffer_.data() + at, line.size()};
+    }
     bool replacing = index < starts_.size();
     std::size_t kept = replacing ? starts_[index] : buffer_.size();
     std::size_t needed = kept + (replacing ? 0 : index - starts_.size()) + line.size() + 1;
@@ -25,7 +34,7 @@ std::string_view RecordTexts::set(std::int32_t record, std::string_view line) {
         starts_.push_back(buffer_.size());
         buffer_.push_back('\n');
     }
-    std::size_t at = buffer_.size();
+    at = buffer_.size();
     starts_.push_back(at);
     buffer_.append(line);
     buffer_.push_back('\n');

@@ -23,7 +23,9 @@ public:
     // Room for the lines of a file of `fileBytes`, which never need more: the buffer is not
     // moved while it fills, and holds no spare half of itself at the end.
     void reserve(std::size_t fileBytes) {
-        if (buffer_.empty()) buffer_.reserve(fileBytes + 1);
+        if (!buffer_.empty()) return;
+        buffer_.reserve(fileBytes + 1);
+        starts_.reserve(fileBytes / kBytesPerLine + 2);
     }
 
     std::int32_t count() const { return static_cast<std::int32_t>(starts_.size()) - 1; }
@@ -36,6 +38,8 @@ public:
     std::int32_t recordAt(std::size_t offset) const;
 
 private:
+    // Fewer than in real code, whose lines are longer: the starts' room is rarely outgrown.
+    static constexpr std::size_t kBytesPerLine = 24;
     void moveToFreshBuffer(std::size_t keptBytes, std::size_t neededBytes);
 
     std::string buffer_;
