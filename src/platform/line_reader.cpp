@@ -1,5 +1,6 @@
 #include "platform/line_reader.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -15,8 +16,11 @@ int LineReader::open(const std::string& path) {
     close();
     if (int e = file_.open(path); e != 0) return e;
     size_ = file_.size();
-    // Room for one chunk beside the longest line kept: the buffer never grows.
-    buffer_.resize(chunk_ + longest_ + 2);
+    // Room for one chunk beside the longest line kept: the buffer never grows. A file smaller than
+    // a chunk needs no more than its size (it is read on in such steps should it grow): each page
+    // of the buffer is cleared, and a small file's run is mostly its start.
+    std::size_t chunk = static_cast<std::size_t>(std::min<std::uint64_t>(chunk_, size_ + 1));
+    buffer_.resize(chunk + longest_ + 2);
     open_ = true;
     fill();
     return error_;

@@ -1,8 +1,9 @@
 #pragma once
 // Blocks of memory that come with every byte zero, for tables whose blank element is all zero
-// bytes. Once large pages are preferred, they come from fresh pages that the system has cleared
-// already, so that a large module's token table is not cleared a second time; before that, and
-// where the system offers no such pages, they are the C library's cleared blocks.
+// bytes. They come from fresh pages that the system has cleared already (large ones once large
+// pages are preferred), so that a large module's token table is not cleared a second time and a
+// small file's table costs only the pages it uses; where the system offers no such pages, they
+// are the C library's cleared blocks.
 #include <cstddef>
 
 namespace hlyd::os {
