@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <random>
 #include <set>
 #include <sstream>
@@ -475,6 +476,36 @@ TEST_F(SettingsStoreTest, ASaveIntoWhatIsNoLongerAFileIsTold) {
     ASSERT_EQ(ui.shown.size(), 1u);
     EXPECT_NE(ui.shown[0].text.find(iniPath().string() + " is not a regular file"), std::string::npos)
             << ui.shown[0].text;
+}
+
+// The folder is remembered between keys, but follows the variables it comes from.
+TEST(SettingsDirectoryTest, FollowsTheEnvironmentItComesFrom) {
+    auto saved = [](const char* name) {
+        const char* value = std::getenv(name);
+        return value ? std::optional<std::string>(value) : std::nullopt;
+    };
+    auto restore = [](const char* name, const std::optional<std::string>& value) {
+        if (value) ::setenv(name, value->c_str(), 1);
+        else ::unsetenv(name);
+    };
+    const auto config = saved("HLYD_CONFIG_DIR"), xdg = saved("XDG_CONFIG_HOME"), home = saved("HOME");
+    ::unsetenv("HLYD_CONFIG_DIR");
+    ::setenv("XDG_CONFIG_HOME", "/first", 1);
+    std::string first = settingsDirectory();
+    ::setenv("XDG_CONFIG_HOME", "/second", 1);
+    std::string second = settingsDirectory();
+    ::unsetenv("XDG_CONFIG_HOME");
+    ::setenv("HOME", "/home/someone", 1);
+    std::string fromHome = settingsDirectory();
+    ::setenv("HLYD_CONFIG_DIR", "/named", 1);
+    std::string named = settingsDirectory();
+    restore("HLYD_CONFIG_DIR", config);
+    restore("XDG_CONFIG_HOME", xdg);
+    restore("HOME", home);
+    EXPECT_EQ(fs::path(first), fs::path("/first/halyard"));
+    EXPECT_EQ(fs::path(second), fs::path("/second/halyard"));
+    EXPECT_EQ(fs::path(fromHome), fs::path("/home/someone/.config/halyard"));
+    EXPECT_EQ(named, "/named");
 }
 
 }  // namespace
