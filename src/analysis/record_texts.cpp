@@ -15,18 +15,22 @@ constexpr std::size_t kSmallestBuffer = 256;
 std::string_view RecordTexts::set(std::int32_t record, std::string_view line) {
     if (record < 1) return {};
     auto index = static_cast<std::size_t>(record);
+    // Nearly every call is for the next record, with room reserved for it (on the heap, never in
+    // the string's own few bytes), and goes straight to the append.
+    bool roomOnHeap = buffer_.capacity() >= kSmallestBuffer && line.size() < buffer_.capacity() - buffer_.size();
+    if (index != starts_.size() || !roomOnHeap) makeRoom(index, line.size());
     std::size_t at = buffer_.size();
-    // Nearly every call: the next record, in room reserved for it (on the heap, never in the
-    // string's own few bytes).
-    bool roomOnHeap = buffer_.capacity() >= kSmallestBuffer && line.size() < buffer_.capacity() - at;
-    if (index == starts_.size() && roomOnHeap) {
-        starts_.push_back(at);
-        buffer_.append(line).push_back('\n');
-        return {buffer_.data() + at, line.size()};
-    }
+    starts_.push_back(at);
+    buffer_.append(line).push_back('\n');
+    return {buffer_.data() + at, line.size()};
+}
+
+// Record `index` is to follow: one given again takes the place of those from it on, and records
+// skipped before it stay empty.
+void RecordTexts::makeRoom(std::size_t index, std::size_t lineBytes) {
     bool replacing = index < starts_.size();
     std::size_t kept = replacing ? starts_[index] : buffer_.size();
-    std::size_t needed = kept + (replacing ? 0 : index - starts_.size()) + line.size() + 1;
+    std::size_t needed = kept + (replacing ? 0 : index - starts_.size()) + lineBytes + 1;
     if (buffer_.empty() && buffer_.capacity() < kSmallestBuffer) buffer_.reserve(std::max(needed, kSmallestBuffer));
     if (replacing || needed > buffer_.capacity()) moveToFreshBuffer(kept, needed);
     if (replacing) starts_.resize(index);
@@ -34,11 +38,6 @@ std::string_view RecordTexts::set(std::int32_t record, std::string_view line) {
         starts_.push_back(buffer_.size());
         buffer_.push_back('\n');
     }
-    at = buffer_.size();
-    starts_.push_back(at);
-    buffer_.append(line);
-    buffer_.push_back('\n');
-    return std::string_view(buffer_).substr(at, line.size());
 }
 
 // The bytes handed out stay where they are: the buffer is retired whole, and its first

@@ -40,6 +40,7 @@ public:
 private:
     // Fewer than in real code, whose lines are longer: the starts' room is rarely outgrown.
     static constexpr std::size_t kBytesPerLine = 24;
+    void makeRoom(std::size_t index, std::size_t lineBytes);
     void moveToFreshBuffer(std::size_t keptBytes, std::size_t neededBytes);
 
     std::string buffer_;

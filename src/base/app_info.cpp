@@ -33,15 +33,17 @@ void initAppInfo(const char* argv0) {
 // of a small file's run).
 std::string settingsDirectory() {
     if (const char* dir = std::getenv("HLYD_CONFIG_DIR"); dir && *dir) return dir;
-    static std::string joinedFrom, joined;
-    std::string from;
-    if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg) from = std::string("X") + xdg;
-    else if (const char* home = std::getenv("HOME"); home && *home) from = std::string("H") + home;
-    else from = "H.";
-    if (from == joinedFrom && !joined.empty()) return joined;
-    fs::path base(from.substr(1));
-    joined = (from[0] == 'X' ? base / "halyard" : base / ".config" / "halyard").string();
-    joinedFrom = std::move(from);
+    const char* xdg = std::getenv("XDG_CONFIG_HOME");
+    const char* home = std::getenv("HOME");
+    bool fromXdg = xdg && *xdg;
+    std::string base = fromXdg ? xdg : home && *home ? home : ".";
+    static std::string joinedBase, joined;
+    static bool joinedFromXdg = false;
+    if (joined.empty() || base != joinedBase || fromXdg != joinedFromXdg) {
+        joined = (fromXdg ? fs::path(base) / "halyard" : fs::path(base) / ".config" / "halyard").string();
+        joinedBase = std::move(base);
+        joinedFromXdg = fromXdg;
+    }
     return joined;
 }
 

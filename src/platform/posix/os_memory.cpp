@@ -84,14 +84,20 @@ struct ZeroedArena {
 ZeroedArena arena;
 bool largePagesPreferred = false;
 
+// The room not yet handed out, from the next large-page boundary on, is to be in large pages.
+void adviseLargePagesForUnused() {
+    char* from = arena.next + belowNextLargePage(arena.next);
+    if (from < arena.end) ::madvise(from, static_cast<std::size_t>(arena.end - from), MADV_HUGEPAGE);
+}
+
 bool openArena() {
     void* at = ::mmap(nullptr, kArenaBytes + kLargePage, PROT_READ | PROT_WRITE,
                       MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (at == MAP_FAILED) return false;
     char* aligned = static_cast<char*>(at) + belowNextLargePage(static_cast<char*>(at));
-    if (largePagesPreferred) ::madvise(aligned, kArenaBytes, MADV_HUGEPAGE);
     arena.begin = arena.next = aligned;
     arena.end = aligned + kArenaBytes;
+    if (largePagesPreferred) adviseLargePagesForUnused();
     return true;
 }
 
@@ -143,11 +149,7 @@ void preferLargeMemoryPages() {
     ::mallopt(M_MMAP_THRESHOLD, static_cast<int>(32 * kMegabyte));
     ::mallopt(M_TRIM_THRESHOLD, static_cast<int>(2 * kHeapMargin));
     ::mallopt(M_TOP_PAD, static_cast<int>(kHeapMargin));
-    // The zeroed blocks' room not yet handed out goes over to large pages.
-    if (arena.begin != nullptr) {
-        char* from = arena.next + belowNextLargePage(arena.next);
-        if (from < arena.end) ::madvise(from, static_cast<std::size_t>(arena.end - from), MADV_HUGEPAGE);
-    }
+    if (arena.begin != nullptr) adviseLargePagesForUnused();
     char* begin = growHeapFilledBelowBoundary();
     char* end = static_cast<char*>(::sbrk(0));
     if (end <= begin + kLargePage) return;
