@@ -77,7 +77,7 @@ TEST_P(LineLimitTest, FitsOrEndsTheFile) {
         EXPECT_EQ(record(2).LastT - record(2).FirstT + 1, c.fitsTokens);
         std::string line;
         for (std::int32_t t = record(2).FirstT; t <= record(2).LastT; ++t)
-            (line += token(t).leadingSpace()) += token(t).Text;
+            (line += token(t).leadingSpace()) += token(t).text();
         EXPECT_EQ(line, c.fits);
     }
     hlyd::theLog().LogOpen(logPath(), 1);
@@ -113,7 +113,7 @@ TEST_F(BadInputTest, TokenLimitOfAFile) {
     EXPECT_EQ(detail(), -4);
     EXPECT_EQ(tables().TokenCount, 5154 * 97 + 1);
     EXPECT_EQ(texts(5154).size(), 97u);
-    EXPECT_EQ(token(record(5154).LastT).Text, "a");
+    EXPECT_EQ(token(record(5154).LastT).text(), "a");
     EXPECT_EQ(texts(5155), (Texts{"???InvalidRecord???"}));
     EXPECT_EQ(tables().RecordCount, 5156);
     expectConsistentTables();
@@ -198,7 +198,7 @@ TEST_F(BadInputTest, EmptyFileEndsAtOnce) {
     // Element 0 of each table stays blank through an analysis.
     ASSERT_EQ(analyze("Sub S()\n  x = 1: y = 2\nEnd Sub\n"), 11);
     EXPECT_EQ(record(0).FirstT + record(0).FirstS + statement(0).FirstToken, 0);
-    EXPECT_TRUE(token(0).Text.empty());
+    EXPECT_TRUE(token(0).text().empty());
 }
 
 TEST_F(BadInputTest, TablesGrowPastTheMargin) {

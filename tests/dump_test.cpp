@@ -42,7 +42,7 @@ TEST_F(DumpTest, PrintsValidateRecordsStatementsTokensAndEnd) {
     EXPECT_NE(text.find("{\"kind\":\"token\",\"n\":6,\"Class\":4,\"Detail\":6,\"Flags\":0,\"Continued\":0,"
                         "\"KeyWordSeen\":false,\"pKeyWord\":"),
               std::string::npos);
-    EXPECT_NE(text.find("\"KeyWord\":\"LET\",\"Statement\":2,\"Column\":"), std::string::npos);
+    EXPECT_NE(text.find("\"KeyWord\":\"LET\",\"Statement\":2,\"Text\":\"=\""), std::string::npos);
     EXPECT_NE(text.find("{\"kind\":\"end\",\"BabStatus\":11,\"BabStatusDetail\":0,\"Dialect\":\"6\",\"RecordCount\":3,"
                         "\"StatementCount\":2,\"TokenCount\":7}\n"),
               std::string::npos);

@@ -18,7 +18,7 @@ TEST_F(FormHeaderTest, PropertyNamesAreNamesNotKeywords) {
     // In code the words are what the language makes them.
     std::int32_t inCode = 0;
     for (std::int32_t i = 1; i <= tables().TokenCount; ++i)
-        if (token(i).Text == "Left") inCode = i;
+        if (token(i).text() == "Left") inCode = i;
     EXPECT_EQ(token(inCode).Class, TokenClass::Keyword);
 }
 

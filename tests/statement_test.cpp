@@ -11,7 +11,7 @@ protected:
     // The first Statement of a physical line.
     const Statement& lineStatement(std::int32_t r) const { return statement(record(r).FirstS); }
     // The text of a Statement's verb token, empty when it has none.
-    std::string verbText(const Statement& s) const { return std::string(s.Verb == 0 ? "" : token(s.Verb).Text); }
+    std::string verbText(const Statement& s) const { return std::string(s.Verb == 0 ? "" : token(s.Verb).text()); }
 };
 
 TEST_F(StatementTest, AssignmentWithoutKeywordHasTheEqualsSignAsVerb) {
@@ -116,7 +116,7 @@ TEST_F(StatementTest, EndAloneClosesNoBlock) {
 TEST_F(StatementTest, VerbAfterHashAndIndentOfIf) {
     analyze("#If A Then\n#End If\n");
     EXPECT_EQ(statement(1).Verb, 2);
-    EXPECT_EQ(token(2).Text, "If");
+    EXPECT_EQ(token(2).text(), "If");
 
     analyze("If a Then ' note\nEnd If\nIf a Then: b\n");
     EXPECT_TRUE(lineStatement(1).Flags.has(StatementFlag::Indent));   // a comment is not significant
@@ -207,8 +207,8 @@ TEST_P(JumpTargetTest, AreMarked) {
     analyze(GetParam().line + "\n");
     std::vector<std::string> targets;
     for (std::int32_t i = 1; i <= tables().TokenCount; ++i) {
-        if (token(i).is(CommentishDetail::LabelRef)) targets.emplace_back(token(i).Text);
-        if (token(i).Text == ",") {
+        if (token(i).is(CommentishDetail::LabelRef)) targets.emplace_back(token(i).text());
+        if (token(i).text() == ",") {
             EXPECT_TRUE(token(i).is(OperatorDetail::Operator));
         }
     }

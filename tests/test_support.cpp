@@ -177,13 +177,13 @@ int AnalysisTest::analyze(const std::string& text, const std::string& dialect) {
 std::vector<std::string> AnalysisTest::texts(std::int32_t r) const {
     std::vector<std::string> out;
     const Record& rec = record(r);
-    for (std::int32_t i = rec.FirstT; i >= 1 && i <= rec.LastT; ++i) out.emplace_back(token(i).Text);
+    for (std::int32_t i = rec.FirstT; i >= 1 && i <= rec.LastT; ++i) out.emplace_back(token(i).text());
     return out;
 }
 
 std::int32_t AnalysisTest::find(const std::string& text) const {
     for (std::int32_t i = 1; i <= tables().TokenCount; ++i)
-        if (token(i).Text == text) return i;
+        if (token(i).text() == text) return i;
     return 0;
 }
 

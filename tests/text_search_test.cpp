@@ -153,7 +153,7 @@ TEST_F(LinesAsRead, TheAnalysisKeepsEveryLineAsItStands) {
         const Record& rec = record(r);
         ASSERT_EQ(columns.size(), static_cast<std::size_t>(rec.LastT - rec.FirstT + 1));
         for (std::int32_t i = rec.FirstT; i <= rec.LastT; ++i) {
-            std::string_view t = token(i).Text;
+            std::string_view t = token(i).text();
             std::string_view line = kept.line(r);
             std::size_t column = static_cast<std::size_t>(columns[static_cast<std::size_t>(i - rec.FirstT)]);
             // The reader changes a "Rem"'s tab to a blank and closes an open string: compare the

@@ -120,7 +120,7 @@ TEST_F(SplitMeasureTest, MeasuringIsLinearInTheText) {
 
 TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
     Token token;
-    token.Text = "x";
+    token.setText("x");
     float indent = 0;
     std::string text;
     layoutMetrics().IndentSize[kDisplay] = 100;
@@ -385,7 +385,7 @@ TEST_F(TokenLayoutTest, ControlCharactersAreShownInCaretNotation) {
     ASSERT_EQ(standins.size(), 2u);
     EXPECT_EQ(std::tie(standins[0].text, standins[0].x1), std::make_tuple(std::string("\x01"), 600.f));
     EXPECT_EQ(std::tie(standins[1].text, standins[1].x1), std::make_tuple(std::string("\x7f"), 900.f));
-    EXPECT_NE(theSourceTables().Tokens[3].Text.find('\x01'), std::string::npos);
+    EXPECT_NE(theSourceTables().Tokens[3].text().find('\x01'), std::string::npos);
 
     format().ContinueGenerate = 0;
     lay(2, 585);  // pieces of four: "abc^", "Bdef", ...

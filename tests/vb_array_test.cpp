@@ -43,15 +43,14 @@ TEST(VbArrayTest, ZeroedChunksHoldBlankRecordsStatementsAndTokens) {
     EXPECT_TRUE(allZero(&record, sizeof record));
     EXPECT_TRUE(allZero(&statement, sizeof statement));
     const Token token{};
-    const TokenFields& fields = token;
-    EXPECT_TRUE(allZero(&fields, sizeof fields));
-    EXPECT_TRUE(token.Text.data() == nullptr && token.Text.empty());
+    EXPECT_TRUE(allZero(&token, sizeof token));
+    EXPECT_TRUE(token.text().data() == nullptr && token.text().empty());
     EXPECT_TRUE(token.LeadingLength == 0 && token.leadingSpace().empty());
 
     VbArray<Token> tokens;
     tokens.redim(2 * VbArray<Token>::kChunkSize);
     const Token& fresh = tokens[VbArray<Token>::kChunkSize + 3];
-    EXPECT_TRUE(fresh.Class == TokenClass{} && fresh.Column == 0 && !fresh.keyWordSeen() && fresh.Text.empty());
+    EXPECT_TRUE(fresh.Class == TokenClass{} && fresh.Statement == 0 && !fresh.keyWordSeen() && fresh.text().empty());
 }
 
 // With large pages preferred, chunks come from pages the system cleared, and a chunk given back is

@@ -23,7 +23,7 @@ public:
 
 private:
     bool wordIs(std::int32_t i, const char* upperWord) const {
-        return i >= 1 && i <= t_.TokenCount && equalsUpper(t_.Tokens[i].Text, upperWord);
+        return i >= 1 && i <= t_.TokenCount && equalsUpper(t_.Tokens[i].text(), upperWord);
     }
     void mark(std::int32_t i) {
         if (i < 1 || i > t_.TokenCount) return;
@@ -56,7 +56,7 @@ void LabelMarker::on() {
         if (wordIs(i, "GOTO") || wordIs(i, "GOSUB")) jump = i;
     if (jump == 0) return;
     for (std::int32_t i = jump + 1; i <= last_; ++i)
-        if (t_.Tokens[i].Text != ",") mark(i);
+        if (t_.Tokens[i].text() != ",") mark(i);
 }
 
 // Only a line number is sure to be a target after Then or Else; a name there may be a call.

@@ -158,8 +158,8 @@ void LogicalLineParser::refineFirstStatements() {
 }
 
 bool LogicalLineParser::conditionalCompilation() {
-    if (t_.Tokens[t_.Records[codeRecord_].FirstT].Text != "#" || lead_.Verb == 0) return false;
-    std::string_view verb = t_.Tokens[lead_.Verb].Text;
+    if (t_.Tokens[t_.Records[codeRecord_].FirstT].text() != "#" || lead_.Verb == 0) return false;
+    std::string_view verb = t_.Tokens[lead_.Verb].text();
     if (verb == "If") {
         m_.InHashIf = true;
     } else if (verb == "ElseIf" || verb == "Else") {
@@ -182,7 +182,7 @@ void LogicalLineParser::setIndents(bool hashLine) {
 void LogicalLineParser::outdent() {
     --m_.IndentLevel;
     if (m_.IndentLevel < 1) m_.InFormHeader = m_.InClassHeader = false;
-    if (lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].Text, "NEXT"))
+    if (lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].text(), "NEXT"))
         OutdentMultipleNext(m_.IndentLevel, lead_, t_);
     if (m_.IndentLevel < 0) {
         reportInternalFault("BabParseRecord", "Indent-level < 0.");
@@ -212,7 +212,7 @@ void LogicalLineParser::indent(bool hashLine) {
         ++m_.IndentLevel;
         return;
     }
-    bool verbIsIf = lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].Text, "IF");
+    bool verbIsIf = lead_.Verb != 0 && equalsUpper(t_.Tokens[lead_.Verb].text(), "IF");
     if (!verbIsIf && !flagsOf(t_.StatementCount).has(StatementFlag::Outdent)) ++m_.IndentLevel;
     else t_.Statements[firstStatement_].Flags.clear(StatementFlag::Indent);
 }
@@ -236,7 +236,7 @@ void BabParseRecord(SourceFile& file, SourceTables& tables) {
 void OutdentMultipleNext(std::int16_t& indentLevel, const Statement& s, const SourceTables& t) {
     int parenLevel = 0;
     for (std::int32_t i = s.Verb + 1; i <= s.LastSignificant; ++i) {
-        std::string_view text = t.Tokens[i].Text;
+        std::string_view text = t.Tokens[i].text();
         if (text == "(") ++parenLevel;
         else if (text == ")") --parenLevel;
         else if (text == "," && parenLevel == 0) --indentLevel;

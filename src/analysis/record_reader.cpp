@@ -35,7 +35,7 @@ void readCommentContinuation(std::string_view line, SourceTables& t, BasiclanMod
         token.Continued = 1;
         text.remove_suffix(1);
     }
-    if (!text.empty()) token.Text = text;
+    if (!text.empty()) token.setText(text);
     Record record;
     record.FirstT = record.LastT = t.TokenCount;
     t.Records[m.RecordIndex] = record;
@@ -60,8 +60,8 @@ public:
                                                reinterpret_cast<std::uintptr_t>(line_.data()));
         bool inLine = offset <= line_.size() && text.size() <= line_.size() - offset;
         bool leadBefore = lead.empty() || lead.data() + lead.size() == text.data();
-        if (!text.empty() && inLine && leadBefore) token.Text = {stored_.data() + offset, text.size()};
-        else token.Text = texts_.keepAfter(lead, text);
+        if (!text.empty() && inLine && leadBefore) token.setText({stored_.data() + offset, text.size()});
+        else token.setText(texts_.keepAfter(lead, text));
     }
 
 private:
@@ -82,7 +82,8 @@ void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
     raiseInternal(kProcName);
 }
 
-// A kept token holds the length of its leading blanks in 16 bits; a longer line is not read.
+// A kept token holds the lengths of its text and of its leading blanks in 16 bits; a longer line
+// is not read.
 static_assert(kMaxRecordLength < 0xFFFF);
 
 void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
@@ -142,7 +143,7 @@ void recover(SourceTables& t, BasiclanModule& m, int number, const std::string& 
     Token& marker = t.Tokens[t.TokenCount];
     marker = Token{};
     marker.Class = TokenClass::Invalid;
-    marker.Text = kInvalidRecordText;
+    marker.setText(kInvalidRecordText);
     if (++m.RecordIndex > m.RecordsUBound - kGrowthMargin) {
         ++m.RecordsUBound;
         t.Records.redimPreserve(m.RecordsUBound);

@@ -40,7 +40,6 @@ struct Statement {
 // the system must hand over. The widest numbers come first, so that nothing pads the texts.
 struct TokenFields {
     std::int32_t Statement = 0;
-    std::int32_t Column = 0;
     std::int16_t pKeyWord = 0;  // keyword entries past its range are never found
     TokenClass Class = TokenClass::Keyword;
     std::uint8_t Detail = 0;  // means something only within Class: is() and set() read and write it
@@ -68,7 +67,7 @@ struct TokenFields {
         return static_cast<ClassDetail>(Detail);
     }
 };
-static_assert(sizeof(TokenFields) == 16, "a token's fields are a quarter megabyte per byte in a large module");
+static_assert(sizeof(TokenFields) == 12, "a token's fields are a quarter megabyte per byte in a large module");
 
 // A token of the line being cut. Its texts are views into the line, which outlives it until the
 // tokens are kept: nearly every token is a piece of the line as it stands, and a heap string per
@@ -76,6 +75,9 @@ static_assert(sizeof(TokenFields) == 16, "a token's fields are a quarter megabyt
 // gains its closing quote, "Rem" its blank) are composed in Own, which the token keeps for the
 // next line.
 struct WorkToken : TokenFields {
+    // The running position of the token in its line, one-based at the first token and approximate
+    // after it; nothing reads it once the line is cut, so the kept tokens leave it out.
+    std::int32_t Column = 0;
     std::string_view Text;
     std::string_view LeadingSpace;
     std::string Own;
@@ -119,16 +121,25 @@ struct WorkToken : TokenFields {
 
 // A token of the tables: its text is a view into the lines as kept (Texts) or, when composed,
 // into TokenTexts; both outlive it. The blanks before it stand right before its text, in the line
-// or in TokenTexts where the text was composed, so that their length is all a token holds of them:
-// a quarter of a million tokens a large module, each eight bytes fewer.
+// or in TokenTexts where the text was composed, so that their length is all a token holds of them;
+// the text's own length, like theirs, is never more than a line's and takes 16 bits. A quarter of
+// a million tokens a large module, each sixteen bytes fewer.
 struct Token : TokenFields {
-    std::string_view Text;
-
-    std::string_view leadingSpace() const {
-        return LeadingLength == 0 ? std::string_view() : std::string_view(Text.data() - LeadingLength, LeadingLength);
+    std::string_view text() const { return {textAt_, textLength_}; }
+    // A text of a line, which is never longer than a record and what the reader adds to it.
+    void setText(std::string_view text) {
+        textAt_ = text.data();
+        textLength_ = static_cast<std::uint16_t>(text.size());
     }
+    std::string_view leadingSpace() const {
+        return LeadingLength == 0 ? std::string_view() : std::string_view(textAt_ - LeadingLength, LeadingLength);
+    }
+
+private:
+    std::uint16_t textLength_ = 0;
+    const char* textAt_ = nullptr;
 };
-static_assert(sizeof(Token) == 32, "a large module holds a quarter of a million tokens");
+static_assert(sizeof(Token) == 24, "a large module holds a quarter of a million tokens");
 
 // Blank records, statements and tokens are all zero bytes (a vb_array test holds them to it).
 template <>

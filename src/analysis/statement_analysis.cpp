@@ -13,7 +13,7 @@ const std::string kNoText;
 
 const std::string& upperWordAt(const SourceTables& t, std::int32_t index, std::string& scratch) {
     if (index < 1 || index > t.TokenCount) return kNoText;
-    scratch = upperCase(t.Tokens[index].Text);
+    scratch = upperCase(t.Tokens[index].text());
     return scratch;
 }
 
@@ -111,7 +111,7 @@ std::int32_t StatementBuilder::findStart() {
     first.Statement = n_;
     // An alphanumeric label and its ":" stand ahead of the statement proper, and only the label
     // takes the statement's number. A line number has no ":": the token after it takes it too.
-    if (!first.Text.empty() && static_cast<unsigned char>(first.Text[0]) > '9') return s_.FirstToken + 2;
+    if (!first.text().empty() && static_cast<unsigned char>(first.text()[0]) > '9') return s_.FirstToken + 2;
     if (s_.FirstToken + 1 <= t_.TokenCount) t_.Tokens[s_.FirstToken + 1].Statement = n_;
     return s_.FirstToken + 1;
 }
@@ -136,12 +136,12 @@ void StatementBuilder::findVerb() {
             const KeyWord& k = dialectKeyWord(token.pKeyWord);
             if (k.ClassCode != 'V') continue;
             const KeyWord& before = dialectKeyWord(i > 1 ? t_.Tokens[i - 1].pKeyWord : 0);
-            bool isVerb = i == start_ || (i == start_ + 1 && t_.Tokens[i - 1].Text == "#") || before.ScanForVerb ||
+            bool isVerb = i == start_ || (i == start_ + 1 && t_.Tokens[i - 1].text() == "#") || before.ScanForVerb ||
                           before.ClassOverride;
             if (!isVerb) continue;
             s_.Verb = i;
             if (!k.ClassOverride) return;
-        } else if (token.Text == "=") {
+        } else if (token.text() == "=") {
             s_.Verb = i;
             token.pKeyWord = static_cast<std::int16_t>(m_.LetKeyWord);
             return;

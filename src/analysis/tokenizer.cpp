@@ -36,6 +36,7 @@ inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <
 
 void blankToken(WorkToken& t) {
     static_cast<TokenFields&>(t) = TokenFields{};
+    t.Column = 0;
     t.setView({});
     t.LeadingSpace = {};
 }

@@ -19,12 +19,12 @@ std::vector<std::int32_t> tokenColumns(const SourceTables& t, std::int32_t recor
         std::size_t at = cursor;
         // A token that does not stand right after its blanks (the reader dropped or changed a
         // byte before it) is looked for a little further on.
-        if (line.compare(cursor, token.Text.size(), token.Text) != 0 && !token.Text.empty()) {
-            std::size_t found = line.find(token.Text, cursor);
+        if (line.compare(cursor, token.text().size(), token.text()) != 0 && !token.text().empty()) {
+            std::size_t found = line.find(token.text(), cursor);
             if (found != std::string_view::npos && found - cursor <= 2) at = found;
         }
         columns.push_back(static_cast<std::int32_t>(at));
-        cursor = std::min(line.size(), at + token.Text.size());
+        cursor = std::min(line.size(), at + token.text().size());
     }
     return columns;
 }

@@ -136,6 +136,7 @@ private:
     // The source text of a token shown with control characters in caret notation, the place in
     // it that the next piece drawn starts from, and whether a caret pair was cut between pieces.
     const std::string_view* source_ = nullptr;
+    std::string_view sourceText_;  // what source_ points at while a token is drawn
     std::size_t sourcePos_ = 0;
     std::size_t tokenColumn_ = 0, shownPos_ = 0;  // where the token's shown text starts, and how much of it is out
     std::size_t pendingShown_ = 0;                // characters of a byte's showing that a split sent to the next piece
@@ -190,7 +191,7 @@ void RecordPainter::gapBefore(std::int32_t next, const AttributeRecord& left) {
 
 void RecordPainter::tellPiece(std::size_t shownLength, float x, float width, const AttributeRecord* a) {
     if (!hooks_.stretchDrawn) return;
-    std::string_view text = t_.Tokens[stretchToken_].Text;
+    std::string_view text = t_.Tokens[stretchToken_].text();
     std::size_t from = sourceBytesOfShown(text, stretchShown_, tokenColumn_, f_.TabWidth);
     std::size_t shownColumn = tokenColumn_ + stretchShown_;
     stretchShown_ += shownLength;
@@ -470,7 +471,7 @@ std::int32_t RecordPainter::run() {
         stretchShown_ = 0;
         AttributeRecord& a = attributesOf(elementOf(i), dest_);
         if (i == r.FirstT) firstTokenStart(token);
-        const std::string& text = visibleText(token.Text, shown_, static_cast<std::size_t>(column_), f_.TabWidth);
+        const std::string& text = visibleText(token.text(), shown_, static_cast<std::size_t>(column_), f_.TabWidth);
         placeToken(i, token, text, a, pieces);
         if (stopped_) break;
         yNext_ = y_ + lineHeight_;
@@ -491,7 +492,8 @@ std::int32_t RecordPainter::run() {
                 penY_ = s_.currentY();
             }
         }
-        source_ = text.size() != token.Text.size() ? &token.Text : nullptr;
+        sourceText_ = token.text();
+        source_ = text.size() != sourceText_.size() ? &sourceText_ : nullptr;
         sourcePos_ = 0;
         tokenColumn_ = static_cast<std::size_t>(column_), shownPos_ = 0, pendingShown_ = 0;
         drawPieces(text, a, pieces);
@@ -511,7 +513,7 @@ std::int32_t RecordPainter::run() {
 
 void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text, Destination dest) {
     indent = indentUnit(dest) * static_cast<float>(level);
-    text = token.Text;
+    text = token.text();
 }
 
 void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, Destination dest,

@@ -53,8 +53,8 @@ std::int32_t elementOf(const Token& t) {
 
 void trackConditional(std::int32_t firstNewToken) {
     const SourceTables& t = theSourceTables();
-    if (firstNewToken + 1 > t.TokenCount || t.Tokens[firstNewToken].Text != "#") return;
-    const std::string word = upperCase(t.Tokens[firstNewToken + 1].Text);
+    if (firstNewToken + 1 > t.TokenCount || t.Tokens[firstNewToken].text() != "#") return;
+    const std::string word = upperCase(t.Tokens[firstNewToken + 1].text());
     if (word == "IF") fileTable().bInConditional = true;
     else if (word == "END") fileTable().bInConditional = false;
 }

@@ -27,7 +27,7 @@ struct NewEntry {
 // A view, not a copy: the head of every record is looked at, and only a procedure keeps a name.
 std::string_view textOf(std::int32_t token) {
     const SourceTables& t = theSourceTables();
-    return token >= 1 && token <= t.TokenCount ? t.Tokens[token].Text : std::string_view();
+    return token >= 1 && token <= t.TokenCount ? t.Tokens[token].text() : std::string_view();
 }
 
 // Record 1 tells whether the file starts with a form definition, and the Attribute line its name.

@@ -25,7 +25,7 @@ int spacesFor(const SourceTables& t, const FormatRecord& f, const Record& r, std
     blankAfter = false;
     if (token != firstToken) {
         spaces = static_cast<int>(tok.LeadingLength);
-        blankAfter = token == r.FirstT && isNumericText(tok.Text);
+        blankAfter = token == r.FirstT && isNumericText(tok.text());
         return spaces;
     }
     // The form description keeps its own layout: its blanks, and no indentation on top of them.
@@ -78,7 +78,7 @@ bool shownByView(const Statement& s) {
 }
 
 std::int32_t firstIndentedToken(const Record& r) {
-    return isNumericText(theSourceTables().Tokens[r.FirstT].Text) ? r.FirstT + 1 : r.FirstT;
+    return isNumericText(theSourceTables().Tokens[r.FirstT].text()) ? r.FirstT + 1 : r.FirstT;
 }
 
 void shownTokens(std::int32_t record, std::int32_t firstToken, std::vector<ShownToken>& tokens) {
@@ -100,7 +100,7 @@ void shownTokens(std::int32_t record, std::int32_t firstToken, const Statement& 
         int element = i < static_cast<std::int32_t>(elements.size()) ? elements[static_cast<std::size_t>(i)] : 0;
         if (element == 0) element = kElemIdentifiers;
         if (procedureLine) element = kElemProcedures;
-        shown.text = t.Tokens[i].Text;
+        shown.text = t.Tokens[i].text();
         shown.spaces = spaces;
         shown.element = element;
         shown.index = i - r.FirstT;

@@ -121,7 +121,7 @@ void CodeListing::notePage(int entry) {
     const Statement& st = t_.Statements[declarationStatement(e)];
     for (std::int32_t i = st.FirstToken; i >= 1 && i <= st.LastToken; ++i) {
         if (t_.Tokens[i].LeadingLength != 0 && !declaration.empty()) declaration += ' ';
-        declaration += t_.Tokens[i].Text;
+        declaration += t_.Tokens[i].text();
     }
     SetTOC(declaration, e.ProcPage, false);
 }

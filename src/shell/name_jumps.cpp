@@ -53,12 +53,12 @@ std::pair<std::string, std::string> nameAt(TextPlace place) {
     std::size_t from = 0;
     for (std::int32_t i = r.FirstT; i >= 1 && i <= r.LastT && i <= t.TokenCount; ++i) {
         const Token& token = t.Tokens[i];
-        std::size_t start = line.find(token.Text, from);
-        if (start == std::string_view::npos || token.Text.empty()) continue;
-        from = start + token.Text.size();
+        std::size_t start = line.find(token.text(), from);
+        if (start == std::string_view::npos || token.text().empty()) continue;
+        from = start + token.text().size();
         auto column = static_cast<std::size_t>(std::max(place.column, 0));
         if (column < start || column > from) continue;
-        if (token.Class == TokenClass::Identifier) return {std::string(token.Text), shown.FileName};
+        if (token.Class == TokenClass::Identifier) return {std::string(token.text()), shown.FileName};
     }
     return {};
 }

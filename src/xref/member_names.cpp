@@ -27,7 +27,7 @@ void wordsOf(const SourceTables& t, const Statement& s, std::vector<Word>& words
         const Token& token = t.Tokens[i];
         Word w;
         w.token = i;
-        w.text = token.Text;
+        w.text = token.text();
         if (token.Class == TokenClass::Keyword && token.pKeyWord > 0) {
             w.kind = Word::kKeyword;
             w.text = dialectKeyWord(token.pKeyWord).Word;

@@ -55,8 +55,7 @@ void dumpToken(const Token& t, std::int32_t n, std::ostream& out) {
                     .add("pKeyWord", t.pKeyWord)
                     .add("KeyWord", t.pKeyWord == 0 ? std::string() : dialectKeyWord(t.pKeyWord).Word)
                     .add("Statement", t.Statement)
-                    .add("Column", t.Column)
-                    .add("Text", t.Text)
+                    .add("Text", t.text())
                     .add("LeadingSpace", t.leadingSpace())
                     .str()
         << '\n';
