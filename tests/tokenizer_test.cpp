@@ -269,6 +269,7 @@ TEST_F(TokenizerTest, ALongLineKeepsItsEarlyTexts) {
 // keeps every early text, and the next file's texts replace the old ones without mixing.
 TEST_F(TokenizerTest, TextsOfALargeModuleStayWholeAndGiveWayToTheNextFile) {
     std::vector<std::string> lines;
+    lines.reserve(6000);
     for (int i = 0; i < 6000; ++i)
         lines.push_back("  name" + std::to_string(i) + " = \"text " + std::to_string(i * 7) + "\" ' comment " +
                         std::to_string(i));
