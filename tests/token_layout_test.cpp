@@ -133,7 +133,7 @@ TEST_F(TokenLayoutTest, IndentAndLineHeightHelpers) {
     element(kElemIdentifiers).Height = 250;
     element(kElemKeyWords).Height = 300;
     layoutMetrics().MaxFontHeight[kDisplay] = 250;
-    std::vector<std::int32_t> elements{0, kElemComments, kElemIdentifiers, kElemKeyWords};
+    std::vector<TokenElement> elements{0, kElemComments, kElemIdentifiers, kElemKeyWords};
     float height = 0;
     HlydTKGetMaxTokenHeight(height, elements, kDisplay, 1, 3);
     EXPECT_EQ(height, 250);

@@ -238,7 +238,7 @@ std::int32_t RecordPainter::lastToken(const Record& r) const {
 
 int RecordPainter::elementOf(std::int32_t token) const {
     if (procedureLine_) return kElemProcedures;
-    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    const std::vector<TokenElement>& elements = fileTable().TokenElements;
     int e = token < static_cast<std::int32_t>(elements.size()) ? elements[token] : 0;
     return e >= 1 && e <= kElementCount ? e : kElemIdentifiers;
 }
@@ -516,7 +516,7 @@ void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, st
     text = token.text();
 }
 
-void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, Destination dest,
+void HlydTKGetMaxTokenHeight(float& height, const std::vector<TokenElement>& elements, Destination dest,
                              std::int32_t firstToken, std::int32_t lastToken) {
     float ceiling = layoutMetrics().MaxFontHeight[dest];
     auto heightOf = [&](std::int32_t token) {

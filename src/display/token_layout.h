@@ -24,7 +24,7 @@ struct AreaRecord {
 
 void HlydTKApplyIndent(const Token& token, std::int32_t level, float& indent, std::string& text,
                        Destination destination);
-void HlydTKGetMaxTokenHeight(float& height, const std::vector<std::int32_t>& elements, Destination destination,
+void HlydTKGetMaxTokenHeight(float& height, const std::vector<TokenElement>& elements, Destination destination,
                              std::int32_t firstToken, std::int32_t lastToken);
 void HlydTKSplitForOutput(const std::string& text, std::vector<std::string>& pieces, float width,
                           Destination destination);

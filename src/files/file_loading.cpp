@@ -43,7 +43,7 @@ void resetLoadState() {
 }
 
 // The element a token is drawn with.
-std::int32_t elementOf(const Token& t) {
+TokenElement elementOf(const Token& t) {
     if (t.keyWordSeen() || t.Class == TokenClass::Operator || t.Class == TokenClass::Colon) return 3;
     if (t.Class == TokenClass::Identifier) return 2;
     if (t.Class == TokenClass::Literal) return 4;
@@ -61,7 +61,7 @@ void trackConditional(std::int32_t firstNewToken) {
 
 void assignElements(std::int32_t oldTokenCount) {
     const SourceTables& t = theSourceTables();
-    std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    std::vector<TokenElement>& elements = fileTable().TokenElements;
     // A line's tokens follow those already placed: appended, without a resize's call for each line.
     if (elements.size() == static_cast<std::size_t>(oldTokenCount) + 1 && t.TokenCount >= oldTokenCount) {
         for (std::int32_t i = oldTokenCount + 1; i <= t.TokenCount; ++i) elements.push_back(elementOf(t.Tokens[i]));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/source_file.h"
+#include "settings/attributes.h"
 
 namespace hlyd {
 
@@ -59,7 +60,7 @@ struct FileTableModule {
     bool projectOpen = false;                    // a project or group is being shown
     std::string openFailure;                     // why the last load could not open its file
     std::string readingCut;                      // what a limit of the reader left out of the loaded file
-    std::vector<std::int32_t> TokenElements{0};  // element row of each token, from 1
+    std::vector<TokenElement> TokenElements{0};  // element row of each token, from 1
     std::vector<ProcEntry> yProc{ProcEntry{}};   // from 0
 };
 

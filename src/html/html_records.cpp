@@ -91,7 +91,7 @@ void shownTokens(std::int32_t record, std::int32_t firstToken, const Statement& 
     const FormatRecord& f = displayAttributes().Format[kHTMLDestination];
     const Record& r = t.Records[record];
     if (s.Class == StatementClass::Header && f.SkipAttributes) return;
-    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    const std::vector<TokenElement>& elements = fileTable().TokenElements;
     bool procedureLine = t.Statements[r.FirstS].Class == StatementClass::ProcStart;
     int spaces = 0;
     for (std::int32_t i = r.FirstT; i <= r.LastT && i >= 1; ++i) {

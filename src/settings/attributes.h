@@ -10,6 +10,8 @@
 namespace hlyd {
 
 constexpr int kElementCount = 8;
+// A token's element in a byte: a large module has a quarter of a million tokens.
+using TokenElement = std::uint8_t;
 
 enum Element : int {
     kElemComments = 1,

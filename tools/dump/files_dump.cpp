@@ -104,9 +104,9 @@ int dumpProcedures(const std::string& path, std::ostream& out, std::ostream& err
                     .add("TokenCount", t.TokenCount)
                     .str()
         << '\n';
-    const std::vector<std::int32_t>& elements = fileTable().TokenElements;
+    const std::vector<TokenElement>& elements = fileTable().TokenElements;
     for (std::int32_t i = 1; i <= t.TokenCount && i < static_cast<std::int32_t>(elements.size()); ++i)
-        out << JsonObject("element").add("n", i).add("Element", elements[i]).str() << '\n';
+        out << JsonObject("element").add("n", i).add("Element", static_cast<int>(elements[i])).str() << '\n';
     const std::vector<ProcEntry>& procs = yProc();
     for (std::size_t i = 0; i < procs.size(); ++i) {
         const ProcEntry& p = procs[i];
