@@ -1,5 +1,6 @@
 #include "analysis/keywords.h"
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 
@@ -15,8 +16,6 @@
 namespace hlyd {
 
 namespace {
-
-constexpr std::int32_t kKeyWordsInitialUBound = 4500;
 
 struct FlagRule {
     const char* name;
@@ -105,6 +104,11 @@ void readKeywordFile(const std::string& path) {
     if (int reason = os::readWholeFile(path, content); reason != 0) keywordFileUnreadable(path, reason);
 
     BasiclanModule& m = basiclan();
+    // Room for the file's entries, a line each, but none made yet: thousands of blank entries
+    // built only to be overwritten were a third of a small file's run, and room for thousands
+    // more than the file holds pushed a large module's tables up into one more large page.
+    m.KeyWords.reserve(m.KeyWords.size() + static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) +
+                       1);
     DelimitedReader reader(content);
     std::int32_t count = 0;
     while (!reader.atEnd()) {
@@ -131,10 +135,7 @@ void BabInitFrom(const std::string& path) {
     }
     m.BabInitDone = true;
     theLog().LogData("BASICLAN.BAS Version 87 Dated 19-Dec-95\n BASICLAN.BE Version 29 Dated 18-Dec-95");
-    // Room for the file's entries, but none made yet: thousands of blank entries built only to be
-    // overwritten were a third of a small file's run.
     m.KeyWords.assign(1, sentinelKeyWord());
-    m.KeyWords.reserve(kKeyWordsInitialUBound + 1);
     m.KeyWordTotal = 0;
     m.CurrentDialect.clear();
 
