@@ -83,8 +83,9 @@ void growTokensFor(SourceTables& t, BasiclanModule& m, std::int32_t incoming) {
 }
 
 // A kept token holds the lengths of its text and of its leading blanks in 16 bits; a longer line
-// is not read.
+// is not read. The lines as kept are found by 32-bit offsets: each has a token at least.
 static_assert(kMaxRecordLength < 0xFFFF);
+static_assert(std::uint64_t{kTokensLimit} * (kMaxRecordLength + 2) < (std::uint64_t{1} << 32));
 
 void readCodeLine(std::string_view line, SourceTables& t, BasiclanModule& m) {
     std::int32_t count = 0;

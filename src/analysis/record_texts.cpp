@@ -20,7 +20,7 @@ std::string_view RecordTexts::set(std::int32_t record, std::string_view line) {
     bool roomOnHeap = buffer_.capacity() >= kSmallestBuffer && line.size() < buffer_.capacity() - buffer_.size();
     if (index != starts_.size() || !roomOnHeap) makeRoom(index, line.size());
     std::size_t at = buffer_.size();
-    starts_.push_back(at);
+    starts_.push_back(static_cast<std::uint32_t>(at));
     buffer_.append(line).push_back('\n');
     return {buffer_.data() + at, line.size()};
 }
@@ -35,7 +35,7 @@ void RecordTexts::makeRoom(std::size_t index, std::size_t lineBytes) {
     if (replacing || needed > buffer_.capacity()) moveToFreshBuffer(kept, needed);
     if (replacing) starts_.resize(index);
     while (starts_.size() < index) {
-        starts_.push_back(buffer_.size());
+        starts_.push_back(static_cast<std::uint32_t>(buffer_.size()));
         buffer_.push_back('\n');
     }
 }

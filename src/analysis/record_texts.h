@@ -48,7 +48,9 @@ private:
     // handed out. Only a file whose size was not known beforehand, or that grew while it was read,
     // leaves one here.
     std::vector<std::string> retired_;
-    std::vector<std::size_t> starts_{0};  // starts_[r]: where record r begins; element 0 unused
+    // starts_[r]: where record r begins; element 0 unused. A file's lines are never 4 GB: the reader
+    // stops at half a million tokens, and a line is at most a record's length.
+    std::vector<std::uint32_t> starts_{0};
 };
 
 }  // namespace hlyd
