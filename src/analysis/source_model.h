@@ -122,8 +122,8 @@ struct WorkToken : TokenFields {
 // A token of the tables: its text is a view into the lines as kept (Texts) or, when composed,
 // into TokenTexts; both outlive it. The blanks before it stand right before its text, in the line
 // or in TokenTexts where the text was composed, so that their length is all a token holds of them;
-// the text's own length, like theirs, is never more than a line's and takes 16 bits. A quarter of
-// a million tokens a large module, each sixteen bytes fewer.
+// the text's own length, like theirs, is never more than a line's and takes 16 bits. A token is
+// 24 bytes, and a large module has a quarter of a million of them.
 struct Token : TokenFields {
     std::string_view text() const { return {textAt_, textLength_}; }
     // A text of a line, which is never longer than a record and what the reader adds to it.
