@@ -13,10 +13,15 @@ mapfile -d '' files < <(find "$@" -type f \( -iname '*.bas' -o -iname '*.cls' -o
 [ ${#files[@]} -gt 0 ] || { echo "$0: no source files under $*" >&2; exit 2; }
 # A first run writes the settings, as a user's first start does; it is not counted.
 "$halyard" --quiet "--$mode" "$work/out.$mode" "${files[0]}" >/dev/null 2>&1 || true
+# Each file to an output of its own, as such a script writes them: a fresh file, where replacing one
+# output again and again would have the disk sync each replacement (which keeps it whole in a crash).
+mkdir -p "$work/out"
 failed=0
+n=0
 start=$(date +%s.%N)
 for f in "${files[@]}"; do
-  "$halyard" --quiet "--$mode" "$work/out.$mode" "$f" >/dev/null 2>>"$work/errors" || failed=$((failed + 1))
+  n=$((n + 1))
+  "$halyard" --quiet "--$mode" "$work/out/$n.$mode" "$f" >/dev/null 2>>"$work/errors" || failed=$((failed + 1))
 done
 end=$(date +%s.%N)
 awk -v n=${#files[@]} -v s="$start" -v e="$end" -v f=$failed -v m="$mode" \
