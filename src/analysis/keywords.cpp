@@ -107,8 +107,8 @@ void readKeywordFile(const std::string& path) {
     // Room for the file's entries, a line each, but none made yet: thousands of blank entries
     // built only to be overwritten were a third of a small file's run, and room for thousands
     // more than the file holds pushed a large module's tables up into one more large page.
-    m.KeyWords.reserve(m.KeyWords.size() + static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) +
-                       1);
+    auto lines = static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n'));
+    m.KeyWords.reserve(m.KeyWords.size() + lines + 1);
     DelimitedReader reader(content);
     std::int32_t count = 0;
     while (!reader.atEnd()) {
